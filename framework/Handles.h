@@ -1,0 +1,101 @@
+// Owners of system handles. This is the only place where a handle is closed by hand.
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+// Owns one handle of the kind that Kind describes: its type, its invalid value and how it is closed. Closing
+// keeps the thread's last error, so that an owner may go out of scope between a failed call and its report.
+template <class Kind>
+class HandleOwner {
+public:
+    using Handle = typename Kind::Handle;
+
+    HandleOwner() = default;
+    explicit HandleOwner(Handle owned) : handle(owned) {}
+    HandleOwner(HandleOwner&& other) noexcept : handle(other.release()) {}
+    HandleOwner& operator=(HandleOwner&& other) noexcept {
+        if (this != &other) reset(other.release());
+        return *this;
+    }
+    HandleOwner(const HandleOwner&) = delete;
+    HandleOwner& operator=(const HandleOwner&) = delete;
+    ~HandleOwner() { reset(); }
+
+    Handle get() const { return handle; }
+    explicit operator bool() const { return handle != Kind::invalid(); }
+    Handle release() { return std::exchange(handle, Kind::invalid()); }
+
+    void reset(Handle owned = Kind::invalid()) {
+        const Handle old = std::exchange(handle, owned);
+        if (old == Kind::invalid()) return;
+        const DWORD lastError = GetLastError();
+        Kind::close(old);
+        SetLastError(lastError);
+    }
+
+    // For calls that hand a handle out through a pointer; what was owned before is closed first.
+    Handle* put() {
+        reset();
+        return &handle;
+    }
+
+private:
+    Handle handle = Kind::invalid();
+};
+
+// What the kinds whose invalid value is null have in common.
+template <class Type>
+struct NullInvalid {
+    using Handle = Type;
+    static Handle invalid() { return nullptr; }
+};
+
+struct KernelHandleKind : NullInvalid<HANDLE> {
+    static void close(HANDLE handle) { CloseHandle(handle); }
+};
+struct FileHandleKind {
+    using Handle = HANDLE;
+    static HANDLE invalid() { return INVALID_HANDLE_VALUE; }
+    static void close(HANDLE handle) { CloseHandle(handle); }
+};
+struct FindHandleKind {
+    using Handle = HANDLE;
+    static HANDLE invalid() { return INVALID_HANDLE_VALUE; }
+    static void close(HANDLE handle) { FindClose(handle); }
+};
+struct RegistryKeyKind : NullInvalid<HKEY> {
+    static void close(HKEY key) { RegCloseKey(key); }
+};
+struct LibraryKind : NullInvalid<HMODULE> {
+    static void close(HMODULE library) { FreeLibrary(library); }
+};
+struct LocalMemoryKind : NullInvalid<HLOCAL> {
+    static void close(HLOCAL memory) { LocalFree(memory); }
+};
+struct SidKind : NullInvalid<PSID> {
+    static void close(PSID sid) { FreeSid(sid); }
+};
+struct BitmapKind : NullInvalid<HBITMAP> {
+    static void close(HBITMAP bitmap) { DeleteObject(bitmap); }
+};
+struct HookKind : NullInvalid<HHOOK> {
+    static void close(HHOOK hook) { UnhookWindowsHookEx(hook); }
+};
+
+using KernelHandle = HandleOwner<KernelHandleKind>;
+using FileHandle = HandleOwner<FileHandleKind>;
+using FindHandle = HandleOwner<FindHandleKind>;
+using RegistryKey = HandleOwner<RegistryKeyKind>;
+using Library = HandleOwner<LibraryKind>;
+using LocalMemory = HandleOwner<LocalMemoryKind>;
+using Sid = HandleOwner<SidKind>;
+using Bitmap = HandleOwner<BitmapKind>;
+using WindowsHook = HandleOwner<HookKind>;
+
+// The export of a loaded library under its type, or null when the library has none of that name.
+template <class Function>
+Function FindExport(HMODULE library, const char* name) {
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
+}

@@ -1,0 +1,58 @@
+// Message maps: one table per class, at the head of its source file, that names an event and its handler.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <vector>
+
+class CWnd;
+
+// A window message on its way to a handler.
+struct WindowMessage {
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+};
+
+struct MessageMapEntry {
+    std::function<bool(const WindowMessage&)> matches;
+    std::function<LRESULT(CWnd&, const WindowMessage&)> handle;
+};
+
+class MessageMap {
+public:
+    // The base map is asked for what this table does not name; it may be null and must outlive this map.
+    MessageMap(const MessageMap* baseMap, std::vector<MessageMapEntry> ownEntries);
+
+    // Gives the message to the first entry that names it, own entries first. False if none does.
+    bool Dispatch(CWnd& window, const WindowMessage& message, LRESULT& result) const;
+
+private:
+    const MessageMap* base;
+    std::vector<MessageMapEntry> entries;
+};
+
+// The makers of a map's entries for the window class Window.
+template <class Window>
+struct EventsOf {
+    // A window message, registered ones included. The handler gets both parameters and gives the result.
+    static MessageMapEntry Message(UINT message, LRESULT (Window::*handler)(WPARAM, LPARAM)) {
+        return {.matches = [message](const WindowMessage& m) { return m.message == message; },
+                .handle = [handler](CWnd& window, const WindowMessage& m) {
+                    return (static_cast<Window&>(window).*handler)(m.wParam, m.lParam);
+                }};
+    }
+
+    // A click on the control with this id (or its menu item or key).
+    static MessageMapEntry Click(UINT id, void (Window::*handler)()) {
+        return {.matches =
+                    [id](const WindowMessage& m) {
+                        return m.message == WM_COMMAND && LOWORD(m.wParam) == id && HIWORD(m.wParam) == BN_CLICKED;
+                    },
+                .handle = [handler](CWnd& window, const WindowMessage&) -> LRESULT {
+                    (static_cast<Window&>(window).*handler)();
+                    return 0;
+                }};
+    }
+};
