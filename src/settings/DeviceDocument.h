@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Operations on one device document, a tag document. They change the text in place; a document belongs to one
+// thread at a time.
+
+// Sets a tag. The value "USB" for a device with the fax driver sets its local port instead, whatever the tag.
+void SetDeviceTag(std::wstring& device, std::wstring_view name, std::wstring_view value);
+
+// Sets the tags of a network port; an empty port name stands for the address.
+void SetNetworkPort(std::wstring& device, std::wstring_view address, std::wstring_view portName);

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+// Steps that turn a value of a language file into the text on the screen. All may run on any thread.
+
+// Turns each "&amp;" into "&", the mark of an access key. surplus receives how many were found behind the
+// first one, which is the number of records that the caller writes.
+std::wstring ReduceAccessKeys(std::wstring value, int& surplus);
+
+struct TagExpansion {
+    std::wstring text;
+    bool endless = false;
+};
+
+// Replaces each ^TAG^ by what readTag returns for that name, again and again until no "^" is left. readTag is
+// called on the caller's thread and must give the same answer for one name during the call.
+// An expansion that cannot end, that takes more replacements than 100,000 plus the length of the value, or
+// that grows by more than 4,194,304 characters is given up: endless is true and text is the value as it was
+// handed in.
+TagExpansion ExpandTags(std::wstring value, const std::function<std::wstring(std::wstring_view)>& readTag);
+
+// Puts the left-to-right mark, U+200E, in front of the first "."; later ones stay bare.
+std::wstring MarkNumberLeftToRight(std::wstring text);
+
+// Replaces every "{0}" in the text by the argument, in which "$" acts as the replacement sign of a regular
+// expression ("$$" stands for one "$"). "{1}" to "{9}" stay. A text without any of these comes back
+// unchanged.
+std::wstring FormatWithArgument(const std::wstring& text, const std::wstring& argument);
