@@ -1,0 +1,66 @@
+#include "standins/Brevanto/InstallLog.h"
+
+#include <windows.h>
+
+#include <msi.h>
+
+#include <algorithm>
+#include <mutex>
+#include <string_view>
+
+namespace brevanto {
+namespace {
+
+constexpr DWORD kEverything = INSTALLLOGMODE_FATALEXIT | INSTALLLOGMODE_ERROR | INSTALLLOGMODE_WARNING |
+                              INSTALLLOGMODE_USER | INSTALLLOGMODE_INFO | INSTALLLOGMODE_RESOLVESOURCE |
+                              INSTALLLOGMODE_OUTOFDISKSPACE | INSTALLLOGMODE_ACTIONSTART |
+                              INSTALLLOGMODE_ACTIONDATA | INSTALLLOGMODE_COMMONDATA |
+                              INSTALLLOGMODE_PROPERTYDUMP | INSTALLLOGMODE_VERBOSE;
+
+std::mutex nameLock;
+
+std::wstring& LogName() {
+    static std::wstring name;
+    return name;
+}
+
+std::wstring ExpandEnvironment(const std::wstring& text) {
+    const DWORD size = ExpandEnvironmentStringsW(text.c_str(), nullptr, 0);
+    std::wstring expanded(size, L'\0');
+    const DWORD written = ExpandEnvironmentStringsW(text.c_str(), expanded.data(), size);
+    expanded.resize(written == 0 || written > size ? 0 : written - 1);
+    return expanded;
+}
+
+bool IsUnfitForName(wchar_t unit) {
+    return unit < L' ' || std::wstring_view(L"\\/:*?\"<>|").find(unit) != std::wstring_view::npos;
+}
+
+}  // namespace
+
+void SetInstallLogName(const std::wstring& name) {
+    const std::lock_guard guard(nameLock);
+    LogName() = name;
+}
+
+std::wstring InstallLogPath(const std::wstring& name) {
+    std::wstring vendor = name.empty() ? L"Printer" : name;
+    std::replace_if(vendor.begin(), vendor.end(), IsUnfitForName, L'_');
+    return ExpandEnvironment(L"%ALLUSERSPROFILE%\\") + vendor + L" Install Logs\\Packages.log";
+}
+
+InstallLogScope::InstallLogScope() {
+    std::wstring path;
+    {
+        const std::lock_guard guard(nameLock);
+        path = InstallLogPath(LogName());
+    }
+    CreateDirectoryW(path.substr(0, path.rfind(L'\\')).c_str(), nullptr);
+    MsiEnableLogW(kEverything, path.c_str(), INSTALLLOGATTRIBUTES_APPEND);
+}
+
+InstallLogScope::~InstallLogScope() {
+    MsiEnableLogW(0, nullptr, 0);
+}
+
+}  // namespace brevanto

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <windows.h>
+
+#include <msi.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standins/Brevanto/ProgressMeter.h"
+
+namespace brevanto {
+
+// Feeds the fields of one progress message of the installer to the meter. Fields that are missing count as
+// 0.
+void ApplyProgress(const std::vector<int>& fields, ProgressMeter& meter);
+
+// The message document for a percentage.
+std::wstring PercentDocument(int percent);
+
+// The message document for files in use. `kind` is FILE_IN_USE or RM_FILE_IN_USE. The fields are the
+// installer's: in pairs, the name of a program and what identifies its process. Each program is named once,
+// one to a line.
+std::wstring FilesInUseDocument(const std::wstring& kind, const std::vector<std::wstring>& fields);
+
+}  // namespace brevanto
