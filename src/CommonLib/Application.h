@@ -1,0 +1,24 @@
+// Starts a program and does not wait for it.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "framework/Handles.h"
+
+class Application {
+public:
+    virtual ~Application() = default;
+
+    // Starts commandLine as a process of its own, detached from any console, with creationFlags added. Throws
+    // Win32Exception. The process lives on when this object closes its handles.
+    void launch();
+
+    std::wstring commandLine;
+    DWORD creationFlags = 0;
+
+private:
+    KernelHandle process;
+    KernelHandle thread;
+};

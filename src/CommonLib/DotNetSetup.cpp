@@ -1,0 +1,65 @@
+#include "CommonLib/DotNetSetup.h"
+
+#include <windows.h>
+
+#include "CommonLib/Logger.h"
+#include "CommonLib/TextUtilities.h"
+#include "framework/Handles.h"
+
+namespace {
+
+constexpr DWORD paintIntervalInMilliseconds = 1000;
+
+void PaintAndDropTheRest() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (message.message != WM_PAINT) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+DWORD WaitForExit(HANDLE process) {
+    while (WaitForSingleObject(process, paintIntervalInMilliseconds) == WAIT_TIMEOUT) PaintAndDropTheRest();
+    DWORD exitCode = 0;
+    GetExitCodeProcess(process, &exitCode);
+    return exitCode;
+}
+
+void WriteOutcome(DWORD exitCode) {
+    Logger& logger = Logger::GetInstance();
+    logger.WriteBasic(LogLevel::None, LogApplication::DotNetInstall,
+                      exitCode == 0 ? L"Installing .Net Framework succeeded" : L"Installing .Net Framework failed");
+    logger.WriteAdvanced(LogLevel::None, LogApplication::DotNetInstall,
+                         L"Installing .Net Framework exitCode = " + ToDecimalString(exitCode));
+}
+
+}  // namespace
+
+std::uint32_t InstallDotNetRuntime(const std::wstring& setupPath) {
+    std::wstring commandLine = L" /norestart ";
+    Logger& logger = Logger::GetInstance();
+    logger.WriteBasic(LogLevel::None, LogApplication::DotNetInstall, L"Installing .Net Framework");
+    logger.WriteAdvanced(LogLevel::None, LogApplication::DotNetInstall, commandLine);
+
+    STARTUPINFOW startupInfo{.cb = sizeof(STARTUPINFOW)};
+    PROCESS_INFORMATION processInformation{};
+    if (CreateProcessW(setupPath.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                       nullptr, &startupInfo, &processInformation) == FALSE) {
+        return 0;
+    }
+    const KernelHandle process(processInformation.hProcess);
+    const KernelHandle thread(processInformation.hThread);
+    const DWORD exitCode = WaitForExit(process.get());
+    WriteOutcome(exitCode);
+    return exitCode;
+}
+
+std::uint32_t IsDotNetInstalled(const std::wstring& registryKey) {
+    RegistryKey key;
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, registryKey.c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS) return 0;
+    DWORD value = 0;
+    DWORD size = sizeof(value);
+    RegQueryValueExW(key.get(), L"Install", nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size);
+    return value;
+}

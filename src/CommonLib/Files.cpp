@@ -1,0 +1,51 @@
+#include "CommonLib/Files.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <array>
+
+#include "framework/CFileFind.h"
+
+std::wstring GetExeDirectory() {
+    std::array<wchar_t, MAX_PATH> buffer{};
+    const std::wstring path(buffer.data(), GetModuleFileNameW(nullptr, buffer.data(), buffer.size()));
+    return path.substr(0, path.find_last_of(L'\\'));
+}
+
+size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths, const std::wstring& extension,
+                 const std::wstring& nameFilter) {
+    CFileFind finder;
+    bool more = finder.FindFile(folder + (extension.empty() ? L"*.*" : L"*." + extension));
+    while (more) {
+        more = finder.FindNextFile();
+        if (finder.IsDots()) continue;
+        // The name is sought in the filter and not the other way round: a filter lists the files it stands for.
+        if (!nameFilter.empty() && nameFilter.find(finder.GetFileName()) == std::wstring::npos) continue;
+        paths.push_back(finder.GetFilePath());
+    }
+    return paths.size();
+}
+
+bool CreateFolderPath(const std::wstring& path) {
+    if (path.empty()) return false;
+    const int code = SHCreateDirectoryExW(nullptr, path.c_str(), nullptr);
+    return code == ERROR_SUCCESS || code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS;
+}
+
+bool CopyFileTo(const std::wstring& target, const std::wstring& source) {
+    return CopyFileW(source.c_str(), target.c_str(), FALSE) != FALSE;
+}
+
+std::wstring GetTemporaryFolder() {
+    std::array<wchar_t, MAX_PATH + 1> buffer{};
+    const DWORD length = GetTempPathW(buffer.size(), buffer.data());
+    return {buffer.data(), length < buffer.size() ? length : 0};
+}
+
+std::wstring GetCommonDataFolder() {
+    std::array<wchar_t, MAX_PATH> buffer{};
+    SHGetSpecialFolderPathW(nullptr, buffer.data(), CSIDL_COMMON_APPDATA, FALSE);
+    return buffer.data();
+}

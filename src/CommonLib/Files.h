@@ -1,0 +1,26 @@
+// Folders and files.
+#pragma once
+
+#include <string>
+#include <vector>
+
+// The folder of the running program, without a closing backslash.
+std::wstring GetExeDirectory();
+
+// Appends to the list the full path of every entry of the folder (which ends in a backslash) with that
+// extension, folders included, in the order of the file system; an empty extension takes every entry. With a
+// name filter an entry counts only if its name occurs in the filter's text. Gives the size of the list.
+size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths, const std::wstring& extension,
+                 const std::wstring& nameFilter = {});
+
+// Creates the folder with all that lead to it. True if it is there afterwards.
+bool CreateFolderPath(const std::wstring& path);
+
+// Copies a file over whatever is at the target.
+bool CopyFileTo(const std::wstring& target, const std::wstring& source);
+
+// The folder of the system for temporary files, with its closing backslash.
+std::wstring GetTemporaryFolder();
+
+// The machine-wide folder of application data, without a closing backslash.
+std::wstring GetCommonDataFolder();

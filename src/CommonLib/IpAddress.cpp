@@ -1,0 +1,34 @@
+#include "CommonLib/IpAddress.h"
+
+#include <windows.h>
+
+#include <winsock2.h>
+#include <ws2tcpip.h>
+
+#include <array>
+
+#include "CommonLib/Logger.h"
+#include "framework/Handles.h"
+
+namespace {
+
+using InetPtonFunction = int(WSAAPI*)(int family, const wchar_t* text, void* address);
+
+}  // namespace
+
+int IsValidIpAddress(const std::wstring& text) {
+    // Loaded by name, because systems before Vista lack the function.
+    const Library library(LoadLibraryExW(L"Ws2_32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
+    if (!library) {
+        LogBasic(L"Ws2_32.dll not found in the system");
+        return 0;
+    }
+    const auto convert = FindExport<InetPtonFunction>(library.get(), "InetPtonW");
+    if (convert == nullptr) {
+        LogBasic(L"InetPtonW was not found in Ws2_32.dll");
+        return 0;
+    }
+    std::array<unsigned char, sizeof(in6_addr)> address{};
+    const int asVersion4 = convert(AF_INET, text.c_str(), address.data());
+    return asVersion4 == 1 ? asVersion4 : convert(AF_INET6, text.c_str(), address.data());
+}

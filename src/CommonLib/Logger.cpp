@@ -1,0 +1,115 @@
+#include "CommonLib/Logger.h"
+
+#include <windows.h>
+
+#include <direct.h>
+
+#include <stdexcept>
+#include <type_traits>
+
+#include "CommonLib/LogRecord.h"
+#include "CommonLib/SystemText.h"
+#include "CommonLib/Win32Exception.h"
+#include "framework/Handles.h"
+
+namespace {
+
+Singleton<Logger> singleton;
+
+LogTime LocalTime() {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return {.year = now.wYear,
+            .month = now.wMonth,
+            .day = now.wDay,
+            .hour = now.wHour,
+            .minute = now.wMinute,
+            .second = now.wSecond};
+}
+
+}  // namespace
+
+Logger& Logger::GetInstance() { return singleton.Get(); }
+
+void Logger::DestroyInstance() { singleton.Destroy(); }
+
+Logger::Logger() {
+    try {
+        lock = std::make_unique<InterProcessLock>(L"ZVINSTALLLOG");
+    } catch (const Win32Exception&) {
+        // Without the lock no record can be written safely, and none is.
+        lock.reset();
+    }
+}
+
+void Logger::SetVendor(const std::wstring& name) {
+    const std::lock_guard guard(textLock);
+    vendor = name.empty() ? L"Printer" : name;
+}
+
+void Logger::WriteBasic(std::wstring_view level, std::wstring_view application, std::wstring_view message) {
+    try {
+        AppendToFile(GetBasicLogPath(), FormatBasicRecord(level, LocalTime(), message));
+        WriteAdvanced(level, application, message);
+    } catch (const Win32Exception&) {
+        return;
+    } catch (const std::runtime_error&) {
+        return;
+    }
+}
+
+void Logger::WriteAdvanced(std::wstring_view level, std::wstring_view application, std::wstring_view message) {
+    try {
+        if (!IsAdvancedEnabled()) return;
+        const LogOrigin origin{.processId = GetCurrentProcessId(), .threadId = GetCurrentThreadId()};
+        AppendToFile(GetAdvancedLogPath(), FormatAdvancedRecord(level, LocalTime(), origin, application, message));
+    } catch (const Win32Exception&) {
+        return;
+    } catch (const std::runtime_error&) {
+        return;
+    }
+}
+
+std::wstring Logger::GetLogFolder() {
+    std::wstring folder = ExpandEnvironment(L"%ALLUSERSPROFILE%\\");
+    {
+        const std::lock_guard guard(textLock);
+        if (vendor.empty()) vendor = L"Printer";
+        folder += vendor + L" Install Logs";
+    }
+    // An existing folder is the normal case, and a missing one shows when the record cannot be written.
+    static_cast<void>(_wmkdir(folder.c_str()));
+    return folder + L"\\";
+}
+
+// Built from the vendor as it stands at the first question, and then kept.
+std::wstring Logger::RegistryKeyPath() {
+    const std::lock_guard guard(textLock);
+    if (registryKey.empty()) registryKey = L"SOFTWARE\\" + vendor + L"\\Installer\\Logger";
+    return registryKey;
+}
+
+bool Logger::IsAdvancedEnabled() {
+    RegistryKey key;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, RegistryKeyPath().c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS) {
+        return false;
+    }
+    DWORD value = 0;
+    DWORD size = sizeof(value);
+    return RegQueryValueExW(key.get(), L"StartLog", nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size) ==
+               ERROR_SUCCESS &&
+           value != 0;
+}
+
+void Logger::AppendToFile(const std::wstring& path, const std::wstring& text) {
+    if (!lock) throw Win32Exception(L"InterProcessLock has no name", 0, L"CommonLib/InterProcessLock");
+    const InterProcessLockGuard guard(*lock);
+    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return;
+    // The size's low 32 bits alone place the record, and this is meant.
+    LONG highPart = 0;
+    SetFilePointer(file.get(), static_cast<LONG>(GetFileSize(file.get(), nullptr)), &highPart, FILE_BEGIN);
+    DWORD written = 0;
+    WriteFile(file.get(), text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written, nullptr);
+}

@@ -1,0 +1,41 @@
+#include "CommonLib/Mutex.h"
+
+#include "CommonLib/Win32Exception.h"
+
+namespace {
+
+constexpr wchar_t sourceName[] = L"CommonLib/Mutex";
+
+}  // namespace
+
+HANDLE Mutex::createMutex(SECURITY_ATTRIBUTES* attributes, const std::wstring& mutexName) {
+    handle.reset(CreateMutexW(attributes, FALSE, mutexName.c_str()));
+    if (!handle) throw Win32Exception(L"Mutex::createMutex() CreateMutex failed", GetLastError(), sourceName);
+    return handle.get();
+}
+
+HANDLE Mutex::openMutex(const std::wstring& mutexName) {
+    handle.reset(OpenMutexW(MUTEX_ALL_ACCESS, TRUE, mutexName.c_str()));
+    if (!handle) throw Win32Exception(L"Mutex::openMutex() openMutex failed", GetLastError(), sourceName);
+    return handle.get();
+}
+
+void Mutex::acquire() {
+    const DWORD result = WaitForSingleObject(handle.get(), INFINITE);
+    if (result == WAIT_OBJECT_0 || result == WAIT_ABANDONED) {
+        ownerThread = GetCurrentThreadId();
+        ++lockCount;
+    } else if (result != WAIT_TIMEOUT) {
+        throw Win32Exception(L"Mutex::acquire() WaitForSingleObject failed", GetLastError(), sourceName);
+    }
+}
+
+void Mutex::release() {
+    if (GetCurrentThreadId() != ownerThread) return;
+    while (lockCount > 0) {
+        --lockCount;
+        if (ReleaseMutex(handle.get()) == FALSE) {
+            throw Win32Exception(L"Mutex::release() ReleaseMutex failed", GetLastError(), sourceName);
+        }
+    }
+}

@@ -1,0 +1,22 @@
+// An exception that carries a system error code.
+#pragma once
+
+#include <cstdint>
+#include <source_location>
+#include <string>
+
+#include "CommonLib/Exception.h"
+
+class Win32Exception : public Exception {
+public:
+    // The file is the name under which the throwing source is known, such as "CommonLib/Mutex".
+    Win32Exception(std::wstring message, std::uint32_t code, std::wstring file,
+                   std::source_location position = std::source_location::current());
+
+    // "Win32(", the code in decimal and the system's words for it, or empty for code 0. The parenthesis is
+    // not closed, and this is meant.
+    std::wstring getCodeText() const override;
+};
+
+// The system's English text for an error code on one line, or "Error getting message:" and a code in decimal.
+std::wstring SystemMessage(std::uint32_t code);

@@ -1,0 +1,39 @@
+#include "ports/MSIExtractService.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "catalogue/AppCatalogue.h"
+
+namespace {
+
+std::wstring PackageOfType(const std::wstring& appType) {
+    const auto records = AppCatalogue::GetInstance().Select(L"");
+    const auto found = std::find_if(records.begin(), records.end(),
+                                    [&](const MSI_APP& record) { return record.appType == appType; });
+    return found == records.end() ? std::wstring() : found->msiPath;
+}
+
+}  // namespace
+
+MSIExtractService::MSIExtractService(std::wstring packagePath) : msiPath(std::move(packagePath)) {}
+
+std::wstring MSIExtractService::MakeParameters() {
+    const bool newerTool = !msiPath.empty() || driverId.find(L"V4") != std::wstring::npos;
+    std::wstring package = std::exchange(msiPath, {});
+    if (package.empty()) package = PackageOfType(newerTool ? L"V4DRIVERCONFIG" : L"DRIVERCONFIG");
+    return L"CMD /c msiexec /a \"" + package + L"\" /qn TARGETDIR=%temp%\\" +
+           (newerTool ? L"ArdentisKit" : L"TolvaneKit");
+}
+
+std::uint32_t MSIExtractService::DoRun() {
+    const HINSTANCE result =
+        ShellExecuteW(nullptr, L"runas", L"cmd.exe", MakeParameters().c_str(), nullptr, SW_HIDE);
+    constexpr INT_PTR firstSuccess = 32;
+    if (reinterpret_cast<INT_PTR>(result) >= firstSuccess) launched = true;
+    return 1;
+}

@@ -1,0 +1,30 @@
+// Unpacks a driver configuration tool from its package into the temporary folder.
+#pragma once
+
+#include <string>
+
+#include "wizard/Service.h"
+
+class MSIExtractService : public Service {
+public:
+    // With a path that package is unpacked, and the catalogue is not asked.
+    explicit MSIExtractService(std::wstring packagePath);
+
+    // An identifier that holds "V4" selects the newer tool of the catalogue, any other the older one.
+    void SetDriverId(const std::wstring& id) { driverId = id; }
+
+    // Starts the unpacking and does not wait for it. Gives 1.
+    std::uint32_t DoRun() override;
+    void Cancel() override {}
+
+    // Whether the shell has accepted the last command.
+    bool Launched() const { return launched; }
+
+private:
+    std::wstring MakeParameters();
+
+    bool launched = false;
+    std::wstring driverId;
+    // Emptied by the run that uses it.
+    std::wstring msiPath;
+};

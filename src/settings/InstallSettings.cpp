@@ -1,0 +1,101 @@
+#include "settings/InstallSettings.h"
+
+#include <algorithm>
+#include <cwctype>
+
+#include "settings/DeviceDocument.h"
+#include "settings/KeyedValues.h"
+#include "settings/StartMarker.h"
+#include "settings/TagDocument.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+Singleton<InstallSettings> singleton;
+
+constexpr std::wstring_view FlagText(bool flag) { return flag ? L"true" : L"false"; }
+
+}  // namespace
+
+InstallSettings& InstallSettings::GetInstance() { return singleton.Get(); }
+
+void InstallSettings::DestroyInstance() { singleton.Destroy(); }
+
+std::wstring InstallSettings::GetString(std::wstring_view tag) const {
+    const std::lock_guard guard(lock);
+    return TagDocument::ValueOf(document, tag);
+}
+
+bool InstallSettings::GetBool(std::wstring_view tag) const {
+    std::wstring value = GetString(tag);
+    std::transform(value.begin(), value.end(), value.begin(),
+                   [](wchar_t c) { return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c))); });
+    return value == L"true" || value == L"1";
+}
+
+void InstallSettings::SetString(std::wstring_view tag, std::wstring_view value) {
+    const std::lock_guard guard(lock);
+    TagDocument::SetElement(document, tag, value);
+}
+
+void InstallSettings::SetBool(std::wstring_view tag, bool flag) { SetString(tag, FlagText(flag)); }
+
+void InstallSettings::SetStrings(std::initializer_list<NamedText> values) {
+    for (const auto& [tag, value] : values) SetString(tag, value);
+}
+
+void InstallSettings::SetBools(std::initializer_list<NamedFlag> flags) {
+    for (const auto& [tag, flag] : flags) SetBool(tag, flag);
+}
+
+std::vector<std::wstring> InstallSettings::GetAllValues(std::wstring_view tag) const {
+    const std::lock_guard guard(lock);
+    return TagDocument::ListValues(document, tag);
+}
+
+std::map<std::wstring, std::wstring> InstallSettings::GetKeyedValues(std::wstring_view tag,
+                                                                     std::wstring_view separator) const {
+    return KeyedValues(GetAllValues(tag), separator);
+}
+
+std::vector<std::wstring> InstallSettings::GetDevices() const {
+    const std::lock_guard guard(lock);
+    return devices;
+}
+
+void InstallSettings::SetDevices(std::vector<std::wstring> documents) {
+    const std::lock_guard guard(lock);
+    devices = std::move(documents);
+}
+
+std::vector<std::wstring> InstallSettings::GetDeviceValues(std::wstring_view tag) const {
+    std::vector<std::wstring> values;
+    for (const std::wstring& device : GetDevices()) {
+        std::wstring value = TagDocument::ValueOf(device, tag);
+        if (!value.empty()) values.push_back(std::move(value));
+    }
+    return values;
+}
+
+void InstallSettings::SetDeviceValue(std::wstring_view tag, std::wstring_view value) {
+    const std::lock_guard guard(lock);
+    for (std::wstring& device : devices) SetDeviceTag(device, tag, value);
+}
+
+void InstallSettings::SetNetworkPort(std::wstring_view address, std::wstring_view portName) {
+    const std::lock_guard guard(lock);
+    for (std::wstring& device : devices) ::SetNetworkPort(device, address, portName);
+}
+
+void InstallSettings::AppendStartApp(std::wstring_view text) {
+    const std::lock_guard guard(lock);
+    TagDocument::SetElement(document, Tag::STARTAPP,
+                            TagDocument::ValueOf(document, Tag::STARTAPP).append(text));
+}
+
+std::wstring InstallSettings::GetStartApp() const { return GetString(Tag::STARTAPP); }
+
+std::wstring InstallSettings::StripMarker() const {
+    const std::lock_guard guard(lock);
+    return StripStartMarker(document);
+}

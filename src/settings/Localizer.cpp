@@ -1,0 +1,108 @@
+#include "settings/Localizer.h"
+
+#include <windows.h>
+
+#include <array>
+#include <cwchar>
+
+#include "CommonLib/Files.h"
+#include "CommonLib/Logger.h"
+#include "CommonLib/SystemText.h"
+#include "CommonLib/SystemVersion.h"
+#include "CommonLib/TextFile.h"
+#include "CommonLib/TextUtilities.h"
+#include "framework/Handles.h"
+#include "settings/InstallSettings.h"
+#include "settings/LanguageTable.h"
+#include "settings/TagDocument.h"
+#include "settings/TagNames.h"
+#include "settings/TextExpansion.h"
+#include "wizard/CmdLineHelper.h"
+
+namespace {
+
+constexpr std::uint32_t primaryLanguageBits = 0x3FF;
+constexpr std::uint16_t windowsVista = 0;
+
+Singleton<Localizer> singleton;
+
+bool Exists(const std::wstring& path) {
+    return static_cast<bool>(FileHandle(
+        CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)));
+}
+
+// The whole file as text, without a byte order mark. False if it cannot be opened.
+bool ReadLanguageFile(const std::wstring& path, std::wstring& text) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    std::string bytes;
+    if (ReadTextPieces(path, [&](std::string_view piece) { bytes += piece; }) != 0) return false;
+    const std::string_view content = bytes;
+    text = Utf8ToWide(content.substr(content.starts_with(byteOrderMark) ? byteOrderMark.size() : 0));
+    return true;
+}
+
+// The user's language identifier as the system's newer locale functions know it, 0 without them.
+unsigned long NewerUserLanguage() {
+    using GetLocaleInfoExFunction = int(WINAPI*)(const wchar_t*, LCTYPE, wchar_t*, int);
+    const Library library(LoadLibraryExW(L"Kernel32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
+    const auto ask =
+        library ? FindExport<GetLocaleInfoExFunction>(library.get(), "GetLocaleInfoEx") : nullptr;
+    std::array<wchar_t, 85> answer{};
+    if (ask == nullptr || ask(nullptr, LOCALE_ILANGUAGE, answer.data(), answer.size()) == 0) return 0;
+    return std::wcstoul(answer.data(), nullptr, 16);
+}
+
+}  // namespace
+
+Localizer& Localizer::GetInstance() { return singleton.Get(); }
+
+void Localizer::DestroyInstance() { singleton.Destroy(); }
+
+Localizer::Localizer() {
+    const std::wstring folder = GetExeDirectory() + L"\\..\\res\\";
+    std::wstring path = folder + GetXmlFileName(GetUserDefaultUILanguage());
+    if (!Exists(path)) path = folder + L"en_strings.xml";
+    if (!ReadLanguageFile(path, text)) {
+        LogAdvanced(L"Localizer(), Loading Resource file failed! " + folder, LogLevel::Error);
+    }
+}
+
+std::wstring Localizer::GetXmlFileName(std::uint16_t languageId) {
+    const std::uint32_t primaryId = languageId & primaryLanguageBits;
+    std::wstring code = CmdLineHelper::GetInstance().GetValue(CmdLineHelper::Option::Language);
+    if (code.empty()) code = MapLanguage(primaryId, languageId);
+    std::wstring name = LanguageFileName(code);
+    LogAdvanced(L"Localizer::GetXmlFileName(), currentLangId = " + ToDecimalString(languageId) +
+                L" primaryLangId = " + ToDecimalString(primaryId));
+    LogAdvanced(L"Language resource file being used: " + name);
+    return name;
+}
+
+std::wstring Localizer::GetString(std::wstring_view key) const {
+    int surplus = 0;
+    std::wstring value = ReduceAccessKeys(TagDocument::ValueOf(text, key), surplus);
+    for (; surplus > 0; --surplus) {
+        LogAdvanced(std::wstring(L"Localizer::GetString, multiple access keys found: ").append(key), LogLevel::Error);
+    }
+    TagExpansion expansion = ExpandTags(
+        std::move(value), [](std::wstring_view tag) { return InstallSettings::GetInstance().GetString(tag); });
+    if (expansion.endless) {
+        LogAdvanced(std::wstring(L"Localizer::GetString, the settings values in a text never end: ").append(key),
+                    LogLevel::Error);
+    }
+    return expansion.text;
+}
+
+std::wstring GetLanguageCode() {
+    const std::uint32_t languageId = GetUserDefaultUILanguage();
+    return MapLanguage(languageId & primaryLanguageBits, languageId);
+}
+
+bool IsRightToLeft() { return Localizer::GetInstance().GetString(TextKey::READING_ORDER) == L"RTL"; }
+
+bool IsRightToLeftLocale() {
+    const unsigned long language =
+        IsWindowsVersionOrGreater(windowsVista) ? NewerUserLanguage() : GetUserDefaultLCID();
+    const unsigned long primaryId = language & primaryLanguageBits;
+    return primaryId == LANG_ARABIC || primaryId == LANG_HEBREW;
+}
