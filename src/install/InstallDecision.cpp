@@ -1,0 +1,70 @@
+#include "install/InstallDecision.h"
+
+#include "catalogue/MsiCodes.h"
+
+bool ReportsNewer(const MSI_APP& app) {
+    return app.installed && app.newerInstalled;
+}
+
+InstallAction DecideInstall(const MSI_APP& app) {
+    if (ReportsNewer(app) && !app.hasDependents) return InstallAction::ReportNewer;
+    if (app.onlyDependentsSelected) return InstallAction::RunDependentsOnly;
+    if (app.installed && app.forceReinstall) return InstallAction::ForceReinstall;
+    if (app.installed && app.minorUpgrade) return InstallAction::MinorUpgrade;
+    return InstallAction::AskAgain;
+}
+
+InstallOutcome ReadReturnCode(std::uint32_t code, bool isScanDriver, bool systemBefore60) {
+    switch (code) {
+        case MsiCode::Success:
+            return InstallOutcome::Done;
+        case MsiCode::UserCancelled:
+            return InstallOutcome::Cancelled;
+        case MsiCode::RebootInitiated:
+        case MsiCode::RebootRequired:
+            return InstallOutcome::RebootRequired;
+        default:
+            return isScanDriver && systemBefore60 ? InstallOutcome::NotSupported : InstallOutcome::Failed;
+    }
+}
+
+std::int32_t StatusFor(InstallOutcome outcome, const MSI_APP& app) {
+    constexpr std::int32_t kDone = 0;
+    constexpr std::int32_t kFailed = 1;
+    constexpr std::int32_t kCancelled = 2;
+    constexpr std::int32_t kUpdated = 3;
+    constexpr std::int32_t kNotSupported = 4;
+    switch (outcome) {
+        case InstallOutcome::Cancelled:
+            return kCancelled;
+        case InstallOutcome::Failed:
+            return kFailed;
+        case InstallOutcome::NotSupported:
+            return kNotSupported;
+        default:
+            return app.installed && app.upgradable ? kUpdated : kDone;
+    }
+}
+
+ErrorDialogTexts ErrorDialogFor(std::uint32_t code) {
+    switch (code) {
+        case MsiCode::UserCancelled:
+        case MsiCode::LogFailure:
+        case MsiCode::LanguageUnsupported:
+            return {.titleKey = {}, .textKey = {}, .stopsRun = false};
+        case MsiCode::DiskFull:
+            return {
+                .titleKey = L"DISK_FULL_ERROR_TITLE", .textKey = L"DISK_FULL_ERROR_TEXT", .stopsRun = true};
+        case MsiCode::AlreadyInitialized:
+        case MsiCode::InstallAlreadyRunning:
+            return {.titleKey = L"INSTALL_ALREADY_RUNNING_TITLE",
+                    .textKey = L"INSTALL_ALREADY_RUNNING_TEXT",
+                    .stopsRun = true};
+        case MsiCode::PackageRejected:
+        case MsiCode::RemoteDisallowed:
+            return {
+                .titleKey = L"PERMISSION_ERROR_TITLE", .textKey = L"PERMISSION_ERROR_TEXT", .stopsRun = true};
+        default:
+            return {.titleKey = L"ERROR_TITLE", .textKey = L"ERROR_TEXT", .stopsRun = true};
+    }
+}

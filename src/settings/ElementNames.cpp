@@ -1,0 +1,187 @@
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <unordered_map>
+
+#include "settings/TagDocument.h"
+
+// The linear matcher behind ListElementNames. A match lies in one line. It begins with "<" at some i, and its
+// name ends at the first ">" at or behind i + 2: a longer name could only close where that one closes as
+// well. The text from i + 1 through that ">" is the key of the open tag. The match exists if the key stands
+// again behind a "</" at least one character behind the open tag, and the first such place ends it.
+
+namespace {
+
+constexpr std::size_t kNone = std::wstring_view::npos;
+
+// Finds a sign at or behind positions that only grow, looking at every character once.
+class ForwardCursor {
+public:
+    ForwardCursor(std::wstring_view searchedText, std::wstring_view searchedSign)
+        : text(searchedText), sign(searchedSign), position(text.find(sign)) {}
+
+    std::size_t AtOrBehind(std::size_t start) {
+        if (position < start) position = text.find(sign, start);
+        return position;
+    }
+
+private:
+    std::wstring_view text;
+    std::wstring_view sign;
+    std::size_t position;
+};
+
+// Polynomial hash modulo the prime 2^61 - 1 of a text that grows to the left. Keys that end at the same ">"
+// overlap, and this gives the hash of each for one step more than that of the next shorter one.
+class LeftGrowingHash {
+public:
+    void Prepend(wchar_t character) {
+        hash = Reduce(hash + Multiply(static_cast<std::uint32_t>(character) + std::uint64_t{1}, power));
+        power = Multiply(power, kBase);
+    }
+
+    std::uint64_t Value() const { return hash; }
+
+private:
+    __extension__ using Wide = unsigned __int128;
+
+    static constexpr std::uint64_t kPrime = (std::uint64_t{1} << 61U) - 1;
+    static constexpr std::uint64_t kBase = 0x0A5B9D3C71E2F647;
+
+    static std::uint64_t Reduce(std::uint64_t value) { return value >= kPrime ? value - kPrime : value; }
+
+    static std::uint64_t Multiply(std::uint64_t left, std::uint64_t right) {
+        const Wide product = static_cast<Wide>(left) * right;
+        const auto low = static_cast<std::uint64_t>(product) & kPrime;
+        return Reduce(low + static_cast<std::uint64_t>(product >> 61U));
+    }
+
+    std::uint64_t hash = 0;
+    std::uint64_t power = 1;
+};
+
+// All close tags of a line by the hash of their key, and for each "<" the first close tag that may be its
+// own. Built in one pass from the end of the line, so that a chain of equal keys begins with the leftmost.
+class CloseTagIndex {
+public:
+    explicit CloseTagIndex(std::wstring_view indexedLine) : line(indexedLine) {
+        std::size_t end = line.rfind(L'>');
+        while (end != kNone && end > 0) end = ReadKeysEndingAt(end);
+    }
+
+    // Returns where the close tag begins that ends the match, or kNone. Calls come with growing positions.
+    // The text is compared only here, where success ends the search for everything up to the close tag.
+    std::size_t Find(std::size_t open, std::size_t nameEnd) {
+        while (!opens.empty() && opens.back().position < open) opens.pop_back();
+        if (opens.empty() || opens.back().position != open) return kNone;
+        const std::wstring_view key = line.substr(open + 1, nameEnd - open);
+        for (auto i = opens.back().close; i != kEndOfChain; i = closes[i].next) {
+            const std::size_t position = closes[i].position;
+            if (position >= nameEnd + 2 && line.substr(position + 2, key.size()) == key) return position;
+        }
+        return kNone;
+    }
+
+private:
+    struct Close {
+        std::size_t position;
+        std::size_t next;
+    };
+    struct Open {
+        std::size_t position;
+        std::size_t close;
+    };
+
+    static constexpr std::size_t kEndOfChain = kNone;
+
+    // Reads the keys that end at this ">", down to the ">" in front of it, which may itself be the first
+    // character of a key. Returns the position of that one.
+    std::size_t ReadKeysEndingAt(std::size_t end) {
+        LeftGrowingHash hash;
+        hash.Prepend(line[end]);
+        for (std::size_t start = end; start-- > 1;) {
+            hash.Prepend(line[start]);
+            NoteKey(start, hash.Value());
+            if (line[start] == L'>') return start;
+        }
+        return kNone;
+    }
+
+    void NoteKey(std::size_t start, std::uint64_t hash) {
+        if (line[start - 1] == L'<') {
+            const auto chain = chains.find(hash);
+            if (chain != chains.end()) opens.push_back({.position = start - 1, .close = chain->second});
+        } else if (line[start - 1] == L'/' && start > 1 && line[start - 2] == L'<') {
+            const auto chain = chains.try_emplace(hash, kEndOfChain).first;
+            closes.push_back({.position = start - 2, .next = chain->second});
+            chain->second = closes.size() - 1;
+        }
+    }
+
+    std::wstring_view line;
+    std::vector<Close> closes;
+    std::vector<Open> opens;
+    std::unordered_map<std::uint64_t, std::size_t> chains;
+};
+
+class LineMatcher {
+public:
+    LineMatcher(std::wstring_view matchedLine, std::vector<std::wstring>& foundNames)
+        : line(matchedLine),
+          names(foundNames),
+          nameEnds(line, L">"),
+          closeTags(line, L"</"),
+          closeEnds(line, L">") {}
+
+    void Run() {
+        std::size_t open = line.find(L'<');
+        while (open != kNone) {
+            const std::size_t nameEnd = nameEnds.AtOrBehind(open + 2);
+            if (nameEnd == kNone) return;
+            const std::size_t close = FindClose(open, nameEnd);
+            if (close != kNone) AddName(open);
+            open = line.find(L'<', close == kNone ? open + 1 : close + 2 + (nameEnd - open));
+        }
+    }
+
+private:
+    // The next close tag is nearly always the right one; only where it is not does the line need its index.
+    std::size_t FindClose(std::size_t open, std::size_t nameEnd) {
+        const std::size_t close = closeTags.AtOrBehind(nameEnd + 2);
+        if (close == kNone) return kNone;
+        const std::size_t closeEnd = closeEnds.AtOrBehind(close + 3);
+        if (closeEnd == kNone) return kNone;
+        const std::size_t length = nameEnd - open;
+        if (closeEnd - close - 1 == length &&
+            line.substr(open + 1, length) == line.substr(close + 2, length)) {
+            return close;
+        }
+        if (!index) index.emplace(line);
+        return index->Find(open, nameEnd);
+    }
+
+    void AddName(std::size_t open) {
+        const std::size_t start = open + 1;
+        names.emplace_back(line.substr(start, line.find(L'>', start) - start));
+    }
+
+    std::wstring_view line;
+    std::vector<std::wstring>& names;
+    ForwardCursor nameEnds;
+    ForwardCursor closeTags;
+    ForwardCursor closeEnds;
+    std::optional<CloseTagIndex> index;
+};
+
+}  // namespace
+
+std::vector<std::wstring> TagDocument::ListElementNames(std::wstring_view document) {
+    std::vector<std::wstring> names;
+    const auto isLineEnd = [](wchar_t character) { return character == L'\r' || character == L'\n'; };
+    for (auto line = document.begin(); line != document.end();) {
+        const auto end = std::find_if(line, document.end(), isLineEnd);
+        LineMatcher(std::wstring_view(line, end), names).Run();
+        line = end == document.end() ? end : end + 1;
+    }
+    return names;
+}

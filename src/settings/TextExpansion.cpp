@@ -1,0 +1,139 @@
+#include "settings/TextExpansion.h"
+
+#include <regex>
+#include <set>
+#include <vector>
+
+namespace {
+
+constexpr std::wstring_view kAccessKey = L"&amp";
+constexpr wchar_t kTagSign = L'^';
+constexpr wchar_t kLeftToRightMark = L'\u200E';
+
+// The work of expanding one value. Everything in front of the first "^" is settled, so the text is kept as a
+// settled part and a rest, whose characters stand in reverse order: the next one is the last.
+class Expansion {
+public:
+    Expansion(const std::wstring& value, const std::function<std::wstring(std::wstring_view)>& tagReader)
+        : readTag(tagReader), rest(value.rbegin(), value.rend()) {}
+
+    // Returns false if it would not end, or not within bounds.
+    bool Run() {
+        while (SettleUpToSign()) {
+            if (!ReplaceNext()) return false;
+        }
+        return true;
+    }
+
+    const std::wstring& Text() const { return settled; }
+
+private:
+    // A value in the rest, known by how many characters stand behind it.
+    struct Region {
+        std::size_t behind;
+        std::set<std::wstring>::iterator name;
+    };
+
+    static constexpr std::size_t kMostWork = 16'777'216;
+    static constexpr std::size_t kWorkOfStep = 32;
+
+    bool SettleUpToSign() {
+        const std::size_t sign = rest.rfind(kTagSign);
+        const std::size_t kept = sign == std::wstring::npos ? 0 : sign + 1;
+        settled.append(rest.rbegin(), rest.rend() - static_cast<std::ptrdiff_t>(kept));
+        rest.resize(kept);
+        return kept > 0;
+    }
+
+    bool ReplaceNext() {
+        const std::size_t second =
+            rest.size() > 1 ? rest.rfind(kTagSign, rest.size() - 2) : std::wstring::npos;
+        const std::size_t behind = second == std::wstring::npos ? 0 : second + 1;
+        const std::wstring name(rest.rbegin() + 1, rest.rend() - static_cast<std::ptrdiff_t>(behind));
+        const std::wstring value = readTag(name);
+        work += kWorkOfStep + name.size() + value.size();
+        if (work > kMostWork) return false;
+        const bool ends = second == std::wstring::npos ? TakeTail(name, value) : TakeTag(second, name, value);
+        rest.append(value.rbegin(), value.rend());
+        return ends;
+    }
+
+    // A tag that is named again by its own value leads back to where it was.
+    bool TakeTag(std::size_t behind, const std::wstring& name, const std::wstring& value) {
+        rest.resize(behind);
+        while (!regions.empty() && regions.back().behind > behind) {
+            names.erase(regions.back().name);
+            regions.pop_back();
+        }
+        if (value.empty()) return true;
+        const auto [entry, isNew] = names.insert(name);
+        if (isNew) regions.push_back({.behind = behind, .name = entry});
+        return isNew;
+    }
+
+    // A sign without a second one names all the rest. At the very start nothing is erased: with no value to
+    // put in front the same sign is found for ever. Elsewhere the rest becomes the value alone, so that a
+    // name that comes up twice leads back to where it was.
+    bool TakeTail(const std::wstring& name, const std::wstring& value) {
+        regions.clear();
+        names.clear();
+        if (settled.empty()) return !value.empty();
+        rest.clear();
+        return tails.insert(name).second;
+    }
+
+    const std::function<std::wstring(std::wstring_view)>& readTag;
+    std::wstring settled;
+    std::wstring rest;
+    std::vector<Region> regions;  // from the outermost to the innermost value around the next sign
+    std::set<std::wstring> names;
+    std::set<std::wstring> tails;
+    std::size_t work = 0;
+};
+
+}  // namespace
+
+// One "&" may be followed by "amp" again, as in "&amp;amp;", and is then reduced once more. What stands in
+// front of it never changes, so the search goes on from there.
+std::wstring ReduceAccessKeys(std::wstring value, int& surplus) {
+    std::wstring reduced;
+    std::size_t rest = 0;
+    int found = 0;
+    for (auto key = value.find(kAccessKey); key != std::wstring::npos; key = value.find(kAccessKey, rest)) {
+        ++found;
+        reduced.append(value, rest, key - rest);
+        rest = value.find(L';', key + 1);
+        if (rest == std::wstring::npos) {
+            // At the very start nothing is erased, and the sign put in front makes the text be reduced again.
+            if (reduced.empty()) ++found;
+            reduced += reduced.empty() ? L"&&" : L"&";
+            value.clear();
+            rest = 0;
+        } else {
+            value[rest] = L'&';
+        }
+    }
+    surplus = found > 0 ? found - 1 : 0;
+    return reduced.append(value, rest);
+}
+
+TagExpansion ExpandTags(std::wstring value, const std::function<std::wstring(std::wstring_view)>& readTag) {
+    Expansion expansion(value, readTag);
+    if (!expansion.Run()) return {.text = std::move(value), .endless = true};
+    return {.text = expansion.Text(), .endless = false};
+}
+
+std::wstring MarkNumberLeftToRight(std::wstring text) {
+    const std::size_t dot = text.find(L'.');
+    if (dot != std::wstring::npos) text.insert(dot, 1, kLeftToRightMark);
+    return text;
+}
+
+std::wstring FormatWithArgument(const std::wstring& text, const std::wstring& argument) {
+    try {
+        if (!std::regex_search(text, std::wregex(L"([{])([0-9])([}])"))) return text;
+        return std::regex_replace(text, std::wregex(L"([{])(0)([}])"), argument);
+    } catch (const std::regex_error&) {
+        return text;
+    }
+}
