@@ -13,7 +13,8 @@ public:
     bool PreTranslateMessage(MSG* message) override;
 
 protected:
-    // Runs once, when all controls exist and before the dialog is shown. False if it has set the focus itself.
+    // Runs once, when all controls exist and before the dialog is shown. False if it has set the focus
+    // itself.
     virtual bool OnInitDialog() { return true; }
 
     LRESULT WindowProc(const WindowMessage& message) override;

@@ -8,7 +8,7 @@ bool CFileFind::FindFile(const std::wstring& mask) {
 
 bool CFileFind::FindNextFile() {
     entry = following;
-    return search && FindNextFileW(search.get(), &following) != FALSE;
+    return search && ::FindNextFileW(search.get(), &following) != FALSE;
 }
 
 bool CFileFind::IsDots() const {

@@ -12,13 +12,19 @@ namespace {
 
 CWinApp* application = nullptr;
 
-bool IsSwitchCharacter(wchar_t character) { return character == L'-' || character == L'/'; }
+bool IsSwitchCharacter(wchar_t character) {
+    return character == L'-' || character == L'/';
+}
 
 }  // namespace
 
-CWinApp::CWinApp() { application = this; }
+CWinApp::CWinApp() {
+    application = this;
+}
 
-CWinApp::~CWinApp() { application = nullptr; }
+CWinApp::~CWinApp() {
+    application = nullptr;
+}
 
 bool CWinApp::InitInstance() {
     if ((restartManagerSupportFlags & 1U) != 0) RegisterApplicationRestart(nullptr, 0);
@@ -36,7 +42,9 @@ int CWinApp::Run() {
     return exitCode;
 }
 
-int CWinApp::ExitInstance() { return exitCode; }
+int CWinApp::ExitInstance() {
+    return exitCode;
+}
 
 bool CWinApp::PreTranslateMessage(MSG* message) {
     for (HWND window = message->hwnd; window != nullptr; window = GetParent(window)) {
@@ -71,9 +79,13 @@ void CWinApp::ReportUnhandledException(const std::wstring& where) noexcept {
     }
 }
 
-CWinApp* AfxGetApp() { return application; }
+CWinApp* AfxGetApp() {
+    return application;
+}
 
-CWnd* AfxGetMainWnd() { return application == nullptr ? nullptr : application->GetMainWnd(); }
+CWnd* AfxGetMainWnd() {
+    return application == nullptr ? nullptr : application->GetMainWnd();
+}
 
 int AfxWinMain() {
     CWinApp* const app = AfxGetApp();

@@ -44,9 +44,13 @@ thread_local PendingCreation pendingCreation;
 
 }  // namespace
 
-CWnd::~CWnd() { DestroyWindow(); }
+CWnd::~CWnd() {
+    DestroyWindow();
+}
 
-CWnd* CWnd::FromHandle(HWND window) { return Handles().Find(window); }
+CWnd* CWnd::FromHandle(HWND window) {
+    return Handles().Find(window);
+}
 
 bool CWnd::SubclassDlgItem(int id, const CWnd& dialog) {
     const HWND control = dialog.GetDlgItem(id);
@@ -63,9 +67,13 @@ std::wstring CWnd::GetWindowText() const {
     return text;
 }
 
-bool CWnd::DestroyWindow() { return handle != nullptr && ::DestroyWindow(handle) != FALSE; }
+bool CWnd::DestroyWindow() {
+    return handle != nullptr && ::DestroyWindow(handle) != FALSE;
+}
 
-bool CWnd::PreTranslateMessage(MSG*) { return false; }
+bool CWnd::PreTranslateMessage(MSG*) {
+    return false;
+}
 
 const MessageMap& CWnd::GetMessageMap() const {
     static const MessageMap map(nullptr, {});
@@ -76,8 +84,8 @@ void CWnd::Bind(HWND window) {
     handle = window;
     Handles().Insert(window, this);
     PreSubclassWindow();
-    formerProcedure =
-        reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+    formerProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
 }
 
 void CWnd::Unbind() {
@@ -108,7 +116,9 @@ LRESULT CWnd::WindowProc(const WindowMessage& message) {
     return result;
 }
 
-LRESULT CWnd::Default() { return DefWindowProc(current); }
+LRESULT CWnd::Default() {
+    return DefWindowProc(current);
+}
 
 LRESULT CWnd::DefWindowProc(const WindowMessage& message) {
     return formerProcedure == nullptr

@@ -6,8 +6,8 @@
 #include "framework/MessageMap.h"
 
 // A window is destroyed by its parent or by DestroyWindow; the object outlives it and is then unbound. The
-// handle map is locked, since the install thread opens windows too; everything else belongs to the thread that
-// made the window.
+// handle map is locked, since the install thread opens windows too; everything else belongs to the thread
+// that made the window.
 class CWnd {
 public:
     CWnd() = default;

@@ -39,16 +39,18 @@ struct EventsOf {
     // A window message, registered ones included. The handler gets both parameters and gives the result.
     static MessageMapEntry Message(UINT message, LRESULT (Window::*handler)(WPARAM, LPARAM)) {
         return {.matches = [message](const WindowMessage& m) { return m.message == message; },
-                .handle = [handler](CWnd& window, const WindowMessage& m) {
-                    return (static_cast<Window&>(window).*handler)(m.wParam, m.lParam);
-                }};
+                .handle =
+                    [handler](CWnd& window, const WindowMessage& m) {
+                        return (static_cast<Window&>(window).*handler)(m.wParam, m.lParam);
+                    }};
     }
 
     // A click on the control with this id (or its menu item or key).
     static MessageMapEntry Click(UINT id, void (Window::*handler)()) {
         return {.matches =
                     [id](const WindowMessage& m) {
-                        return m.message == WM_COMMAND && LOWORD(m.wParam) == id && HIWORD(m.wParam) == BN_CLICKED;
+                        return m.message == WM_COMMAND && LOWORD(m.wParam) == id &&
+                               HIWORD(m.wParam) == BN_CLICKED;
                     },
                 .handle = [handler](CWnd& window, const WindowMessage&) -> LRESULT {
                     (static_cast<Window&>(window).*handler)();

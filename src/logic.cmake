@@ -15,6 +15,7 @@ set(KESTRUNE_LOGIC_SOURCES
   src/settings/ElementNames.cpp
   src/settings/FilterDocument.cpp
   src/settings/IndexedDocument.cpp
+  src/settings/InstallSettings.cpp
   src/settings/KeyedValues.cpp
   src/settings/LanguageTable.cpp
   src/settings/SettingsMerge.cpp

@@ -7,8 +7,8 @@ void Application::launch() {
     PROCESS_INFORMATION processInformation{};
     // The system may write into the command line, so it gets a copy.
     std::wstring line = commandLine;
-    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, creationFlags | DETACHED_PROCESS, nullptr,
-                       nullptr, &startupInfo, &processInformation) == FALSE) {
+    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, creationFlags | DETACHED_PROCESS,
+                       nullptr, nullptr, &startupInfo, &processInformation) == FALSE) {
         throw Win32Exception(L"Application::launch()", GetLastError(), L"CommonLib/Application");
     }
     process.reset(processInformation.hProcess);

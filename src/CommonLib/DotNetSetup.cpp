@@ -28,8 +28,9 @@ DWORD WaitForExit(HANDLE process) {
 
 void WriteOutcome(DWORD exitCode) {
     Logger& logger = Logger::GetInstance();
-    logger.WriteBasic(LogLevel::None, LogApplication::DotNetInstall,
-                      exitCode == 0 ? L"Installing .Net Framework succeeded" : L"Installing .Net Framework failed");
+    logger.WriteBasic(
+        LogLevel::None, LogApplication::DotNetInstall,
+        exitCode == 0 ? L"Installing .Net Framework succeeded" : L"Installing .Net Framework failed");
     logger.WriteAdvanced(LogLevel::None, LogApplication::DotNetInstall,
                          L"Installing .Net Framework exitCode = " + ToDecimalString(exitCode));
 }
@@ -44,8 +45,8 @@ std::uint32_t InstallDotNetRuntime(const std::wstring& setupPath) {
 
     STARTUPINFOW startupInfo{.cb = sizeof(STARTUPINFOW)};
     PROCESS_INFORMATION processInformation{};
-    if (CreateProcessW(setupPath.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
-                       nullptr, &startupInfo, &processInformation) == FALSE) {
+    if (CreateProcessW(setupPath.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
+                       nullptr, nullptr, &startupInfo, &processInformation) == FALSE) {
         return 0;
     }
     const KernelHandle process(processInformation.hProcess);
@@ -57,7 +58,8 @@ std::uint32_t InstallDotNetRuntime(const std::wstring& setupPath) {
 
 std::uint32_t IsDotNetInstalled(const std::wstring& registryKey) {
     RegistryKey key;
-    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, registryKey.c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS) return 0;
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, registryKey.c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS)
+        return 0;
     DWORD value = 0;
     DWORD size = sizeof(value);
     RegQueryValueExW(key.get(), L"Install", nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size);

@@ -21,7 +21,8 @@ size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths, c
     while (more) {
         more = finder.FindNextFile();
         if (finder.IsDots()) continue;
-        // The name is sought in the filter and not the other way round: a filter lists the files it stands for.
+        // The name is sought in the filter and not the other way round: a filter lists the files it stands
+        // for.
         if (!nameFilter.empty() && nameFilter.find(finder.GetFileName()) == std::wstring::npos) continue;
         paths.push_back(finder.GetFilePath());
     }

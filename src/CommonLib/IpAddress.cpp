@@ -1,13 +1,13 @@
 #include "CommonLib/IpAddress.h"
 
-#include <windows.h>
-
 #include <winsock2.h>
+
 #include <ws2tcpip.h>
 
 #include <array>
 
 #include "CommonLib/Logger.h"
+#include "CommonLib/SystemLibrary.h"
 #include "framework/Handles.h"
 
 namespace {
@@ -18,7 +18,7 @@ using InetPtonFunction = int(WSAAPI*)(int family, const wchar_t* text, void* add
 
 int IsValidIpAddress(const std::wstring& text) {
     // Loaded by name, because systems before Vista lack the function.
-    const Library library(LoadLibraryExW(L"Ws2_32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
+    const Library library = LoadSystemLibrary(L"Ws2_32.dll");
     if (!library) {
         LogBasic(L"Ws2_32.dll not found in the system");
         return 0;

@@ -29,9 +29,13 @@ LogTime LocalTime() {
 
 }  // namespace
 
-Logger& Logger::GetInstance() { return singleton.Get(); }
+Logger& Logger::GetInstance() {
+    return singleton.Get();
+}
 
-void Logger::DestroyInstance() { singleton.Destroy(); }
+void Logger::DestroyInstance() {
+    singleton.Destroy();
+}
 
 Logger::Logger() {
     try {
@@ -58,11 +62,13 @@ void Logger::WriteBasic(std::wstring_view level, std::wstring_view application, 
     }
 }
 
-void Logger::WriteAdvanced(std::wstring_view level, std::wstring_view application, std::wstring_view message) {
+void Logger::WriteAdvanced(std::wstring_view level, std::wstring_view application,
+                           std::wstring_view message) {
     try {
         if (!IsAdvancedEnabled()) return;
         const LogOrigin origin{.processId = GetCurrentProcessId(), .threadId = GetCurrentThreadId()};
-        AppendToFile(GetAdvancedLogPath(), FormatAdvancedRecord(level, LocalTime(), origin, application, message));
+        AppendToFile(GetAdvancedLogPath(),
+                     FormatAdvancedRecord(level, LocalTime(), origin, application, message));
     } catch (const Win32Exception&) {
         return;
     } catch (const std::runtime_error&) {
@@ -91,21 +97,23 @@ std::wstring Logger::RegistryKeyPath() {
 
 bool Logger::IsAdvancedEnabled() {
     RegistryKey key;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, RegistryKeyPath().c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS) {
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, RegistryKeyPath().c_str(), 0, KEY_READ, key.put()) !=
+        ERROR_SUCCESS) {
         return false;
     }
     DWORD value = 0;
     DWORD size = sizeof(value);
-    return RegQueryValueExW(key.get(), L"StartLog", nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size) ==
-               ERROR_SUCCESS &&
+    return RegQueryValueExW(key.get(), L"StartLog", nullptr, nullptr, reinterpret_cast<BYTE*>(&value),
+                            &size) == ERROR_SUCCESS &&
            value != 0;
 }
 
 void Logger::AppendToFile(const std::wstring& path, const std::wstring& text) {
     if (!lock) throw Win32Exception(L"InterProcessLock has no name", 0, L"CommonLib/InterProcessLock");
     const InterProcessLockGuard guard(*lock);
-    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                      nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return;
     // The size's low 32 bits alone place the record, and this is meant.
     LONG highPart = 0;

@@ -13,8 +13,8 @@ class Mutex {
 public:
     void SetName(const std::wstring& mutexName) { name = mutexName; }
 
-    // Creates the mutex, not owned, or opens the one of that name, and keeps the handle. The attributes may be
-    // null. Throws Win32Exception.
+    // Creates the mutex, not owned, or opens the one of that name, and keeps the handle. The attributes may
+    // be null. Throws Win32Exception.
     HANDLE createMutex(SECURITY_ATTRIBUTES* attributes, const std::wstring& mutexName);
     // Opens an existing mutex with full access and keeps the handle. Throws Win32Exception if there is none.
     HANDLE openMutex(const std::wstring& mutexName);

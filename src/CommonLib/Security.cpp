@@ -11,8 +11,10 @@ constexpr wchar_t sourceName[] = L"CommonLib/Security";
 }  // namespace
 
 void Security::doApply(HANDLE kernelObject) {
-    if (SetKernelObjectSecurity(kernelObject, DACL_SECURITY_INFORMATION, attributes.lpSecurityDescriptor) == FALSE) {
-        throw Win32Exception(L"Security::doApply() SetKernelObjectSecurity failed ", GetLastError(), sourceName);
+    if (SetKernelObjectSecurity(kernelObject, DACL_SECURITY_INFORMATION, attributes.lpSecurityDescriptor) ==
+        FALSE) {
+        throw Win32Exception(L"Security::doApply() SetKernelObjectSecurity failed ", GetLastError(),
+                             sourceName);
     }
 }
 
@@ -21,10 +23,11 @@ void Security::doApply(HKEY registryKey) {
     BOOL defaulted = FALSE;
     PACL list = nullptr;
     if (GetSecurityDescriptorDacl(attributes.lpSecurityDescriptor, &present, &list, &defaulted) == FALSE) {
-        throw Win32Exception(L"Security::doApply() GetSecurityDescriptorDacl failed ", GetLastError(), sourceName);
+        throw Win32Exception(L"Security::doApply() GetSecurityDescriptorDacl failed ", GetLastError(),
+                             sourceName);
     }
-    const DWORD code =
-        SetSecurityInfo(registryKey, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr, nullptr, list, nullptr);
+    const DWORD code = SetSecurityInfo(registryKey, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr,
+                                       nullptr, list, nullptr);
     if (code != ERROR_SUCCESS) {
         throw Win32Exception(L"Security::doApply() SetSecurityInfo failed ", code, sourceName);
     }

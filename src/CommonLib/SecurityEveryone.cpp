@@ -12,7 +12,8 @@ void Require(BOOL succeeded, const wchar_t* message,
     if (succeeded == FALSE) throw Win32Exception(message, GetLastError(), sourceName, position);
 }
 
-constexpr wchar_t descriptorFailed[] = L"SecurityEveryone::SecurityEveryone() InitializeSecurityDescriptor failed";
+constexpr wchar_t descriptorFailed[] =
+    L"SecurityEveryone::SecurityEveryone() InitializeSecurityDescriptor failed";
 
 }  // namespace
 

@@ -4,8 +4,10 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 // A static object of this type holds the one T. T's constructor may be private with this class as a friend.
+// An object that nobody destroys lives until the process is gone: a worker may still use it at the very end.
 template <class T>
 class Singleton {
 public:
@@ -14,7 +16,7 @@ public:
         if (!created.load(std::memory_order_acquire)) {
             const std::lock_guard guard(lock);
             if (!created.load(std::memory_order_relaxed)) {
-                instance.reset(new T);
+                instance = std::unique_ptr<T>(new T).release();
                 created.store(true, std::memory_order_release);
             }
         }
@@ -25,11 +27,11 @@ public:
     void Destroy() {
         const std::lock_guard guard(lock);
         created.store(false, std::memory_order_release);
-        instance.reset();
+        const std::unique_ptr<T> last(std::exchange(instance, nullptr));
     }
 
 private:
     std::atomic<bool> created = false;
     std::mutex lock;
-    std::unique_ptr<T> instance;
+    T* instance = nullptr;
 };

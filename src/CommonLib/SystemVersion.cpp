@@ -7,9 +7,9 @@
 namespace {
 
 // The names by id, from 1. Ids 1 to 7 are older systems, which GetWindowsVersionId does not tell apart.
-constexpr std::array versionNames = {
-    L"WINDOWS_95",   L"WINDOWS_98", L"WINDOWS_ME",          L"WINDOWS_NT4",   L"WINDOWS_2000", L"WINDOWS_XP",
-    L"WINDOWS_SERVER_2003", L"WINDOWS_VISTA", L"WINDOWS_7", L"WINDOWS_8", L"WINDOWS_BLUE"};
+constexpr std::array versionNames = {L"WINDOWS_95",   L"WINDOWS_98", L"WINDOWS_ME",          L"WINDOWS_NT4",
+                                     L"WINDOWS_2000", L"WINDOWS_XP", L"WINDOWS_SERVER_2003", L"WINDOWS_VISTA",
+                                     L"WINDOWS_7",    L"WINDOWS_8",  L"WINDOWS_BLUE"};
 
 }  // namespace
 
@@ -23,8 +23,8 @@ bool IsWindowsVersionOrGreater(std::uint16_t minorVersion) {
     for (const DWORD field : {VER_MAJORVERSION, VER_MINORVERSION, VER_SERVICEPACKMAJOR}) {
         conditions = VerSetConditionMask(conditions, field, VER_GREATER_EQUAL);
     }
-    return VerifyVersionInfoW(&wanted, VER_MAJORVERSION | VER_MINORVERSION | VER_SERVICEPACKMAJOR, conditions) !=
-           FALSE;
+    return VerifyVersionInfoW(&wanted, VER_MAJORVERSION | VER_MINORVERSION | VER_SERVICEPACKMAJOR,
+                              conditions) != FALSE;
 }
 
 int GetWindowsVersionId() {

@@ -14,14 +14,15 @@ Win32Exception::Win32Exception(std::wstring text, std::uint32_t errorCode, std::
 
 std::wstring Win32Exception::getCodeText() const {
     const auto errorCode = static_cast<std::uint32_t>(getCode());
-    return errorCode == 0 ? std::wstring() : L"Win32(" + ToDecimalString(errorCode) + SystemMessage(errorCode);
+    return errorCode == 0 ? std::wstring()
+                          : L"Win32(" + ToDecimalString(errorCode) + SystemMessage(errorCode);
 }
 
 std::wstring SystemMessage(std::uint32_t code) {
     constexpr DWORD englishUnitedStates = 1033;
     std::array<wchar_t, 256> buffer{};
-    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code,
-                                        englishUnitedStates, buffer.data(), buffer.size(), nullptr);
+    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                        code, englishUnitedStates, buffer.data(), buffer.size(), nullptr);
     if (length == 0) return L"Error getting message:" + ToDecimalString(GetLastError());
     std::wstring text(buffer.data(), length);
     std::erase(text, L'\r');

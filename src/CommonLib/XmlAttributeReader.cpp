@@ -12,7 +12,8 @@ using Microsoft::WRL::ComPtr;
 
 constexpr std::uint32_t elementNotFound = 1168;
 // The document class of MSXML 3, which every system has.
-constexpr CLSID msxml3Document = {0xF5078F32, 0xC551, 0x11D3, {0x89, 0xB9, 0x00, 0x00, 0xF8, 0x1F, 0xE2, 0x21}};
+constexpr CLSID msxml3Document = {
+    0xF5078F32, 0xC551, 0x11D3, {0x89, 0xB9, 0x00, 0x00, 0xF8, 0x1F, 0xE2, 0x21}};
 
 void Require(HRESULT result, int line) {
     if (FAILED(result)) {
@@ -74,7 +75,8 @@ XmlAttributeReader::~XmlAttributeReader() {
 
 void XmlAttributeReader::CreateDocument() {
     ComPtr<IUnknown> created;
-    if (FAILED(CoCreateInstance(msxml3Document, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&created)))) return;
+    if (FAILED(CoCreateInstance(msxml3Document, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&created))))
+        return;
     if (FAILED(OleRun(created.Get()))) return;
     static_cast<void>(created.As(&document));
 }

@@ -83,7 +83,8 @@ void InstallSettings::ResolveConfigExePaths() {
         ExtractTool(package.empty() ? folder : package);
 
         std::vector<std::wstring> programs;
-        FindFiles(GetTemporaryFolder() + L"ArdentisKit\\" + GetString(Tag::OEM) + L"\\ArdentisKit\\", programs, L"exe");
+        FindFiles(GetTemporaryFolder() + L"ArdentisKit\\" + GetString(Tag::OEM) + L"\\ArdentisKit\\",
+                  programs, L"exe");
         TagDocument::SetElement(device, Tag::CONFIG_EXE_PATH, LastPathWith(programs, L"Ardentis.exe"));
     }
     SetDevices(std::move(resolved));

@@ -27,7 +27,8 @@ void InstallSettings::BuildInfoCenterLinks(const std::wstring& model, const std:
     } else {
         const std::wstring code = GetProductCode(model, series);
         link += L"?productCode=" + FormatCodeForLink(code) + L"&loc=" + GetLanguageCode();
-        label = FormatWithArgument(Localizer::GetInstance().GetString(TextKey::DISCOVERY_INFOCENTER_LINK_LABEL), code);
+        label = FormatWithArgument(
+            Localizer::GetInstance().GetString(TextKey::DISCOVERY_INFOCENTER_LINK_LABEL), code);
     }
     SetString(Tag::INFOCENTER_SHORTCUT, label);
     SetString(Tag::EXACT_INFOCENTER_LINK, link);
@@ -40,6 +41,7 @@ std::wstring InstallSettings::GetProductCode(const std::wstring& model, const st
 
 std::wstring InstallSettings::FormatCodeForLink(const std::wstring& code) const {
     const auto formatted = FormatProductCode(code, GetString(Tag::OEM_NAME));
-    if (!formatted) LogBasic(L"A product code ends with the brand and has no code behind it: " + code, LogLevel::Error);
+    if (!formatted)
+        LogBasic(L"A product code ends with the brand and has no code behind it: " + code, LogLevel::Error);
     return formatted.value_or(L"");
 }

@@ -13,13 +13,19 @@ namespace {
 
 Singleton<InstallSettings> singleton;
 
-constexpr std::wstring_view FlagText(bool flag) { return flag ? L"true" : L"false"; }
+constexpr std::wstring_view FlagText(bool flag) {
+    return flag ? L"true" : L"false";
+}
 
 }  // namespace
 
-InstallSettings& InstallSettings::GetInstance() { return singleton.Get(); }
+InstallSettings& InstallSettings::GetInstance() {
+    return singleton.Get();
+}
 
-void InstallSettings::DestroyInstance() { singleton.Destroy(); }
+void InstallSettings::DestroyInstance() {
+    singleton.Destroy();
+}
 
 std::wstring InstallSettings::GetString(std::wstring_view tag) const {
     const std::lock_guard guard(lock);
@@ -28,8 +34,9 @@ std::wstring InstallSettings::GetString(std::wstring_view tag) const {
 
 bool InstallSettings::GetBool(std::wstring_view tag) const {
     std::wstring value = GetString(tag);
-    std::transform(value.begin(), value.end(), value.begin(),
-                   [](wchar_t c) { return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c))); });
+    std::transform(value.begin(), value.end(), value.begin(), [](wchar_t c) {
+        return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c)));
+    });
     return value == L"true" || value == L"1";
 }
 
@@ -38,7 +45,9 @@ void InstallSettings::SetString(std::wstring_view tag, std::wstring_view value) 
     TagDocument::SetElement(document, tag, value);
 }
 
-void InstallSettings::SetBool(std::wstring_view tag, bool flag) { SetString(tag, FlagText(flag)); }
+void InstallSettings::SetBool(std::wstring_view tag, bool flag) {
+    SetString(tag, FlagText(flag));
+}
 
 void InstallSettings::SetStrings(std::initializer_list<NamedText> values) {
     for (const auto& [tag, value] : values) SetString(tag, value);
@@ -93,7 +102,9 @@ void InstallSettings::AppendStartApp(std::wstring_view text) {
                             TagDocument::ValueOf(document, Tag::STARTAPP).append(text));
 }
 
-std::wstring InstallSettings::GetStartApp() const { return GetString(Tag::STARTAPP); }
+std::wstring InstallSettings::GetStartApp() const {
+    return GetString(Tag::STARTAPP);
+}
 
 std::wstring InstallSettings::StripMarker() const {
     const std::lock_guard guard(lock);

@@ -13,9 +13,9 @@
 
 struct MSI_APP;
 
-// Holds one tag document, filled at start from the package's settings files and never saved. Each operation is
-// safe on any thread; what several operations mean together rests on the order of the wizard: a page leaves
-// alone what a running service writes. A missing tag is no error anywhere: it reads as empty or false.
+// Holds one tag document, filled at start from the package's settings files and never saved. Each operation
+// is safe on any thread; what several operations mean together rests on the order of the wizard: a page
+// leaves alone what a running service writes. A missing tag is no error anywhere: it reads as empty or false.
 class InstallSettings {
 public:
     using NamedText = std::pair<std::wstring_view, std::wstring_view>;
@@ -38,14 +38,16 @@ public:
     std::vector<std::wstring> GetAllValues(std::wstring_view tag) const;
     // The values of a repeated tag that hold the separator, as key and value around its first occurrence; the
     // first entry of a key is kept.
-    std::map<std::wstring, std::wstring> GetKeyedValues(std::wstring_view tag, std::wstring_view separator) const;
+    std::map<std::wstring, std::wstring> GetKeyedValues(std::wstring_view tag,
+                                                        std::wstring_view separator) const;
 
     // The device documents of a predefined configuration, in file order.
     std::vector<std::wstring> GetDevices() const;
     void SetDevices(std::vector<std::wstring> documents);
     // The non-empty values of the tag in the device documents.
     std::vector<std::wstring> GetDeviceValues(std::wstring_view tag) const;
-    // Sets the tag in each device document; a fax driver that is to be on "USB" gets its three port tags instead.
+    // Sets the tag in each device document; a fax driver that is to be on "USB" gets its three port tags
+    // instead.
     void SetDeviceValue(std::wstring_view tag, std::wstring_view value);
     // Puts each device on a network port; an empty port name stands for the address.
     void SetNetworkPort(std::wstring_view address, std::wstring_view portName);
@@ -58,10 +60,11 @@ public:
     // The whole document without the start marker, for the log.
     std::wstring StripMarker() const;
 
-    // Reads defaultInstallSettings.xml into the document. Gives 0, or the error number of a file that cannot be
-    // opened; the document then stays empty.
+    // Reads defaultInstallSettings.xml into the document. Gives 0, or the error number of a file that cannot
+    // be opened; the document then stays empty.
     int LoadDefaults();
-    // Lays the file's elements over the document. Gives 0, or the error number of a file that cannot be opened.
+    // Lays the file's elements over the document. Gives 0, or the error number of a file that cannot be
+    // opened.
     int MergeFile(const std::wstring& path);
 
     // True only for the exact word "TRUE", unlike GetBool, and this is meant.

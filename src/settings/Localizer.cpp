@@ -7,6 +7,7 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
+#include "CommonLib/SystemLibrary.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/SystemVersion.h"
 #include "CommonLib/TextFile.h"
@@ -44,7 +45,7 @@ bool ReadLanguageFile(const std::wstring& path, std::wstring& text) {
 // The user's language identifier as the system's newer locale functions know it, 0 without them.
 unsigned long NewerUserLanguage() {
     using GetLocaleInfoExFunction = int(WINAPI*)(const wchar_t*, LCTYPE, wchar_t*, int);
-    const Library library(LoadLibraryExW(L"Kernel32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
+    const Library library = LoadSystemLibrary(L"Kernel32.dll");
     const auto ask =
         library ? FindExport<GetLocaleInfoExFunction>(library.get(), "GetLocaleInfoEx") : nullptr;
     std::array<wchar_t, 85> answer{};
@@ -54,9 +55,13 @@ unsigned long NewerUserLanguage() {
 
 }  // namespace
 
-Localizer& Localizer::GetInstance() { return singleton.Get(); }
+Localizer& Localizer::GetInstance() {
+    return singleton.Get();
+}
 
-void Localizer::DestroyInstance() { singleton.Destroy(); }
+void Localizer::DestroyInstance() {
+    singleton.Destroy();
+}
 
 Localizer::Localizer() {
     const std::wstring folder = GetExeDirectory() + L"\\..\\res\\";
@@ -82,13 +87,16 @@ std::wstring Localizer::GetString(std::wstring_view key) const {
     int surplus = 0;
     std::wstring value = ReduceAccessKeys(TagDocument::ValueOf(text, key), surplus);
     for (; surplus > 0; --surplus) {
-        LogAdvanced(std::wstring(L"Localizer::GetString, multiple access keys found: ").append(key), LogLevel::Error);
-    }
-    TagExpansion expansion = ExpandTags(
-        std::move(value), [](std::wstring_view tag) { return InstallSettings::GetInstance().GetString(tag); });
-    if (expansion.endless) {
-        LogAdvanced(std::wstring(L"Localizer::GetString, the settings values in a text never end: ").append(key),
+        LogAdvanced(std::wstring(L"Localizer::GetString, multiple access keys found: ").append(key),
                     LogLevel::Error);
+    }
+    TagExpansion expansion = ExpandTags(std::move(value), [](std::wstring_view tag) {
+        return InstallSettings::GetInstance().GetString(tag);
+    });
+    if (expansion.endless) {
+        LogAdvanced(
+            std::wstring(L"Localizer::GetString, the settings values in a text never end: ").append(key),
+            LogLevel::Error);
     }
     return expansion.text;
 }
@@ -98,7 +106,9 @@ std::wstring GetLanguageCode() {
     return MapLanguage(languageId & primaryLanguageBits, languageId);
 }
 
-bool IsRightToLeft() { return Localizer::GetInstance().GetString(TextKey::READING_ORDER) == L"RTL"; }
+bool IsRightToLeft() {
+    return Localizer::GetInstance().GetString(TextKey::READING_ORDER) == L"RTL";
+}
 
 bool IsRightToLeftLocale() {
     const unsigned long language =

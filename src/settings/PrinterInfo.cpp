@@ -8,7 +8,6 @@
 #include <span>
 
 #include "CommonLib/SystemVersion.h"
-#include "catalogue/DriverInfo.h"
 #include "catalogue/MSI_APP.h"
 #include "settings/DerivedNames.h"
 #include "settings/InstallSettings.h"
@@ -66,22 +65,8 @@ std::wstring InstallSettings::GetDefaultDriver(const std::wstring& colourClass) 
     return GetString(DefaultDriverTag(colourClass, IsWindowsVersionOrGreater(windows8)));
 }
 
-bool InstallSettings::IsAmazonSupported() const { return GetString(Tag::AMAZON_SUPPORTED) == L"TRUE"; }
-
-void InstallSettings::ApplyDetectedName(const std::wstring& printerName) {
-    std::vector<std::wstring> named = GetDevices();
-    for (std::wstring& device : named) {
-        std::wstring detect;
-        if (!TagDocument::FindValue(device, Tag::DETECT_PRINTER, detect)) continue;
-        if (detect == L"true" || detect == L"True" || detect == L"TRUE") {
-            const std::wstring driverId = TagDocument::ValueOf(device, Tag::DRIVER_ID);
-            const std::wstring stream = DriverInfo::GetInstance().GetDriver(driverId).streamDisplayName;
-            TagDocument::SetElement(device, Tag::PRINTER_NAME,
-                                    stream.empty() ? printerName : printerName + L" " + stream);
-        }
-        TagDocument::RemoveElement(device, Tag::DETECT_PRINTER);
-    }
-    SetDevices(std::move(named));
+bool InstallSettings::IsAmazonSupported() const {
+    return GetString(Tag::AMAZON_SUPPORTED) == L"TRUE";
 }
 
 bool InstallSettings::PortNeedsAdding(const std::wstring& portType, const std::wstring& portName) const {

@@ -10,8 +10,8 @@
 #include "settings/TagNames.h"
 
 int InstallSettings::ReadFromFile(const std::wstring& path, std::wstring& text) {
-    // Each piece is decoded by itself, so a character that a piece's end splits is lost; a line is not meant to
-    // be that long.
+    // Each piece is decoded by itself, so a character that a piece's end splits is lost; a line is not meant
+    // to be that long.
     const int error = ReadTextPieces(path, [&](std::string_view piece) { text += Utf8ToWide(piece); });
     if (error != 0) {
         LogAdvanced(L"InstallSettings::ReadFromFile(), Loading InstallSettings file failed! " + path,
@@ -50,7 +50,8 @@ void InstallSettings::ApplyVendor() {
         SetString(Tag::OEM, L"Printer");
         Logger::GetInstance().SetVendor(L"Printer");
         LogBasic(
-            L"Default Settings file does not have Vendor name. Bad configuration found. Ensure UTF-8 file format "
+            L"Default Settings file does not have Vendor name. Bad configuration found. Ensure UTF-8 file "
+            L"format "
             L"is used.",
             LogLevel::Error);
     } else {

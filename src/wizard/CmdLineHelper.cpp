@@ -24,7 +24,9 @@ CmdLineHelper& CmdLineHelper::GetInstance() {
     return *instance;
 }
 
-void CmdLineHelper::DestroyInstance() { instance.reset(); }
+void CmdLineHelper::DestroyInstance() {
+    instance.reset();
+}
 
 void CmdLineHelper::ParseParam(const std::wstring& parameter, bool isFlag, bool) {
     if (!isFlag) {

@@ -24,6 +24,8 @@ public:
 
     // The value of an option, empty if it was not given.
     std::wstring GetValue(Option option) const;
+    // The option of the last parameter, None if that was not recognised.
+    Option GetCurrent() const { return current; }
 
 private:
     Option current = Option::None;

@@ -1,0 +1,58 @@
+# Windows for the tests and the demo: Wine prefixes below the build folder. Sourced, behind common.sh.
+#
+# A prefix takes ten seconds to make, so one template is made per build folder, and each suite runs in a copy of
+# it whose system files are hard links.
+
+wine_home=$root/build/wine
+wine_template=$wine_home/template
+
+export WINEDEBUG=-all LANG=C.UTF-8 HOME=$wine_home/home
+unset LC_ALL
+
+# Ends the prefix's server and all its programs.
+wine_stop() {
+    WINEPREFIX=$1 wineserver -k 2> /dev/null || true
+    WINEPREFIX=$1 wineserver -w 2> /dev/null || true
+}
+
+wine_make_template() {
+    [ -f "$wine_template/ready" ] && return
+    say "Making a Wine prefix"
+    rm -rf "$wine_template"
+    mkdir -p "$wine_template" "$HOME"
+    export WINEPREFIX=$wine_template
+    WINEDLLOVERRIDES='winemenubuilder.exe=d;mscoree=d;mshtml=d' wineboot -i > /dev/null 2>&1
+    wine winecfg -v win10 > /dev/null 2>&1
+    # A crash is to be an exit code and not a dialog that waits, and keys are to reach every window.
+    wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f > /dev/null
+    wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d kestrune /f > /dev/null
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v kestrune /d 1024x768 /f > /dev/null
+    wineserver -k || true
+    wineserver -w || true
+    # The user's folders are links into the real home at first.
+    local link
+    find "$wine_template/drive_c/users" -type l | while read -r link; do
+        rm "$link"
+        mkdir "$link"
+    done
+    touch "$wine_template/ready"
+}
+
+# wine_new_prefix DIR: a fresh prefix from the template; its server stays up until wine_stop.
+wine_new_prefix() {
+    wine_make_template
+    [ ! -d "$1" ] || wine_stop "$1"
+    rm -rf "$1"
+    mkdir -p "$1/drive_c"
+    local entry
+    for entry in "$wine_template"/drive_c/*; do
+        case $entry in
+            */windows) cp -al "$entry" "$1/drive_c/" ;;
+            *) cp -a "$entry" "$1/drive_c/" ;;
+        esac
+    done
+    # The server writes into its registry files in place, so they are real copies.
+    cp -a "$wine_template"/dosdevices "$wine_template"/*.reg "$wine_template"/.update-timestamp "$1/"
+    export WINEPREFIX=$1
+    wineserver -p
+}

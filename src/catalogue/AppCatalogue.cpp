@@ -1,0 +1,38 @@
+#include "catalogue/AppCatalogue.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace {
+
+Singleton<AppCatalogue> singleton;
+
+}  // namespace
+
+AppCatalogue& AppCatalogue::GetInstance() {
+    return singleton.Get();
+}
+
+std::list<MSI_APP> AppCatalogue::Select(std::wstring_view filter) const {
+    const std::lock_guard guard(lock);
+    std::list<MSI_APP> selected;
+    std::copy_if(records.begin(), records.end(), std::back_inserter(selected),
+                 [&](const MSI_APP& record) { return record.Matches(filter); });
+    return selected;
+}
+
+void AppCatalogue::Clear() {
+    const std::lock_guard guard(lock);
+    records.clear();
+}
+
+void AppCatalogue::Append(MSI_APP record) {
+    const std::lock_guard guard(lock);
+    records.push_back(std::move(record));
+}
+
+void AppCatalogue::Update(const std::function<void(MSI_APP&)>& change) {
+    const std::lock_guard guard(lock);
+    std::for_each(records.begin(), records.end(), change);
+}

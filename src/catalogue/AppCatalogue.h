@@ -1,0 +1,32 @@
+// The packages of the tree that are not drivers, in scan order.
+#pragma once
+
+#include <functional>
+#include <list>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+#include "CommonLib/Singleton.h"
+#include "catalogue/MSI_APP.h"
+
+// Built once at start; afterwards only flags and the status of records change. Safe on any thread.
+class AppCatalogue {
+public:
+    static AppCatalogue& GetInstance();
+
+    // Copies of the records that pass the filter document, in catalogue order; an empty filter passes all.
+    std::list<MSI_APP> Select(std::wstring_view filter) const;
+
+    void Clear();
+    void Append(MSI_APP record);
+    // Changes the records in place, in catalogue order. The change must not come back to the catalogue.
+    void Update(const std::function<void(MSI_APP&)>& change);
+
+private:
+    friend class Singleton<AppCatalogue>;
+    AppCatalogue() = default;
+
+    mutable std::mutex lock;
+    std::list<MSI_APP> records;
+};

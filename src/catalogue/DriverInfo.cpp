@@ -1,0 +1,151 @@
+#include "catalogue/DriverInfo.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "CommonLib/Files.h"
+#include "CommonLib/Logger.h"
+#include "CommonLib/SystemVersion.h"
+#include "CommonLib/TextUtilities.h"
+#include "catalogue/MsiCodes.h"
+#include "catalogue/PackageProperties.h"
+#include "catalogue/PackageReader.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+constexpr std::uint16_t windows8 = 2;
+
+Singleton<DriverInfo> singleton;
+
+std::vector<std::wstring> FindDriverFiles() {
+    const std::wstring root = GetExeDirectory() + L"\\..\\..\\Drivers\\";
+    std::vector<std::wstring> paths;
+    FindFiles(root + L"x64\\", paths, L"msi");
+    FindFiles(root + L"x86_x64\\", paths, L"msi");
+    return paths;
+}
+
+// The properties that printer drivers and the others have alike; a failed read keeps the field.
+void ReadCommonProperties(IMsiInterface& msi, const std::wstring& language, MSI_APP& record) {
+    const auto read = [&](const wchar_t* name, std::wstring& field) {
+        return ReadProperty(msi, record.msiPath, language, name, field) == MsiCode::Success;
+    };
+    read(L"ProductName", record.productName);
+    if (!read(L"DEVICETYPE", record.deviceType)) LogAdvanced(L"Failed to get DEVICETYPE property.");
+    read(L"STARTAPP", record.startApp);
+    read(L"SecureCustomProperties", record.secureCustomProperties);
+    std::wstring size;
+    if (read(L"INSTALLSIZE", size)) record.installSizeMb = InstallSizeInMb(size);
+    read(L"ProductVersion", record.productVersion);
+}
+
+auto HasId(const std::wstring& driverId) {
+    return [&driverId](const MSI_APP& record) { return record.driverId == driverId; };
+}
+
+}  // namespace
+
+DriverInfo& DriverInfo::GetInstance() {
+    return singleton.Get();
+}
+
+void DriverInfo::PopulateDriverList(IMsiInterface& msi) {
+    LogAdvanced(L"DriverInfo::PopulateDriverList()");
+    const std::vector<std::wstring> paths = FindDriverFiles();
+    LoadAcceptedDriverTypes();
+    const std::wstring language = Localizer::GetInstance().GetString(TextKey::LANGUAGE_ID);
+    for (const std::wstring& path : paths) {
+        MSI_APP record;
+        record.isSelected = true;
+        record.isSupportedDriver = true;
+        record.msiPath = path;
+        LogAdvanced(L"Getting Properties for: " + path);
+        if (!ReadDriverProperties(msi, language, record)) continue;
+        ReadInstalledState(msi, record);
+        ReadCommonProperties(msi, language, record);
+        const std::lock_guard guard(lock);
+        driverInfoList.push_back(std::move(record));
+    }
+}
+
+void DriverInfo::LoadAcceptedDriverTypes() {
+    const bool newer = IsWindowsVersionOrGreater(windows8);
+    const std::wstring types =
+        InstallSettings::GetInstance().GetString(newer ? Tag::WIN8_DRVTYPES : Tag::WINXP_DRVTYPES);
+    LogAdvanced((newer ? L"Using WIN8_DRVTYPES: " : L"Using WINXP_DRVTYPES: ") + types);
+    const std::vector<std::wstring> accepted = AcceptedDriverTypes(types);
+    acceptedDriverTypes.insert(acceptedDriverTypes.end(), accepted.begin(), accepted.end());
+}
+
+// False for a printer driver of a type that this system does not accept.
+bool DriverInfo::ReadDriverProperties(IMsiInterface& msi, const std::wstring& language,
+                                      MSI_APP& record) const {
+    const auto read = [&](const wchar_t* name, std::wstring& field) {
+        return ReadProperty(msi, record.msiPath, language, name, field);
+    };
+    const std::uint32_t nameCode = read(L"DRIVERNAME", record.driverName);
+    if (nameCode != MsiCode::Success) {
+        LogAdvanced(L"Failed to get DRIVERNAME property. Return Code: " + ToDecimalString(nameCode));
+    }
+    if (read(L"DRIVERID", record.driverId) != MsiCode::Success) {
+        // The code is that of the name's reading, and this is meant.
+        LogAdvanced(L"Failed to get DRIVERID property. Return Code: " + ToDecimalString(nameCode));
+    }
+    ClassifyDriver(record);
+    if (!record.isPrinterDriver) return true;
+
+    // A driver that a predefined configuration names is selected, as every accepted driver is from the start.
+    if (std::find(acceptedDriverTypes.begin(), acceptedDriverTypes.end(), record.driverId) ==
+        acceptedDriverTypes.end()) {
+        LogAdvanced(L"DRIVERID " + record.driverId +
+                    L" is NOT supported. Not added to driver driverInfoList.");
+        return false;
+    }
+    record.isSupportedDriver = true;
+    LogAdvanced(L"DRIVERID " + record.driverId + L" is supported.");
+    if (read(L"STREAMDISPLAYNAME", record.streamDisplayName) != MsiCode::Success) {
+        LogAdvanced(L"Failed to get STREAMDISPLAYNAME property.");
+    }
+    std::wstring ombrel;
+    if (read(L"ISOMBRELSUPPORTED", ombrel) == MsiCode::Success && ombrel == L"TRUE") {
+        record.ombrelSupported = true;
+        LogAdvanced(record.driverName + L" Supports Ombrel.");
+    }
+    return true;
+}
+
+void DriverInfo::Clear() {
+    const std::lock_guard guard(lock);
+    driverInfoList.clear();
+}
+
+std::wstring DriverInfo::GetDriverPath(const std::wstring& driverId) const {
+    const std::lock_guard guard(lock);
+    const auto last = std::find_if(driverInfoList.rbegin(), driverInfoList.rend(), HasId(driverId));
+    return last == driverInfoList.rend() ? std::wstring() : last->msiPath;
+}
+
+bool DriverInfo::IsOmbrelSupported(const std::wstring& driverId) const {
+    const std::lock_guard guard(lock);
+    const auto last = std::find_if(driverInfoList.rbegin(), driverInfoList.rend(), HasId(driverId));
+    return last != driverInfoList.rend() && last->ombrelSupported;
+}
+
+std::vector<MSI_APP> DriverInfo::GetDrivers() const {
+    const std::lock_guard guard(lock);
+    return driverInfoList;
+}
+
+MSI_APP DriverInfo::GetDriver(const std::wstring& driverId) const {
+    const std::lock_guard guard(lock);
+    const auto first = std::find_if(driverInfoList.begin(), driverInfoList.end(), HasId(driverId));
+    return first == driverInfoList.end() ? MSI_APP() : *first;
+}
+
+void DriverInfo::Update(const std::function<void(MSI_APP&)>& change) {
+    const std::lock_guard guard(lock);
+    std::for_each(driverInfoList.begin(), driverInfoList.end(), change);
+}

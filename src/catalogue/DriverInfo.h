@@ -1,0 +1,48 @@
+// The driver packages of the tree that this system accepts.
+#pragma once
+
+#include <functional>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "CommonLib/Singleton.h"
+#include "catalogue/IMsiInterface.h"
+#include "catalogue/MSI_APP.h"
+
+// Several records may share an identifier. Filled once at start; afterwards only flags and the status of
+// records change. Safe on any thread.
+class DriverInfo {
+public:
+    static DriverInfo& GetInstance();
+
+    // Reads the Drivers folders and adds what this system accepts.
+    void PopulateDriverList(IMsiInterface& msi);
+    // Drops the records; the accepted driver types stay.
+    void Clear();
+
+    // The path of the last record with that identifier, or empty.
+    std::wstring GetDriverPath(const std::wstring& driverId) const;
+    // Of the last record with that identifier, false without one.
+    bool IsOmbrelSupported(const std::wstring& driverId) const;
+    // Copies of all records, in the order in which drivers are installed.
+    std::vector<MSI_APP> GetDrivers() const;
+    // A copy of the first record with that identifier, or a record with empty fields.
+    MSI_APP GetDriver(const std::wstring& driverId) const;
+
+    // Changes the records in place. The change must not come back to this object.
+    void Update(const std::function<void(MSI_APP&)>& change);
+
+private:
+    friend class Singleton<DriverInfo>;
+    DriverInfo() = default;
+
+    void LoadAcceptedDriverTypes();
+    bool ReadDriverProperties(IMsiInterface& msi, const std::wstring& language, MSI_APP& record) const;
+
+    // Guards the list; the accepted types are settled before other threads exist.
+    mutable std::mutex lock;
+    // In the order of insertion, across identifiers too.
+    std::vector<MSI_APP> driverInfoList;
+    std::vector<std::wstring> acceptedDriverTypes;
+};

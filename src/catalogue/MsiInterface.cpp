@@ -1,0 +1,166 @@
+#include "catalogue/MsiInterface.h"
+
+#include <algorithm>
+#include <memory>
+#include <mutex>
+#include <new>
+#include <vector>
+
+#include "CommonLib/Files.h"
+#include "CommonLib/Logger.h"
+#include "catalogue/MsiCodes.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
+#include "settings/TagDocument.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+// The exports of the library. Lengths count UTF-16 code units without the terminator.
+using InitializeFunction = void (*)();
+using EnableInstallLogFunction = void (*)(const wchar_t* name, std::uint64_t nameLength);
+using InstallAppFunction = std::uint32_t (*)(const wchar_t* path, std::uint32_t pathLength,
+                                             InstallProgressCallback callback, const wchar_t* command,
+                                             std::uint32_t commandLength);
+using UninstallAppFunction = std::uint32_t (*)(const wchar_t* path, std::uint32_t pathLength,
+                                               InstallProgressCallback callback);
+using CancelFunction = void (*)();
+using GetPropertiesFunction = std::uint32_t (*)(const wchar_t* path, const wchar_t* language, wchar_t* buffer,
+                                                std::uint32_t capacity, std::uint32_t* needed);
+using IsAppInstalledFunction = std::uint8_t (*)(const wchar_t* path, std::uint32_t pathLength,
+                                                std::uint8_t* upToDate, std::uint8_t* upgradable,
+                                                std::uint8_t* minorUpgrade, const wchar_t* language);
+
+constexpr std::uint32_t firstCapacity = 2048;
+
+std::uint32_t Length(const std::wstring& text) {
+    return static_cast<std::uint32_t>(text.size());
+}
+
+}  // namespace
+
+MsiInterface* MsiInterface::GetInstance() {
+    static std::once_flag once;
+    static MsiInterface* instance = nullptr;
+    std::call_once(once, [] {
+        try {
+            instance = std::make_unique<MsiInterface>(GetExeDirectory() + L"\\Brevanto.dll").release();
+        } catch (const std::bad_alloc&) {
+            instance = nullptr;
+        }
+    });
+    return instance;
+}
+
+MsiInterface::MsiInterface(const std::wstring& libraryPath) : library(LoadLibraryW(libraryPath.c_str())) {
+    if (!library) {
+        LogBasic(L"Failed to load Brevanto.dll!", LogLevel::Error);
+        return;
+    }
+    const auto initialize = Find<InitializeFunction>("MsiInitialize", L"Failed to find MsiInitialize method");
+    if (initialize != nullptr) initialize();
+}
+
+MsiInterface::~MsiInterface() {
+    if (!library) return;
+    const auto uninitialize =
+        Find<InitializeFunction>("MsiUninitialize", L"Failed to find MsiUninitialize method");
+    if (uninitialize != nullptr) uninitialize();
+}
+
+template <class Function>
+Function MsiInterface::Find(const char* name, const wchar_t* failure) const {
+    const auto function = FindExport<Function>(library.get(), name);
+    if (function == nullptr) LogAdvanced(failure);
+    return function;
+}
+
+void MsiInterface::EnableInstallLog() const {
+    const auto enable =
+        Find<EnableInstallLogFunction>("MsiEnableInstallLog", L"Failed to find MsiEnableInstallLog method");
+    if (enable == nullptr) return;
+    std::wstring name = InstallSettings::GetInstance().GetString(Tag::OEM);
+    if (name.empty()) name = L"Printer";
+    enable(name.c_str(), name.size());
+}
+
+std::uint32_t MsiInterface::InstallApp(std::wstring packagePath, InstallProgressCallback callback,
+                                       std::wstring commandDocument) {
+    if (!library) return MsiCode::Success;
+    EnableInstallLog();
+    const auto install = Find<InstallAppFunction>("MsiInstallApp", L"Failed to find MsiInstallApp method");
+    if (install == nullptr) return MsiCode::Success;
+    return install(packagePath.c_str(), Length(packagePath), callback, commandDocument.c_str(),
+                   Length(commandDocument));
+}
+
+std::uint32_t MsiInterface::UninstallApp(std::wstring packagePath, InstallProgressCallback callback) {
+    if (!library) return MsiCode::Success;
+    EnableInstallLog();
+    const auto uninstall =
+        Find<UninstallAppFunction>("MsiUninstallApp", L"Failed to find MsiUninstallApp method");
+    if (uninstall == nullptr) return MsiCode::Success;
+    return uninstall(packagePath.c_str(), Length(packagePath), callback);
+}
+
+void MsiInterface::Cancel() {
+    if (!library) return;
+    EnableInstallLog();
+    const auto cancel = Find<CancelFunction>("MsiCancel", L"Failed to find MsiCancel method");
+    if (cancel != nullptr) cancel();
+}
+
+std::uint32_t MsiInterface::FetchDocument(const std::wstring& packagePath, const std::wstring& language,
+                                          std::wstring& document) {
+    if (!library) return MsiCode::Success;
+    EnableInstallLog();
+    // The text names another export than the one that is missing, and this is meant.
+    const auto getProperties =
+        Find<GetPropertiesFunction>("MsiGetProperties", L"Failed to find MsiGetPropertyValue method");
+    if (getProperties == nullptr) return MsiCode::Success;
+
+    std::wstring buffer(firstCapacity, L'\0');
+    std::uint32_t needed = 0;
+    const auto ask = [&] {
+        return getProperties(packagePath.c_str(), language.c_str(), buffer.data(), Length(buffer), &needed);
+    };
+    std::uint32_t code = ask();
+    if (code == MsiCode::BufferTooSmall) {
+        buffer.assign(static_cast<size_t>(needed) + 1, L'\0');
+        code = ask();
+    }
+    document = buffer.substr(0, needed);
+    propertyCache.emplace(packagePath, document);
+    return code;
+}
+
+std::uint32_t MsiInterface::GetPropertyValue(std::wstring packagePath, std::wstring property,
+                                             std::wstring language, std::wstring& value) {
+    std::uint32_t code = MsiCode::Success;
+    std::wstring fetched;
+    const auto cached = propertyCache.find(packagePath);
+    if (cached == propertyCache.end()) code = FetchDocument(packagePath, language, fetched);
+    const std::wstring& document = cached == propertyCache.end() ? fetched : cached->second;
+    if (TagDocument::FindValue(document, property, value)) return code;
+    LogAdvanced(L"Failed to find the property");
+    return MsiCode::PropertyNotFound;
+}
+
+bool MsiInterface::IsAppInstalled(std::wstring packagePath, bool& upToDate, bool& upgradable,
+                                  bool& minorUpgrade) {
+    if (!library) return false;
+    const std::wstring language = Localizer::GetInstance().GetString(TextKey::LANGUAGE_ID);
+    EnableInstallLog();
+    const auto isInstalled =
+        Find<IsAppInstalledFunction>("MsiIsAppInstalledByLang", L"Failed to find MsiIsAppInstalled method");
+    if (isInstalled == nullptr) return false;
+    std::uint8_t upToDateByte = upToDate ? 1 : 0;
+    std::uint8_t upgradableByte = upgradable ? 1 : 0;
+    std::uint8_t minorUpgradeByte = minorUpgrade ? 1 : 0;
+    const bool installed = isInstalled(packagePath.c_str(), Length(packagePath), &upToDateByte,
+                                       &upgradableByte, &minorUpgradeByte, language.c_str()) != 0;
+    upToDate = upToDateByte != 0;
+    upgradable = upgradableByte != 0;
+    minorUpgrade = minorUpgradeByte != 0;
+    return installed;
+}

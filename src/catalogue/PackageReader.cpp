@@ -1,0 +1,109 @@
+#include "catalogue/PackageReader.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "CommonLib/Files.h"
+#include "CommonLib/Logger.h"
+#include "CommonLib/TextUtilities.h"
+#include "catalogue/MsiCodes.h"
+#include "catalogue/PackageProperties.h"
+#include "settings/Localizer.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+// Reads one package after the other, a package's dependents inside it.
+class Reader {
+public:
+    explicit Reader(IMsiInterface& gateway)
+        : msi(gateway), language(Localizer::GetInstance().GetString(TextKey::LANGUAGE_ID)) {}
+
+    MSI_APP Read(const std::wstring& path) {
+        MSI_APP record;
+        record.msiPath = path;
+        ReadTexts(record);
+        ClassifyDriver(record);
+        record.installSizeMb = InstallSizeInMb(Property(path, L"INSTALLSIZE"));
+        ReadInstalledState(msi, record);
+        // An application is no printer driver, even where it names one.
+        record.isPrinterDriver = false;
+        record.supportedOs = Property(path, L"SUPPORTEDOS");
+        record.streamDisplayName = Property(path, L"STREAMDISPLAYNAME");
+        record.usesDiscovery = EqualsIgnoringCase(Property(path, L"DISCOVERY"), L"YES");
+        const std::wstring dependentFiles = Property(path, L"DEPENDENTAPPS");
+        if (!dependentFiles.empty()) ReadDependents(dependentFiles, record);
+        record.forceReinstall = EqualsIgnoringCase(Property(path, L"FORCEREINSTALL"), L"TRUE");
+        return record;
+    }
+
+private:
+    std::wstring Property(const std::wstring& path, const wchar_t* name) {
+        std::wstring value;
+        ReadProperty(msi, path, language, name, value);
+        return value;
+    }
+
+    void ReadTexts(MSI_APP& record) {
+        const std::wstring& path = record.msiPath;
+        record.productName = Property(path, L"ProductName");
+        record.description = Property(path, L"MSIDESCRIPTION");
+        record.productVersion = Property(path, L"ProductVersion");
+        record.deviceType = Property(path, L"DEVICETYPE");
+        record.appType = Property(path, L"APPTYPE");
+        record.startApp = Property(path, L"STARTAPP");
+        record.secureCustomProperties = Property(path, L"SecureCustomProperties");
+        record.driverId = Property(path, L"DRIVERID");
+        record.driverName = Property(path, L"DRIVERNAME");
+    }
+
+    void ReadDependents(const std::wstring& fileNames, MSI_APP& record) {
+        std::vector<std::wstring> paths;
+        const std::wstring root = GetExeDirectory() + L"\\..\\..\\Dependents\\";
+        FindFiles(root + L"x86_x64\\", paths, L"msi", fileNames);
+        FindFiles(root + L"x64\\", paths, L"msi", fileNames);
+
+        std::vector<std::wstring> names;
+        parents.push_back(record.msiPath);
+        for (const std::wstring& path : paths) {
+            if (IsOwnParent(path)) continue;
+            record.dependents.push_back(Read(path));
+            names.push_back(record.dependents.back().productName);
+        }
+        parents.pop_back();
+        record.dependentNames =
+            JoinDependentNames(names, Localizer::GetInstance().GetString(TextKey::LBL_LOCALIZED_AND));
+    }
+
+    // A package that depends on itself, over whatever way, would be read for ever.
+    bool IsOwnParent(const std::wstring& path) const {
+        if (std::find(parents.begin(), parents.end(), path) == parents.end()) return false;
+        LogBasic(L"A package depends on itself and is left out as its own dependent: " + path,
+                 LogLevel::Error);
+        return true;
+    }
+
+    IMsiInterface& msi;
+    std::wstring language;
+    std::vector<std::wstring> parents;
+};
+
+}  // namespace
+
+std::uint32_t ReadProperty(IMsiInterface& msi, const std::wstring& path, const std::wstring& language,
+                           const wchar_t* name, std::wstring& field) {
+    std::wstring value;
+    const std::uint32_t code = msi.GetPropertyValue(path, name, language, value);
+    if (code == MsiCode::Success) field = value;
+    return code;
+}
+
+void ReadInstalledState(IMsiInterface& msi, MSI_APP& record) {
+    record.installed =
+        msi.IsAppInstalled(record.msiPath, record.upToDate, record.upgradable, record.minorUpgrade);
+    record.newerInstalled = record.installed && !record.upgradable && !record.upToDate;
+}
+
+MSI_APP ReadProperties(IMsiInterface& msi, const std::wstring& path) {
+    return Reader(msi).Read(path);
+}

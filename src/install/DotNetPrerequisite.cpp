@@ -1,0 +1,89 @@
+// The operations of InstallService that see to the .NET prerequisite before the install thread starts.
+
+#include <algorithm>
+
+#include "CommonLib/DotNetSetup.h"
+#include "CommonLib/Files.h"
+#include "CommonLib/Logger.h"
+#include "CommonLib/TextUtilities.h"
+#include "catalogue/MsiCodes.h"
+#include "install/InstallMessages.h"
+#include "install/InstallService.h"
+#include "settings/InstallSettings.h"
+#include "settings/TagNames.h"
+#include "wizard/Controller.h"
+
+namespace {
+
+constexpr std::uint32_t fileNotFound = 2;
+constexpr std::uint32_t restartWanted = 3011;
+
+bool IsFrameworkPresent() {
+    return IsDotNetInstalled(L"SOFTWARE\\Microsoft\\NET Framework Setup\\NDP\\v4\\Client") != 0 ||
+           IsDotNetInstalled(L"SOFTWARE\\Microsoft\\NET Framework Setup\\NDP\\v4\\Full") != 0;
+}
+
+}  // namespace
+
+bool InstallService::NeedsDotNet(const std::vector<MSI_APP>& list) const {
+    for (const MSI_APP& record : list) {
+        if (cancelled) return false;
+        if (record.secureCustomProperties.find(L"NETFRAMEWORK40") != std::wstring::npos) return true;
+    }
+    return false;
+}
+
+std::uint32_t InstallService::InstallDotNet() {
+    if (IsFrameworkPresent()) return MsiCode::Success;
+    if (InstallSettings::GetInstance().GetBool(Tag::SILENT_INSTALL)) {
+        LogBasic(
+            L"!!!! Install .Net 4.0 Framework is required to run this package. Please install .Net 4.0 "
+            L"Framework "
+            L"from https://dotnet.microsoft.com/download/dotnet-framework/net40 and try again.");
+        return MsiCode::InstallFailure;
+    }
+    std::vector<std::wstring> setups;
+    if (FindFiles(GetExeDirectory() + L"\\..\\..\\DotNet\\", setups, L"") == 0) {
+        ReportDotNetError(fileNotFound);
+        return fileNotFound;
+    }
+    return ReadDotNetResult(InstallDotNetRuntime(setups.front()));
+}
+
+std::uint32_t InstallService::ReadDotNetResult(std::uint32_t code) {
+    InstallSettings& settings = InstallSettings::GetInstance();
+    switch (code) {
+        case MsiCode::Success:
+            LogBasic(L".Net Installation Successful");
+            settings.SetBool(Tag::DOTNET_INSTALLED, true);
+            break;
+        case MsiCode::RebootInitiated:
+        case MsiCode::RebootRequired:
+        case restartWanted:
+            LogBasic(L".Net installation successful, reboot required");
+            settings.SetBool(Tag::REBOOT, true);
+            Controller::GetInstance().UpdateHideFlags();
+            break;
+        case MsiCode::UserCancelled:
+            LogBasic(L"User cancelled or got error during .net installation");
+            LogBasic(L"Cancelling installation");
+            settings.SetBool(Tag::DOTNET_FAILED, true);
+            if (!settings.GetBool(Tag::OPTIONAL_INSTALL)) Controller::GetInstance().Cancel(true);
+            break;
+        default:
+            ReportDotNetError(code);
+            break;
+    }
+    return code;
+}
+
+void InstallService::ReportDotNetError(std::uint32_t code) {
+    if (!ShowErrorDialog(code)) return;
+    LogBasic(L"Unknown error code during .net installation", LogLevel::Error);
+    // The two blanks are meant.
+    LogBasic(L"InstallService::InstallDotNet:  Unknown error code: " + ToDecimalString(code),
+             LogLevel::Error);
+    InstallSettings::GetInstance().SetBool(Tag::DOTNET_FAILED, true);
+    LogBasic(L"Cancelling installation");
+    Controller::GetInstance().Cancel(true);
+}

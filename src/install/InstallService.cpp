@@ -1,0 +1,313 @@
+#include "install/InstallService.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "CommonLib/Logger.h"
+#include "CommonLib/SystemVersion.h"
+#include "CommonLib/TextUtilities.h"
+#include "catalogue/AppCatalogue.h"
+#include "catalogue/DriverInfo.h"
+#include "catalogue/MsiCodes.h"
+#include "framework/AfxBeginThread.h"
+#include "install/CommandDocument.h"
+#include "install/InstallDecision.h"
+#include "install/InstallMessages.h"
+#include "install/ProgressDialog.h"
+#include "install/StatusDocument.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
+#include "settings/TagNames.h"
+#include "wizard/Controller.h"
+
+namespace {
+
+constexpr std::uint16_t windowsVista = 0;
+constexpr unsigned threadExitCode = 31;
+
+// The folder into which the packages install: the vendor's, below the system's folder of programs.
+std::wstring TargetFolder() {
+    std::array<wchar_t, MAX_PATH> folder{};
+    if (FAILED(SHGetFolderPathW(nullptr, CSIDL_PROGRAM_FILES | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT,
+                                folder.data()))) {
+        return {};
+    }
+    std::wstring vendor = InstallSettings::GetInstance().GetString(Tag::OEM);
+    if (vendor.empty()) vendor = L"Printer";
+    PathAppendW(folder.data(), (vendor + L"\\").c_str());
+    return folder.data();
+}
+
+std::wstring CommandDocumentFor(const MSI_APP& record, const std::wstring& targetDir,
+                                const std::wstring& language, bool reinstall) {
+    InstallSettings& settings = InstallSettings::GetInstance();
+    return BuildCommandDocument({.printerInfo = settings.BuildPrinterInfo(record),
+                                 .targetDir = targetDir,
+                                 .language = language,
+                                 .friendlyName = settings.GetString(Tag::PRINTER_NAME),
+                                 .infocenterShortcut = settings.GetString(Tag::INFOCENTER_SHORTCUT),
+                                 .infocenterLink = settings.GetString(Tag::EXACT_INFOCENTER_LINK),
+                                 .reinstall = reinstall});
+}
+
+bool HasDependentsToRun(const MSI_APP& record) {
+    return record.hasDependents && !record.dependents.empty();
+}
+
+void LogAction(InstallAction action) {
+    if (action == InstallAction::ForceReinstall) {
+        LogAdvanced(L"This is a ForceReinstall required. Allowing component msi to handle reinstall.");
+    } else if (action == InstallAction::MinorUpgrade) {
+        LogAdvanced(L"This is a Minor upgrade. Reinstall mode will be added into the command line.");
+    }
+}
+
+}  // namespace
+
+std::uint32_t InstallService::DoRun() {
+    statusList.clear();
+    InstallSettings::GetInstance().SetBools({{Tag::DOTNET_INSTALLED, false}, {Tag::DOTNET_FAILED, false}});
+    // Applications always run before drivers.
+    installList = SelectApps();
+    const std::vector<MSI_APP> drivers = SelectDrivers();
+    installList.insert(installList.end(), drivers.begin(), drivers.end());
+    if (NeedsDotNet(installList) && InstallDotNet() == MsiCode::InstallFailure)
+        return MsiCode::InstallFailure;
+
+    if (page != nullptr) {
+        size_t steps = installList.size();
+        for (const MSI_APP& record : installList) steps += record.dependents.size();
+        page->BeginRun(static_cast<int>(steps));
+    }
+    StartThread();
+    return MsiCode::Success;
+}
+
+bool InstallService::StartThread() {
+    Controller& controller = Controller::GetInstance();
+    controller.UpdateThreadCount(true);
+    if (AfxBeginThread([this] { return InstallThread(); })) return true;
+    // The count must not wait for a thread that never runs.
+    LogBasic(L"The install thread could not be started", LogLevel::Error);
+    controller.UpdateThreadCount(false);
+    return false;
+}
+
+void InstallService::Cancel() {
+    cancelled = true;
+    if (page != nullptr) page->Cancel();
+    msi->Cancel();
+}
+
+std::vector<MSI_APP> InstallService::SelectApps() const {
+    const InstallSettings& settings = InstallSettings::GetInstance();
+    std::wstring_view filter = L"<ISOPTIONAL>false</ISOPTIONAL><ISSELECTED>true</ISSELECTED>";
+    if (settings.GetBool(Tag::OPTIONAL_INSTALL))
+        filter = L"<ISOPTIONAL>true</ISOPTIONAL><ISSELECTED>true</ISSELECTED>";
+    if (settings.IsAmazonSupported()) filter = L"<ISSELECTED>true</ISSELECTED>";
+    const std::list<MSI_APP> selected = AppCatalogue::GetInstance().Select(filter);
+    return {selected.begin(), selected.end()};
+}
+
+std::vector<MSI_APP> InstallService::SelectDrivers() const {
+    std::vector<MSI_APP> drivers;
+    if (InstallSettings::GetInstance().GetBool(Tag::OPTIONAL_INSTALL)) return drivers;
+    drivers = DriverInfo::GetInstance().GetDrivers();
+    std::erase_if(drivers, [](const MSI_APP& driver) { return !driver.isSelected; });
+    return drivers;
+}
+
+unsigned InstallService::InstallThread() {
+    RunInstalls();
+    if (cancelled) {
+        if (page != nullptr) page->BeginUninstalling();
+        RollBack();
+    }
+    InstallSettings& settings = InstallSettings::GetInstance();
+    settings.SetString(Tag::APP_INSTALLATION_STATUS, BuildStatusDocument());
+    if (!settings.GetBool(Tag::SILENT_INSTALL)) Controller::GetInstance().Next({});
+    Controller::GetInstance().UpdateThreadCount(false);
+    return threadExitCode;
+}
+
+void InstallService::RunInstalls() {
+    LogAdvanced(L"Final Install Settings Values");
+    LogAdvanced(InstallSettings::GetInstance().StripMarker());
+    LogBasic(L"Installing Applications");
+    InstallList(installList);
+}
+
+void InstallService::InstallList(std::vector<MSI_APP>& list) {
+    if (list.empty()) {
+        LogBasic(L"There were no applications found to install", LogLevel::Error);
+        return;
+    }
+    InstallSettings& settings = InstallSettings::GetInstance();
+    const std::wstring targetDir = TargetFolder();
+    settings.SetString(Tag::TARGET_DIR, targetDir);
+    const std::wstring language = Localizer::GetInstance().GetString(TextKey::LANGUAGE_ID);
+    for (MSI_APP& record : list) {
+        if (cancelled) break;
+        // Also for a record that is passed over below: its programs may lie on the system already.
+        settings.AppendStartApp(record.startApp);
+        RunRecord(record, targetDir, language);
+    }
+}
+
+void InstallService::RunRecord(MSI_APP& record, const std::wstring& targetDir, const std::wstring& language) {
+    if (ReportsNewer(record)) {
+        LogBasic(L"A newer version of " + record.productName +
+                 L" is already installed. To install an older version of the product, please remove the "
+                 L"previously "
+                 L"installed version first.");
+        record.isInstalled = true;
+        record.status = 0;
+    }
+    const InstallAction action = DecideInstall(record);
+    if (action == InstallAction::ReportNewer) {
+        RecordStatus(record);
+        return;
+    }
+    const std::wstring command =
+        CommandDocumentFor(record, targetDir, language, action == InstallAction::MinorUpgrade);
+    if (action == InstallAction::RunDependentsOnly) {
+        LogAdvanced(L"Only dependent applications selected, no parent application will be installed");
+        InstallList(record.dependents);
+        return;
+    }
+    LogAction(action);
+    if (action == InstallAction::AskAgain && IsUpToDateByNow(record)) return;
+    Install(record, command);
+}
+
+// A package may have come onto the system since the catalogue was built, as the dependent of another one.
+bool InstallService::IsUpToDateByNow(const MSI_APP& record) const {
+    bool upToDate = false;
+    bool upgradable = false;
+    bool minorUpgrade = false;
+    return msi->IsAppInstalled(record.msiPath, upToDate, upgradable, minorUpgrade) && upToDate;
+}
+
+void InstallService::Install(MSI_APP& record, const std::wstring& command) {
+    NameOnPage(record);
+    const std::uint32_t code = msi->InstallApp(record.msiPath, &OnInstallMessage, command);
+    // The record stands in the status list before its outcome is known.
+    RecordStatus(record);
+    MakeStep();
+    bool stopsRun = false;
+    TakeResult(record, code, stopsRun);
+    const bool dependentFailed = HasDependentsToRun(record) &&
+                                 std::any_of(record.dependents.begin(), record.dependents.end(),
+                                             [](const MSI_APP& dependent) { return dependent.status == 1; });
+    if (dependentFailed) record.status = 1;
+    RecordStatus(record);
+    if (InstallSettings::GetInstance().GetBool(Tag::OPTIONAL_INSTALL)) {
+        if (dependentFailed) RemoveAfterDependentFailed(record);
+    } else if (stopsRun) {
+        Controller::GetInstance().Cancel(true);
+    }
+}
+
+void InstallService::TakeResult(MSI_APP& record, std::uint32_t code, bool& stopsRun) {
+    const InstallOutcome outcome =
+        ReadReturnCode(code, record.isScanDriver, !IsWindowsVersionOrGreater(windowsVista));
+    if (outcome == InstallOutcome::RebootRequired) InstallSettings::GetInstance().SetBool(Tag::REBOOT, true);
+    record.status = StatusFor(outcome, record);
+    switch (outcome) {
+        case InstallOutcome::Done:
+            if (HasDependentsToRun(record)) InstallList(record.dependents);
+            record.isInstalled = true;
+            break;
+        case InstallOutcome::Cancelled:
+            LogBasic(L"MSI Installer returned user canceled.", LogLevel::Success);
+            break;
+        case InstallOutcome::RebootRequired:
+            LogBasic(L"MSI Installer returned reboot requires.", LogLevel::Success);
+            break;
+        case InstallOutcome::Failed:
+            LogBasic(L"MSI Installer returned an error", LogLevel::Error);
+            stopsRun = ShowErrorDialog(code);
+            break;
+        case InstallOutcome::NotSupported:
+            LogBasic(L"MSI Installer returned an error", LogLevel::Error);
+            break;
+    }
+}
+
+void InstallService::RemoveAfterDependentFailed(const MSI_APP& record) {
+    if (msi->UninstallApp(record.msiPath, &OnInstallMessage) != MsiCode::Success) {
+        LogBasic(L"Parent msi rollback failed", LogLevel::Error);
+    }
+}
+
+void InstallService::RecordStatus(const MSI_APP& record) {
+    const auto known = std::find_if(statusList.begin(), statusList.end(), [&](const MSI_APP& other) {
+        return other.productName == record.productName;
+    });
+    if (known == statusList.end()) {
+        statusList.push_back(record);
+    } else {
+        known->status = record.status;
+    }
+    const auto takeOver = [&](MSI_APP& catalogued) {
+        if (catalogued.msiPath != record.msiPath) return;
+        catalogued.isInstalled = record.isInstalled;
+        catalogued.status = record.status;
+    };
+    if (record.msiPath.find(L"Drivers") == std::wstring::npos) {
+        AppCatalogue::GetInstance().Update(takeOver);
+    } else {
+        DriverInfo::GetInstance().Update(takeOver);
+    }
+}
+
+void InstallService::RollBack() {
+    // In the order of the installs, which is meant; over a copy, since each removal writes to the list.
+    for (const MSI_APP& record : std::vector<MSI_APP>(statusList)) {
+        if (record.installed) {
+            LogBasic(record.msiPath +
+                     L" was previously installed the new version will remain on the system. If the user "
+                     L"needs to go "
+                     L"back to the previous version they will have to remove the application and run the old "
+                     L"installer");
+            MakeStep();
+        } else {
+            Remove(record);
+        }
+    }
+}
+
+void InstallService::Remove(MSI_APP record) {
+    NameOnPage(record);
+    const std::uint32_t code = msi->UninstallApp(record.msiPath, &OnInstallMessage);
+    MakeStep();
+    if (code != MsiCode::Success) {
+        LogBasic(L"Removal of " + record.msiPath + L" failed with error=" + ToDecimalString(code),
+                 LogLevel::Error);
+    } else if (record.status != 1) {
+        record.status = 2;
+        RecordStatus(record);
+    }
+}
+
+std::wstring InstallService::BuildStatusDocument() const {
+    const InstallSettings& settings = InstallSettings::GetInstance();
+    return ::BuildStatusDocument({.installed = settings.GetBool(Tag::DOTNET_INSTALLED),
+                                  .failed = settings.GetBool(Tag::DOTNET_FAILED),
+                                  .name = Localizer::GetInstance().GetString(TextKey::DOTNET)},
+                                 statusList);
+}
+
+void InstallService::NameOnPage(const MSI_APP& record) {
+    if (page != nullptr) page->SetApplication(record.productName);
+}
+
+void InstallService::MakeStep() {
+    if (page != nullptr) page->MakeStep();
+}

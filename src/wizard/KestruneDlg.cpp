@@ -1,0 +1,59 @@
+#include "wizard/KestruneDlg.h"
+
+#include "settings/Localizer.h"
+#include "settings/TagNames.h"
+#include "wizard/Controller.h"
+#include "wizard/InstallDialogEx.h"
+
+namespace {
+
+constexpr WORD iconId = 128;
+constexpr int pagePlaceId = 1002;
+constexpr int logoId = 1072;
+constexpr WPARAM systemCommandBits = 0xFFF0;
+
+}  // namespace
+
+const MessageMap& KestruneDlg::GetMessageMap() const {
+    using On = EventsOf<KestruneDlg>;
+    static const MessageMap map(nullptr, {On::Message(WM_SYSCOMMAND, &KestruneDlg::OnSysCommand)});
+    return map;
+}
+
+void KestruneDlg::PreSubclassWindow() {
+    if (IsRightToLeft()) SetWindowLongPtrW(GetSafeHwnd(), GWL_EXSTYLE, WS_EX_LAYOUTRTL);
+}
+
+bool KestruneDlg::OnInitDialog() {
+    const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconId));
+    SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
+    SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
+
+    RECT pageArea{};
+    GetWindowRect(GetDlgItem(pagePlaceId), &pageArea);
+    MapWindowPoints(nullptr, GetSafeHwnd(), reinterpret_cast<POINT*>(&pageArea), 2);
+    SetWindowText(Localizer::GetInstance().GetString(TextKey::INSTALL_TITLE));
+    ShowLogo();
+    Controller::GetInstance().SetPageRect(pageArea);
+    return true;
+}
+
+void KestruneDlg::ShowLogo() {
+    logo.reset(static_cast<HBITMAP>(LoadImageW(nullptr, L"..\\res\\images\\logo.bmp", IMAGE_BITMAP, 0, 0,
+                                               LR_LOADFROMFILE | LR_DEFAULTSIZE)));
+    if (!logo) return;
+    ::SendMessageW(GetDlgItem(logoId), STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(logo.get()));
+    UpdateWindow(GetSafeHwnd());
+}
+
+LRESULT KestruneDlg::OnSysCommand(WPARAM command, LPARAM) {
+    if ((command & systemCommandBits) != SC_CLOSE) return Default();
+    const InstallDialogEx* const page = Controller::GetInstance().CurrentPage();
+    const HWND cancel = page == nullptr ? nullptr : page->GetDlgItem(IDCANCEL);
+    if (cancel == nullptr) {
+        Controller::GetInstance().Cancel(false);
+    } else if (IsWindowEnabled(cancel) != FALSE) {
+        page->SendMessage(WM_COMMAND, IDCANCEL);
+    }
+    return 0;
+}

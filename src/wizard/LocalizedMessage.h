@@ -1,0 +1,10 @@
+// Message boxes in the user's language.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+// Shows the texts of the keys; an empty key stands for an empty text. In a language that reads from right to
+// left the box does so too. The owner may be null. Gives the box's answer.
+int ShowLocalizedMessage(HWND owner, std::wstring_view textKey, std::wstring_view titleKey, UINT style = 0);

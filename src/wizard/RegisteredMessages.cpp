@@ -1,0 +1,6 @@
+#include "wizard/RegisteredMessages.h"
+
+const UINT ZVUPDATEDISCOVERYLIST = RegisterWindowMessageW(L"ZVUPDATEDISCOVERYLIST");
+const UINT ZVNOPRINTERFOUND = RegisterWindowMessageW(L"ZVNOPRINTERFOUND");
+const UINT MYUPDATEPROGRESS = RegisterWindowMessageW(L"MYUPDATEPROGRESS");
+const UINT MYUPDATECANCELTEXT = RegisterWindowMessageW(L"MYUPDATECANCELTEXT");
