@@ -1,0 +1,39 @@
+#include <gtest/gtest.h>
+
+#include "install/CommandDocument.h"
+
+namespace {
+
+CommandValues SomeValues() {
+    return {.printerInfo = L"<PRINTER_INFO><DEVICE></DEVICE></PRINTER_INFO>",
+            .targetDir = L"C:\\Program Files\\Zevana",
+            .language = L"1033",
+            .friendlyName = L"Hall",
+            .infocenterShortcut = L"Help",
+            .infocenterLink = L"http://help.example/?loc=en",
+            .reinstall = false};
+}
+
+constexpr std::wstring_view kDocument =
+    L"<PRINTER_INFO><DEVICE></DEVICE></PRINTER_INFO><TARGET_DIR>C:\\Program Files\\Zevana</TARGET_DIR>"
+    L"<LANGUAGEID>1033</LANGUAGEID><DEVICEFRIENDLYNAME>Hall</DEVICEFRIENDLYNAME>"
+    L"<INFOCENTER_SHORTCUT>Help</INFOCENTER_SHORTCUT>"
+    L"<INFOCENTER_LINK>http://help.example/?loc=en</INFOCENTER_LINK>";
+
+TEST(CommandDocumentTest, HoldsItsElementsInTheirOrder) {
+    EXPECT_EQ(BuildCommandDocument(SomeValues()), kDocument);
+}
+
+TEST(CommandDocumentTest, AddsTheReinstallElementForAMinorUpgrade) {
+    auto values = SomeValues();
+    values.reinstall = true;
+    EXPECT_EQ(BuildCommandDocument(values), std::wstring(kDocument) + L"<TAG_REINSTALL>true</TAG_REINSTALL>");
+}
+
+TEST(CommandDocumentTest, HoldsEmptyElementsForMissingValues) {
+    EXPECT_EQ(BuildCommandDocument({}),
+              L"<TARGET_DIR></TARGET_DIR><LANGUAGEID></LANGUAGEID><DEVICEFRIENDLYNAME></DEVICEFRIENDLYNAME>"
+              L"<INFOCENTER_SHORTCUT></INFOCENTER_SHORTCUT><INFOCENTER_LINK></INFOCENTER_LINK>");
+}
+
+}  // namespace
