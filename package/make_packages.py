@@ -1,14 +1,13 @@
 #!/usr/bin/env python3
 """Builds .msi packages from a list of them.
 
-usage: make_packages.py LIST.toml OUTPUT_FOLDER PAYLOAD_FOLDER...
-
-The list names the packages and what they hold; docs/package-builders.md tells its fields. Payload files are looked for
-in the folder of the list and then in the payload folders. A package is built anew only when its description or one of
-its files has changed. Prints the name of each package that it built.
+The list names the packages and what they hold; docs/package-builders.md tells its fields. A package is built anew only
+when its description or one of its files has changed. Prints the name of each package that it built.
 """
+import argparse
 import os
 import pathlib
+import shutil
 import string
 import subprocess
 import sys
@@ -17,6 +16,7 @@ import uuid
 from xml.sax.saxutils import quoteattr
 
 NAMESPACE = uuid.UUID("5b0a1d52-3f4e-4c0e-9a5c-6f0f4f2b7d11")
+MAJOR_UPGRADE = '    <MajorUpgrade DowngradeErrorMessage="A newer version is installed."/>'
 TEMPLATE = pathlib.Path(__file__).with_name("package.wxs.in")
 
 
@@ -75,7 +75,18 @@ def describe(package, manufacturer, payload):
         name=package["name"], version=package["version"], manufacturer=manufacturer,
         directories=directories(package, manufacturer, "".join(components)),
         component_refs="".join(f"      <ComponentRef {attributes(Id=name)}/>\n" for name in ids),
-        properties=properties, extra=package.get("extra", ""))
+        properties=properties, upgrade=MAJOR_UPGRADE if package.get("upgrades") else "",
+        extra=package.get("extra", ""))
+
+
+def secure_statement(package):
+    """On Windows a property reaches the part of the installer that has the rights only if the package lists it. wixl
+    writes the list itself where a package upgrades others, and cannot be given more."""
+    names = ";".join(["TARGET_DIR", *package.get("records", []), *package.get("secure", [])])
+    if package.get("upgrades"):
+        names = "WIX_DOWNGRADE_DETECTED;WIX_UPGRADE_DETECTED;" + names
+        return f"UPDATE `Property` SET `Value`='{names}' WHERE `Property`='SecureCustomProperties'"
+    return f"INSERT INTO `Property` (`Property`, `Value`) VALUES ('SecureCustomProperties', '{names}')"
 
 
 def is_current(msi, sources):
@@ -93,24 +104,40 @@ def build(package, manufacturer, output, folders):
     msi = output / package["file"]
     if not wxs.is_file() or wxs.read_text(encoding="utf-8") != text:
         wxs.write_text(text, encoding="utf-8")
-    if is_current(msi, [wxs, *payload.values(), *binaries]):
+    if is_current(msi, [pathlib.Path(__file__), wxs, *payload.values(), *binaries]):
         return
-    subprocess.run(["wixl", "-a", "x64", "-o", msi.name, wxs.name], cwd=output, check=True)
-    for statement in package.get("sql", []):
-        subprocess.run(["msibuild", str(msi), "-q", statement], check=True)
+    unfinished = msi.with_suffix(".unfinished")
+    subprocess.run(["wixl", "-a", "x64", "-o", unfinished.name, wxs.name], cwd=output, check=True)
+    subprocess.run(["msibuild", unfinished.name, "-q", secure_statement(package)], cwd=output, check=True)
+    unfinished.replace(msi)
     print(f"built {msi.name}")
 
 
+def lay(package, output, tree):
+    for folder in package["folders"]:
+        (tree / folder).mkdir(parents=True, exist_ok=True)
+        shutil.copy2(output / package["file"], tree / folder)
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("list", type=pathlib.Path, help="the .toml file that names the packages")
+    parser.add_argument("output", type=pathlib.Path, help="folder for the packages")
+    parser.add_argument("payload", type=pathlib.Path, nargs="*", help="folder with payload, besides that of the list")
+    parser.add_argument("--tree", type=pathlib.Path, help="package tree into whose folders the packages are copied")
+    return parser.parse_args()
+
+
 def main():
-    if len(sys.argv) < 3:
-        sys.exit(__doc__)
-    listing, output = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()
-    folders = [listing.parent, *(pathlib.Path(folder).resolve() for folder in sys.argv[3:])]
+    arguments = parse_arguments()
+    output = arguments.output.resolve()
     output.mkdir(parents=True, exist_ok=True)
-    with listing.open("rb") as stream:
-        data = tomllib.load(stream)
+    folders = [folder.resolve() for folder in [arguments.list.parent, *arguments.payload]]
+    data = tomllib.loads(arguments.list.read_text(encoding="utf-8"))
     for package in data["package"]:
         build(package, data["manufacturer"], output, folders)
+        if arguments.tree:
+            lay(package, output, arguments.tree)
 
 
 if __name__ == "__main__":

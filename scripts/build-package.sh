@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Lays the sample package out: the program, its library, settings, texts, and real packages built from their list.
+#
+# usage: scripts/build-package.sh [--silent] BUILD_FOLDER
+#
+# The interactive package goes to out/package, the silent one, which installs a predefined list of printers, to
+# out/package-silent. What has not changed is not built again. The program itself is copied if it is built.
+set -euo pipefail
+
+root=$(cd "$(dirname "$0")/.." && pwd)
+variant=interactive
+target=$root/out/package
+if [ "${1:-}" = --silent ]; then
+    variant=silent
+    target=$root/out/package-silent
+    shift
+fi
+if [ $# -ne 1 ] || [ ! -f "$1/CMakeCache.txt" ]; then
+    sed -n 's/^# \(usage: .*\)/\1/p' "$0" >&2
+    exit 2
+fi
+build=$(cd "$1" && pwd)
+sources=$root/package
+tree=$target.new
+
+cmake --build "$build" --target Brevanto sample_programs >"$build/sample-package.log" || {
+    cat "$build/sample-package.log" >&2
+    exit 1
+}
+
+rm -rf "$tree"
+for folder in Applications{,/x86_x64,/x64} {Common,Optional,Dependents,Drivers}/{x86_x64,x64} \
+              DotNet Install Notices/EULA Setup/x64 Setup/res; do
+    mkdir -p "$tree/$folder"
+done
+
+"$sources/make_packages.py" "$sources/packages/packages.toml" "$build/package/packages" "$build/package" --tree "$tree"
+
+# The licence texts are kept in UTF-8 and shipped in the code page that the language file of their language names.
+for text in "$sources"/eula/EULA_*.txt; do
+    language=$(basename "$text" .txt)
+    language=${language#EULA_}
+    page=$(sed -n 's:.*<CODE_PAGE>\(.*\)</CODE_PAGE>.*:\1:p' "$sources/strings/${language}_strings.xml")
+    sed 's/$/\r/' "$text" | iconv -f UTF-8 -t "WINDOWS-$page" >"$tree/Notices/EULA/EULA_$language.txt"
+done
+
+cp -p "$sources"/settings/interactive/*.xml "$tree/Setup/"
+if [ "$variant" = silent ]; then cp -p "$sources"/settings/silent/*.xml "$tree/Setup/"; fi
+cp -p "$sources"/strings/*_strings.xml "$tree/Setup/res/"
+cp -p "$build/package/StartRecorder.exe" "$tree/DotNet/RuntimeSetup.exe"
+cp -p "$build/standins/Brevanto.dll" "$tree/Setup/x64/"
+program=$(find "$build" -maxdepth 2 -name Kestrune.exe -print -quit)
+if [ -n "$program" ]; then
+    cp -p "$program" "$tree/Setup/x64/"
+else
+    echo "build-package.sh: $build holds no Kestrune.exe; the package is laid out without it" >&2
+fi
+
+rm -rf "$target"
+mv "$tree" "$target"
+echo "$variant package: ${target#"$root"/}"
