@@ -1,11 +1,6 @@
 #pragma once
 
-#include <windows.h>
-
-#include <msi.h>
-
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "standins/Brevanto/ProgressMeter.h"
