@@ -7,7 +7,7 @@
 
 namespace brevanto {
 
-// Feeds the fields of one progress message of the installer to the meter. A field that is missing counts as 0.
+// Feeds the fields of one progress message to the meter. A field that is missing counts as 0.
 void ApplyProgress(const std::vector<int>& fields, ProgressMeter& meter);
 
 // The message document for a percentage.
