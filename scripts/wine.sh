@@ -54,5 +54,6 @@ wine_new_prefix() {
     # The server writes into its registry files in place, so they are real copies.
     cp -a "$wine_template"/dosdevices "$wine_template"/*.reg "$wine_template"/.update-timestamp "$1/"
     export WINEPREFIX=$1
-    wineserver -p
+    # The server outlives this shell and must not hold its output open.
+    wineserver -p > /dev/null 2>&1 < /dev/null
 }
