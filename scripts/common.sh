@@ -20,7 +20,7 @@ need_packages() {
 
 build_packages() {
     need_packages cmake ninja-build ccache g++-mingw-w64-x86-64-posix wixl msitools librsvg2-bin icoutils googletest \
-        python3 wine wine64
+        python3 wine wine64 xvfb xauth
 }
 
 # build PRESET [TARGET...]: configures the preset once and builds the targets, or everything.

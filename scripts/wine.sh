@@ -57,3 +57,16 @@ wine_new_prefix() {
     # The server outlives this shell and must not hold its output open.
     wineserver -p > /dev/null 2>&1 < /dev/null
 }
+
+# Starts a virtual display for this shell and ends it with the shell. Windows has a desktop in every session, and
+# without a display Wine creates no window at all.
+start_display() {
+    local number_file
+    number_file=$(mktemp)
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3> "$number_file" > /dev/null 2>&1 < /dev/null &
+    display_process=$!
+    trap 'kill $display_process 2> /dev/null || true' EXIT
+    until [ -s "$number_file" ]; do sleep 0.05; done
+    export DISPLAY=:$(cat "$number_file")
+    rm -f "$number_file"
+}
