@@ -124,6 +124,10 @@ private:
     std::unordered_map<std::uint64_t, std::size_t> chains;
 };
 
+bool IsLineEnd(wchar_t character) {
+    return character == L'\n' || character == L'\r' || character == L'\u2028' || character == L'\u2029';
+}
+
 class LineMatcher {
 public:
     LineMatcher(std::wstring_view matchedLine, std::vector<std::wstring>& foundNames)
@@ -177,9 +181,8 @@ private:
 
 std::vector<std::wstring> TagDocument::ListElementNames(std::wstring_view document) {
     std::vector<std::wstring> names;
-    const auto isLineEnd = [](wchar_t character) { return character == L'\r' || character == L'\n'; };
     for (auto line = document.begin(); line != document.end();) {
-        const auto end = std::find_if(line, document.end(), isLineEnd);
+        const auto end = std::find_if(line, document.end(), IsLineEnd);
         LineMatcher(std::wstring_view(line, end), names).Run();
         line = end == document.end() ? end : end + 1;
     }

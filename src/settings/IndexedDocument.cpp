@@ -88,9 +88,10 @@ void IndexedDocument::IndexWord(std::size_t sign, std::size_t from) {
     const std::size_t end = EndOfTagText(sign);
     for (Span piece = NextPiece({.start = from, .end = end}); piece.start < piece.end;
          piece = NextPiece({.start = piece.end, .end = end})) {
-        const std::size_t blank = text.find(L' ', piece.start);
-        if (blank >= piece.end) continue;
-        auto& heap = words[LiveText({.start = signs[sign].position + 1, .end = blank})];
+        const auto live = std::wstring_view(text).substr(piece.start, piece.end - piece.start);
+        const std::size_t blank = live.find(L' ');
+        if (blank == std::wstring_view::npos) continue;
+        auto& heap = words[LiveText({.start = signs[sign].position + 1, .end = piece.start + blank})];
         heap.push_back(sign);
         std::push_heap(heap.begin(), heap.end(), std::greater<>());
         signs[sign].hasWord = true;

@@ -15,7 +15,9 @@ constexpr wchar_t kLeftToRightMark = L'\u200E';
 class Expansion {
 public:
     Expansion(const std::wstring& value, const std::function<std::wstring(std::wstring_view)>& tagReader)
-        : readTag(tagReader), rest(value.rbegin(), value.rend()) {}
+        : readTag(tagReader),
+          rest(value.rbegin(), value.rend()),
+          replacementsLeft(kMostReplacements + value.size()) {}
 
     // Returns false if it would not end, or not within bounds.
     bool Run() {
@@ -34,8 +36,8 @@ private:
         std::set<std::wstring>::iterator name;
     };
 
-    static constexpr std::size_t kMostWork = 16'777'216;
-    static constexpr std::size_t kWorkOfStep = 32;
+    static constexpr std::size_t kMostReplacements = 65'536;
+    static constexpr std::size_t kMostCharacters = 16'777'216;
 
     bool SettleUpToSign() {
         const std::size_t sign = rest.rfind(kTagSign);
@@ -51,8 +53,8 @@ private:
         const std::size_t behind = second == std::wstring::npos ? 0 : second + 1;
         const std::wstring name(rest.rbegin() + 1, rest.rend() - static_cast<std::ptrdiff_t>(behind));
         const std::wstring value = readTag(name);
-        work += kWorkOfStep + name.size() + value.size();
-        if (work > kMostWork) return false;
+        characters += name.size() + value.size();
+        if (replacementsLeft-- == 0 || characters > kMostCharacters) return false;
         const bool ends = second == std::wstring::npos ? TakeTail(name, value) : TakeTag(second, name, value);
         rest.append(value.rbegin(), value.rend());
         return ends;
@@ -88,7 +90,8 @@ private:
     std::vector<Region> regions;  // from the outermost to the innermost value around the next sign
     std::set<std::wstring> names;
     std::set<std::wstring> tails;
-    std::size_t work = 0;
+    std::size_t replacementsLeft;
+    std::size_t characters = 0;
 };
 
 }  // namespace
