@@ -50,7 +50,7 @@ std::uint32_t Uninstall(const std::wstring& packagePath, InstallProgressCallback
     if (!state.installed) return ERROR_UNKNOWN_PRODUCT;
     return brevanto::RunInstaller(callback, [&] {
         return MsiConfigureProductExW(state.productCode.c_str(), INSTALLLEVEL_DEFAULT, INSTALLSTATE_ABSENT,
-                                      L"REMOVE=ALL REBOOT=ReallySuppress");
+                                      L"REBOOT=ReallySuppress");
     });
 }
 

@@ -45,7 +45,7 @@ std::vector<InstalledProduct> FindRelatedProducts(const PackageIdentity& package
     wchar_t code[kProductCodeLength + 1] = {};
     for (DWORD index = 0;
          MsiEnumRelatedProductsW(package.upgradeCode.c_str(), 0, index, code) == ERROR_SUCCESS; ++index) {
-        if (!IsSameCode(code, package.productCode)) AppendIfInstalled(code, products);
+        AppendIfInstalled(code, products);
     }
     return products;
 }

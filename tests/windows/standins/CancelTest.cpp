@@ -46,6 +46,15 @@ TEST_F(CancelTest, EndsARunByTheAnswerOfTheCallback) {
     EXPECT_FALSE(State(L"filesinuse.msi").installed);
 }
 
+TEST_F(CancelTest, ComesBeforeTheAnswerThatIsBeingGiven) {
+    AnswerWith([this](const std::wstring& message) {
+        if (!message.starts_with(L"<FILE_IN_USE>")) return IDOK;
+        library_.cancel();
+        return IDRETRY;
+    });
+    EXPECT_NE(Install(L"filesinuse.msi"), 0U);
+}
+
 TEST_F(CancelTest, WithoutARunHasNoEffectOnTheNext) {
     library_.cancel();
     EXPECT_EQ(Install(L"plain-1.0.msi"), 0U);
