@@ -77,5 +77,5 @@ SeriesAndModel CommonSeries(const std::vector<SeriesAndModel>& devices) {
 std::optional<std::wstring> CountedName(const std::wstring& value, unsigned count) {
     const std::size_t dot = value.rfind(L'.');
     if (dot == std::wstring::npos) return std::nullopt;
-    return std::wstring(value).insert(dot, L'_' + std::to_wstring(count));
+    return value.substr(0, dot) + L'_' + std::to_wstring(count) + value.substr(dot);
 }
