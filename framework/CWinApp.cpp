@@ -71,7 +71,7 @@ void CWinApp::ParseCommandLine(CCommandLineInfo& receiver) const {
 void CWinApp::ReportUnhandledException(const std::wstring& where) noexcept {
     if (application == nullptr) return;
     try {
-        throw;
+        std::rethrow_exception(std::current_exception());
     } catch (const std::exception& exception) {
         application->OnUnhandledException(where, exception.what());
     } catch (...) {

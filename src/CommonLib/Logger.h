@@ -10,7 +10,7 @@
 #include "CommonLib/Singleton.h"
 
 namespace LogLevel {
-inline constexpr std::wstring_view None = L"";
+inline constexpr std::wstring_view None;
 inline constexpr std::wstring_view Error = L"ERROR";
 inline constexpr std::wstring_view Success = L"SUCCESS";
 }  // namespace LogLevel

@@ -7,9 +7,8 @@ namespace {
 constexpr wchar_t sourceName[] = L"CommonLib/SecurityEveryone";
 constexpr DWORD accessEntryRevision = 2;
 
-void Require(BOOL succeeded, const wchar_t* message,
-             std::source_location position = std::source_location::current()) {
-    if (succeeded == FALSE) throw Win32Exception(message, GetLastError(), sourceName, position);
+void Require(BOOL succeeded, const wchar_t* message, std::int32_t line = __builtin_LINE()) {
+    if (succeeded == FALSE) throw Win32Exception(message, GetLastError(), sourceName, line);
 }
 
 constexpr wchar_t descriptorFailed[] =

@@ -8,9 +8,8 @@
 #include "CommonLib/TextUtilities.h"
 
 Win32Exception::Win32Exception(std::wstring text, std::uint32_t errorCode, std::wstring source,
-                               std::source_location position)
-    : Exception(std::move(text), static_cast<std::int32_t>(errorCode), std::move(source),
-                static_cast<std::int32_t>(position.line())) {}
+                               std::int32_t sourceLine)
+    : Exception(std::move(text), static_cast<std::int32_t>(errorCode), std::move(source), sourceLine) {}
 
 std::wstring Win32Exception::getCodeText() const {
     const auto errorCode = static_cast<std::uint32_t>(getCode());

@@ -2,16 +2,16 @@
 #pragma once
 
 #include <cstdint>
-#include <source_location>
 #include <string>
 
 #include "CommonLib/Exception.h"
 
 class Win32Exception : public Exception {
 public:
-    // The file is the name under which the throwing source is known, such as "CommonLib/Mutex".
+    // The file is the name under which the throwing source is known, such as "CommonLib/Mutex"; the line is
+    // the caller's own.
     Win32Exception(std::wstring message, std::uint32_t code, std::wstring file,
-                   std::source_location position = std::source_location::current());
+                   std::int32_t line = __builtin_LINE());
 
     // "Win32(", the code in decimal and the system's words for it, or empty for code 0. The parenthesis is
     // not closed, and this is meant.

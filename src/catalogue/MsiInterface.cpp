@@ -129,7 +129,8 @@ std::uint32_t MsiInterface::FetchDocument(const std::wstring& packagePath, const
         buffer.assign(static_cast<size_t>(needed) + 1, L'\0');
         code = ask();
     }
-    document = buffer.substr(0, needed);
+    // A length beyond the buffer is not taken at its word.
+    document.assign(buffer.data(), std::min(static_cast<size_t>(needed), buffer.size()));
     propertyCache.emplace(packagePath, document);
     return code;
 }

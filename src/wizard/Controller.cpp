@@ -107,25 +107,31 @@ void Controller::SettleChainTags() {
 
 int Controller::BuildDialogs() {
     const InstallSettings& settings = InstallSettings::GetInstance();
-    const auto add = [&]<class Page>(std::unique_ptr<Page>& field, size_t index, bool isHidden,
-                                     const wchar_t* failure, auto... arguments) {
-        field = std::make_unique<Page>(arguments...);
+    const auto add = [&](auto& field, auto page, size_t index, bool isHidden, const wchar_t* failure) {
+        field = std::move(page);
         if (!AddDialog(*field, isHidden, index)) LogBasic(failure, LogLevel::Error);
     };
     const bool hideFinal = settings.GetBool(Tag::HIDE_FINAL);
-    add(startDlg, 0, settings.GetBool(Tag::HIDE_START), L"Add Start dialog failed.");
-    add(eulaDlg, 1, settings.GetBool(Tag::HIDE_EULA), L"Add Eula dialog failed.");
-    add(manufacturerDlg, 2, true, L"Add Manufacturer dialog failed.");
-    add(bypassDlg, 3, true, L"Add Optional Software Bypass dialog failed.");
-    add(connectivityDlg, 4, settings.GetBool(Tag::HIDE_CONNECTIVITY), L"Add Connectivity dialog failed.");
-    add(discoveryDlg, 5, true, L"Add Disocovery dialog failed.");
-    add(addPortDlg, 6, true, L"Add AddPort dialog failed.");
-    add(progressDlg, 7, settings.GetBool(Tag::HIDE_PROGRESS), L"Add Progress dialog failed.");
+    add(startDlg, std::make_unique<StartDlg>(), 0, settings.GetBool(Tag::HIDE_START),
+        L"Add Start dialog failed.");
+    add(eulaDlg, std::make_unique<EULADlg>(), 1, settings.GetBool(Tag::HIDE_EULA),
+        L"Add Eula dialog failed.");
+    add(manufacturerDlg, std::make_unique<ManufacturerDlg>(), 2, true, L"Add Manufacturer dialog failed.");
+    add(bypassDlg, std::make_unique<OptionalSoftwareBypassDlg>(), 3, true,
+        L"Add Optional Software Bypass dialog failed.");
+    add(connectivityDlg, std::make_unique<ConnectivityDlg>(), 4, settings.GetBool(Tag::HIDE_CONNECTIVITY),
+        L"Add Connectivity dialog failed.");
+    add(discoveryDlg, std::make_unique<DiscoveryDlg>(), 5, true, L"Add Disocovery dialog failed.");
+    add(addPortDlg, std::make_unique<AddPortDlg>(), 6, true, L"Add AddPort dialog failed.");
+    add(progressDlg, std::make_unique<ProgressDialog>(), 7, settings.GetBool(Tag::HIDE_PROGRESS),
+        L"Add Progress dialog failed.");
     services.at(7) = std::make_unique<InstallService>(progressDlg.get(), MsiInterface::GetInstance());
-    add(coreFinishDlg, 8, hideFinal, L"Add Core Finish dialog failed.", L"Core Finish Dialog");
-    add(coreRebootDlg, 9, true, L"Add Core Reboot dialog failed.");
-    add(finishDlg, 10, hideFinal, L"Add Optional software Finish dialog failed.", L"Finish Dialog");
-    add(rebootDlg, 11, true, L"Add Reboot dialog failed.");
+    add(coreFinishDlg, std::make_unique<FinishDlg>(L"Core Finish Dialog"), 8, hideFinal,
+        L"Add Core Finish dialog failed.");
+    add(coreRebootDlg, std::make_unique<RebootDlg>(), 9, true, L"Add Core Reboot dialog failed.");
+    add(finishDlg, std::make_unique<FinishDlg>(L"Finish Dialog"), 10, hideFinal,
+        L"Add Optional software Finish dialog failed.");
+    add(rebootDlg, std::make_unique<RebootDlg>(), 11, true, L"Add Reboot dialog failed.");
     return lastPageIndex;
 }
 

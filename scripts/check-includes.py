@@ -1,0 +1,65 @@
+#!/usr/bin/env python3
+"""Checks who may include whom.
+
+The platform-free sources include no header of Windows or of the window framework, not even through another header
+of this project, and a page includes no other page: they know the Controller alone.
+"""
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+INCLUDE = re.compile(r'^\s*#include\s+([<"])([^>"]+)[>"]', re.M)
+STANDARD = re.compile(r'[a-z_0-9]+')
+
+
+def includes_of(path):
+    return INCLUDE.findall(path.read_text(encoding='utf-8'))
+
+
+def resolve(name):
+    for base in (ROOT / 'src', ROOT):
+        if (base / name).is_file():
+            return base / name
+    return None
+
+
+def foreign_includes(source):
+    """The headers that a source reaches and that are neither the standard library's nor platform-free."""
+    seen, waiting = set(), [source]
+    while waiting:
+        path = waiting.pop()
+        if path in seen:
+            continue
+        seen.add(path)
+        for kind, name in includes_of(path):
+            target = resolve(name) if kind == '"' else None
+            if target and 'framework' not in target.parts:
+                waiting.append(target)
+            elif kind == '"' or not STANDARD.fullmatch(name):
+                yield f'{path.relative_to(ROOT)} includes {name}'
+
+
+def logic_sources():
+    listing = (ROOT / 'src' / 'logic.cmake').read_text(encoding='utf-8')
+    return [ROOT / name for name in re.findall(r'src/\S+\.cpp', listing)]
+
+
+def page_to_page():
+    pages = {path.name for folder in ('pages', 'discovery', 'ports', 'install') for path in
+             (ROOT / 'src' / folder).glob('*Dlg.h')}
+    for source in sorted((ROOT / 'src').rglob('*Dlg.*')):
+        for _, name in includes_of(source):
+            included = pathlib.PurePath(name).name
+            if included in pages and pathlib.PurePath(included).stem != source.stem:
+                yield f'{source.relative_to(ROOT)} includes the page {included}'
+
+
+def main():
+    findings = sorted(set(f for source in logic_sources() for f in foreign_includes(source)))
+    findings += list(page_to_page())
+    print('\n'.join(findings))
+    sys.exit(1 if findings else 0)
+
+
+main()

@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# Checks layout, includes and code, and prints the command that repairs a failure where there is one.
+# usage: scripts/lint.sh [format|includes|tidy|cppcheck]...
+set -uo pipefail
+source "$(dirname "$0")/common.sh"
+
+need_packages clang-format clang-tidy cppcheck python3
+mapfile -t sources < <(git ls-files '*.cpp' '*.h')
+mapfile -t program_units < <(git ls-files 'src/*.cpp' 'framework/*.cpp' 'standins/*.cpp')
+passed=0
+failed=0
+
+# check NAME REPAIR COMMAND...: runs the command and counts it.
+check() {
+    local name=$1 repair=$2 log
+    shift 2
+    log=$(mktemp)
+    if "$@" > "$log" 2>&1; then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        head -c 6000 "$log"
+        echo "lint: $name failed; to repair: $repair"
+    fi
+    rm -f "$log"
+}
+
+format() { clang-format --dry-run -Werror "${sources[@]}"; }
+
+# What only computes must build without Windows, and a page knows the Controller and no other page.
+includes() { python3 scripts/check-includes.py; }
+
+tidy() { python3 scripts/run-tidy.py build/windows "${program_units[@]}"; }
+
+static_analysis() {
+    cppcheck --quiet --error-exitcode=1 --std=c++20 --language=c++ --inline-suppr -j "$(nproc)" \
+        --enable=warning,performance,portability --suppress=missingIncludeSystem --suppress=unknownMacro \
+        --library=windows -I . -I src src framework standins
+}
+
+wanted=("$@")
+[ ${#wanted[@]} -gt 0 ] || wanted=(format includes tidy cppcheck)
+for name in "${wanted[@]}"; do
+    case $name in
+        format) check format 'git ls-files "*.cpp" "*.h" | xargs clang-format -i' format ;;
+        includes) check includes 'move the code that needs Windows out of kestrune_logic' includes ;;
+        tidy)
+            build windows Kestrune > /dev/null
+            check clang-tidy 'mend what it names' tidy
+            ;;
+        cppcheck) check cppcheck 'mend what it names' static_analysis ;;
+    esac
+done
+echo "lint: $passed passed, $failed failed"
+[ "$failed" = 0 ]
