@@ -55,3 +55,8 @@ target_link_options(Kestrune PRIVATE -municode -s)
 set_source_files_properties(resources/Kestrune.rc PROPERTIES
   INCLUDE_DIRECTORIES ${CMAKE_BINARY_DIR}/resources
   OBJECT_DEPENDS "${ICON};${CMAKE_SOURCE_DIR}/resources/Kestrune.manifest;${CMAKE_SOURCE_DIR}/resources/resource.h")
+
+# For package builders and the demo: prints what a run would do.
+add_executable(PackagePlan tools/PackagePlan.cpp)
+target_link_libraries(PackagePlan PRIVATE kestrune_wizard)
+target_link_options(PackagePlan PRIVATE -municode -s)

@@ -25,12 +25,15 @@ public:
     std::uint32_t DoRun() override;
     void Cancel() override;
 
+    // What a run would take on now: copies of the chosen applications, and of the chosen drivers, each in the
+    // order in which they would run.
+    std::vector<MSI_APP> SelectApps() const;
+    std::vector<MSI_APP> SelectDrivers() const;
+
     // The outcome of each package that this run has reached.
     const std::vector<MSI_APP>& StatusList() const { return statusList; }
 
 private:
-    std::vector<MSI_APP> SelectApps() const;
-    std::vector<MSI_APP> SelectDrivers() const;
     bool StartThread();
     unsigned InstallThread();
 

@@ -1,0 +1,73 @@
+// Prints what a run of the package in this folder tree would do: lie it beside Kestrune.exe and start it
+// there.
+
+#include <windows.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "CommonLib/Files.h"
+#include "CommonLib/TextUtilities.h"
+#include "catalogue/MsiInfoService.h"
+#include "catalogue/MsiInterface.h"
+#include "install/InstallDecision.h"
+#include "install/InstallService.h"
+#include "settings/InstallSettings.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+void PrintLine(const std::wstring& text) {
+    std::string bytes(text.size() * 3 + 1, '\0');
+    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
+                                           bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
+    std::printf("%.*s\n", length, bytes.c_str());
+}
+
+std::wstring Intention(const MSI_APP& record) {
+    switch (DecideInstall(record)) {
+        case InstallAction::ReportNewer:
+            return L"leave, something newer is installed";
+        case InstallAction::RunDependentsOnly:
+            return L"install the dependents only";
+        case InstallAction::ForceReinstall:
+            return L"install again";
+        case InstallAction::MinorUpgrade:
+            return L"minor upgrade";
+        case InstallAction::AskAgain:
+            break;
+    }
+    if (record.installed && record.upToDate) return L"pass over, it is up to date";
+    return record.upgradable ? L"upgrade" : L"install";
+}
+
+void Print(const std::vector<MSI_APP>& records, const std::wstring& indent) {
+    for (const MSI_APP& record : records) {
+        std::wstring name = record.productName + L" " + record.productVersion;
+        if (name.size() < 40) name.resize(40, L' ');
+        PrintLine(indent + name + L"  " + Intention(record) + L"  (" +
+                  std::wstring(FileNameOf(record.msiPath)) + L")");
+        Print(record.dependents, indent + L"    ");
+    }
+}
+
+}  // namespace
+
+int wmain() {
+    InstallSettings& settings = InstallSettings::GetInstance();
+    if (settings.LoadDefaults() != 0) {
+        PrintLine(L"There is no defaultInstallSettings.xml one folder above this program.");
+        return 1;
+    }
+    if (settings.MergeFile(GetExeDirectory() + L"\\..\\PackageUserSettings.xml") == 0) {
+        settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
+        settings.SetDevices(settings.GetAllValues(Tag::DEVICE));
+    }
+    MsiInterface& msi = *MsiInterface::GetInstance();
+    MsiInfoService(msi).DoRun();
+    const InstallService service(nullptr, &msi);
+    Print(service.SelectApps(), L"");
+    Print(service.SelectDrivers(), L"");
+    return 0;
+}
