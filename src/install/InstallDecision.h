@@ -39,4 +39,5 @@ struct ErrorDialogTexts {
     bool stopsRun = false;
 };
 
+// Returns what the error box for a return code shows.
 ErrorDialogTexts ErrorDialogFor(std::uint32_t code);

@@ -14,21 +14,34 @@ namespace {
 
 constexpr std::size_t kNone = std::wstring_view::npos;
 
-// Finds a sign at or behind positions that only grow, looking at every character once.
-class ForwardCursor {
+// Where the signs of one line stand in the document, in their order.
+struct LineSigns {
+    void BeginLine(std::size_t start) {
+        lineStart = start;
+        opens.clear();
+        closeTags.clear();
+        ends.clear();
+    }
+
+    std::size_t lineStart = 0;
+    std::vector<std::size_t> opens;      // each "<"
+    std::vector<std::size_t> closeTags;  // each "<" with a "/" behind it
+    std::vector<std::size_t> ends;       // each ">"
+};
+
+// Finds a sign at or behind positions that only grow.
+class SignCursor {
 public:
-    ForwardCursor(std::wstring_view searchedText, std::wstring_view searchedSign)
-        : text(searchedText), sign(searchedSign), position(text.find(sign)) {}
+    explicit SignCursor(const std::vector<std::size_t>& signPositions) : positions(signPositions) {}
 
     std::size_t AtOrBehind(std::size_t start) {
-        if (position < start) position = text.find(sign, start);
-        return position;
+        while (next < positions.size() && positions[next] < start) ++next;
+        return next < positions.size() ? positions[next] : kNone;
     }
 
 private:
-    std::wstring_view text;
-    std::wstring_view sign;
-    std::size_t position;
+    const std::vector<std::size_t>& positions;
+    std::size_t next = 0;
 };
 
 // Polynomial hash modulo the prime 2^61 - 1 of a text that grows to the left. Keys that end at the same ">"
@@ -64,9 +77,11 @@ private:
 // own. Built in one pass from the end of the line, so that a chain of equal keys begins with the leftmost.
 class CloseTagIndex {
 public:
-    explicit CloseTagIndex(std::wstring_view indexedLine) : line(indexedLine) {
-        std::size_t end = line.rfind(L'>');
-        while (end != kNone && end > 0) end = ReadKeysEndingAt(end);
+    CloseTagIndex(std::wstring_view indexedText, const LineSigns& signs) : text(indexedText) {
+        for (std::size_t i = signs.ends.size(); i-- > 0;) {
+            const std::size_t first = i > 0 ? signs.ends[i - 1] : 0;
+            ReadKeys(std::max(first, signs.lineStart + 1), signs.ends[i]);
+        }
     }
 
     // Returns where the close tag begins that ends the match, or kNone. Calls come with growing positions.
@@ -74,10 +89,10 @@ public:
     std::size_t Find(std::size_t open, std::size_t nameEnd) {
         while (!opens.empty() && opens.back().position < open) opens.pop_back();
         if (opens.empty() || opens.back().position != open) return kNone;
-        const std::wstring_view key = line.substr(open + 1, nameEnd - open);
+        const std::wstring_view key = text.substr(open + 1, nameEnd - open);
         for (auto i = opens.back().close; i != kEndOfChain; i = closes[i].next) {
             const std::size_t position = closes[i].position;
-            if (position >= nameEnd + 2 && line.substr(position + 2, key.size()) == key) return position;
+            if (position >= nameEnd + 2 && text.substr(position + 2, key.size()) == key) return position;
         }
         return kNone;
     }
@@ -94,57 +109,50 @@ private:
 
     static constexpr std::size_t kEndOfChain = kNone;
 
-    // Reads the keys that end at this ">", down to the ">" in front of it, which may itself be the first
-    // character of a key. Returns the position of that one.
-    std::size_t ReadKeysEndingAt(std::size_t end) {
+    // Reads the keys that end at this ">". The ">" in front of it may itself be the first character of one.
+    void ReadKeys(std::size_t first, std::size_t end) {
         LeftGrowingHash hash;
-        hash.Prepend(line[end]);
-        for (std::size_t start = end; start-- > 1;) {
-            hash.Prepend(line[start]);
+        hash.Prepend(text[end]);
+        for (std::size_t start = end; start-- > first;) {
+            hash.Prepend(text[start]);
             NoteKey(start, hash.Value());
-            if (line[start] == L'>') return start;
         }
-        return kNone;
     }
 
     void NoteKey(std::size_t start, std::uint64_t hash) {
-        if (line[start - 1] == L'<') {
+        if (text[start - 1] == L'<') {
             const auto chain = chains.find(hash);
             if (chain != chains.end()) opens.push_back({.position = start - 1, .close = chain->second});
-        } else if (line[start - 1] == L'/' && start > 1 && line[start - 2] == L'<') {
+        } else if (text[start - 1] == L'/' && start > 1 && text[start - 2] == L'<') {
             const auto chain = chains.try_emplace(hash, kEndOfChain).first;
             closes.push_back({.position = start - 2, .next = chain->second});
             chain->second = closes.size() - 1;
         }
     }
 
-    std::wstring_view line;
+    std::wstring_view text;
     std::vector<Close> closes;
     std::vector<Open> opens;
     std::unordered_map<std::uint64_t, std::size_t> chains;
 };
 
-bool IsLineEnd(wchar_t character) {
-    return character == L'\n' || character == L'\r' || character == L'\u2028' || character == L'\u2029';
-}
-
 class LineMatcher {
 public:
-    LineMatcher(std::wstring_view matchedLine, std::vector<std::wstring>& foundNames)
-        : line(matchedLine),
-          names(foundNames),
-          nameEnds(line, L">"),
-          closeTags(line, L"</"),
-          closeEnds(line, L">") {}
+    LineMatcher(std::wstring_view matchedText, const LineSigns& lineSigns)
+        : text(matchedText),
+          signs(lineSigns),
+          opens(signs.opens),
+          nameEnds(signs.ends),
+          closeTags(signs.closeTags),
+          closeEnds(signs.ends) {}
 
-    void Run() {
-        std::size_t open = line.find(L'<');
-        while (open != kNone) {
+    void AddNamesTo(std::vector<std::wstring>& names) {
+        for (std::size_t open = opens.AtOrBehind(signs.lineStart); open != kNone;) {
             const std::size_t nameEnd = nameEnds.AtOrBehind(open + 2);
             if (nameEnd == kNone) return;
             const std::size_t close = FindClose(open, nameEnd);
-            if (close != kNone) AddName(open);
-            open = line.find(L'<', close == kNone ? open + 1 : close + 2 + (nameEnd - open));
+            if (close != kNone) names.emplace_back(NameOf(open, nameEnd));
+            open = opens.AtOrBehind(close == kNone ? open + 1 : close + 2 + (nameEnd - open));
         }
     }
 
@@ -157,34 +165,49 @@ private:
         if (closeEnd == kNone) return kNone;
         const std::size_t length = nameEnd - open;
         if (closeEnd - close - 1 == length &&
-            line.substr(open + 1, length) == line.substr(close + 2, length)) {
+            text.substr(open + 1, length) == text.substr(close + 2, length)) {
             return close;
         }
-        if (!index) index.emplace(line);
+        if (!index) index.emplace(text, signs);
         return index->Find(open, nameEnd);
     }
 
-    void AddName(std::size_t open) {
+    std::wstring_view NameOf(std::size_t open, std::size_t nameEnd) const {
         const std::size_t start = open + 1;
-        names.emplace_back(line.substr(start, line.find(L'>', start) - start));
+        return text.substr(start, text[start] == L'>' ? 0 : nameEnd - start);
     }
 
-    std::wstring_view line;
-    std::vector<std::wstring>& names;
-    ForwardCursor nameEnds;
-    ForwardCursor closeTags;
-    ForwardCursor closeEnds;
+    std::wstring_view text;
+    const LineSigns& signs;
+    SignCursor opens;
+    SignCursor nameEnds;
+    SignCursor closeTags;
+    SignCursor closeEnds;
     std::optional<CloseTagIndex> index;
 };
+
+// The line ends of the expression's grammar.
+bool IsLineEnd(wchar_t character) {
+    return character == L'\n' || character == L'\r' || character == L'\u2028' || character == L'\u2029';
+}
 
 }  // namespace
 
 std::vector<std::wstring> TagDocument::ListElementNames(std::wstring_view document) {
     std::vector<std::wstring> names;
-    for (auto line = document.begin(); line != document.end();) {
-        const auto end = std::find_if(line, document.end(), IsLineEnd);
-        LineMatcher(std::wstring_view(line, end), names).Run();
-        line = end == document.end() ? end : end + 1;
+    LineSigns signs;
+    for (std::size_t i = 0; i < document.size(); ++i) {
+        const wchar_t character = document[i];
+        if (character == L'<') {
+            signs.opens.push_back(i);
+            if (i + 1 < document.size() && document[i + 1] == L'/') signs.closeTags.push_back(i);
+        } else if (character == L'>') {
+            signs.ends.push_back(i);
+        } else if (IsLineEnd(character)) {
+            LineMatcher(document, signs).AddNamesTo(names);
+            signs.BeginLine(i + 1);
+        }
     }
+    LineMatcher(document, signs).AddNamesTo(names);
     return names;
 }
