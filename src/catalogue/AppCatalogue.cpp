@@ -24,15 +24,20 @@ std::list<MSI_APP> AppCatalogue::Select(std::wstring_view filter) const {
 
 void AppCatalogue::Clear() {
     const std::lock_guard guard(lock);
+    byPath.clear();
     records.clear();
 }
 
 void AppCatalogue::Append(MSI_APP record) {
     const std::lock_guard guard(lock);
     records.push_back(std::move(record));
+    byPath.emplace(records.back().msiPath, &records.back());
 }
 
-void AppCatalogue::Update(const std::function<void(MSI_APP&)>& change) {
+void AppCatalogue::RecordOutcome(const MSI_APP& outcome) {
     const std::lock_guard guard(lock);
-    std::for_each(records.begin(), records.end(), change);
+    const auto known = byPath.find(outcome.msiPath);
+    if (known == byPath.end()) return;
+    known->second->isInstalled = outcome.isInstalled;
+    known->second->status = outcome.status;
 }

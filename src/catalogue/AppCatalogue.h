@@ -1,11 +1,11 @@
 // The packages of the tree that are not drivers, in scan order.
 #pragma once
 
-#include <functional>
 #include <list>
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "CommonLib/Singleton.h"
 #include "catalogue/MSI_APP.h"
@@ -20,8 +20,8 @@ public:
 
     void Clear();
     void Append(MSI_APP record);
-    // Changes the records in place, in catalogue order. The change must not come back to the catalogue.
-    void Update(const std::function<void(MSI_APP&)>& change);
+    // Notes in the record of that package whether this run has installed it, and its status.
+    void RecordOutcome(const MSI_APP& outcome);
 
 private:
     friend class Singleton<AppCatalogue>;
@@ -29,4 +29,5 @@ private:
 
     mutable std::mutex lock;
     std::list<MSI_APP> records;
+    std::unordered_map<std::wstring, MSI_APP*> byPath;
 };

@@ -42,10 +42,6 @@ void ReadCommonProperties(IMsiInterface& msi, const std::wstring& language, MSI_
     read(L"ProductVersion", record.productVersion);
 }
 
-auto HasId(const std::wstring& driverId) {
-    return [&driverId](const MSI_APP& record) { return record.driverId == driverId; };
-}
-
 }  // namespace
 
 DriverInfo& DriverInfo::GetInstance() {
@@ -66,9 +62,16 @@ void DriverInfo::PopulateDriverList(IMsiInterface& msi) {
         if (!ReadDriverProperties(msi, language, record)) continue;
         ReadInstalledState(msi, record);
         ReadCommonProperties(msi, language, record);
-        const std::lock_guard guard(lock);
-        driverInfoList.push_back(std::move(record));
+        Append(std::move(record));
     }
+}
+
+void DriverInfo::Append(MSI_APP record) {
+    const std::lock_guard guard(lock);
+    driverInfoList.push_back(std::move(record));
+    MSI_APP& stored = driverInfoList.back();
+    byId[stored.driverId].push_back(&stored);
+    byPath.emplace(stored.msiPath, &stored);
 }
 
 void DriverInfo::LoadAcceptedDriverTypes() {
@@ -119,33 +122,38 @@ bool DriverInfo::ReadDriverProperties(IMsiInterface& msi, const std::wstring& la
 
 void DriverInfo::Clear() {
     const std::lock_guard guard(lock);
+    byId.clear();
+    byPath.clear();
     driverInfoList.clear();
 }
 
 std::wstring DriverInfo::GetDriverPath(const std::wstring& driverId) const {
     const std::lock_guard guard(lock);
-    const auto last = std::find_if(driverInfoList.rbegin(), driverInfoList.rend(), HasId(driverId));
-    return last == driverInfoList.rend() ? std::wstring() : last->msiPath;
+    const auto named = byId.find(driverId);
+    return named == byId.end() ? std::wstring() : named->second.back()->msiPath;
 }
 
 bool DriverInfo::IsOmbrelSupported(const std::wstring& driverId) const {
     const std::lock_guard guard(lock);
-    const auto last = std::find_if(driverInfoList.rbegin(), driverInfoList.rend(), HasId(driverId));
-    return last != driverInfoList.rend() && last->ombrelSupported;
+    const auto named = byId.find(driverId);
+    return named != byId.end() && named->second.back()->ombrelSupported;
 }
 
 std::vector<MSI_APP> DriverInfo::GetDrivers() const {
     const std::lock_guard guard(lock);
-    return driverInfoList;
+    return {driverInfoList.begin(), driverInfoList.end()};
 }
 
 MSI_APP DriverInfo::GetDriver(const std::wstring& driverId) const {
     const std::lock_guard guard(lock);
-    const auto first = std::find_if(driverInfoList.begin(), driverInfoList.end(), HasId(driverId));
-    return first == driverInfoList.end() ? MSI_APP() : *first;
+    const auto named = byId.find(driverId);
+    return named == byId.end() ? MSI_APP() : *named->second.front();
 }
 
-void DriverInfo::Update(const std::function<void(MSI_APP&)>& change) {
+void DriverInfo::RecordOutcome(const MSI_APP& outcome) {
     const std::lock_guard guard(lock);
-    std::for_each(driverInfoList.begin(), driverInfoList.end(), change);
+    const auto known = byPath.find(outcome.msiPath);
+    if (known == byPath.end()) return;
+    known->second->isInstalled = outcome.isInstalled;
+    known->second->status = outcome.status;
 }

@@ -1,9 +1,10 @@
 // The driver packages of the tree that this system accepts.
 #pragma once
 
-#include <functional>
+#include <list>
 #include <mutex>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "CommonLib/Singleton.h"
@@ -30,19 +31,22 @@ public:
     // A copy of the first record with that identifier, or a record with empty fields.
     MSI_APP GetDriver(const std::wstring& driverId) const;
 
-    // Changes the records in place. The change must not come back to this object.
-    void Update(const std::function<void(MSI_APP&)>& change);
+    // Notes in the record of that package whether this run has installed it, and its status.
+    void RecordOutcome(const MSI_APP& outcome);
 
 private:
     friend class Singleton<DriverInfo>;
     DriverInfo() = default;
 
+    void Append(MSI_APP record);
     void LoadAcceptedDriverTypes();
     bool ReadDriverProperties(IMsiInterface& msi, const std::wstring& language, MSI_APP& record) const;
 
     // Guards the list; the accepted types are settled before other threads exist.
     mutable std::mutex lock;
     // In the order of insertion, across identifiers too.
-    std::vector<MSI_APP> driverInfoList;
+    std::list<MSI_APP> driverInfoList;
+    std::unordered_map<std::wstring, std::vector<MSI_APP*>> byId;
+    std::unordered_map<std::wstring, MSI_APP*> byPath;
     std::vector<std::wstring> acceptedDriverTypes;
 };

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
+#include <list>
 
 #include "CommonLib/Logger.h"
 #include "CommonLib/SystemVersion.h"
@@ -72,6 +72,7 @@ void LogAction(InstallAction action) {
 
 std::uint32_t InstallService::DoRun() {
     statusList.clear();
+    statusIndexByName.clear();
     InstallSettings::GetInstance().SetBools({{Tag::DOTNET_INSTALLED, false}, {Tag::DOTNET_FAILED, false}});
     // Applications always run before drivers.
     installList = SelectApps();
@@ -247,23 +248,17 @@ void InstallService::RemoveAfterDependentFailed(const MSI_APP& record) {
 }
 
 void InstallService::RecordStatus(const MSI_APP& record) {
-    const auto known = std::find_if(statusList.begin(), statusList.end(), [&](const MSI_APP& other) {
-        return other.productName == record.productName;
-    });
-    if (known == statusList.end()) {
+    // Packages of one product name share a line, and the later one's status wins.
+    const auto [line, isNew] = statusIndexByName.emplace(record.productName, statusList.size());
+    if (isNew) {
         statusList.push_back(record);
     } else {
-        known->status = record.status;
+        statusList.at(line->second).status = record.status;
     }
-    const auto takeOver = [&](MSI_APP& catalogued) {
-        if (catalogued.msiPath != record.msiPath) return;
-        catalogued.isInstalled = record.isInstalled;
-        catalogued.status = record.status;
-    };
     if (record.msiPath.find(L"Drivers") == std::wstring::npos) {
-        AppCatalogue::GetInstance().Update(takeOver);
+        AppCatalogue::GetInstance().RecordOutcome(record);
     } else {
-        DriverInfo::GetInstance().Update(takeOver);
+        DriverInfo::GetInstance().RecordOutcome(record);
     }
 }
 

@@ -3,8 +3,8 @@
 
 #include <atomic>
 #include <cstdint>
-#include <list>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "catalogue/IMsiInterface.h"
@@ -60,6 +60,7 @@ private:
     ProgressDialog* page;
     std::atomic<bool> cancelled = false;
     std::vector<MSI_APP> statusList;
+    std::unordered_map<std::wstring, size_t> statusIndexByName;
     std::vector<MSI_APP> installList;
     IMsiInterface* msi;
 };
