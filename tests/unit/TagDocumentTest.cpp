@@ -93,6 +93,15 @@ TEST(TagDocumentTest, FindsANameOfManyThousandCharacters) {
     EXPECT_EQ(TagDocument::ValueOf(document, name + L'n'), L"");
 }
 
+// A search that begins anew at every sign takes minutes here.
+TEST(TagDocumentTest, MissesALongNameOfSignsInADocumentOfThem) {
+    std::wstring name, document;
+    while (name.size() < 200'000) name += L"<>";
+    while (document.size() < 2'000'000) document += L"<>";
+    EXPECT_EQ(TagDocument::ValueOf(document, name + L'x'), L"");
+    EXPECT_EQ(TagDocument::ValueOf(document + L"</" + name + L"x>", name + L'x'), L"");
+}
+
 TEST(TagDocumentTest, ReadsAValueOfAMegabyte) {
     const std::wstring value(1'000'000, L'v');
     EXPECT_EQ(TagDocument::ValueOf(L"<A>" + value + L"</A>", L"A"), value);
