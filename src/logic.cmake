@@ -22,7 +22,8 @@ set(KESTRUNE_LOGIC_SOURCES
   src/settings/StartMarker.cpp
   src/settings/TagDocument.cpp
   src/settings/TagSearch.cpp
-  src/settings/TextExpansion.cpp)
+  src/settings/TextExpansion.cpp
+  src/wizard/ButtonFace.cpp)
 
 add_library(kestrune_logic STATIC ${KESTRUNE_LOGIC_SOURCES})
 target_link_libraries(kestrune_logic PUBLIC kestrune_options)
