@@ -1,5 +1,7 @@
 #include "framework/CDialogEx.h"
 
+#include "framework/CWinApp.h"
+
 namespace {
 
 // Takes nothing: the object bound to the dialog sees every message before the system's dialog procedure does.
@@ -7,20 +9,100 @@ INT_PTR CALLBACK DialogProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
 }
 
+// Keeps a window disabled that was enabled, and enables it again at the end of its life.
+class DisabledWindow {
+public:
+    explicit DisabledWindow(HWND owner) : window(owner) {
+        wasEnabled = window != nullptr && IsWindowEnabled(window) != FALSE;
+        if (wasEnabled) EnableWindow(window, FALSE);
+    }
+    DisabledWindow(const DisabledWindow&) = delete;
+    DisabledWindow& operator=(const DisabledWindow&) = delete;
+    ~DisabledWindow() {
+        if (wasEnabled) EnableWindow(window, TRUE);
+    }
+
+private:
+    HWND window;
+    bool wasEnabled;
+};
+
 }  // namespace
 
-bool CDialogEx::Create(UINT templateId, CWnd* parent) {
+const MessageMap& CDialogEx::Events() {
+    using On = EventsOf<CDialogEx>;
+    static const MessageMap map(nullptr, {
+                                             On::Click(IDOK, &CDialogEx::OnOK),
+                                             On::Click(IDCANCEL, &CDialogEx::OnCancel),
+                                             On::Message(WM_DRAWITEM, &CDialogEx::OnDrawItem),
+                                         });
+    return map;
+}
+
+bool CDialogEx::Create(UINT dialogTemplate, CWnd* parentWindow) {
     const CreationHook hook(*this);
-    const HWND owner = parent == nullptr ? nullptr : parent->GetSafeHwnd();
-    return CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateId), owner,
+    const HWND owner = parentWindow == nullptr ? nullptr : parentWindow->GetSafeHwnd();
+    return CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(dialogTemplate), owner,
                               &DialogProcedure, 0) != nullptr;
+}
+
+int CDialogEx::DoModal() {
+    constexpr int notCreated = -1;
+    CWnd* const around = parent != nullptr ? parent : AfxGetMainWnd();
+    const HWND owner = around == nullptr ? nullptr : GetAncestor(around->GetSafeHwnd(), GA_ROOT);
+    {
+        const DisabledWindow disabled(owner);
+        modal = true;
+        if (Create(templateId, around)) {
+            ShowWindow(SW_SHOW);
+            RunModalLoop();
+        } else {
+            modalResult = notCreated;
+        }
+        modal = false;
+    }
+    // The owner is enabled before the dialog goes, or the system would activate another program's window.
+    DestroyWindow();
+    return modalResult;
+}
+
+void CDialogEx::RunModalLoop() {
+    MSG message{};
+    while (modal && GetSafeHwnd() != nullptr) {
+        if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+            // The end of the program is for the outer loop.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (AfxGetApp()->PreTranslateMessage(&message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void CDialogEx::EndDialog(int result) {
+    if (!modal) return;
+    modalResult = result;
+    modal = false;
+    // Wakes the loop where the end came by a sent message.
+    PostMessage(WM_NULL);
 }
 
 bool CDialogEx::PreTranslateMessage(MSG* message) {
     return IsDialogMessageW(GetSafeHwnd(), message) != FALSE;
 }
 
+LRESULT CDialogEx::OnDrawItem(WPARAM, LPARAM item) {
+    const auto& drawing = *reinterpret_cast<const DRAWITEMSTRUCT*>(item);
+    if (CWnd* const control = FromHandle(drawing.hwndItem)) control->DrawItem(drawing);
+    return TRUE;
+}
+
 LRESULT CDialogEx::WindowProc(const WindowMessage& message) {
-    return message.message == WM_INITDIALOG ? static_cast<LRESULT>(OnInitDialog())
-                                            : CWnd::WindowProc(message);
+    if (message.message == WM_INITDIALOG) return static_cast<LRESULT>(OnInitDialog());
+    const LRESULT result = CWnd::WindowProc(message);
+    if (message.message == WM_COMMAND && HIWORD(message.wParam) == BN_CLICKED && message.lParam != 0) {
+        if (CWnd* const control = FromHandle(reinterpret_cast<HWND>(message.lParam))) control->OnClicked();
+    }
+    return result;
 }

@@ -1,13 +1,25 @@
-// A dialog made from a template resource.
+// A dialog made from a template resource, modeless or modal.
 #pragma once
 
 #include "framework/CWnd.h"
 
 class CDialogEx : public CWnd {
 public:
+    CDialogEx() = default;
+    // For DoModal. The parent may be null; the main window then takes its place.
+    explicit CDialogEx(UINT dialogTemplate, CWnd* parentWindow = nullptr)
+        : templateId(dialogTemplate), parent(parentWindow) {}
+
     // Creates the modeless dialog from the program's template of that id, with its controls, and runs
     // OnInitDialog. The parent may be null. False if there is no such template or the system refuses.
-    bool Create(UINT templateId, CWnd* parent);
+    bool Create(UINT dialogTemplate, CWnd* parentWindow);
+    // Shows the dialog of the constructor's template, keeps its parent disabled and runs a message loop until
+    // EndDialog. May run on any thread. Gives EndDialog's result, -1 if the dialog cannot be created.
+    int DoModal();
+    // Ends DoModal; on a modeless dialog nothing happens.
+    void EndDialog(int result);
+
+    UINT TemplateId() const { return templateId; }
 
     // Keyboard navigation of the dialog.
     bool PreTranslateMessage(MSG* message) override;
@@ -16,6 +28,22 @@ protected:
     // Runs once, when all controls exist and before the dialog is shown. False if it has set the focus
     // itself.
     virtual bool OnInitDialog() { return true; }
+    // A click on the buttons with the ids 1 and 2, and what the system makes of the close box and Escape.
+    virtual void OnOK() { EndDialog(IDOK); }
+    virtual void OnCancel() { EndDialog(IDCANCEL); }
+
+    const MessageMap& GetMessageMap() const override { return Events(); }
+    // The map that the maps of derived classes build on.
+    static const MessageMap& Events();
 
     LRESULT WindowProc(const WindowMessage& message) override;
+
+private:
+    LRESULT OnDrawItem(WPARAM, LPARAM item);
+    void RunModalLoop();
+
+    UINT templateId = 0;
+    CWnd* parent = nullptr;
+    bool modal = false;
+    int modalResult = 0;
 };

@@ -71,6 +71,8 @@ bool CWnd::DestroyWindow() {
     return handle != nullptr && ::DestroyWindow(handle) != FALSE;
 }
 
+void CWnd::DrawItem(const DRAWITEMSTRUCT&) {}
+
 bool CWnd::PreTranslateMessage(MSG*) {
     return false;
 }

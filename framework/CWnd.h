@@ -41,6 +41,11 @@ public:
     // Destroys the window, if there is one; the object stays.
     bool DestroyWindow();
 
+    // For controls: draws the control that its dialog was asked to draw. The base draws nothing.
+    virtual void DrawItem(const DRAWITEMSTRUCT& item);
+    // For controls: sees a click on itself that its dialog does not handle.
+    virtual void OnClicked() {}
+
     // Sees a posted message before it is translated. True if the message is done with.
     virtual bool PreTranslateMessage(MSG* message);
 

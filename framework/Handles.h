@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <utility>
 
 // Owns one handle of the kind that Kind describes: its type, its invalid value and how it is closed. Closing
@@ -80,6 +82,27 @@ struct SidKind : NullInvalid<PSID> {
 struct BitmapKind : NullInvalid<HBITMAP> {
     static void close(HBITMAP bitmap) { DeleteObject(bitmap); }
 };
+struct FontKind : NullInvalid<HFONT> {
+    static void close(HFONT font) { DeleteObject(font); }
+};
+struct BrushKind : NullInvalid<HBRUSH> {
+    static void close(HBRUSH brush) { DeleteObject(brush); }
+};
+struct PenKind : NullInvalid<HPEN> {
+    static void close(HPEN pen) { DeleteObject(pen); }
+};
+struct IconKind : NullInvalid<HICON> {
+    static void close(HICON icon) { DestroyIcon(icon); }
+};
+struct MemoryDcKind : NullInvalid<HDC> {
+    static void close(HDC context) { DeleteDC(context); }
+};
+struct ImageListKind : NullInvalid<HIMAGELIST> {
+    static void close(HIMAGELIST list) { ImageList_Destroy(list); }
+};
+struct FontResourceKind : NullInvalid<HANDLE> {
+    static void close(HANDLE font) { RemoveFontMemResourceEx(font); }
+};
 struct HookKind : NullInvalid<HHOOK> {
     static void close(HHOOK hook) { UnhookWindowsHookEx(hook); }
 };
@@ -92,7 +115,27 @@ using Library = HandleOwner<LibraryKind>;
 using LocalMemory = HandleOwner<LocalMemoryKind>;
 using Sid = HandleOwner<SidKind>;
 using Bitmap = HandleOwner<BitmapKind>;
+using Font = HandleOwner<FontKind>;
+using Brush = HandleOwner<BrushKind>;
+using Pen = HandleOwner<PenKind>;
+using Icon = HandleOwner<IconKind>;
+using MemoryDc = HandleOwner<MemoryDcKind>;
+using ImageList = HandleOwner<ImageListKind>;
+using FontResource = HandleOwner<FontResourceKind>;
 using WindowsHook = HandleOwner<HookKind>;
+
+// Puts an object into a device context and the former one back at the end of its life.
+class SelectedObject {
+public:
+    SelectedObject(HDC target, HGDIOBJ object) : context(target), former(SelectObject(target, object)) {}
+    SelectedObject(const SelectedObject&) = delete;
+    SelectedObject& operator=(const SelectedObject&) = delete;
+    ~SelectedObject() { SelectObject(context, former); }
+
+private:
+    HDC context;
+    HGDIOBJ former;
+};
 
 // The export of a loaded library under its type, or null when the library has none of that name.
 template <class Function>

@@ -2,7 +2,11 @@ add_library(kestrune_framework STATIC
   framework/AfxBeginThread.cpp
   framework/CDialogEx.cpp
   framework/CFileFind.cpp
+  framework/CImage.cpp
+  framework/CMFCLinkCtrl.cpp
+  framework/CToolTipCtrl.cpp
   framework/CWinApp.cpp
   framework/CWnd.cpp
   framework/MessageMap.cpp)
-target_link_libraries(kestrune_framework PUBLIC kestrune_options user32 gdi32 comctl32 shell32 ole32 uuid)
+target_link_libraries(kestrune_framework PUBLIC kestrune_options
+  user32 gdi32 comctl32 shell32 ole32 uuid gdiplus msimg32)

@@ -33,9 +33,13 @@ add_library(kestrune_wizard STATIC
   src/install/RebootService.cpp
   src/ports/MSIExtractService.cpp
   src/wizard/CKestruneApp.cpp
+  src/wizard/CQorFlatButton.cpp
+  src/wizard/CQorLinkButton.cpp
   src/wizard/CmdLineHelper.cpp
   src/wizard/Controller.cpp
   src/wizard/FolderCleanUp.cpp
+  src/wizard/Help.cpp
+  src/wizard/HighContrast.cpp
   src/wizard/InstallDialogEx.cpp
   src/wizard/KestruneDlg.cpp
   src/wizard/LocalizedMessage.cpp

@@ -1,17 +1,142 @@
 #include "wizard/InstallDialogEx.h"
 
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "CommonLib/Files.h"
+#include "framework/CImage.h"
+#include "framework/CMFCLinkCtrl.h"
 #include "settings/Localizer.h"
+#include "wizard/Controller.h"
+#include "wizard/Help.h"
+#include "wizard/HighContrast.h"
+
+namespace {
+
+constexpr WORD fontResourceId = 1174;
+constexpr wchar_t fontFace[] = L"Velmora";
+constexpr int light = 300;
+constexpr int regular = 400;
+constexpr int heavy = 600;
+
+constexpr int helpButtonId = 1057;
+constexpr int refreshButtonIds[] = {1019, 1123};
+// The program's own font, for this process alone.
+HANDLE InstallFont() {
+    const HMODULE module = GetModuleHandleW(nullptr);
+    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(fontResourceId), L"BINARY");
+    const HGLOBAL loaded = resource == nullptr ? nullptr : LoadResource(module, resource);
+    if (loaded == nullptr) return nullptr;
+    DWORD installed = 0;
+    return AddFontMemResourceEx(LockResource(loaded), SizeofResource(module, resource), nullptr, &installed);
+}
+
+Icon LoadIconFile(const wchar_t* path) {
+    ATL::CImage image;
+    image.Load(path);
+    return image.ToIcon();
+}
+
+HBRUSH GroundBrush() {
+    return IsHighContrastOn() ? GetSysColorBrush(COLOR_3DFACE)
+                              : static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+}
+
+bool HasClass(HWND window, const wchar_t* name) {
+    wchar_t actual[64] = {};
+    GetClassNameW(window, actual, static_cast<int>(std::size(actual)));
+    return _wcsicmp(actual, name) == 0;
+}
+
+}  // namespace
+
+const MessageMap& InstallDialogEx::Events() {
+    using On = EventsOf<InstallDialogEx>;
+    static const MessageMap map(&CDialogEx::Events(),
+                                {
+                                    On::Message(WM_CTLCOLORSTATIC, &InstallDialogEx::OnControlColour),
+                                    On::Message(WM_ERASEBKGND, &InstallDialogEx::OnEraseBackground),
+                                    On::Message(WM_DESTROY, &InstallDialogEx::OnDestroy),
+                                    On::Message(WM_UPDATEUISTATE, &InstallDialogEx::OnUpdateUiState),
+                                    On::Click(helpButtonId, &InstallDialogEx::ShowHelp),
+                                    On::Message(WM_HELP, &InstallDialogEx::OnHelp),
+                                });
+    return map;
+}
+
+InstallDialogEx::InstallDialogEx(UINT dialogTemplate, CWnd* parentWindow)
+    : CDialogEx(dialogTemplate, parentWindow), fontResource(InstallFont()) {}
 
 std::uint32_t InstallDialogEx::ReceiveMessage(std::wstring) {
     return 0;
+}
+
+bool InstallDialogEx::OnInitDialog() {
+    CDialogEx::OnInitDialog();
+    MakeFonts();
+    helpIconHighContrast = LoadIconFile(L"..\\res\\images\\high_contrast_help.png");
+    helpIcon = LoadIconFile(L"..\\res\\images\\help.png");
+    refreshIcon = LoadIconFile(L"..\\res\\images\\refresh.png");
+    refreshIconHighContrast = LoadIconFile(L"..\\res\\images\\high_contrast_refresh.png");
+    helpImagePath = GetExeDirectory() + L"\\..\\res\\images\\help.png";
+    // The help follows the user's language, even where the texts are told to be of another.
+    helpFile = L"..\\" + GetLanguageCode() + L"\\install.chm";
+    toolTips.Create(*this);
+    if (IsHighContrastOn()) CMFCLinkCtrl::SetUnderlinedFont(MakeFont(L"Arial", 8, regular, true));
+    return true;
+}
+
+Font InstallDialogEx::MakeFont(const std::wstring& face, int points, int weight, bool underlined) const {
+    LOGFONTW description{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)), sizeof(description), &description);
+    const HDC context = GetDC(GetSafeHwnd());
+    description.lfHeight = -MulDiv(points, GetDeviceCaps(context, LOGPIXELSY), 72);
+    ReleaseDC(GetSafeHwnd(), context);
+    description.lfWeight = weight;
+    description.lfUnderline = underlined ? TRUE : FALSE;
+    face.copy(description.lfFaceName, LF_FACESIZE - 1);
+    description.lfFaceName[std::min<size_t>(face.size(), LF_FACESIZE - 1)] = L'\0';
+    return Font(CreateFontIndirectW(&description));
+}
+
+void InstallDialogEx::MakeFonts() {
+    const auto make = [&](Font& field, int points, int weight, bool underlined = false) {
+        field = MakeFont(fontFace, points, weight, underlined);
+        SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(field.get()), FALSE);
+    };
+    make(fontBody, 9, light);
+    make(fontLarge, 24, light);
+    make(fontHeading, 10, heavy);
+    make(fontMedium, 10, regular);
+    make(fontButton, 9, light);
+    make(fontSmall, 9, light);
+    make(fontUnderlined, 9, light, true);
+}
+
+void InstallDialogEx::PreSubclassWindow() {
+    // Replaces the whole extended style, and this is meant.
+    if (IsRightToLeft()) SetWindowLongPtrW(GetSafeHwnd(), GWL_EXSTYLE, WS_EX_LAYOUTRTL);
 }
 
 void InstallDialogEx::SetLocalizedText(HWND window, std::wstring_view key) {
     ::SetWindowTextW(window, GetLocalizedText(key).c_str());
 }
 
+void InstallDialogEx::InsertLocalizedString(HWND comboBox, int index, std::wstring_view key) {
+    ::SendMessageW(comboBox, CB_INSERTSTRING, static_cast<WPARAM>(index),
+                   reinterpret_cast<LPARAM>(GetLocalizedText(key).c_str()));
+}
+
 std::wstring InstallDialogEx::GetLocalizedText(std::wstring_view key) const {
     return Localizer::GetInstance().GetString(key);
+}
+
+void InstallDialogEx::SetControlFont(int controlId, const Font& font) {
+    ::SendMessageW(GetDlgItem(controlId), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
 }
 
 void InstallDialogEx::RedrawControl(HWND control) {
@@ -22,6 +147,91 @@ void InstallDialogEx::RedrawControl(HWND control) {
     UpdateWindow(GetSafeHwnd());
 }
 
-void InstallDialogEx::PreSubclassWindow() {
-    if (IsRightToLeft()) SetWindowLongPtrW(GetSafeHwnd(), GWL_EXSTYLE, WS_EX_LAYOUTRTL);
+void InstallDialogEx::PaintGround(HDC context) {
+    RECT area{};
+    GetClientRect(GetSafeHwnd(), &area);
+    FillRect(context, &area, GroundBrush());
+}
+
+bool InstallDialogEx::PreTranslateMessage(MSG* message) {
+    toolTips.RelayEvent(message);
+    if (message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE) return OnEscape();
+    if (message->message == WM_KEYDOWN && message->wParam == VK_RETURN) return OnEnter();
+    return CDialogEx::PreTranslateMessage(message);
+}
+
+bool InstallDialogEx::OnEscape() {
+    const HWND cancel = GetDlgItem(IDCANCEL);
+    if (cancel == nullptr) {
+        Controller::GetInstance().Cancel(false);
+    } else if (IsWindowEnabled(cancel) != FALSE) {
+        SendMessage(WM_COMMAND, IDCANCEL);
+    }
+    return true;
+}
+
+// Enter clicks what has the focus; there is no default button.
+bool InstallDialogEx::OnEnter() {
+    const HWND focused = GetFocus();
+    const int id = focused == nullptr ? 0 : GetDlgCtrlID(focused);
+    if (id != 0) SendMessage(WM_COMMAND, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(focused));
+    return true;
+}
+
+// A change of the setting reaches the page here, with no notification.
+LRESULT InstallDialogEx::OnEraseBackground(WPARAM context, LPARAM) {
+    PaintGround(reinterpret_cast<HDC>(context));
+    const bool isOn = IsHighContrastOn();
+    if (isOn) {
+        PutContrastIcons(helpIconHighContrast.get(), refreshIconHighContrast.get());
+    } else if (highContrast) {
+        PutContrastIcons(helpIcon.get(), refreshIcon.get());
+    }
+    highContrast = isOn;
+    return 1;
+}
+
+void InstallDialogEx::PutContrastIcons(HICON help, HICON refresh) {
+    const auto put = [&](int id, HICON icon) {
+        if (const HWND control = GetDlgItem(id)) {
+            ::SendMessageW(control, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
+        }
+    };
+    put(helpButtonId, help);
+    for (const int id : refreshButtonIds) put(id, refresh);
+}
+
+LRESULT InstallDialogEx::OnControlColour(WPARAM context, LPARAM control) {
+    const HWND window = reinterpret_cast<HWND>(control);
+    return HasClass(window, WC_EDITW) ? Default() : OnCtlColor(reinterpret_cast<HDC>(context), window);
+}
+
+LRESULT InstallDialogEx::OnCtlColor(HDC context, HWND) {
+    SetBkMode(context, TRANSPARENT);
+    return reinterpret_cast<LRESULT>(GroundBrush());
+}
+
+LRESULT InstallDialogEx::OnUpdateUiState(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    RedrawControl(GetSafeHwnd());
+    return result;
+}
+
+LRESULT InstallDialogEx::OnDestroy(WPARAM, LPARAM) {
+    for (Font* font :
+         {&fontBody, &fontLarge, &fontHeading, &fontMedium, &fontButton, &fontSmall, &fontUnderlined}) {
+        font->reset();
+    }
+    for (Icon* icon : {&helpIcon, &helpIconHighContrast, &refreshIcon, &refreshIconHighContrast})
+        icon->reset();
+    return 0;
+}
+
+void InstallDialogEx::ShowHelp() {
+    ShowHelpTopic(GetSafeHwnd(), helpFile, helpTopic);
+}
+
+LRESULT InstallDialogEx::OnHelp(WPARAM, LPARAM) {
+    ShowHelp();
+    return 1;
 }

@@ -1,4 +1,4 @@
-// The base of all pages.
+// The base of all pages: fonts, help, localised texts, keyboard and the right-to-left layout.
 #pragma once
 
 #include <atomic>
@@ -6,16 +6,19 @@
 #include <string_view>
 
 #include "framework/CDialogEx.h"
+#include "framework/CToolTipCtrl.h"
+#include "framework/Handles.h"
 
-// A page is created once, hidden, and lives until the process ends. Its windows belong to the main thread.
+// A page is created once, hidden, and lives until the process ends; a sub-dialog is shown by DoModal. The
+// windows belong to the thread that made them.
 class InstallDialogEx : public CDialogEx {
 public:
-    explicit InstallDialogEx(UINT dialogTemplate) : templateId(dialogTemplate) {}
+    explicit InstallDialogEx(UINT dialogTemplate, CWnd* parentWindow = nullptr);
 
     // Takes the message that the Controller hands on before the page is shown. Pages that need it keep it.
     virtual std::uint32_t ReceiveMessage(std::wstring message);
 
-    UINT TemplateId() const { return templateId; }
+    bool PreTranslateMessage(MSG* message) override;
 
     // The walk passes over this page. The install thread reads it too.
     std::atomic<bool> hidden = false;
@@ -23,13 +26,65 @@ public:
     std::wstring dialogName;
 
 protected:
+    bool OnInitDialog() override;
+    void PreSubclassWindow() override;
+    const MessageMap& GetMessageMap() const override { return Events(); }
+    static const MessageMap& Events();
+
     virtual void SetLocalizedText(HWND window, std::wstring_view key);
+    void SetLocalizedText(int controlId, std::wstring_view key) {
+        SetLocalizedText(GetDlgItem(controlId), key);
+    }
+    // Inserts the text of the key into a combo box at that index.
+    virtual void InsertLocalizedString(HWND comboBox, int index, std::wstring_view key);
     virtual std::wstring GetLocalizedText(std::wstring_view key) const;
     // Redraws the part of this page under a control, for controls that let it show through.
     virtual void RedrawControl(HWND control);
+    // The background of a control, for WM_CTLCOLORSTATIC.
+    virtual LRESULT OnCtlColor(HDC context, HWND control);
 
-    void PreSubclassWindow() override;
+    void SetControlFont(int controlId, const Font& font);
+    void ShowControl(int controlId, bool shown) {
+        ::ShowWindow(GetDlgItem(controlId), shown ? SW_SHOW : SW_HIDE);
+    }
+    void EnableControl(int controlId, bool enabled) {
+        ::EnableWindow(GetDlgItem(controlId), enabled ? TRUE : FALSE);
+    }
+    void FocusControl(int controlId) { ::SetFocus(GetDlgItem(controlId)); }
+    // Fills the page's ground: white, or the system's colour with high contrast on.
+    virtual void PaintGround(HDC context);
+
+    Font fontBody;
+    Font fontLarge;
+    Font fontHeading;
+    Font fontMedium;
+    Font fontButton;
+    Font fontSmall;
+    Font fontUnderlined;
+    Icon helpIcon;
+    Icon helpIconHighContrast;
+    Icon refreshIcon;
+    Icon refreshIconHighContrast;
+    // The page's context number in the help file.
+    DWORD helpTopic = 1629;
+    // Full path of the help picture, for link buttons.
+    std::wstring helpImagePath;
+    CToolTipCtrl toolTips;
 
 private:
-    UINT templateId;
+    LRESULT OnEraseBackground(WPARAM context, LPARAM);
+    LRESULT OnControlColour(WPARAM context, LPARAM control);
+    LRESULT OnDestroy(WPARAM, LPARAM);
+    LRESULT OnUpdateUiState(WPARAM, LPARAM);
+    LRESULT OnHelp(WPARAM, LPARAM);
+    void ShowHelp();
+    void MakeFonts();
+    Font MakeFont(const std::wstring& face, int points, int weight, bool underlined) const;
+    void PutContrastIcons(HICON help, HICON refresh);
+    bool OnEscape();
+    bool OnEnter();
+
+    bool highContrast = false;
+    std::wstring helpFile;
+    FontResource fontResource;
 };

@@ -1,0 +1,149 @@
+#include "wizard/CQorFlatButton.h"
+
+#include <windows.h>
+
+#include <windowsx.h>
+
+#include "framework/Handles.h"
+#include "wizard/ButtonFace.h"
+#include "wizard/HighContrast.h"
+
+namespace {
+
+constexpr int focusInset = 5;
+constexpr int pressedShift = 2;
+
+// As it was when the last button was made: a change during the run does not reach the buttons, and this is
+// meant.
+bool highContrastButtons = false;
+
+COLORREF ToColorRef(RgbColour colour) {
+    return RGB(static_cast<BYTE>(colour >> 16), static_cast<BYTE>(colour >> 8), static_cast<BYTE>(colour));
+}
+
+bool Has(const DRAWITEMSTRUCT& item, UINT state) {
+    return (item.itemState & state) != 0;
+}
+
+ButtonState StateOf(const DRAWITEMSTRUCT& item) {
+    return {.selected = Has(item, ODS_SELECTED),
+            .hot = Has(item, ODS_HOTLIGHT),
+            .focused = Has(item, ODS_FOCUS),
+            .disabled = Has(item, ODS_DISABLED)};
+}
+
+COLORREF TextColour(const DRAWITEMSTRUCT& item) {
+    if (!highContrastButtons) return RGB(255, 255, 255);
+    return GetSysColor(Has(item, ODS_DISABLED) ? COLOR_GRAYTEXT : COLOR_BTNTEXT);
+}
+
+}  // namespace
+
+const MessageMap& CQorFlatButton::GetMessageMap() const {
+    using On = EventsOf<CQorFlatButton>;
+    static const MessageMap map(nullptr, {
+                                             On::Message(WM_MOUSEMOVE, &CQorFlatButton::OnMouseMove),
+                                             On::Message(WM_MOUSELEAVE, &CQorFlatButton::OnMouseLeave),
+                                         });
+    return map;
+}
+
+CQorFlatButton::CQorFlatButton() {
+    highContrastButtons = IsHighContrastOn();
+}
+
+bool CQorFlatButton::IsFlat() const {
+    return (GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE) & BS_FLAT) != 0;
+}
+
+void CQorFlatButton::PreSubclassWindow() {
+    const LONG_PTR style = GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE);
+    SetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE, (style & ~static_cast<LONG_PTR>(BS_TYPEMASK)) | BS_OWNERDRAW);
+}
+
+LRESULT CQorFlatButton::OnMouseMove(WPARAM keys, LPARAM position) {
+    if (!IsFlat()) return Default();
+    POINT point{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+    ClientToScreen(GetSafeHwnd(), &point);
+    if (WindowFromPoint(point) != GetSafeHwnd()) {
+        SendMessage(BM_SETSTATE, FALSE);
+        return Default();
+    }
+    constexpr WPARAM buttons = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON;
+    if ((keys & buttons) == MK_LBUTTON) SendMessage(BM_SETSTATE, TRUE);
+    if ((keys & buttons) == MK_RBUTTON) SendMessage(BM_SETSTATE, FALSE);
+    if (!hovering) {
+        DrawHot();
+        TRACKMOUSEEVENT tracking{
+            .cbSize = sizeof(TRACKMOUSEEVENT), .dwFlags = TME_LEAVE, .hwndTrack = GetSafeHwnd()};
+        TrackMouseEvent(&tracking);
+        hovering = true;
+    }
+    return Default();
+}
+
+LRESULT CQorFlatButton::OnMouseLeave(WPARAM, LPARAM) {
+    InvalidateRect(GetSafeHwnd(), nullptr, TRUE);
+    hovering = false;
+    SendMessage(BM_SETSTATE, FALSE);
+    return 0;
+}
+
+void CQorFlatButton::DrawHot() {
+    const HDC context = GetDC(GetSafeHwnd());
+    const bool hasFocus = GetFocus() == GetSafeHwnd();
+    DRAWITEMSTRUCT item{.CtlType = ODT_BUTTON,
+                        .itemState = ODS_HOTLIGHT | (hasFocus ? ODS_FOCUS : 0U),
+                        .hwndItem = GetSafeHwnd(),
+                        .hDC = context};
+    GetClientRect(GetSafeHwnd(), &item.rcItem);
+    const SelectedObject font(context, reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
+    DrawItem(item);
+    ReleaseDC(GetSafeHwnd(), context);
+}
+
+void CQorFlatButton::DrawItem(const DRAWITEMSTRUCT& item) {
+    if (!IsFlat() || item.CtlType != ODT_BUTTON) return;
+    DrawFrame(item);
+    const auto icon = reinterpret_cast<HICON>(SendMessage(BM_GETIMAGE, IMAGE_ICON));
+    if (icon != nullptr) {
+        DrawIconEx(item.hDC, 0, 0, icon, 0, 0, 0, nullptr, DI_NORMAL);
+    } else {
+        DrawCaption(item);
+    }
+    if (Has(item, ODS_FOCUS)) {
+        RECT inner = item.rcItem;
+        InflateRect(&inner, -focusInset, -focusInset);
+        DrawFocusRect(item.hDC, &inner);
+    }
+}
+
+void CQorFlatButton::DrawFrame(const DRAWITEMSTRUCT& item) const {
+    const ButtonFace face = FlatButtonFace(StateOf(item), secondary);
+    COLORREF penColour = ToColorRef(face.colour);
+    COLORREF brushColour = penColour;
+    if (highContrastButtons) {
+        penColour = GetSysColor(Has(item, ODS_DISABLED) ? COLOR_INACTIVEBORDER : COLOR_ACTIVEBORDER);
+        brushColour = GetSysColor(Has(item, ODS_HOTLIGHT) ? COLOR_BTNHIGHLIGHT : COLOR_BTNFACE);
+    }
+    const Pen pen(CreatePen(PS_INSIDEFRAME, face.frameWidth, penColour));
+    const Brush brush(CreateSolidBrush(brushColour));
+    const SelectedObject selectedPen(item.hDC, pen.get());
+    const SelectedObject selectedBrush(item.hDC, brush.get());
+    Rectangle(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
+}
+
+void CQorFlatButton::DrawCaption(const DRAWITEMSTRUCT& item) const {
+    RECT area = item.rcItem;
+    // A green button does not move its text when it is pressed, and this is meant.
+    if (Has(item, ODS_SELECTED) && secondary) {
+        area.left += pressedShift;
+        area.top += pressedShift;
+    }
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, TextColour(item));
+    const std::wstring text = GetWindowText();
+    UINT format = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
+    if (Has(item, ODS_NOACCEL)) format |= DT_HIDEPREFIX;
+    DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area, format);
+}

@@ -1,0 +1,55 @@
+#include "wizard/CQorLinkButton.h"
+
+#include "framework/CImage.h"
+#include "framework/Handles.h"
+#include "wizard/HighContrast.h"
+
+namespace {
+
+constexpr COLORREF linkColour = RGB(0x00, 0x66, 0xCC);
+constexpr COLORREF white = RGB(255, 255, 255);
+
+struct LinkColours {
+    COLORREF pen = white;
+    COLORREF brush = white;
+    COLORREF text = linkColour;
+};
+
+LinkColours ColoursFor(const DRAWITEMSTRUCT& item) {
+    if (!IsHighContrastOn()) return {};
+    const bool disabled = (item.itemState & ODS_DISABLED) != 0;
+    const bool hot = (item.itemState & ODS_HOTLIGHT) != 0;
+    return {.pen = GetSysColor(disabled ? COLOR_INACTIVEBORDER : COLOR_ACTIVEBORDER),
+            .brush = GetSysColor(hot ? COLOR_BTNHIGHLIGHT : COLOR_BTNFACE),
+            .text = GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT)};
+}
+
+}  // namespace
+
+void CQorLinkButton::PreSubclassWindow() {
+    const LONG_PTR style = GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE);
+    SetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE, (style & ~static_cast<LONG_PTR>(BS_TYPEMASK)) | BS_OWNERDRAW);
+}
+
+void CQorLinkButton::DrawItem(const DRAWITEMSTRUCT& item) {
+    const LinkColours colours = ColoursFor(item);
+    const Pen pen(CreatePen(PS_INSIDEFRAME, 1, colours.pen));
+    const Brush brush(CreateSolidBrush(colours.brush));
+    const SelectedObject selectedPen(item.hDC, pen.get());
+    const SelectedObject selectedBrush(item.hDC, brush.get());
+    Rectangle(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
+
+    ATL::CImage picture;
+    if (!imagePath.empty() && picture.Load(imagePath)) {
+        picture.AlphaBlend(item.hDC, item.rcItem.left, item.rcItem.top);
+    } else if (imagePath.empty()) {
+        const std::wstring text = GetWindowText();
+        RECT area = item.rcItem;
+        SetBkMode(item.hDC, TRANSPARENT);
+        SetTextColor(item.hDC, colours.text);
+        UINT format = DT_LEFT | DT_VCENTER | DT_SINGLELINE;
+        if ((item.itemState & ODS_NOACCEL) != 0) format |= DT_HIDEPREFIX;
+        DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area, format);
+    }
+    if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+}

@@ -1,0 +1,22 @@
+// A button that looks like a link: a blue text, or a picture.
+#pragma once
+
+#include <string>
+
+#include "framework/CWnd.h"
+
+class CQorLinkButton : public CWnd {
+public:
+    // Shows that PNG file instead of the text. At most 259 characters of the path are kept.
+    void SetImagePath(const std::wstring& path) { imagePath = path.substr(0, longestPath); }
+
+    void DrawItem(const DRAWITEMSTRUCT& item) override;
+
+protected:
+    void PreSubclassWindow() override;
+
+private:
+    static constexpr size_t longestPath = 259;
+
+    std::wstring imagePath;
+};
