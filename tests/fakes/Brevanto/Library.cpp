@@ -1,0 +1,114 @@
+#include "tests/fakes/Brevanto/Library.h"
+
+#include <windows.h>
+
+#include <chrono>
+#include <sstream>
+#include <thread>
+
+#include "tests/fakes/TextLines.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Longer than any test waits; a step that runs into it leaves a line in the record.
+constexpr auto longestWait = 120s;
+constexpr auto pollInterval = 5ms;
+
+std::wstring FileName(std::wstring_view path) {
+    return std::wstring(path.substr(path.find_last_of(L'\\') + 1));
+}
+
+// The folder of this library, which is not that of the program.
+std::wstring OwnFolder() {
+    static const int ownAddress = 0;
+    HMODULE self = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&ownAddress), &self);
+    std::wstring path(MAX_PATH, L'\0');
+    path.resize(GetModuleFileNameW(self, path.data(), MAX_PATH));
+    return path.substr(0, path.find_last_of(L'\\') + 1);
+}
+
+bool WaitForFile(const std::wstring& path) {
+    const auto end = std::chrono::steady_clock::now() + longestWait;
+    while (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(pollInterval);
+    }
+    return true;
+}
+
+}  // namespace
+
+ScriptedLibrary& ScriptedLibrary::GetInstance() {
+    static ScriptedLibrary library;
+    return library;
+}
+
+ScriptedLibrary::ScriptedLibrary() : folder(OwnFolder()), packages(ReadScript(folder + L"Brevanto.script")) {}
+
+void ScriptedLibrary::Record(const std::vector<std::wstring>& fields) {
+    std::wostringstream thread;
+    thread << std::hex << GetCurrentThreadId();
+    std::vector<std::wstring> line{thread.str()};
+    line.insert(line.end(), fields.begin(), fields.end());
+    const std::lock_guard guard(recordLock);
+    AppendText(folder + L"Brevanto.record", JoinFields(line));
+}
+
+const ScriptedPackage* ScriptedLibrary::Find(std::wstring_view path) const {
+    const auto found = packages.find(FileName(path));
+    return found == packages.end() ? nullptr : &found->second;
+}
+
+ScriptedState ScriptedLibrary::NextState(std::wstring_view path) {
+    const ScriptedPackage* const package = Find(path);
+    if (package == nullptr || package->states.empty()) return {};
+    const std::lock_guard guard(lock);
+    size_t& given = statesGiven[FileName(path)];
+    if (given < package->states.size()) ++given;
+    return package->states[given - 1];
+}
+
+std::uint32_t ScriptedLibrary::Run(const ScriptedCall& call, InstallProgressCallback callback) {
+    {
+        const std::lock_guard guard(lock);
+        if (running) return ERROR_INSTALL_ALREADY_RUNNING;
+        running = true;
+        cancelled = false;
+    }
+    // The real library calls back on a thread of its own as well.
+    std::thread worker([&] {
+        for (const ScriptStep& step : call.steps) Play(step, callback);
+    });
+    worker.join();
+    const std::lock_guard guard(lock);
+    running = false;
+    return call.code;
+}
+
+void ScriptedLibrary::Play(const ScriptStep& step, InstallProgressCallback callback) {
+    bool done = true;
+    if (step.kind == L"message") {
+        Record({L"answer", L"message=" + step.argument,
+                L"answer=" + std::to_wstring(callback(step.argument.c_str()))});
+    } else if (step.kind == L"pause") {
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(step.argument)));
+    } else if (step.kind == L"untilFile") {
+        done = WaitForFile(step.argument);
+    } else if (step.kind == L"untilCancel") {
+        std::unique_lock guard(lock);
+        done = change.wait_for(guard, longestWait, [this] { return cancelled; });
+    } else {
+        done = false;
+    }
+    if (!done) Record({L"failed", L"step=" + step.kind});
+}
+
+void ScriptedLibrary::Cancel() {
+    const std::lock_guard guard(lock);
+    cancelled = true;
+    change.notify_all();
+}

@@ -1,0 +1,20 @@
+// The form of the script and record files by which a test and a scripted library talk to each other: UTF-16
+// text, one entry per line, its fields divided by tabs. Line ends, tabs and backslashes in a field are
+// escaped.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+std::wstring EscapeField(std::wstring_view text);
+std::wstring UnescapeField(std::wstring_view text);
+
+// The line of these fields, with its line end.
+std::wstring JoinFields(const std::vector<std::wstring>& fields);
+
+// The fields of every line of the file that is complete. A missing file holds none.
+std::vector<std::vector<std::wstring>> ReadLines(const std::wstring& path);
+
+// Appends in one write and closes the file again, so that the line outlives the process. False if it cannot.
+bool AppendText(const std::wstring& path, std::wstring_view text);

@@ -1,0 +1,180 @@
+#include "WizardDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "Waiting.h"
+
+namespace {
+
+constexpr int boxTextId = 0xFFFF;
+
+using WindowTest = std::function<bool(HWND)>;
+
+struct Search {
+    const WindowTest& test;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK TakeIfFits(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    if (!search.test(window)) return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+HWND FindTopLevel(const WindowTest& test) {
+    Search search{.test = test};
+    EnumWindows(&TakeIfFits, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+HWND FindChild(HWND parent, const WindowTest& test) {
+    Search search{.test = test};
+    EnumChildWindows(parent, &TakeIfFits, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+bool BelongsTo(DWORD processId, HWND window) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    return owner == processId;
+}
+
+bool IsDialog(HWND window) {
+    wchar_t name[16]{};
+    GetClassNameW(window, name, 16);
+    return std::wstring(name) == L"#32770";
+}
+
+std::wstring CommandLine(const std::filesystem::path& program, const std::wstring& arguments) {
+    return L"\"" + program.wstring() + L"\" " + arguments;
+}
+
+// The token of this process without the right to act as an administrator.
+KernelHandle RestrictedToken() {
+    KernelHandle own;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, own.put());
+    SID_IDENTIFIER_AUTHORITY authority = {SECURITY_NT_AUTHORITY};
+    Sid administrators;
+    AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0,
+                             0, 0, administrators.put());
+    SID_AND_ATTRIBUTES disabled{.Sid = administrators.get(), .Attributes = 0};
+    KernelHandle restricted;
+    CreateRestrictedToken(own.get(), 0, 1, &disabled, 0, nullptr, 0, nullptr, restricted.put());
+    return restricted;
+}
+
+}  // namespace
+
+void WizardDriver::Start(const std::wstring& arguments) {
+    std::wstring commandLine = CommandLine(program, arguments);
+    STARTUPINFOW startup{.cb = sizeof(STARTUPINFOW)};
+    PROCESS_INFORMATION information{};
+    ASSERT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                               &startup, &information));
+    KeepProcess(information);
+}
+
+void WizardDriver::StartRestricted() {
+    const KernelHandle token = RestrictedToken();
+    std::wstring commandLine = CommandLine(program, {});
+    STARTUPINFOW startup{.cb = sizeof(STARTUPINFOW)};
+    PROCESS_INFORMATION information{};
+    ASSERT_TRUE(CreateProcessAsUserW(token.get(), nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0,
+                                     nullptr, nullptr, &startup, &information));
+    KeepProcess(information);
+}
+
+void WizardDriver::KeepProcess(const PROCESS_INFORMATION& information) {
+    const KernelHandle thread(information.hThread);
+    process.reset(information.hProcess);
+    processId = information.dwProcessId;
+}
+
+bool WizardDriver::IsRunning() const {
+    return process && WaitForSingleObject(process.get(), 0) == WAIT_TIMEOUT;
+}
+
+void WizardDriver::WaitForEnd() {
+    if (WaitUntil([this] { return !IsRunning(); })) return;
+    const auto box = FindBox();
+    ADD_FAILURE() << "the program does not end"
+                  << (box ? ", it shows a box: " + testing::PrintToString(box->text) : std::string());
+    Kill();
+}
+
+void WizardDriver::Kill() {
+    if (!IsRunning()) return;
+    TerminateProcess(process.get(), 1);
+    WaitForSingleObject(process.get(), INFINITE);
+}
+
+DWORD WizardDriver::ExitCode() const {
+    DWORD code = 0;
+    GetExitCodeProcess(process.get(), &code);
+    return code;
+}
+
+std::optional<MessageBoxOnScreen> WizardDriver::FindBox() const {
+    const HWND window = FindTopLevel([this](HWND candidate) {
+        return BelongsTo(processId, candidate) && IsDialog(candidate) && IsWindowVisible(candidate) &&
+               GetDlgItem(candidate, boxTextId) != nullptr;
+    });
+    if (window == nullptr) return std::nullopt;
+    return MessageBoxOnScreen{
+        .window = window, .title = TextOf(window), .text = TextOf(GetDlgItem(window, boxTextId))};
+}
+
+MessageBoxOnScreen WizardDriver::WaitForBox() const {
+    std::optional<MessageBoxOnScreen> box;
+    WaitUntil([&] {
+        box = FindBox();
+        return box || !IsRunning();
+    });
+    if (!box) ADD_FAILURE() << "no message box came up";
+    return box.value_or(MessageBoxOnScreen{});
+}
+
+MessageBoxOnScreen WizardDriver::Answer(int button) const {
+    const MessageBoxOnScreen box = WaitForBox();
+    const HWND control = GetDlgItem(box.window, button);
+    EXPECT_NE(control, nullptr) << "the box has no button " << button;
+    PostMessageW(control, BM_CLICK, 0, 0);
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box.window); })) << "the box stays";
+    return box;
+}
+
+HWND WizardDriver::MainWindow() const {
+    return FindTopLevel([this](HWND window) {
+        return BelongsTo(processId, window) && IsDialog(window) && GetDlgItem(window, boxTextId) == nullptr;
+    });
+}
+
+HWND WizardDriver::FindControl(int id) const {
+    return FindChild(MainWindow(),
+                     [id](HWND window) { return GetDlgCtrlID(window) == id && IsWindowVisible(window); });
+}
+
+HWND WizardDriver::WaitForControl(int id) const {
+    HWND control = nullptr;
+    WaitUntil([&] {
+        control = FindControl(id);
+        return control != nullptr || !IsRunning();
+    });
+    EXPECT_NE(control, nullptr) << "no page shows the control " << id;
+    return control;
+}
+
+std::wstring WizardDriver::TextOf(HWND window) {
+    std::wstring text(static_cast<size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+    const LRESULT length =
+        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<size_t>(length));
+    return text;
+}
+
+void WizardDriver::CloseMainWindow() const {
+    PostMessageW(MainWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+}

@@ -1,0 +1,59 @@
+// Drives the program as a user meets it: from outside, by its windows.
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "framework/Handles.h"
+
+struct MessageBoxOnScreen {
+    HWND window = nullptr;
+    std::wstring title;
+    std::wstring text;
+};
+
+// Every wait has a limit; running into it fails the test. What is still running at the end is killed, since
+// the next test starts the program again.
+class WizardDriver {
+public:
+    explicit WizardDriver(std::filesystem::path programPath) : program(std::move(programPath)) {}
+    ~WizardDriver() { Kill(); }
+    WizardDriver(const WizardDriver&) = delete;
+    WizardDriver& operator=(const WizardDriver&) = delete;
+
+    void Start(const std::wstring& arguments = {});
+    // Starts the program for a user who is no administrator.
+    void StartRestricted();
+    bool IsRunning() const;
+    // Waits for the program's end, or kills it at the limit and fails.
+    void WaitForEnd();
+    // Ends the program as a task manager does.
+    void Kill();
+    // The exit code of the program that has ended.
+    DWORD ExitCode() const;
+
+    // The message box that the program shows now, if it does.
+    std::optional<MessageBoxOnScreen> FindBox() const;
+    MessageBoxOnScreen WaitForBox() const;
+    // Waits for a box and presses the button of that id, such as IDOK; gives what the box said.
+    MessageBoxOnScreen Answer(int button) const;
+
+    HWND MainWindow() const;
+    // The control of that id on the page that is shown, or null.
+    HWND FindControl(int id) const;
+    HWND WaitForControl(int id) const;
+    static std::wstring TextOf(HWND window);
+    // Chooses "Close" from the main window's system menu.
+    void CloseMainWindow() const;
+
+private:
+    void KeepProcess(const PROCESS_INFORMATION& information);
+
+    std::filesystem::path program;
+    KernelHandle process;
+    DWORD processId = 0;
+};

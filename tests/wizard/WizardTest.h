@@ -1,0 +1,61 @@
+// A test of the program from outside: a package tree, a driver, and what the run left behind.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "LibraryCalls.h"
+#include "Logs.h"
+#include "PackageTree.h"
+#include "Waiting.h"
+#include "WizardDriver.h"
+
+class WizardTest : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Starts the program and waits for its end.
+    void Run(const std::wstring& arguments = {});
+    // Waits until the walk has come to the first Finish page, closes the window there and waits for the end.
+    void CloseOnFinishPage();
+    // The switch of the advanced log; on unless a test turns it off.
+    void SwitchAdvancedLog(bool on) const;
+
+    std::wstring LogFolder() const;
+    std::vector<LogRecord> BasicLog() const;
+    std::vector<LogRecord> AdvancedLog() const;
+    // The messages of the basic log at that level, in their order.
+    std::vector<std::wstring> BasicMessages(const std::wstring& level) const;
+    // Waits until the advanced log holds the message.
+    bool WaitForMessage(const std::wstring& message) const;
+
+    std::vector<LibraryCall> Calls() const;
+    std::vector<LibraryCall> Calls(const std::wstring& name) const;
+    // The file names of the packages that were installed and removed, in the order of the calls.
+    std::vector<std::wstring> Installs() const;
+    std::vector<std::wstring> Removals() const;
+    // The command document with which the package was installed.
+    std::wstring CommandOf(const std::wstring& package) const;
+    // The target folder, by the rule that its name is the vendor's.
+    std::wstring TargetFolder() const;
+    // The path of a package as the program writes it.
+    std::wstring ProgramPathOf(const std::wstring& path) const;
+
+    PackageTree tree;
+    WizardDriver wizard{tree.ProgramFolder() / L"Kestrune.exe"};
+
+private:
+    std::vector<std::wstring> PackagesOf(const std::wstring& name) const;
+    void ExpectScriptUsed() const;
+};
+
+// A log that holds, or lacks, a record of this level and message.
+testing::Matcher<const std::vector<LogRecord>&> HasRecord(const std::wstring& level,
+                                                          const std::wstring& message);
+// The same for a message of which only a part is given.
+testing::Matcher<const std::vector<LogRecord>&> HasRecordWith(const std::wstring& level,
+                                                              const std::wstring& part);
