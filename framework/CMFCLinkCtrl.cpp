@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr COLORREF linkColour = RGB(0x00, 0x66, 0xCC);
+
 Font& UnderlinedFont() {
     static Font font;
     return font;
@@ -48,7 +50,7 @@ void CMFCLinkCtrl::DrawItem(const DRAWITEMSTRUCT& item) {
     const Font own = Underlined(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
     const SelectedObject font(item.hDC, UnderlinedFont() ? UnderlinedFont().get() : own.get());
     SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, GetSysColor(COLOR_HOTLIGHT));
+    SetTextColor(item.hDC, linkColour);
     const std::wstring text = GetWindowText();
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
               DT_LEFT | DT_VCENTER | DT_SINGLELINE);

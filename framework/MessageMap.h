@@ -47,14 +47,32 @@ struct EventsOf {
 
     // A click on the control with this id (or its menu item or key).
     static MessageMapEntry Click(UINT id, void (Window::*handler)()) {
+        return Control(id, BN_CLICKED, handler);
+    }
+
+    // A notification that the control with this id sends as a command, such as CBN_SELCHANGE.
+    static MessageMapEntry Control(UINT id, UINT code, void (Window::*handler)()) {
         return {.matches =
-                    [id](const WindowMessage& m) {
-                        return m.message == WM_COMMAND && LOWORD(m.wParam) == id &&
-                               HIWORD(m.wParam) == BN_CLICKED;
+                    [id, code](const WindowMessage& m) {
+                        return m.message == WM_COMMAND && LOWORD(m.wParam) == id && HIWORD(m.wParam) == code;
                     },
                 .handle = [handler](CWnd& window, const WindowMessage&) -> LRESULT {
                     (static_cast<Window&>(window).*handler)();
                     return 0;
                 }};
+    }
+
+    // A notification that the control with this id sends with a record. The handler gives the result.
+    static MessageMapEntry Notify(UINT id, UINT code, LRESULT (Window::*handler)(NMHDR&)) {
+        return {.matches =
+                    [id, code](const WindowMessage& m) {
+                        if (m.message != WM_NOTIFY) return false;
+                        const NMHDR& header = *reinterpret_cast<const NMHDR*>(m.lParam);
+                        return header.idFrom == id && header.code == code;
+                    },
+                .handle =
+                    [handler](CWnd& window, const WindowMessage& m) {
+                        return (static_cast<Window&>(window).*handler)(*reinterpret_cast<NMHDR*>(m.lParam));
+                    }};
     }
 };

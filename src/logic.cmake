@@ -7,9 +7,11 @@ set(KESTRUNE_LOGIC_SOURCES
   src/catalogue/MSI_APP.cpp
   src/catalogue/PackageProperties.cpp
   src/install/CommandDocument.cpp
+  src/install/FinishTexts.cpp
   src/install/InstallDecision.cpp
   src/install/ProgressPosition.cpp
   src/install/StatusDocument.cpp
+  src/pages/ManufacturerList.cpp
   src/settings/DerivedNames.cpp
   src/settings/DeviceDocument.cpp
   src/settings/ElementNames.cpp

@@ -25,12 +25,24 @@ add_library(kestrune_wizard STATIC
   src/catalogue/MsiInfoService.cpp
   src/catalogue/MsiInterface.cpp
   src/catalogue/PackageReader.cpp
+  src/install/CDisplayAppsListDlg.cpp
   src/install/DotNetPrerequisite.cpp
+  src/install/EndOfRun.cpp
+  src/install/FileInUseDlg.cpp
+  src/install/FinishDlg.cpp
   src/install/FinishService.cpp
   src/install/InstallMessages.cpp
   src/install/InstallService.cpp
   src/install/ProgressDialog.cpp
+  src/install/RMFileInUseDlg.cpp
+  src/install/RebootDlg.cpp
   src/install/RebootService.cpp
+  src/install/StatusListView.cpp
+  src/pages/ConnectivityDlg.cpp
+  src/pages/EULADlg.cpp
+  src/pages/ManufacturerDlg.cpp
+  src/pages/OptionalSoftwareBypassDlg.cpp
+  src/pages/StartDlg.cpp
   src/ports/MSIExtractService.cpp
   src/wizard/CKestruneApp.cpp
   src/wizard/CQorFlatButton.cpp
@@ -64,3 +76,8 @@ set_source_files_properties(resources/Kestrune.rc PROPERTIES
 add_executable(PackagePlan tools/PackagePlan.cpp)
 target_link_libraries(PackagePlan PRIVATE kestrune_wizard)
 target_link_options(PackagePlan PRIVATE -municode -s)
+
+# For the tour: moves the wizard from outside.
+add_executable(WizardRemote tools/WizardRemote.cpp)
+target_link_libraries(WizardRemote PRIVATE kestrune_options user32)
+target_link_options(WizardRemote PRIVATE -municode -s)

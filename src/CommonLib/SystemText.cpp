@@ -15,10 +15,14 @@ std::wstring ExpandEnvironment(const std::wstring& text) {
 }
 
 std::wstring Utf8ToWide(std::string_view bytes) {
+    return CodePageToWide(CP_UTF8, bytes);
+}
+
+std::wstring CodePageToWide(std::uint32_t codePage, std::string_view bytes) {
     const auto length = static_cast<int>(bytes.size());
     // A byte never yields more than one code unit.
     std::wstring text(bytes.size(), L'\0');
-    const int written = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, text.data(), length);
+    const int written = MultiByteToWideChar(codePage, 0, bytes.data(), length, text.data(), length);
     text.resize(static_cast<size_t>(written));
     return text;
 }

@@ -41,3 +41,8 @@ void AppCatalogue::RecordOutcome(const MSI_APP& outcome) {
     known->second->isInstalled = outcome.isInstalled;
     known->second->status = outcome.status;
 }
+
+void AppCatalogue::Update(const std::function<void(MSI_APP&)>& change) {
+    const std::lock_guard guard(lock);
+    std::for_each(records.begin(), records.end(), change);
+}

@@ -1,6 +1,7 @@
 // The packages of the tree that are not drivers, in scan order.
 #pragma once
 
+#include <functional>
 #include <list>
 #include <mutex>
 #include <string>
@@ -22,6 +23,8 @@ public:
     void Append(MSI_APP record);
     // Notes in the record of that package whether this run has installed it, and its status.
     void RecordOutcome(const MSI_APP& outcome);
+    // Changes the records in place, in catalogue order. The change must not come back to the catalogue.
+    void Update(const std::function<void(MSI_APP&)>& change);
 
 private:
     friend class Singleton<AppCatalogue>;

@@ -150,6 +150,13 @@ MSI_APP DriverInfo::GetDriver(const std::wstring& driverId) const {
     return named == byId.end() ? MSI_APP() : *named->second.front();
 }
 
+void DriverInfo::SelectDriver(const std::wstring& driverId) {
+    const std::lock_guard guard(lock);
+    const auto named = byId.find(driverId);
+    if (named == byId.end()) return;
+    for (MSI_APP* record : named->second) record->isSelected = true;
+}
+
 void DriverInfo::RecordOutcome(const MSI_APP& outcome) {
     const std::lock_guard guard(lock);
     const auto known = byPath.find(outcome.msiPath);

@@ -22,11 +22,10 @@ std::atomic<bool> cancelRequested = false;
 
 const MessageMap& ProgressDialog::GetMessageMap() const {
     using On = EventsOf<ProgressDialog>;
-    static const MessageMap map(nullptr,
+    static const MessageMap map(&Events(),
                                 {
                                     On::Message(WM_SHOWWINDOW, &ProgressDialog::OnShowWindow),
                                     On::Message(WM_PAINT, &ProgressDialog::OnPaint),
-                                    On::Click(IDCANCEL, &ProgressDialog::OnCancelButton),
                                     On::Message(MYUPDATEPROGRESS, &ProgressDialog::OnUpdateProgress),
                                     On::Message(MYUPDATECANCELTEXT, &ProgressDialog::OnUpdateCancelText),
                                 });
@@ -41,8 +40,9 @@ bool ProgressDialog::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     statusLine = GetDlgItem(statusLineId);
     bar.SubclassDlgItem(barId, *this);
-    SetLocalizedText(statusLine, TextKey::PREPARE_INSTALL_TEXT);
-    SetLocalizedText(GetDlgItem(IDCANCEL), TextKey::CANCEL_BUTTON);
+    cancelButton.SubclassDlgItem(IDCANCEL, *this);
+    SetUpControl(statusLineId, TextKey::PREPARE_INSTALL_TEXT, fontBody);
+    SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
     progressWindow = GetSafeHwnd();
     return true;
 }
@@ -59,7 +59,7 @@ LRESULT ProgressDialog::OnPaint(WPARAM, LPARAM) {
     return Default();
 }
 
-void ProgressDialog::OnCancelButton() {
+void ProgressDialog::OnCancel() {
     cancelPromptOpen = true;
     Controller::GetInstance().Cancel(false);
     cancelPromptOpen = false;

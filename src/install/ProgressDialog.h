@@ -7,6 +7,7 @@
 #include <string>
 
 #include "framework/CProgressCtrl.h"
+#include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
 
 // What the library's callback tells the page; the page's handler takes it over with the posted message.
@@ -42,6 +43,7 @@ public:
 
 protected:
     bool OnInitDialog() override;
+    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:
@@ -49,11 +51,11 @@ private:
     LRESULT OnPaint(WPARAM, LPARAM);
     LRESULT OnUpdateProgress(WPARAM, LPARAM update);
     LRESULT OnUpdateCancelText(WPARAM, LPARAM);
-    void OnCancelButton();
     void ShowApplication();
     void FocusStatusLine();
 
     CProgressCtrl bar;
+    CQorFlatButton cancelButton;
     HWND statusLine = nullptr;
     // The furthest position in the present direction; the main thread's own.
     int highestPosition = 0;

@@ -1,11 +1,26 @@
 // The page that asks whether to restart now.
 #pragma once
 
+#include "framework/CMFCLinkCtrl.h"
+#include "wizard/CQorFlatButton.h"
+#include "wizard/CQorLinkButton.h"
 #include "wizard/InstallDialogEx.h"
 
 class RebootDlg : public InstallDialogEx {
 public:
-    static constexpr UINT dialogTemplate = 134;
+    RebootDlg();
 
-    RebootDlg() : InstallDialogEx(dialogTemplate) {}
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+    void updateRebootText();
+
+    CQorFlatButton finishButton;
+    CMFCLinkCtrl registrationLink;
+    CQorLinkButton helpButton;
 };

@@ -1,11 +1,34 @@
-// The page that asks how the printer is connected.
+// The page that asks whether the printer is on the network or on USB.
 #pragma once
 
+#include <string>
+
+#include "framework/Handles.h"
+#include "wizard/CQorFlatButton.h"
+#include "wizard/CQorLinkButton.h"
 #include "wizard/InstallDialogEx.h"
 
 class ConnectivityDlg : public InstallDialogEx {
 public:
-    static constexpr UINT dialogTemplate = 154;
+    ConnectivityDlg();
 
-    ConnectivityDlg() : InstallDialogEx(dialogTemplate) {}
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+    void OnNetworkChoice();
+    void OnUsbChoice();
+    void SetChoicePicture(int controlId, const std::wstring& path, Icon& icon);
+    void SelectForUsb();
+
+    bool usbSelected = false;
+    CQorFlatButton nextButton;
+    CQorFlatButton cancelButton;
+    CQorLinkButton helpButton;
+    Icon networkIcon;
+    Icon usbIcon;
 };

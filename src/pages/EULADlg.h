@@ -1,11 +1,32 @@
-// The page with the licence text.
+// The page with the licence text, which lets the user go on when the text has been scrolled to its end.
 #pragma once
 
+#include <string>
+
+#include "framework/Handles.h"
+#include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
 
 class EULADlg : public InstallDialogEx {
 public:
-    static constexpr UINT dialogTemplate = 137;
+    EULADlg();
 
-    EULADlg() : InstallDialogEx(dialogTemplate) {}
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+    LRESULT OnMessageFilter(NMHDR& header);
+    void OnScroll();
+    void ShowLicence();
+    std::wstring GetEULAPath() const;
+    std::wstring ReadEULAFile(const std::wstring& path) const;
+
+    // The rich edit's classes; loaded before the template that names them.
+    Library richEdit;
+    CQorFlatButton agreeButton;
+    CQorFlatButton disagreeButton;
 };

@@ -1,11 +1,32 @@
-// The page on which the user picks the brand.
+// The page on which the user picks the brand; it decides by itself where there is nothing to pick.
 #pragma once
 
+#include <string>
+#include <vector>
+
+#include "pages/ManufacturerList.h"
+#include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
 
 class ManufacturerDlg : public InstallDialogEx {
 public:
-    static constexpr UINT dialogTemplate = 144;
+    ManufacturerDlg();
 
-    ManufacturerDlg() : InstallDialogEx(dialogTemplate) {}
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+    void OnSelectionChange();
+    void GetManufacturers();
+    void BuildList();
+    void SelectDefault();
+
+    std::vector<Manufacturer> manufacturers;
+    CQorFlatButton nextButton;
+    CQorFlatButton cancelButton;
+    CQorFlatButton helpButton;
 };

@@ -1,11 +1,32 @@
 // The page that offers the way past an installation that is up to date.
 #pragma once
 
+#include "wizard/CQorFlatButton.h"
+#include "wizard/CQorLinkButton.h"
 #include "wizard/InstallDialogEx.h"
 
 class OptionalSoftwareBypassDlg : public InstallDialogEx {
 public:
-    static constexpr UINT dialogTemplate = 5;
+    OptionalSoftwareBypassDlg();
 
-    OptionalSoftwareBypassDlg() : InstallDialogEx(dialogTemplate) {}
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+    void OnReinstallChoice();
+    void OnSkipChoice();
+    void OnFinish();
+    // Decides whether the page is shown, from the printer drivers on the system.
+    void UpdateDialogStatus();
+    bool IsChecked(int controlId) const;
+    void OfferWayOut(bool skip);
+
+    CQorFlatButton nextButton;
+    CQorFlatButton cancelButton;
+    CQorFlatButton finishButton;
+    CQorLinkButton helpButton;
 };

@@ -1,11 +1,25 @@
 // The page that greets the user.
 #pragma once
 
+#include "framework/CMFCLinkCtrl.h"
+#include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
 
 class StartDlg : public InstallDialogEx {
 public:
-    static constexpr UINT dialogTemplate = 130;
+    StartDlg();
 
-    StartDlg() : InstallDialogEx(dialogTemplate) {}
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+
+    CQorFlatButton installButton;
+    CQorFlatButton cancelButton;
+    CMFCLinkCtrl informationLink;
+    CMFCLinkCtrl registrationLink;
 };

@@ -61,6 +61,17 @@ inline constexpr std::wstring_view SHOW_REGISTRATION = L"SHOW_REGISTRATION";
 inline constexpr std::wstring_view INFOCENTER_SHORTCUT = L"INFOCENTER_SHORTCUT";
 inline constexpr std::wstring_view EXACT_INFOCENTER_LINK = L"EXACT_INFOCENTER_LINK";
 
+// What the user picks on the pages.
+inline constexpr std::wstring_view MANUFACTURERS = L"MANUFACTURERS";
+inline constexpr std::wstring_view DEFAULT_MANUFACTURER = L"DEFAULT_MANUFACTURER";
+inline constexpr std::wstring_view OEMBYTE = L"OEMBYTE";
+inline constexpr std::wstring_view USB = L"USB";
+// Both written only; nothing reads them.
+inline constexpr std::wstring_view NIMBOJET = L"NIMBOJET";
+inline constexpr std::wstring_view DISCOVERED_DEVICE = L"DISCOVERED_DEVICE";
+inline constexpr std::wstring_view PRODUCT_REGISTRATION_LINK = L"PRODUCT_REGISTRATION_LINK";
+inline constexpr std::wstring_view REGISTRATION_LINK = L"REGISTRATION_LINK";
+
 // Tags of a device document, beside those above that it shares.
 inline constexpr std::wstring_view DEVICE = L"DEVICE";
 inline constexpr std::wstring_view DRIVER_ID = L"DRIVER_ID";
@@ -74,6 +85,9 @@ inline constexpr std::wstring_view DRIVER_PRODUCT_NAME = L"DRIVER_PRODUCT_NAME";
 
 // Tags of the documents that the MSI library sends while it works.
 inline constexpr std::wstring_view PERCENT = L"PERCENT";
+inline constexpr std::wstring_view FILE_IN_USE = L"FILE_IN_USE";
+inline constexpr std::wstring_view RM_FILE_IN_USE = L"RM_FILE_IN_USE";
+inline constexpr std::wstring_view APPLICATION_NAME = L"APPLICATION_NAME";
 
 }  // namespace Tag
 
@@ -99,5 +113,64 @@ inline constexpr std::wstring_view INSTALLING_TEXT = L"INSTALLING_TEXT";
 inline constexpr std::wstring_view UNINSTALLING_TEXT = L"UNINSTALLING_TEXT";
 inline constexpr std::wstring_view CANCELING_TEXT = L"CANCELING_TEXT";
 inline constexpr std::wstring_view CANCEL_BUTTON = L"CANCEL_BUTTON";
+
+inline constexpr std::wstring_view AGREE_BUTTON = L"AGREE_BUTTON";
+inline constexpr std::wstring_view AMAZON_INSTALL_COMPLETE_HEADER = L"AMAZON_INSTALL_COMPLETE_HEADER";
+inline constexpr std::wstring_view AMAZON_INSTALL_COMPLETE_TEXT1 = L"AMAZON_INSTALL_COMPLETE_TEXT1";
+inline constexpr std::wstring_view AMAZON_INSTALL_USB_PATH_COMPLETE_TEXT1 =
+    L"AMAZON_INSTALL_USB_PATH_COMPLETE_TEXT1";
+inline constexpr std::wstring_view AMAZON_WELCOME_HEADER = L"AMAZON_WELCOME_HEADER";
+inline constexpr std::wstring_view AMAZON_WELCOME_TEXT = L"AMAZON_WELCOME_TEXT";
+inline constexpr std::wstring_view AUTO_RESTART_TEXT = L"AUTO_RESTART_TEXT";
+inline constexpr std::wstring_view CANCELED_TEXT = L"CANCELED_TEXT";
+inline constexpr std::wstring_view CODE_PAGE = L"CODE_PAGE";
+inline constexpr std::wstring_view COMPLETED_TEXT = L"COMPLETED_TEXT";
+inline constexpr std::wstring_view CONNECTIVITY_TEXT = L"CONNECTIVITY_TEXT";
+inline constexpr std::wstring_view CONNECTIVITY_TITLE = L"CONNECTIVITY_TITLE";
+inline constexpr std::wstring_view DISAGREE_BUTTON = L"DISAGREE_BUTTON";
+inline constexpr std::wstring_view DO_NOT_CLOSE_TEXT = L"DO_NOT_CLOSE_TEXT";
+inline constexpr std::wstring_view DRIVER_INSTALL_COMPLETE_TEXT = L"DRIVER_INSTALL_COMPLETE_TEXT";
+inline constexpr std::wstring_view ERROR_LINK = L"ERROR_LINK";
+inline constexpr std::wstring_view ETHERNETRADIO_TEXT = L"ETHERNETRADIO_TEXT";
+inline constexpr std::wstring_view ETHERNET_TEXT = L"ETHERNET_TEXT";
+inline constexpr std::wstring_view FAILED_TEXT = L"FAILED_TEXT";
+inline constexpr std::wstring_view FILES_IN_USE_HEADER = L"FILES_IN_USE_HEADER";
+inline constexpr std::wstring_view FILE_IN_USE_TEXT = L"FILE_IN_USE_TEXT";
+inline constexpr std::wstring_view FINISH_BUTTON = L"FINISH_BUTTON";
+inline constexpr std::wstring_view HELP_BUTTON = L"HELP_BUTTON";
+inline constexpr std::wstring_view INSTALLATION_FAILED_TEXT = L"INSTALLATION_FAILED_TEXT";
+inline constexpr std::wstring_view INSTALL_BUTTON = L"INSTALL_BUTTON";
+inline constexpr std::wstring_view INSTALL_CANCELED_TEXT = L"INSTALL_CANCELED_TEXT";
+inline constexpr std::wstring_view INSTALL_COMPLETE_TEXT = L"INSTALL_COMPLETE_TEXT";
+inline constexpr std::wstring_view LICENSE_AGREEMENT = L"LICENSE_AGREEMENT";
+inline constexpr std::wstring_view LICENSE_SCROLL_TEXT = L"LICENSE_SCROLL_TEXT";
+inline constexpr std::wstring_view LIST_DISPLAY_LINK = L"LIST_DISPLAY_LINK";
+inline constexpr std::wstring_view MANUFACTURER_LABEL = L"MANUFACTURER_LABEL";
+inline constexpr std::wstring_view MANUFACTURER_TEXT = L"MANUFACTURER_TEXT";
+inline constexpr std::wstring_view NEXT_BUTTON = L"NEXT_BUTTON";
+inline constexpr std::wstring_view NOT_SUPPORTED_TEXT = L"NOT_SUPPORTED_TEXT";
+inline constexpr std::wstring_view OK_BUTTON = L"OK_BUTTON";
+inline constexpr std::wstring_view PRODUCT_REGISTRATION_LINK_LABEL = L"PRODUCT_REGISTRATION_LINK_LABEL";
+inline constexpr std::wstring_view REBOOT_HEADER_TEXT = L"REBOOT_HEADER_TEXT";
+inline constexpr std::wstring_view REBOOT_LATER_TEXT = L"REBOOT_LATER_TEXT";
+inline constexpr std::wstring_view REBOOT_NOW_TEXT = L"REBOOT_NOW_TEXT";
+inline constexpr std::wstring_view REBOOT_TEXT = L"REBOOT_TEXT";
+inline constexpr std::wstring_view REGISTRATION_LINK = L"REGISTRATION_LINK";
+inline constexpr std::wstring_view REQUIRED_DEPENDENCY = L"REQUIRED_DEPENDENCY";
+inline constexpr std::wstring_view RETRY_BUTTON = L"RETRY_BUTTON";
+inline constexpr std::wstring_view RM_FILE_IN_USE_TEXT = L"RM_FILE_IN_USE_TEXT";
+inline constexpr std::wstring_view SOFTWARE_LIST_DISPLAY_TITLE = L"SOFTWARE_LIST_DISPLAY_TITLE";
+inline constexpr std::wstring_view SOFTWARE_LIST_DISPLAY_WINDOW_TITLE = L"SOFTWARE_LIST_DISPLAY_WINDOW_TITLE";
+inline constexpr std::wstring_view SW_BYPASS_OPTIONAL = L"SW_BYPASS_OPTIONAL";
+inline constexpr std::wstring_view SW_BYPASS_REINSTALL = L"SW_BYPASS_REINSTALL";
+inline constexpr std::wstring_view SW_BYPASS_TEXT = L"SW_BYPASS_TEXT";
+inline constexpr std::wstring_view SW_BYPASS_TITLE = L"SW_BYPASS_TITLE";
+inline constexpr std::wstring_view UPDATED_TEXT = L"UPDATED_TEXT";
+inline constexpr std::wstring_view USBRADIO_TEXT = L"USBRADIO_TEXT";
+inline constexpr std::wstring_view USB_FINAL_TEXT = L"USB_FINAL_TEXT";
+inline constexpr std::wstring_view USB_REBOOT_TEXT = L"USB_REBOOT_TEXT";
+inline constexpr std::wstring_view USB_TEXT = L"USB_TEXT";
+inline constexpr std::wstring_view WELCOME_HEADER = L"WELCOME_HEADER";
+inline constexpr std::wstring_view WELCOME_TEXT = L"WELCOME_TEXT";
 
 }  // namespace TextKey

@@ -139,6 +139,11 @@ void InstallDialogEx::SetControlFont(int controlId, const Font& font) {
     ::SendMessageW(GetDlgItem(controlId), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
 }
 
+void InstallDialogEx::SetUpControl(int controlId, std::wstring_view key, const Font& font) {
+    SetLocalizedText(controlId, key);
+    SetControlFont(controlId, font);
+}
+
 void InstallDialogEx::RedrawControl(HWND control) {
     RECT area{};
     GetWindowRect(control, &area);

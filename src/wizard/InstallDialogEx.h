@@ -44,6 +44,8 @@ protected:
     virtual LRESULT OnCtlColor(HDC context, HWND control);
 
     void SetControlFont(int controlId, const Font& font);
+    // Text and font of a control at once.
+    void SetUpControl(int controlId, std::wstring_view key, const Font& font);
     void ShowControl(int controlId, bool shown) {
         ::ShowWindow(GetDlgItem(controlId), shown ? SW_SHOW : SW_HIDE);
     }

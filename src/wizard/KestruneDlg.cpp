@@ -3,6 +3,7 @@
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
+#include "wizard/HighContrast.h"
 #include "wizard/InstallDialogEx.h"
 
 namespace {
@@ -16,7 +17,14 @@ constexpr WPARAM systemCommandBits = 0xFFF0;
 
 const MessageMap& KestruneDlg::GetMessageMap() const {
     using On = EventsOf<KestruneDlg>;
-    static const MessageMap map(nullptr, {On::Message(WM_SYSCOMMAND, &KestruneDlg::OnSysCommand)});
+    static const MessageMap map(&Events(), {
+                                               On::Message(WM_PAINT, &KestruneDlg::OnPaint),
+                                               On::Message(WM_QUERYDRAGICON, &KestruneDlg::OnQueryDragIcon),
+                                               On::Message(WM_CTLCOLORSTATIC, &KestruneDlg::OnStaticColour),
+                                               On::Message(WM_ERASEBKGND, &KestruneDlg::OnEraseBackground),
+                                               On::Message(WM_SYSCOMMAND, &KestruneDlg::OnSysCommand),
+                                               On::Message(WM_HELP, &KestruneDlg::OnHelp),
+                                           });
     return map;
 }
 
@@ -25,7 +33,7 @@ void KestruneDlg::PreSubclassWindow() {
 }
 
 bool KestruneDlg::OnInitDialog() {
-    const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconId));
+    icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconId));
     SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
 
@@ -56,4 +64,38 @@ LRESULT KestruneDlg::OnSysCommand(WPARAM command, LPARAM) {
         page->SendMessage(WM_COMMAND, IDCANCEL);
     }
     return 0;
+}
+
+LRESULT KestruneDlg::OnPaint(WPARAM, LPARAM) {
+    if (IsIconic(GetSafeHwnd()) == FALSE) return Default();
+    PAINTSTRUCT paint{};
+    const HDC context = BeginPaint(GetSafeHwnd(), &paint);
+    RECT area{};
+    GetClientRect(GetSafeHwnd(), &area);
+    DrawIcon(context, (area.right - GetSystemMetrics(SM_CXICON) + 1) / 2,
+             (area.bottom - GetSystemMetrics(SM_CYICON) + 1) / 2, icon);
+    EndPaint(GetSafeHwnd(), &paint);
+    return 0;
+}
+
+LRESULT KestruneDlg::OnQueryDragIcon(WPARAM, LPARAM) {
+    return reinterpret_cast<LRESULT>(icon);
+}
+
+LRESULT KestruneDlg::OnStaticColour(WPARAM context, LPARAM) {
+    SetBkMode(reinterpret_cast<HDC>(context), TRANSPARENT);
+    return reinterpret_cast<LRESULT>(GetStockObject(HOLLOW_BRUSH));
+}
+
+LRESULT KestruneDlg::OnEraseBackground(WPARAM context, LPARAM) {
+    if (IsHighContrastOn()) return Default();
+    RECT area{};
+    GetClientRect(GetSafeHwnd(), &area);
+    FillRect(reinterpret_cast<HDC>(context), &area, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    return TRUE;
+}
+
+// The pages have their own help.
+LRESULT KestruneDlg::OnHelp(WPARAM, LPARAM) {
+    return TRUE;
 }

@@ -15,8 +15,19 @@ protected:
     // The close box is the Cancel button of the page, and dead while that is greyed out.
     virtual LRESULT OnSysCommand(WPARAM command, LPARAM position);
 
+    // The close box reaches the page, so nothing ends the window here.
+    void OnCancel() override {}
+
 private:
+    LRESULT OnPaint(WPARAM, LPARAM);
+    LRESULT OnQueryDragIcon(WPARAM, LPARAM);
+    LRESULT OnStaticColour(WPARAM context, LPARAM control);
+    LRESULT OnEraseBackground(WPARAM context, LPARAM);
+    LRESULT OnHelp(WPARAM, LPARAM);
     void ShowLogo();
+
+    // The system's copy of the program's icon.
+    HICON icon = nullptr;
 
     Bitmap logo;
 };

@@ -1,0 +1,22 @@
+// The list of the installed software, over the Finish page.
+#pragma once
+
+#include "install/StatusListView.h"
+#include "wizard/CQorFlatButton.h"
+#include "wizard/InstallDialogEx.h"
+
+class CDisplayAppsListDlg : public InstallDialogEx {
+public:
+    explicit CDisplayAppsListDlg(CWnd* parentWindow);
+
+protected:
+    bool OnInitDialog() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+    LRESULT OnListChanged(NMHDR& header);
+
+    StatusListView statusList;
+    CQorFlatButton okButton;
+};

@@ -1,0 +1,29 @@
+// Asks what to do about files that programs hold open.
+#pragma once
+
+#include <string>
+
+#include "wizard/CQorFlatButton.h"
+#include "wizard/InstallDialogEx.h"
+
+// DoModal gives IDRETRY, IDIGNORE or IDCANCEL. Runs on the library's thread.
+class FileInUseDlg : public InstallDialogEx {
+public:
+    FileInUseDlg();
+
+    // The programs to name; kept from question to question.
+    void SetApplicationName(const std::wstring& name) { applicationName = name; }
+
+protected:
+    bool OnInitDialog() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    void OnRetry();
+    void OnIgnore();
+
+    std::wstring applicationName;
+    CQorFlatButton cancelButton;
+    CQorFlatButton ignoreButton;
+    CQorFlatButton retryButton;
+};

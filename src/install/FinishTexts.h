@@ -1,0 +1,49 @@
+// What the Finish page shows for the outcome of a run. Functions of their arguments, for any thread.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// What the page's texts and picture depend on.
+struct RunOutcome {
+    std::wstring installStatus;  // the tag INSTALL_STATUS
+    bool dotNetFailed = false;
+    bool usb = false;
+    bool amazonSupported = false;
+    bool optionalInstall = false;
+    bool installFromConfig = false;
+};
+
+// The keys of the header; the second is empty where the header is one text.
+struct HeaderKeys {
+    std::wstring_view first;
+    std::wstring_view second;
+};
+HeaderKeys FinishHeader(const RunOutcome& outcome);
+
+// Whether the header is that of a finished run over USB.
+bool IsUsbFinish(const RunOutcome& outcome);
+
+// The key of the second text, empty where the page has none.
+std::wstring_view FinishSecondText(const RunOutcome& outcome);
+
+// The file name of the picture that tells the outcome.
+std::wstring_view FinishPicture(std::wstring_view installStatus, bool usbFinish);
+
+// One line of the status document.
+struct StatusLine {
+    std::wstring name;
+    std::int32_t code = 0;
+};
+
+// The lines of a status document, 100 at the most.
+std::vector<StatusLine> ReadStatusDocument(std::wstring_view document);
+
+// The key of the text for a status, and whether its picture is the check mark.
+std::wstring_view StatusTextKey(std::int32_t code);
+bool IsGoodStatus(std::int32_t code);
+
+// The value of INSTALL_STATUS that a line brings about; empty where it brings none.
+std::wstring_view InstallStatusOf(std::int32_t code);

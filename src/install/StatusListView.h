@@ -1,0 +1,30 @@
+// The list that shows how each package went.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "framework/Handles.h"
+#include "install/FinishTexts.h"
+
+// Belongs to the thread of the list view; the control is not owned.
+class StatusListView {
+public:
+    // Gives the list view its look and its pictures, if both can be loaded.
+    void Attach(HWND listView);
+    // Replaces the rows by the lines of the run's status document, and gives those.
+    std::vector<StatusLine> Fill();
+    // For LVN_ITEMCHANGED: keeps rows from staying selected.
+    static void KeepUnselected(const NMHDR& header);
+
+private:
+    void LoadPictures();
+    void InsertColumns() const;
+    void SizeColumns() const;
+    void InsertLine(int row, const StatusLine& line) const;
+    void SetText(int row, int column, std::wstring text) const;
+
+    HWND list = nullptr;
+    ImageList pictures;
+};

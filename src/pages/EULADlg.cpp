@@ -1,0 +1,128 @@
+#include "pages/EULADlg.h"
+
+#include <windows.h>
+
+#include <richedit.h>
+
+#include <cwchar>
+#include <vector>
+
+#include "CommonLib/Files.h"
+#include "CommonLib/Logger.h"
+#include "CommonLib/SystemLibrary.h"
+#include "CommonLib/SystemText.h"
+#include "CommonLib/TextFile.h"
+#include "CommonLib/TextUtilities.h"
+#include "settings/LanguageTable.h"
+#include "settings/Localizer.h"
+#include "settings/TagNames.h"
+#include "wizard/Controller.h"
+
+namespace {
+
+constexpr UINT dialogTemplate = 137;
+constexpr int licenceTextId = 1024;
+constexpr int headingId = 1025;
+constexpr int scrollHintId = 1073;
+// Makes the control report every kind of scrolling.
+constexpr LPARAM scrollEvents = 0xBD;
+
+}  // namespace
+
+const MessageMap& EULADlg::GetMessageMap() const {
+    using On = EventsOf<EULADlg>;
+    static const MessageMap map(&Events(),
+                                {
+                                    On::Message(WM_SHOWWINDOW, &EULADlg::OnShowWindow),
+                                    On::Control(licenceTextId, EN_VSCROLL, &EULADlg::OnScroll),
+                                    On::Notify(licenceTextId, EN_MSGFILTER, &EULADlg::OnMessageFilter),
+                                });
+    return map;
+}
+
+EULADlg::EULADlg() : InstallDialogEx(dialogTemplate), richEdit(LoadSystemLibrary(L"riched20.dll")) {}
+
+bool EULADlg::OnInitDialog() {
+    InstallDialogEx::OnInitDialog();
+    agreeButton.SubclassDlgItem(IDOK, *this);
+    disagreeButton.SubclassDlgItem(IDCANCEL, *this);
+    SetUpControl(headingId, TextKey::LICENSE_AGREEMENT, fontHeading);
+    SetUpControl(scrollHintId, TextKey::LICENSE_SCROLL_TEXT, fontSmall);
+    SetUpControl(IDOK, TextKey::AGREE_BUTTON, fontButton);
+    SetUpControl(IDCANCEL, TextKey::DISAGREE_BUTTON, fontButton);
+    // The font comes before the text, whose length in lines the scroll test asks for.
+    SetControlFont(licenceTextId, fontBody);
+    ShowLicence();
+    EnableControl(IDOK, false);
+    OnScroll();
+    agreeButton.SetPrimary();
+    return true;
+}
+
+void EULADlg::ShowLicence() {
+    const HWND licence = GetDlgItem(licenceTextId);
+    const std::wstring text = ReadEULAFile(GetEULAPath());
+    const LRESULT events = ::SendMessageW(licence, EM_GETEVENTMASK, 0, 0);
+    ::SendMessageW(licence, EM_SETEVENTMASK, 0, events | scrollEvents);
+    ::SendMessageW(licence, EM_EXLIMITTEXT, 0, static_cast<LPARAM>(text.size()));
+    ::SetWindowTextW(licence, text.c_str());
+    ::SendMessageW(licence, EM_SETOPTIONS, ECOOP_OR, ECO_SAVESEL);
+}
+
+std::wstring EULADlg::GetEULAPath() const {
+    const std::uint32_t languageId = GetUserDefaultUILanguage();
+    const std::uint32_t primaryId = languageId & 0x3FF;
+    std::wstring code = GetLanguageCode();
+    if (code == L"id_ID") code = L"id";
+    const std::wstring folder = GetExeDirectory() + L"\\..\\..\\Notices\\EULA\\";
+    std::vector<std::wstring> found;
+    FindFiles(folder + L"*eula_" + code, found, L"txt");
+    const std::wstring path = found.empty() ? folder + L"EULA_en.txt" : found.front();
+    LogAdvanced(L"EULADlg::GetEULAPath(), currentLangId = " + ToDecimalString(languageId) +
+                L" primaryLangId = " + ToDecimalString(primaryId));
+    LogAdvanced(L"EULA path being used: " + path);
+    return path;
+}
+
+std::wstring EULADlg::ReadEULAFile(const std::wstring& path) const {
+    // The shown text begins with an empty line, and this is meant.
+    std::wstring text = L"\r";
+    const std::wstring codePageText = GetLocalizedText(TextKey::CODE_PAGE);
+    const auto codePage = static_cast<UINT>(std::wcstoul(codePageText.c_str(), nullptr, 10));
+    const int error =
+        ReadTextPieces(path, [&](std::string_view piece) { text += CodePageToWide(codePage, piece); });
+    if (error != 0) {
+        LogAdvanced(L"EULADlg::ReadEULAFile(), Loading EULA file failed! " + path, LogLevel::Error);
+    }
+    return text;
+}
+
+LRESULT EULADlg::OnShowWindow(WPARAM, LPARAM) {
+    FocusControl(licenceTextId);
+    ::SendMessageW(GetDlgItem(licenceTextId), EM_SETSEL, 0, 0);
+    return Default();
+}
+
+LRESULT EULADlg::OnMessageFilter(NMHDR&) {
+    OnScroll();
+    return 0;
+}
+
+// The end is the largest position that the control can be scrolled to; one line above it is near enough.
+void EULADlg::OnScroll() {
+    SCROLLINFO scroll{.cbSize = sizeof(SCROLLINFO), .fMask = SIF_ALL};
+    GetScrollInfo(GetDlgItem(licenceTextId), SB_VERT, &scroll);
+    const int end = scroll.nMax - (static_cast<int>(scroll.nPage) - 1);
+    if (scroll.nPos + 1 < end) return;
+    EnableControl(IDOK, true);
+    agreeButton.SendMessage(BM_SETSTATE, FALSE);
+}
+
+void EULADlg::OnOK() {
+    LogBasic(L"User agreed to the EULA ");
+    Controller::GetInstance().Next({});
+}
+
+void EULADlg::OnCancel() {
+    Controller::GetInstance().Cancel(false);
+}

@@ -1,0 +1,28 @@
+#include "pages/ManufacturerList.h"
+
+std::vector<Manufacturer> ParseManufacturers(std::wstring_view list) {
+    std::vector<Manufacturer> manufacturers;
+    while (!list.empty()) {
+        const size_t end = list.find(L'|');
+        const std::wstring_view entry = list.substr(0, end);
+        list.remove_prefix(end == std::wstring_view::npos ? list.size() : end + 1);
+        if (entry.empty()) continue;
+        const size_t colon = entry.find(L':');
+        const bool hasCode = colon != std::wstring_view::npos;
+        manufacturers.push_back(
+            {.oemByte = std::wstring(hasCode ? entry.substr(colon + 1) : std::wstring_view()),
+             .name = std::wstring(entry.substr(0, colon))});
+    }
+    return manufacturers;
+}
+
+std::wstring BrandFor(std::wstring_view oem, std::wstring_view chosen) {
+    if (!oem.empty() && oem != L"Printer") return std::wstring(oem);
+    return std::wstring(chosen.empty() ? std::wstring_view(L"Printer") : chosen);
+}
+
+std::wstring MarkFinalPoint(std::wstring name) {
+    constexpr wchar_t leftToRightMark = 0x200E;
+    if (name.ends_with(L'.')) name += leftToRightMark;
+    return name;
+}

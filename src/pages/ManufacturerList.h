@@ -1,0 +1,22 @@
+// The list of brands that a package serves. Functions of their arguments, for any thread.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct Manufacturer {
+    std::wstring oemByte;
+    std::wstring name;
+};
+
+// The entries of a list "name:code|name:code" in order. An entry without ":" has no code; empty ones are left
+// out.
+std::vector<Manufacturer> ParseManufacturers(std::wstring_view list);
+
+// The brand that the wizard uses, for the package's own brand and the chosen name: a package that names its
+// brand keeps it.
+std::wstring BrandFor(std::wstring_view oem, std::wstring_view chosen);
+
+// The name with a left-to-right mark behind a final point.
+std::wstring MarkFinalPoint(std::wstring name);
