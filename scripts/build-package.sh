@@ -47,6 +47,23 @@ done
 cp -p "$sources"/settings/interactive/*.xml "$tree/Setup/"
 if [ "$variant" = silent ]; then cp -p "$sources"/settings/silent/*.xml "$tree/Setup/"; fi
 cp -p "$sources"/strings/*_strings.xml "$tree/Setup/res/"
+"$root/scripts/make-pictures.sh" "$build/package/images"
+cp -rp "$build/package/images" "$tree/Setup/res/"
+# The licence of the font that the program holds.
+cp -p /usr/share/doc/fonts-noto-core/copyright "$tree/Notices/Velmora.txt"
+
+# The help of each language, compiled where its sources have changed.
+for help in "$sources"/help/*; do
+    language=$(basename "$help")
+    compiled=$build/package/help/$language
+    if [ ! -f "$compiled/install.chm" ] || [ -n "$(find "$help" -newer "$compiled/install.chm")" ]; then
+        mkdir -p "$compiled"
+        cp "$help"/* "$compiled/"
+        (cd "$compiled" && chmcmd install.hhp) > "$build/help.log" 2>&1 || { cat "$build/help.log" >&2; exit 1; }
+    fi
+    mkdir -p "$tree/Setup/$language"
+    cp -p "$compiled/install.chm" "$tree/Setup/$language/"
+done
 cp -p "$build/package/StartRecorder.exe" "$tree/DotNet/RuntimeSetup.exe"
 cp -p "$build/standins/Brevanto.dll" "$tree/Setup/x64/"
 program=$(find "$build" -maxdepth 2 -name Kestrune.exe -print -quit)

@@ -19,7 +19,8 @@ need_packages() {
 }
 
 build_packages() {
-    need_packages cmake ninja-build ccache g++-mingw-w64-x86-64-posix wixl msitools librsvg2-bin icoutils googletest \
+    need_packages cmake ninja-build ccache g++-mingw-w64-x86-64-posix wixl msitools librsvg2-bin icoutils netpbm fonttools fonts-noto-core \
+        fonts-liberation fp-utils googletest \
         python3 wine wine64 xvfb xauth
 }
 

@@ -26,7 +26,7 @@ wine_make_template() {
     # A crash is to be an exit code and not a dialog that waits, and keys are to reach every window.
     wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f > /dev/null
     wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d kestrune /f > /dev/null
-    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v kestrune /d 1024x768 /f > /dev/null
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v kestrune /d 1400x1400 /f > /dev/null
     wineserver -k || true
     wineserver -w || true
     # The user's folders are links into the real home at first.
@@ -63,7 +63,7 @@ wine_new_prefix() {
 start_display() {
     local number_file
     number_file=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3> "$number_file" > /dev/null 2>&1 < /dev/null &
+    Xvfb -displayfd 3 -screen 0 1400x1400x24 -nolisten tcp 3> "$number_file" > /dev/null 2>&1 < /dev/null &
     display_process=$!
     trap 'kill $display_process 2> /dev/null || true' EXIT
     until [ -s "$number_file" ]; do sleep 0.05; done

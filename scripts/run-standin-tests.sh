@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Runs the tests of the library that stands in for the installer library, on real packages under Wine and in a
+# fresh prefix.
+#
+# usage: scripts/run-standin-tests.sh [GoogleTest arguments]
+# The build folder of the preset "windows" is brought up to date first; BUILD_DIR names another one.
+set -uo pipefail
+source "$(dirname "$0")/common.sh"
+source scripts/wine.sh
+
+build_folder=${BUILD_DIR:-build/windows}
+if [ -n "${BUILD_DIR:-}" ]; then
+    cmake --build "$BUILD_DIR" --target standins_tests standins_world -- --quiet || exit 1
+else
+    build windows standins_tests standins_world || exit 1
+fi
+
+prefix=$wine_home/standins
+wine_new_prefix "$prefix"
+timeout 600 wine "$build_folder/tests/windows/standins/standins_tests.exe" "$@" < /dev/null
+code=$?
+wine_stop "$prefix"
+exit $code

@@ -1,0 +1,91 @@
+#!/usr/bin/env bash
+# Walks the shown wizard on the sample package by itself, page by page, and leaves a picture of each.
+#
+# usage: scripts/tour.sh PICTURES [LANGUAGE [DPI]]
+#
+# Run from demo, on a machine that has been prepared; the program and the interactive package are built already. The
+# settings are those of the sample, with several brands, the page for the connection and a restart switched on.
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+source scripts/wine.sh
+
+pictures=$(mkdir -p "$1" && cd "$1" && pwd)
+language=${2:-en}
+dpi=${3:-96}
+prefix=$wine_home/tour
+package=$prefix/drive_c/Package
+settings=$package/Setup/defaultInstallSettings.xml
+
+remote() { timeout 90 wine "$package/Setup/x64/WizardRemote.exe" "$@" < /dev/null; }
+
+# page NAME WORDS: takes the picture of what is shown, and says what was done there.
+page() {
+    sleep "${3:-0.5}"
+    import -window root "$pictures/$1.png"
+    echo "$1: $2"
+}
+
+add_setting() { sed -i "s#</SETTINGS>#  <$1>$2</$1>\n</SETTINGS>#" "$settings"; }
+
+start_wizard() {
+    (cd "$package/Setup/x64" && timeout 300 wine Kestrune.exe "-lang=$language" < /dev/null > /dev/null 2>&1) &
+    wizard=$!
+}
+
+first_walk() {
+    start_wizard
+    remote wait 1082 && page 01-start 'read the welcome, press Install'
+    remote click 1
+    remote wait 1024 && page 02-licence 'Agree waits for the end of the text'
+    remote scroll 1024
+    remote wait 1073 && page 03-licence-end 'scrolled to the end, press Agree'
+    remote click 1
+    remote wait 1069 && page 04-manufacturer 'a brand is proposed, press Next'
+    remote click 1
+    remote wait 1145 && page 05-connectivity 'choose USB, press Next'
+    remote click 1147
+    remote click 1
+    remote wait 1001 && page 06-progress 'the packages are being installed' 0.1
+    remote wait 1116 && page 07-finish 'see how it went, open the list'
+    remote click 1169
+    remote wait 1078 && page 08-software-list 'each package with its outcome, press OK'
+    remote click 1
+    remote click 1116
+    remote wait 1009 && page 09-restart 'restart later'
+    remote click 1010
+    remote click 1
+    remote quit
+    wait "$wizard"
+}
+
+second_walk() {
+    start_wizard
+    remote click 1
+    remote wait 1024
+    remote scroll 1024
+    remote click 1
+    remote wait 1069
+    remote click 1
+    remote wait 1101 && page 10-up-to-date 'a second run finds the drivers up to date'
+    remote click 1102
+    remote wait 1116 && page 11-way-out 'skip, press Finish'
+    remote click 1116
+    remote wait 1009
+    remote click 1010
+    remote click 1
+    remote quit
+    wait "$wizard"
+}
+
+start_display
+wine_new_prefix "$prefix"
+trap 'wine_stop "$prefix"; kill $display_process 2> /dev/null || true' EXIT
+cp -r out/package "$package"
+cp build/windows/WizardRemote.exe "$package/Setup/x64/"
+add_setting MANUFACTURERS 'Halvenny:72|Norrlund:73|Veldt Office:74'
+add_setting DEFAULT_MANUFACTURER Halvenny
+add_setting AMAZON_SUPPORTED TRUE
+add_setting REBOOT true
+[ "$dpi" = 96 ] || wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f > /dev/null
+first_walk
+second_walk
