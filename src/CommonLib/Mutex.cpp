@@ -32,7 +32,8 @@ void Mutex::acquire() {
 
 void Mutex::release() {
     if (GetCurrentThreadId() != ownerThread) return;
-    while (lockCount > 0) {
+    // Counted beforehand: behind the last ReleaseMutex the count is the next owner's.
+    for (DWORD remaining = lockCount; remaining > 0; --remaining) {
         --lockCount;
         if (ReleaseMutex(handle.get()) == FALSE) {
             throw Win32Exception(L"Mutex::release() ReleaseMutex failed", GetLastError(), sourceName);
