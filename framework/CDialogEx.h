@@ -28,6 +28,9 @@ protected:
     // Runs once, when all controls exist and before the dialog is shown. False if it has set the focus
     // itself.
     virtual bool OnInitDialog() { return true; }
+    // The extended style of the new window, for the one that the template gives. It settles here, before the
+    // window exists: a layout from right to left must be known when the controls are placed.
+    virtual DWORD ExtendedStyle(DWORD ofTemplate) const { return ofTemplate; }
     // A click on the buttons with the ids 1 and 2, and what the system makes of the close box and Escape.
     virtual void OnOK() { EndDialog(IDOK); }
     virtual void OnCancel() { EndDialog(IDCANCEL); }

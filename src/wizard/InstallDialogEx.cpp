@@ -14,6 +14,7 @@
 #include "wizard/Controller.h"
 #include "wizard/Help.h"
 #include "wizard/HighContrast.h"
+#include "wizard/ReadingDirection.h"
 
 namespace {
 
@@ -117,9 +118,8 @@ void InstallDialogEx::MakeFonts() {
     make(fontUnderlined, 9, light, true);
 }
 
-void InstallDialogEx::PreSubclassWindow() {
-    // Replaces the whole extended style, and this is meant.
-    if (IsRightToLeft()) SetWindowLongPtrW(GetSafeHwnd(), GWL_EXSTYLE, WS_EX_LAYOUTRTL);
+DWORD InstallDialogEx::ExtendedStyle(DWORD ofTemplate) const {
+    return ReadingStyle(ofTemplate);
 }
 
 void InstallDialogEx::SetLocalizedText(HWND window, std::wstring_view key) {

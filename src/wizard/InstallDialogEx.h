@@ -27,7 +27,7 @@ public:
 
 protected:
     bool OnInitDialog() override;
-    void PreSubclassWindow() override;
+    DWORD ExtendedStyle(DWORD ofTemplate) const override;
     const MessageMap& GetMessageMap() const override { return Events(); }
     static const MessageMap& Events();
 

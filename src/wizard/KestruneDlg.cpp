@@ -5,6 +5,7 @@
 #include "wizard/Controller.h"
 #include "wizard/HighContrast.h"
 #include "wizard/InstallDialogEx.h"
+#include "wizard/ReadingDirection.h"
 
 namespace {
 
@@ -28,8 +29,8 @@ const MessageMap& KestruneDlg::GetMessageMap() const {
     return map;
 }
 
-void KestruneDlg::PreSubclassWindow() {
-    if (IsRightToLeft()) SetWindowLongPtrW(GetSafeHwnd(), GWL_EXSTYLE, WS_EX_LAYOUTRTL);
+DWORD KestruneDlg::ExtendedStyle(DWORD ofTemplate) const {
+    return ReadingStyle(ofTemplate);
 }
 
 bool KestruneDlg::OnInitDialog() {
@@ -50,7 +51,10 @@ void KestruneDlg::ShowLogo() {
     logo.reset(static_cast<HBITMAP>(LoadImageW(nullptr, L"..\\res\\images\\logo.bmp", IMAGE_BITMAP, 0, 0,
                                                LR_LOADFROMFILE | LR_DEFAULTSIZE)));
     if (!logo) return;
-    ::SendMessageW(GetDlgItem(logoId), STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(logo.get()));
+    const HWND place = GetDlgItem(logoId);
+    // A logo holds a name, which must not be mirrored with the window.
+    SetWindowLongPtrW(place, GWL_EXSTYLE, 0);
+    ::SendMessageW(place, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(logo.get()));
     UpdateWindow(GetSafeHwnd());
 }
 

@@ -10,7 +10,7 @@ public:
 
 protected:
     bool OnInitDialog() override;
-    void PreSubclassWindow() override;
+    DWORD ExtendedStyle(DWORD ofTemplate) const override;
     const MessageMap& GetMessageMap() const override;
     // The close box is the Cancel button of the page, and dead while that is greyed out.
     virtual LRESULT OnSysCommand(WPARAM command, LPARAM position);

@@ -1,0 +1,12 @@
+// The layout of windows by the direction in which the language reads.
+#pragma once
+
+#include <windows.h>
+
+#include "settings/Localizer.h"
+
+// The extended style of a window of the wizard: in a language that reads from right to left exactly that
+// layout, with nothing of what the template gives, and this is meant.
+inline DWORD ReadingStyle(DWORD ofTemplate) {
+    return IsRightToLeft() ? WS_EX_LAYOUTRTL : ofTemplate;
+}
