@@ -32,9 +32,10 @@ void Mutex::acquire() {
 
 void Mutex::release() {
     if (GetCurrentThreadId() != ownerThread) return;
-    // Counted beforehand: behind the last ReleaseMutex the count is the next owner's.
-    for (DWORD remaining = lockCount; remaining > 0; --remaining) {
-        --lockCount;
+    // The fields are settled while the mutex is still held: straight behind the last release they are another
+    // thread's.
+    ownerThread = 0;
+    for (DWORD count = lockCount.exchange(0); count > 0; --count) {
         if (ReleaseMutex(handle.get()) == FALSE) {
             throw Win32Exception(L"Mutex::release() ReleaseMutex failed", GetLastError(), sourceName);
         }
