@@ -78,7 +78,7 @@ void XmlAttributeReader::CreateDocument() {
     if (FAILED(CoCreateInstance(msxml3Document, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&created))))
         return;
     if (FAILED(OleRun(created.Get()))) return;
-    static_cast<void>(created.As(&document));
+    static_cast<void>(created.CopyTo(IID_IXMLDOMDocument, reinterpret_cast<void**>(document.GetAddressOf())));
 }
 
 void XmlAttributeReader::Load() {
