@@ -19,9 +19,34 @@ case ${1:--} in
 esac
 
 prefix=$wine_home/wizard-tests
+program=$build_folder/tests/wizard/kestrune_wizard_tests.exe
 wine_new_prefix "$prefix"
 start_display
-wine "$build_folder/tests/wizard/kestrune_wizard_tests.exe" "$@" < /dev/null
+wine "$program" "$@" < /dev/null
 code=$?
+
+# The user's language is the process's, so the test that follows it runs once in each of these: the locale, the
+# identifier that the system gives it, and the code of the language file.
+languages='de_DE 1031 de
+pt_BR 1046 pt_br
+pt_PT 2070 pt_br
+zh_CN 2052 zh_cn
+zh-SG 4100 zh_cn
+zh_TW 1028 zh_tw
+zh_HK 3076 zh_tw
+sr_RS@latin 9242 sr_Latn
+sr-Cyrl-RS 10266 en
+nb_NO 1044 nb
+id_ID 1057 id_ID
+he_IL 1037 en'
+if [[ " $* " != *--gtest_filter* ]]; then
+    while read -r locale identifier language_code; do
+        LC_ALL=$locale KESTRUNE_USER_LANGUAGE=$identifier KESTRUNE_LANGUAGE_CODE=$language_code \
+            wine "$program" --gtest_brief=1 --gtest_filter=LanguageTest.FollowsTheLanguageOfTheUser < /dev/null 2> /dev/null || {
+            echo "failed in the language $locale"
+            code=1
+        }
+    done <<< "$languages"
+fi
 wine_stop "$prefix"
 exit $code

@@ -2,8 +2,10 @@
 
 #include "WizardTest.h"
 
+using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 namespace {
 
@@ -22,11 +24,67 @@ TEST_F(SilentRunTest, InstallsTheApplicationsInTheOrderOfTheScan) {
 TEST_F(SilentRunTest, TellsItsStoryInTheBasicLog) {
     tree.Add({.path = L"Applications\\a.msi"});
     Run();
-    EXPECT_THAT(BasicMessages(L""), ElementsAre(L"Default Configuration File Values", testing::_,
+    EXPECT_THAT(BasicMessages(L""), ElementsAre(L"Default Configuration File Values", _,
                                                 L"Starting Installer", L"Installing Applications",
                                                 L"End of silent mode install", L"Installation is Finished"));
+}
+
+TEST_F(SilentRunTest, LeavesOneErrorInTheLogThoughNothingHasFailed) {
+    tree.Add({.path = L"Applications\\a.msi"});
+    Run();
+    // The system's code for a missing object.
     EXPECT_THAT(BasicMessages(L"ERROR"),
                 ElementsAre(L"Exception in CKestruneApp::InitInstance error code = 2"));
+}
+
+TEST_F(SilentRunTest, WalksTheWholeChainAndWaitsForTheInstallationAtItsEnd) {
+    const std::wstring sign = (tree.Root() / L"go on").wstring();
+    tree.Add({.path = L"Applications\\a.msi", .install = {.steps = {{L"untilFile", sign}}}});
+    wizard.Start();
+    for (int index = 0; index < 11; ++index) {
+        EXPECT_TRUE(WaitForMessage(L"Controller::Next, Moving from " + std::to_wstring(index) + L" to " +
+                                   std::to_wstring(index + 1)));
+    }
+    EXPECT_TRUE(WaitForMessage(L"Installation is Finished"));
+    EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Controller::Close")));
+    tree.WriteFile(L"go on", {});
+    wizard.WaitForEnd();
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::Close"));
+}
+
+TEST_F(SilentRunTest, CountsItsInstallThread) {
+    tree.Add({.path = L"Applications\\a.msi"});
+    Run();
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Thread Count incremented 1"));
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Thread Count decremented 0"));
+}
+
+TEST_F(SilentRunTest, NeverShowsTheMainWindow) {
+    const std::wstring sign = (tree.Root() / L"go on").wstring();
+    tree.Add({.path = L"Applications\\a.msi", .install = {.steps = {{L"untilFile", sign}}}});
+    wizard.Start();
+    EXPECT_TRUE(WaitForMessage(L"Installation is Finished"));
+    EXPECT_NE(wizard.MainWindow(), nullptr);
+    EXPECT_FALSE(IsWindowVisible(wizard.MainWindow()));
+    tree.WriteFile(L"go on", {});
+    wizard.WaitForEnd();
+}
+
+TEST_F(SilentRunTest, RemovesTheFoldersIntoWhichToolsWereUnpacked) {
+    const std::filesystem::path temporary = tree.Root().parent_path();
+    for (const wchar_t* kit : {L"ArdentisKit", L"TolvaneKit"}) {
+        std::filesystem::create_directories(temporary / kit / L"deeper");
+    }
+    Run();
+    EXPECT_FALSE(std::filesystem::exists(temporary / L"ArdentisKit"));
+    EXPECT_FALSE(std::filesystem::exists(temporary / L"TolvaneKit"));
+}
+
+TEST_F(SilentRunTest, SaysSoWhenThereIsNothingToInstall) {
+    Run();
+    EXPECT_THAT(BasicLog(), HasRecord(L"ERROR", L"There were no applications found to install"));
+    EXPECT_THAT(Installs(), IsEmpty());
+    EXPECT_EQ(wizard.ExitCode(), 0U);
 }
 
 }  // namespace

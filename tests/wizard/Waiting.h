@@ -5,7 +5,7 @@
 #include <thread>
 
 // Long enough for a loaded machine: whoever runs into it has found a program that hangs.
-inline constexpr std::chrono::seconds patience{60};
+inline constexpr std::chrono::seconds patience{30};
 
 // Tests the condition until it holds. False if it does not within the limit.
 template <class Condition>

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "CommonLib/SystemText.h"
+#include "settings/TagDocument.h"
 
 namespace {
 
@@ -26,10 +27,21 @@ void WizardTest::SetUp() {
 void WizardTest::TearDown() {
     wizard.Kill();
     ExpectScriptUsed();
+    RemoveTraces();
+}
+
+void WizardTest::RemoveTraces() const {
     std::error_code error;
     fs::remove_all(LogFolder(), error);
     fs::remove_all(TargetFolder(), error);
-    RegDeleteTreeW(HKEY_CURRENT_USER, SwitchKey(tree.Vendor()).c_str());
+    RegDeleteTreeW(HKEY_CURRENT_USER, SwitchKey(vendor).c_str());
+}
+
+void WizardTest::ExpectVendor(const std::wstring& name) {
+    RemoveTraces();
+    vendor = name;
+    RemoveTraces();
+    SwitchAdvancedLog(true);
 }
 
 // An answer that was scripted and never asked for is a test that does not test what it says.
@@ -61,12 +73,12 @@ void WizardTest::CloseOnFinishPage() {
 
 void WizardTest::SwitchAdvancedLog(bool on) const {
     const DWORD value = on ? 1 : 0;
-    RegSetKeyValueW(HKEY_CURRENT_USER, (SwitchKey(tree.Vendor()) + L"\\Installer\\Logger").c_str(),
-                    L"StartLog", REG_DWORD, &value, sizeof(value));
+    RegSetKeyValueW(HKEY_CURRENT_USER, (SwitchKey(vendor) + L"\\Installer\\Logger").c_str(), L"StartLog",
+                    REG_DWORD, &value, sizeof(value));
 }
 
 std::wstring WizardTest::LogFolder() const {
-    return ExpandEnvironment(L"%ALLUSERSPROFILE%\\") + tree.Vendor() + L" Install Logs\\";
+    return ExpandEnvironment(L"%ALLUSERSPROFILE%\\") + vendor + L" Install Logs\\";
 }
 
 std::vector<LogRecord> WizardTest::BasicLog() const {
@@ -125,8 +137,28 @@ std::wstring WizardTest::CommandOf(const std::wstring& package) const {
     return {};
 }
 
+// Another thread may write in between.
+std::wstring WizardTest::FinalSettings() const {
+    const std::vector<LogRecord> log = AdvancedLog();
+    auto record = std::find_if(log.begin(), log.end(), [](const LogRecord& candidate) {
+        return candidate.message == L"Final Install Settings Values";
+    });
+    if (record != log.end()) {
+        record = std::find_if(record + 1, log.end(), [&](const LogRecord& candidate) {
+            return candidate.threadId == record->threadId;
+        });
+    }
+    if (record != log.end()) return record->message;
+    ADD_FAILURE() << "the run did not begin";
+    return {};
+}
+
+std::wstring WizardTest::FinalSetting(const std::wstring& tag) const {
+    return TagDocument::ValueOf(FinalSettings(), tag);
+}
+
 std::wstring WizardTest::TargetFolder() const {
-    return ExpandEnvironment(L"%ProgramFiles%\\") + tree.Vendor() + L"\\";
+    return ExpandEnvironment(L"%ProgramFiles%\\") + vendor + L"\\";
 }
 
 std::wstring WizardTest::ProgramPathOf(const std::wstring& path) const {

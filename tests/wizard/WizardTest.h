@@ -22,6 +22,8 @@ protected:
     void Run(const std::wstring& arguments = {});
     // Waits until the walk has come to the first Finish page, closes the window there and waits for the end.
     void CloseOnFinishPage();
+    // Expects logs under that vendor's name, for a package whose settings do not give the tree's.
+    void ExpectVendor(const std::wstring& name);
     // The switch of the advanced log; on unless a test turns it off.
     void SwitchAdvancedLog(bool on) const;
 
@@ -40,6 +42,10 @@ protected:
     std::vector<std::wstring> Removals() const;
     // The command document with which the package was installed.
     std::wstring CommandOf(const std::wstring& package) const;
+    // The settings with which the install run began, as the advanced log gives them.
+    std::wstring FinalSettings() const;
+    // The value of a tag in them, empty for a tag that is missing.
+    std::wstring FinalSetting(const std::wstring& tag) const;
     // The target folder, by the rule that its name is the vendor's.
     std::wstring TargetFolder() const;
     // The path of a package as the program writes it.
@@ -49,11 +55,14 @@ protected:
     WizardDriver wizard{tree.ProgramFolder() / L"Kestrune.exe"};
 
 private:
+    void RemoveTraces() const;
     std::vector<std::wstring> PackagesOf(const std::wstring& name) const;
     void ExpectScriptUsed() const;
+
+    std::wstring vendor = tree.Vendor();
 };
 
-// A log that holds, or lacks, a record of this level and message.
+// A log that holds a record of this level and message.
 testing::Matcher<const std::vector<LogRecord>&> HasRecord(const std::wstring& level,
                                                           const std::wstring& message);
 // The same for a message of which only a part is given.

@@ -1,0 +1,140 @@
+// The walk with pages, as far as it needs no button of a page.
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "WizardTest.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+namespace {
+
+constexpr int statusLine = 1000;
+constexpr int progressBar = 1001;
+
+class WalkTest : public WizardTest {
+protected:
+    void SetUp() override {
+        WizardTest::SetUp();
+        tree.SetSettings(Settings::shownFromProgress);
+    }
+
+    // A package whose installation waits for the user's cancel, and says so to the caller.
+    void AddPackageThatWaitsForCancel(const std::wstring& path) {
+        tree.Add({.path = path, .install = {.steps = {{L"untilCancel", {}}}, .code = 1602}});
+    }
+};
+
+TEST_F(WalkTest, ComesToTheFirstPageThatIsNotHiddenInsideTheStart) {
+    AddPackageThatWaitsForCancel(L"Applications\\a.msi");
+    wizard.Start();
+    EXPECT_NE(wizard.WaitForControl(progressBar), nullptr);
+    EXPECT_TRUE(IsWindowVisible(wizard.MainWindow()));
+    EXPECT_EQ(WizardDriver::TextOf(wizard.MainWindow()), L"Installation");
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::Next, Moving from 6 to 7"));
+    wizard.CloseMainWindow();
+    wizard.Answer(IDYES);
+    CloseOnFinishPage();
+}
+
+TEST_F(WalkTest, AsksNothingWhenItIsClosedOnTheFinishPage) {
+    tree.Add({.path = L"Applications\\a.msi"});
+    wizard.Start();
+    CloseOnFinishPage();
+    EXPECT_EQ(wizard.ExitCode(), 0U);
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::Cancel called"));
+    EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L"User chose to cancel the installation.")));
+    EXPECT_THAT(Calls(L"MsiCancel"), IsEmpty());
+}
+
+TEST_F(WalkTest, GoesOnWhenTheUserDoesNotWantToCancelAfterAll) {
+    const std::wstring sign = (tree.Root() / L"go on").wstring();
+    tree.Add({.path = L"Applications\\a.msi", .install = {.steps = {{L"untilFile", sign}}}});
+    wizard.Start();
+    wizard.WaitForControl(progressBar);
+    wizard.CloseMainWindow();
+    const MessageBoxOnScreen box = wizard.Answer(IDNO);
+    EXPECT_EQ(box.title, L"Installation");
+    EXPECT_EQ(box.text, L"Cancel the installation?");
+    tree.WriteFile(L"go on", {});
+    CloseOnFinishPage();
+    EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L"User chose to cancel the installation.")));
+    EXPECT_THAT(Calls(L"MsiCancel"), IsEmpty());
+    EXPECT_THAT(Removals(), IsEmpty());
+}
+
+TEST_F(WalkTest, CancelsTheLibraryAndRemovesWhatItHasInstalled) {
+    tree.Add({.path = L"Applications\\a.msi"});
+    AddPackageThatWaitsForCancel(L"Applications\\x64\\b.msi");
+    tree.Add({.path = L"Applications\\x64\\c.msi"});
+    wizard.Start();
+    EXPECT_TRUE(WaitUntil([this] { return Installs().size() == 2; }));
+    wizard.CloseMainWindow();
+    wizard.Answer(IDYES);
+    CloseOnFinishPage();
+    EXPECT_THAT(Calls(L"MsiCancel"), testing::SizeIs(1));
+    EXPECT_THAT(Installs(), ElementsAre(L"a.msi", L"b.msi"));
+    EXPECT_THAT(Removals(), ElementsAre(L"a.msi", L"b.msi"));
+}
+
+TEST_F(WalkTest, TellsOfTheCancelInBothLogs) {
+    AddPackageThatWaitsForCancel(L"Applications\\a.msi");
+    wizard.Start();
+    wizard.WaitForControl(progressBar);
+    EXPECT_TRUE(WaitUntil([this] { return Installs().size() == 1; }));
+    wizard.CloseMainWindow();
+    wizard.Answer(IDYES);
+    CloseOnFinishPage();
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"User chose to cancel the installation."));
+    EXPECT_THAT(BasicLog(), HasRecord(L"SUCCESS", L"MSI Installer returned user canceled."));
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"SUCCESS", L"Controller::Cancel Yes on Are You Sure"));
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"ProgressDialog::Cancel called"));
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Updating Cancel Text"));
+    EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"SUCCESS", L"Controller::Cancel No on Are You Sure")));
+}
+
+TEST_F(WalkTest, ShowsThePackageAndHowFarItIs) {
+    const std::wstring sign = (tree.Root() / L"go on").wstring();
+    tree.Add({.path = L"Applications\\a.msi",
+              .properties = L"<ProductName>Reader</ProductName>",
+              .install = {.steps = {{L"message", L"<PERCENT>80</PERCENT>"}, {L"untilFile", sign}}}});
+    tree.Add({.path = L"Applications\\b.msi"});
+    wizard.Start();
+    const HWND bar = wizard.WaitForControl(progressBar);
+    EXPECT_TRUE(WaitUntil([&] { return SendMessageW(bar, PBM_GETPOS, 0, 0) == 80; }));
+    EXPECT_EQ(SendMessageW(bar, PBM_GETRANGE, FALSE, 0), 200);
+    EXPECT_EQ(WizardDriver::TextOf(wizard.FindControl(statusLine)), L"Installing Reader");
+    tree.WriteFile(L"go on", {});
+    CloseOnFinishPage();
+}
+
+TEST_F(WalkTest, HoldsTheLibraryWhileItAsksWhetherToCancel) {
+    const std::wstring sign = (tree.Root() / L"go on").wstring();
+    tree.Add({.path = L"Applications\\a.msi",
+              .install = {.steps = {{L"untilFile", sign}, {L"message", L"<PERCENT>10</PERCENT>"}}}});
+    wizard.Start();
+    EXPECT_TRUE(WaitUntil([this] { return Installs().size() == 1; }));
+    wizard.CloseMainWindow();
+    wizard.WaitForBox();
+    tree.WriteFile(L"go on", {});
+    EXPECT_FALSE(WaitUntil([this] { return !Calls(L"answer").empty(); }, std::chrono::milliseconds(300)));
+    wizard.Answer(IDNO);
+    CloseOnFinishPage();
+    EXPECT_THAT(Calls(L"answer"), testing::SizeIs(1));
+}
+
+TEST_F(WalkTest, WaitsForItselfWhenTheFinishPagesAreHidden) {
+    tree.SetSettings(std::wstring(Settings::shownFromProgress) + L"<HIDE_FINAL>true</HIDE_FINAL>");
+    tree.Add({.path = L"Applications\\a.msi"});
+    wizard.Start();
+    // The install thread itself walks over the end, and there it waits until no thread is left. This is
+    // meant.
+    EXPECT_TRUE(WaitForMessage(L"Installation is Finished"));
+    EXPECT_FALSE(WaitUntil([this] { return !wizard.IsRunning(); }, std::chrono::milliseconds(1500)));
+    EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Thread Count decremented 0")));
+}
+
+}  // namespace
