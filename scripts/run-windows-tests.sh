@@ -17,7 +17,17 @@ fi
 prefix=$wine_home/windows-tests
 wine_new_prefix "$prefix"
 start_display
-timeout 600 wine "$build_folder/tests/windows/tree/Setup/x64/kestrune_windows_tests.exe" "$@" < /dev/null
+folder=$build_folder/tests/windows/tree/Setup/x64
+
+# A program cannot start another one in another language, so the companion is asked from here.
+for locale in de_DE en_US ar_SA he_IL pt_BR pt_PT zh_CN zh_TW zh_HK ja_JP id_ID nb_NO nn_NO hr_HR uk_UA; do
+    echo "$locale.UTF-8 $(LC_ALL=$locale.UTF-8 timeout 60 wine "$folder/Companion.exe" tell-language < /dev/null)"
+done > "$folder/UserLanguages.txt"
+for locale in zh-SG sr-Latn-RS sr-Cyrl-RS; do
+    echo "$locale $(LC_ALL=$locale timeout 60 wine "$folder/Companion.exe" tell-language < /dev/null)"
+done >> "$folder/UserLanguages.txt"
+
+timeout 600 wine "$folder/kestrune_windows_tests.exe" "$@" < /dev/null
 code=$?
 wine_stop "$prefix"
 exit $code

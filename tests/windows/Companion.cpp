@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <functional>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@
 #include "CommonLib/SystemVersion.h"
 #include "framework/CWinApp.h"
 #include "settings/Localizer.h"
+#include "tests/windows/world/ScratchFolder.h"
+#include "tests/wizard/Waiting.h"
 
 namespace {
 
@@ -83,13 +86,28 @@ int TellParameters(const Arguments&) {
     return 0;
 }
 
-// Creates a file in which its own command line stands.
 int LeaveTrace(const Arguments& arguments) {
-    std::FILE* const file = _wfopen(arguments.at(0).c_str(), L"wb");
-    if (file == nullptr) return 1;
-    std::fputs("started", file);
-    std::fclose(file);
+    WriteBytes(arguments.at(0), "started");
     return 0;
+}
+
+std::wstring OwnPath() {
+    wchar_t path[MAX_PATH]{};
+    return {path, GetModuleFileNameW(nullptr, path, MAX_PATH)};
+}
+
+// The setup program that stands in for a package's: the file beside it tells its exit code and, on a second
+// line, the file without which it does not end.
+int SetUp(const Arguments&) {
+    WriteBytes(OwnPath() + L".calls", ToUtf8(GetCommandLineW()));
+    std::istringstream script(ReadBytes(OwnPath() + L".setup"));
+    int code = 0;
+    std::string awaited;
+    script >> code >> std::ws;
+    std::getline(script, awaited);
+    const bool came =
+        awaited.empty() || WaitUntil([&] { return std::filesystem::exists(std::filesystem::path(awaited)); });
+    return came ? code : 98;
 }
 
 const std::map<std::wstring, std::function<int(const Arguments&)>> deeds = {
@@ -97,6 +115,7 @@ const std::map<std::wstring, std::function<int(const Arguments&)>> deeds = {
     {L"write-log", WriteLog},       {L"end-with", EndWith},
     {L"tell-version", TellVersion}, {L"tell-language", TellLanguage},
     {L"leave-trace", LeaveTrace},   {L"tell-parameters", TellParameters},
+    {L"/norestart", SetUp},
 };
 
 }  // namespace

@@ -28,7 +28,7 @@ std::vector<std::wstring> MessagesOf(const std::vector<LogRecord>& log) {
 }  // namespace
 
 LogTest::LogTest() : vendor(L"Kestrune Test " + std::to_wstring(GetCurrentProcessId())) {
-    std::filesystem::remove_all(LogFolder());
+    RemoveTraces();
     Logger::DestroyInstance();
     Logger::GetInstance().SetVendor(vendor);
     SwitchAdvancedLog(1);
@@ -36,9 +36,20 @@ LogTest::LogTest() : vendor(L"Kestrune Test " + std::to_wstring(GetCurrentProces
 
 LogTest::~LogTest() {
     Logger::DestroyInstance();
+    RemoveTraces();
+}
+
+void LogTest::RemoveTraces() const {
     RegDeleteTreeW(HKEY_CURRENT_USER, VendorKey(vendor).c_str());
     std::error_code ignored;
     std::filesystem::remove_all(LogFolder(), ignored);
+}
+
+void LogTest::UseVendor(const std::wstring& name) {
+    RemoveTraces();
+    vendor = name;
+    RemoveTraces();
+    SwitchAdvancedLog(1);
 }
 
 void LogTest::SwitchAdvancedLog(unsigned value) const {

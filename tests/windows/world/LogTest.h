@@ -15,6 +15,9 @@ protected:
     LogTest();
     ~LogTest() override;
 
+    // Expects the records under another vendor's name from here on, with no logs of it yet.
+    void UseVendor(const std::wstring& name);
+
     // The switch of the advanced log, as the user sets it.
     void SwitchAdvancedLog(unsigned value) const;
     void RemoveSwitch() const;
@@ -25,7 +28,10 @@ protected:
     std::vector<std::wstring> BasicMessages() const;
     std::vector<std::wstring> AdvancedMessages() const;
 
-    const std::wstring vendor;
+    std::wstring vendor;
+
+private:
+    void RemoveTraces() const;
 };
 
 // A record of this level with this message.
