@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Measures the program: the logic natively by Google Benchmark, and what touches the system under Wine, each beside
+# the limit it can be compared with. Never part of the tests.
+# usage: scripts/bench.sh [logic|system]...
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+source scripts/wine.sh
+
+logic() {
+    need_packages libbenchmark-dev
+    build bench kestrune_bench
+    build/bench/tests/bench/kestrune_bench
+}
+
+# make_tree FOLDER COUNT: a package tree with that many packages, answered by the scripted library.
+make_tree() {
+    local tree=$1 count=$2 number script
+    rm -rf "$tree"
+    mkdir -p "$tree"/Setup/{x64,res} "$tree"/Applications/x64 "$tree"/Drivers/x64
+    cp build/windows/tests/bench/SystemBench.exe build/windows/Kestrune.exe "$tree/Setup/x64/"
+    cp build/windows/tests/fakes/complete/Brevanto.dll "$tree/Setup/x64/"
+    cp package/strings/en_strings.xml "$tree/Setup/res/"
+    printf '<OEM>Bench</OEM>\n<WIN8_DRVTYPES>BENCH</WIN8_DRVTYPES>\n<SILENT_INSTALL>true</SILENT_INSTALL>\n<HIDE_DISCOVERY>true</HIDE_DISCOVERY>\n' \
+        > "$tree/Setup/defaultInstallSettings.xml"
+    script=$tree/Setup/x64/Brevanto.script
+    for ((number = 1; number <= count; number++)); do
+        touch "$tree/Applications/x64/Package$number.msi"
+        printf 'package\tPackage%d.msi\nproperties\t<ProductName>Package %d</ProductName><ProductVersion>1.0.0</ProductVersion><DEVICETYPE>PRINTER</DEVICETYPE><INSTALLSIZE>12 MB</INSTALLSIZE><STARTAPP></STARTAPP><APPTYPE></APPTYPE><SecureCustomProperties>TARGET_DIR</SecureCustomProperties>\nstate\t0\t0\t0\t0\n' \
+            "$number" "$number"
+    done | iconv -f UTF-8 -t UTF-16LE > "$script"
+}
+
+# median COMMAND...: of the numbers that five runs print.
+median() { for _ in 1 2 3 4 5; do "$@" < /dev/null 2> /dev/null | tr -d '\r'; done | sort -n | sed -n 3p; }
+
+system() {
+    need_packages time
+    build windows Kestrune SystemBench ScriptedBrevanto
+    start_display
+    local prefix=$wine_home/bench count library catalogue
+    wine_new_prefix "$prefix"
+    trap 'wine_stop "$prefix"; kill $display_process 2> /dev/null || true' EXIT
+    for count in 10 100 1000; do
+        make_tree "$prefix/drive_c/Tree" "$count"
+        cd "$prefix/drive_c/Tree/Setup/x64"
+        library=$(median wine SystemBench.exe library)
+        catalogue=$(median wine SystemBench.exe catalogue)
+        cd "$root"
+        echo "$count packages: the library's calls and the listing $library us, the catalogue build $catalogue us"
+    done
+    make_tree "$prefix/drive_c/Tree" 100
+    cd "$prefix/drive_c/Tree/Setup/x64"
+    echo "one log record, microseconds: $(wine SystemBench.exe log < /dev/null | tr -d '\r')"
+    command time -f 'a silent run on 100 packages: %e s, peak memory %M KB' timeout 60 wine Kestrune.exe < /dev/null
+    cd "$root"
+    echo "the program: $(stat -c %s build/windows/Kestrune.exe) bytes"
+}
+
+for what in "${@:-logic system}"; do
+    for name in $what; do "$name"; done
+done

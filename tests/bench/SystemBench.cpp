@@ -1,0 +1,115 @@
+// Measures what touches the system, beside the limit it can be compared with. Lies in a package tree beside
+// Brevanto.dll, like the program.
+//
+//   SystemBench library    lists the tree's packages and asks the library the two questions about each
+//   SystemBench catalogue  builds both catalogues of the program
+//   SystemBench log        writes log records, and then the same bytes to a file under a mutex
+//
+// Prints microseconds.
+
+#include <windows.h>
+
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "CommonLib/Files.h"
+#include "CommonLib/InterProcessLock.h"
+#include "CommonLib/LogRecord.h"
+#include "CommonLib/Logger.h"
+#include "catalogue/MsiInfoService.h"
+#include "catalogue/MsiInterface.h"
+#include "framework/Handles.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
+#include "settings/TagNames.h"
+#include "standins/Brevanto/Brevanto.h"
+
+namespace {
+
+constexpr int recordCount = 500;
+
+long long MicrosecondsOf(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start)
+        .count();
+}
+
+std::vector<std::wstring> ListPackages() {
+    std::vector<std::wstring> paths;
+    for (const wchar_t* folder : {L"Drivers\\x64\\", L"Drivers\\x86_x64\\", L"Applications\\",
+                                  L"Applications\\x86_x64\\", L"Applications\\x64\\", L"Common\\x86_x64\\",
+                                  L"Common\\x64\\", L"Optional\\x86_x64\\", L"Optional\\x64\\"}) {
+        FindFiles(GetExeDirectory() + L"\\..\\..\\" + folder, paths, L"msi");
+    }
+    return paths;
+}
+
+void AskLibrary(HMODULE library) {
+    const auto enable = FindExport<decltype(&MsiEnableInstallLog)>(library, "MsiEnableInstallLog");
+    const auto properties = FindExport<decltype(&MsiGetProperties)>(library, "MsiGetProperties");
+    const auto installed = FindExport<decltype(&MsiIsAppInstalledByLang)>(library, "MsiIsAppInstalledByLang");
+    std::wstring buffer(2048, L'\0');
+    for (const std::wstring& path : ListPackages()) {
+        const auto length = static_cast<std::uint32_t>(path.size());
+        std::uint32_t needed = 0;
+        std::uint8_t flags[3] = {};
+        enable(L"Bench", 5);
+        properties(path.c_str(), L"1033", buffer.data(), static_cast<std::uint32_t>(buffer.size()), &needed);
+        enable(L"Bench", 5);
+        installed(path.c_str(), length, &flags[0], &flags[1], &flags[2], L"1033");
+    }
+}
+
+long long MeasureLibrary() {
+    const Library library(LoadLibraryW((GetExeDirectory() + L"\\Brevanto.dll").c_str()));
+    return MicrosecondsOf([&] { AskLibrary(library.get()); });
+}
+
+long long MeasureCatalogue() {
+    InstallSettings::GetInstance().LoadDefaults();
+    Localizer::GetInstance();
+    MsiInterface& msi = *MsiInterface::GetInstance();
+    return MicrosecondsOf([&] { MsiInfoService(msi).DoRun(); });
+}
+
+void WriteBare(InterProcessLock& lock, const std::wstring& path, const std::wstring& record) {
+    const InterProcessLockGuard guard(lock);
+    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    SetFilePointer(file.get(), 0, nullptr, FILE_END);
+    DWORD written = 0;
+    WriteFile(file.get(), record.data(), static_cast<DWORD>(record.size() * sizeof(wchar_t)), &written,
+              nullptr);
+}
+
+void MeasureLog() {
+    const std::wstring message = L"A message of the usual length, as the walk writes it";
+    Logger::GetInstance().SetVendor(L"Bench");
+    LogBasic(message);
+    const long long records = MicrosecondsOf([&] {
+        for (int count = 0; count < recordCount; ++count) LogBasic(message);
+    });
+    InterProcessLock lock(L"BenchLock");
+    const std::wstring path = Logger::GetInstance().GetLogFolder() + L"Bare.log";
+    const std::wstring record = FormatBasicRecord(LogLevel::None, {}, message);
+    const long long bare = MicrosecondsOf([&] {
+        for (int count = 0; count < recordCount; ++count) WriteBare(lock, path, record);
+    });
+    std::printf("record %lld bare %lld\n", records / recordCount, bare / recordCount);
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    const std::wstring_view what = count > 1 ? arguments[1] : L"";
+    if (what == L"library") std::printf("%lld\n", MeasureLibrary());
+    if (what == L"catalogue") std::printf("%lld\n", MeasureCatalogue());
+    if (what == L"log") MeasureLog();
+    return 0;
+}
