@@ -37,7 +37,8 @@ system() {
     need_packages time
     build windows Kestrune SystemBench ScriptedBrevanto
     start_display
-    local prefix=$wine_home/bench count library catalogue
+    local count library catalogue
+    prefix=$wine_home/bench
     wine_new_prefix "$prefix"
     trap 'wine_stop "$prefix"; kill $display_process 2> /dev/null || true' EXIT
     for count in 10 100 1000; do
