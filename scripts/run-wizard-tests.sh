@@ -18,12 +18,11 @@ case ${1:--} in
         ;;
 esac
 
-prefix=$wine_home/wizard-tests
 program=$build_folder/tests/wizard/kestrune_wizard_tests.exe
-wine_new_prefix "$prefix"
-start_display
-wine "$program" "$@" < /dev/null
-code=$?
+# Most of a test is waiting, and only one copy of the program runs at a time in a prefix, so the tests are dealt to
+# several prefixes.
+shards=3
+[[ " $* " != *--gtest_filter* ]] || shards=1
 
 # The user's language is the process's, so the test that follows it runs once in each of these: the locale, the
 # identifier that the system gives it, and the code of the language file.
@@ -39,14 +38,43 @@ sr-Cyrl-RS 10266 en
 nb_NO 1044 nb
 id_ID 1057 id_ID
 he_IL 1037 en'
-if [[ " $* " != *--gtest_filter* ]]; then
+
+run_languages() {
+    local locale identifier language_code code=0
     while read -r locale identifier language_code; do
         LC_ALL=$locale KESTRUNE_USER_LANGUAGE=$identifier KESTRUNE_LANGUAGE_CODE=$language_code \
-            wine "$program" --gtest_brief=1 --gtest_filter=LanguageTest.FollowsTheLanguageOfTheUser < /dev/null 2> /dev/null || {
+            wine "$program" --gtest_brief=1 --gtest_filter=LanguageTest.FollowsTheLanguageOfTheUser \
+            < /dev/null > "$prefix/language.log" 2>&1 || {
+            cat "$prefix/language.log"
             echo "failed in the language $locale"
             code=1
         }
     done <<< "$languages"
-fi
-wine_stop "$prefix"
+    return $code
+}
+
+# run_shard INDEX ARGUMENT...: runs its share of the tests in a prefix and on a display of its own.
+run_shard() {
+    local index=$1 prefix=$wine_home/wizard-tests-$1 code=0
+    shift
+    wine_new_prefix "$prefix"
+    start_display
+    GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$index wine "$program" "$@" < /dev/null 2>&1 || code=1
+    [ "$shards" = 1 ] || [ "$index" != 0 ] || run_languages || code=1
+    wine_stop "$prefix"
+    return $code
+}
+
+wine_make_template
+code=0
+logs=$(mktemp -d)
+for ((index = 0; index < shards; ++index)); do
+    (run_shard "$index" "$@") > "$logs/$index" &
+    processes[index]=$!
+done
+for ((index = 0; index < shards; ++index)); do
+    wait "${processes[index]}" || code=1
+    cat "$logs/$index"
+done
+rm -rf "$logs"
 exit $code

@@ -24,9 +24,11 @@ TEST_F(SilentRunTest, InstallsTheApplicationsInTheOrderOfTheScan) {
 TEST_F(SilentRunTest, TellsItsStoryInTheBasicLog) {
     tree.Add({.path = L"Applications\\a.msi"});
     Run();
-    EXPECT_THAT(BasicMessages(L""), ElementsAre(L"Default Configuration File Values", _,
-                                                L"Starting Installer", L"Installing Applications",
-                                                L"End of silent mode install", L"Installation is Finished"));
+    std::vector<std::wstring> messages = BasicMessages(L"");
+    // The install thread writes its one record beside those of the walk.
+    EXPECT_EQ(std::erase(messages, L"Installing Applications"), 1U);
+    EXPECT_THAT(messages, ElementsAre(L"Default Configuration File Values", _, L"Starting Installer",
+                                      L"End of silent mode install", L"Installation is Finished"));
 }
 
 TEST_F(SilentRunTest, LeavesOneErrorInTheLogThoughNothingHasFailed) {
