@@ -1,0 +1,42 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "wizard/ButtonFace.h"
+
+namespace {
+
+struct FaceCase {
+    std::string name;
+    ButtonState state;
+    bool secondary;
+    RgbColour colour;
+    int frameWidth;
+};
+
+class ButtonFaceTest : public testing::TestWithParam<FaceCase> {};
+
+TEST_P(ButtonFaceTest, HasTheColourAndFrameOfItsState) {
+    const ButtonFace face = FlatButtonFace(GetParam().state, GetParam().secondary);
+    EXPECT_EQ(face.colour, GetParam().colour);
+    EXPECT_EQ(face.frameWidth, GetParam().frameWidth);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    AllStates, ButtonFaceTest,
+    testing::Values(
+        FaceCase{"NormalGrey", {}, true, 0x5A5A64, 1}, FaceCase{"NormalGreen", {}, false, 0x00AD21, 1},
+        FaceCase{"DisabledGrey", {.disabled = true}, true, 0xC5C5C9, 1},
+        FaceCase{"DisabledGreenIsPaleGreen", {.disabled = true}, false, 0xA6E3B2, 1},
+        FaceCase{"FocusedGrey", {.focused = true}, true, 0x5A5A64, 2},
+        FaceCase{"FocusedGreen", {.focused = true}, false, 0x00AD21, 2},
+        FaceCase{"HotGrey", {.hot = true}, true, 0x4E4E57, 1},
+        FaceCase{"HotGreen", {.hot = true}, false, 0x128622, 1},
+        FaceCase{"HotAndFocusedHasTheWideFrame", {.hot = true, .focused = true}, false, 0x128622, 2},
+        FaceCase{"SelectedGrey", {.selected = true}, true, 0x5A5A64, 2},
+        FaceCase{"SelectedWinsOverHot", {.selected = true, .hot = true}, false, 0x00AD21, 2},
+        FaceCase{"HotWinsOverDisabled", {.hot = true, .disabled = true}, true, 0x4E4E57, 1},
+        FaceCase{"FocusedWinsOverDisabled", {.focused = true, .disabled = true}, false, 0x00AD21, 2}),
+    [](const auto& face) { return face.param.name; });
+
+}  // namespace
