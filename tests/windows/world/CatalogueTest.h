@@ -1,0 +1,35 @@
+// A test of packages that lie in the tree and are known to a fake gateway.
+#pragma once
+
+#include <list>
+#include <string>
+#include <vector>
+
+#include "FakeMsi.h"
+#include "SettingsTest.h"
+#include "catalogue/MSI_APP.h"
+
+// Begins and ends with empty catalogues.
+class CatalogueTest : public SettingsTest {
+protected:
+    CatalogueTest();
+    ~CatalogueTest() override;
+
+    // Lays the package into a folder of the tree, with its file's stem as product name; its properties and
+    // its state are the caller's to change.
+    FakePackage& AddPackage(const std::wstring& folder, const std::wstring& name);
+    // The same for a driver package with that identifier, whose type this system accepts.
+    FakePackage& AddDriver(const std::wstring& name, const std::wstring& driverId);
+    void BuildCatalogues();
+
+    static std::list<MSI_APP> Applications();
+    static MSI_APP Application(const std::wstring& productName);
+    // The product names, in catalogue order.
+    static std::vector<std::wstring> ApplicationNames();
+    static std::vector<std::wstring> DriverNames();
+
+    FakeMsi msi;
+
+private:
+    static void ClearCatalogues();
+};
