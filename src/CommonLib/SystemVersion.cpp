@@ -20,8 +20,8 @@ bool IsWindowsVersionOrGreater(std::uint16_t minorVersion) {
     wanted.dwMinorVersion = minorVersion;
     wanted.wServicePackMajor = 0;
     DWORDLONG conditions = 0;
-    for (const DWORD field : {VER_MAJORVERSION, VER_MINORVERSION, VER_SERVICEPACKMAJOR}) {
-        conditions = VerSetConditionMask(conditions, field, VER_GREATER_EQUAL);
+    for (const int field : {VER_MAJORVERSION, VER_MINORVERSION, VER_SERVICEPACKMAJOR}) {
+        conditions = VerSetConditionMask(conditions, static_cast<DWORD>(field), VER_GREATER_EQUAL);
     }
     return VerifyVersionInfoW(&wanted, VER_MAJORVERSION | VER_MINORVERSION | VER_SERVICEPACKMAJOR,
                               conditions) != FALSE;

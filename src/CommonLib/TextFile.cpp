@@ -9,7 +9,7 @@ namespace {
 constexpr size_t bufferSize = 2048;
 
 struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+    void operator()(std::FILE* file) const { std::fclose(file); }  // NOLINT(cppcoreguidelines-owning-memory)
 };
 
 }  // namespace

@@ -15,6 +15,8 @@ public:
 
     // Loads the library at that path and initialises it.
     explicit MsiInterface(const std::wstring& libraryPath);
+    MsiInterface(const MsiInterface&) = delete;
+    MsiInterface& operator=(const MsiInterface&) = delete;
     ~MsiInterface() override;
 
     std::uint32_t InstallApp(std::wstring packagePath, InstallProgressCallback callback,

@@ -16,7 +16,7 @@ std::uint32_t FinishService::DoRun() {
     try {
         for (const std::wstring& program : SplitClosed(settings.GetStartApp(), L';')) {
             Application application;
-            application.commandLine = folder + L"\\" + program;
+            application.commandLine = std::wstring(folder).append(L"\\").append(program);
             application.creationFlags = NORMAL_PRIORITY_CLASS;
             application.launch();
         }

@@ -77,7 +77,7 @@ std::wstring EULADlg::GetEULAPath() const {
     const std::wstring folder = GetExeDirectory() + L"\\..\\..\\Notices\\EULA\\";
     std::vector<std::wstring> found;
     FindFiles(folder + L"*eula_" + code, found, L"txt");
-    const std::wstring path = found.empty() ? folder + L"EULA_en.txt" : found.front();
+    std::wstring path = found.empty() ? folder + L"EULA_en.txt" : found.front();
     LogAdvanced(L"EULADlg::GetEULAPath(), currentLangId = " + ToDecimalString(languageId) +
                 L" primaryLangId = " + ToDecimalString(primaryId));
     LogAdvanced(L"EULA path being used: " + path);

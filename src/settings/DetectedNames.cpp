@@ -15,8 +15,9 @@ void InstallSettings::ApplyDetectedName(const std::wstring& printerName) {
         if (detect == L"true" || detect == L"True" || detect == L"TRUE") {
             const std::wstring driverId = TagDocument::ValueOf(device, Tag::DRIVER_ID);
             const std::wstring stream = DriverInfo::GetInstance().GetDriver(driverId).streamDisplayName;
-            TagDocument::SetElement(device, Tag::PRINTER_NAME,
-                                    stream.empty() ? printerName : printerName + L" " + stream);
+            TagDocument::SetElement(
+                device, Tag::PRINTER_NAME,
+                stream.empty() ? printerName : std::wstring(printerName).append(L" ").append(stream));
         }
         TagDocument::RemoveElement(device, Tag::DETECT_PRINTER);
     }

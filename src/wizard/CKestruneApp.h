@@ -11,6 +11,8 @@ class KestruneDlg;
 class CKestruneApp : public CWinApp {
 public:
     CKestruneApp();
+    CKestruneApp(const CKestruneApp&) = delete;
+    CKestruneApp& operator=(const CKestruneApp&) = delete;
     ~CKestruneApp() override;
 
     bool InitInstance() override;

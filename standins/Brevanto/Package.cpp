@@ -8,12 +8,11 @@ namespace brevanto {
 namespace {
 
 UINT OpenPropertyTable(const std::wstring& packagePath, MsiHandle& database, MsiHandle& view) {
-    UINT code = MsiOpenDatabaseW(packagePath.c_str(), MSIDBOPEN_READONLY, database.Receive());
+    UINT code = MsiOpenDatabaseW(packagePath.c_str(), MSIDBOPEN_READONLY, database.put());
     if (code != ERROR_SUCCESS) return code;
-    code =
-        MsiDatabaseOpenViewW(database.Get(), L"SELECT `Property`, `Value` FROM `Property`", view.Receive());
+    code = MsiDatabaseOpenViewW(database.get(), L"SELECT `Property`, `Value` FROM `Property`", view.put());
     if (code != ERROR_SUCCESS) return code;
-    return MsiViewExecute(view.Get(), 0);
+    return MsiViewExecute(view.get(), 0);
 }
 
 }  // namespace
@@ -35,8 +34,8 @@ UINT ReadPackage(const std::wstring& packagePath, std::vector<Property>& propert
     MsiHandle view;
     UINT code = OpenPropertyTable(packagePath, database, view);
     MsiHandle record;
-    while (code == ERROR_SUCCESS && (code = MsiViewFetch(view.Get(), record.Receive())) == ERROR_SUCCESS) {
-        properties.push_back({.name = RecordText(record.Get(), 1), .value = RecordText(record.Get(), 2)});
+    while (code == ERROR_SUCCESS && (code = MsiViewFetch(view.get(), record.put())) == ERROR_SUCCESS) {
+        properties.push_back({.name = RecordText(record.get(), 1), .value = RecordText(record.get(), 2)});
     }
     if (code == ERROR_NO_MORE_ITEMS) return ERROR_SUCCESS;
     properties.clear();

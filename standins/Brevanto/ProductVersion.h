@@ -11,6 +11,7 @@ struct ProductVersion {
     unsigned minorField = 0;
     unsigned buildField = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison itself for a null pointer.
     friend auto operator<=>(const ProductVersion&, const ProductVersion&) = default;
 };
 
