@@ -1,0 +1,59 @@
+#include <windows.h>
+
+#include <filesystem>
+
+#include "install/FinishService.h"
+#include "tests/windows/world/ChildProcess.h"
+#include "tests/windows/world/ScratchFolder.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/wizard/Waiting.h"
+
+namespace {
+
+// A target folder that holds one program, which leaves a trace in a file that it is told.
+class FinishServiceTest : public SettingsTest {
+protected:
+    FinishServiceTest() {
+        std::filesystem::copy_file(CompanionPath(), folder / L"program.exe");
+        Settings().SetString(L"TARGET_DIR", folder.Path());
+    }
+
+    std::wstring Starting(const std::wstring& trace) const {
+        return L"program.exe leave-trace " + (folder / trace);
+    }
+    bool HasStarted(const std::wstring& trace) const {
+        return WaitUntil([&] { return ReadBytes(folder / trace) == "started"; });
+    }
+    bool Exists(const std::wstring& trace) const { return std::filesystem::exists(folder / trace); }
+
+    ScratchFolder folder;
+};
+
+TEST_F(FinishServiceTest, StartsEveryProgramThatASemicolonCloses) {
+    Settings().AppendStartApp(Starting(L"one") + L";");
+    Settings().AppendStartApp(Starting(L"two") + L";" + Starting(L"three"));
+    EXPECT_EQ(FinishService().DoRun(), 0U);
+    EXPECT_TRUE(HasStarted(L"one"));
+    EXPECT_TRUE(HasStarted(L"two"));
+    EXPECT_FALSE(Exists(L"three"));
+}
+
+TEST_F(FinishServiceTest, StartsNothingWithoutASemicolon) {
+    Settings().AppendStartApp(Starting(L"one"));
+    Settings().AppendStartApp(Starting(L"two"));
+    EXPECT_EQ(FinishService().DoRun(), 0U);
+    EXPECT_FALSE(Exists(L"one") || Exists(L"two"));
+}
+
+TEST_F(FinishServiceTest, DoesNothingWithoutPrograms) {
+    EXPECT_EQ(FinishService().DoRun(), 0U);
+}
+
+TEST_F(FinishServiceTest, LeavesOutWhatFollowsAProgramThatCannotStart) {
+    Settings().AppendStartApp(Starting(L"one") + L";missing.exe;" + Starting(L"two") + L";");
+    EXPECT_EQ(FinishService().DoRun(), DWORD{ERROR_FILE_NOT_FOUND});
+    EXPECT_TRUE(HasStarted(L"one"));
+    EXPECT_FALSE(Exists(L"two"));
+}
+
+}  // namespace
