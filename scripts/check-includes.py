@@ -45,9 +45,13 @@ def logic_sources():
     return [ROOT / name for name in re.findall(r'src/\S+\.cpp', listing)]
 
 
+# Dialogs that a page opens over itself.
+SUB_DIALOGS = {'CDisplayAppsListDlg.h', 'FileInUseDlg.h', 'RMFileInUseDlg.h'}
+
+
 def page_to_page():
     pages = {path.name for folder in ('pages', 'discovery', 'ports', 'install') for path in
-             (ROOT / 'src' / folder).glob('*Dlg.h')}
+             (ROOT / 'src' / folder).glob('*Dlg.h')} - SUB_DIALOGS
     for source in sorted((ROOT / 'src').rglob('*Dlg.*')):
         for _, name in includes_of(source):
             included = pathlib.PurePath(name).name

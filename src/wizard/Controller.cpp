@@ -294,10 +294,15 @@ bool Controller::Cancel(bool force) {
     InstallSettings::GetInstance().SetStrings(
         {{Tag::SHOW_REGISTRATION, L"0"}, {Tag::INSTALL_STATUS, L"CANCELED"}});
     CancelServices();
-    // The install thread winds down by itself and then moves the walk.
-    if (CurrentPage() != nullptr && CurrentPage() == progressDlg.get()) return true;
-    Finish(false);
+    if (!IsInstallThreadMovingOn()) Finish(false);
     return true;
+}
+
+// The install thread winds down by itself. From the Progress page it then moves the walk; in a silent run the walk
+// stands at its end already and waits for the thread, which must not wait there for itself.
+bool Controller::IsInstallThreadMovingOn() const {
+    const InstallDialogEx* const page = CurrentPage();
+    return (page != nullptr && page == progressDlg.get()) || (silent && threadCount > 0);
 }
 
 bool Controller::IsClosingPage() const {

@@ -82,6 +82,7 @@ private:
     void HideCurrentPage();
     void ShowCurrentPage(std::wstring message);
     bool IsClosingPage() const;
+    bool IsInstallThreadMovingOn() const;
     bool ConfirmCancel() const;
     void CancelServices();
     void CopyLogToPackage() const;

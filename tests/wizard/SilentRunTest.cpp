@@ -61,6 +61,18 @@ TEST_F(SilentRunTest, CountsItsInstallThread) {
     EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Thread Count decremented 0"));
 }
 
+TEST_F(SilentRunTest, RollsBackAndEndsWhenAPackageStopsIt) {
+    tree.Add({.path = L"Applications\\a.msi"});
+    tree.Add({.path = L"Applications\\b.msi", .install = {.steps = {}, .code = 1603}});
+    tree.Add({.path = L"Applications\\c.msi"});
+    wizard.Start();
+    wizard.Answer(IDOK);
+    wizard.WaitForEnd();
+    EXPECT_THAT(Installs(), ElementsAre(L"a.msi", L"b.msi"));
+    EXPECT_THAT(Removals(), ElementsAre(L"a.msi", L"b.msi"));
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"User chose to cancel the installation."));
+}
+
 TEST_F(SilentRunTest, NeverShowsTheMainWindow) {
     const std::wstring sign = (tree.Root() / L"go on").wstring();
     tree.Add({.path = L"Applications\\a.msi", .install = {.steps = {{L"untilFile", sign}}}});
