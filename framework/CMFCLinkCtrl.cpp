@@ -46,11 +46,15 @@ LRESULT CMFCLinkCtrl::OnSetCursor(WPARAM, LPARAM) {
 
 void CMFCLinkCtrl::DrawItem(const DRAWITEMSTRUCT& item) {
     RECT area = item.rcItem;
-    FillRect(item.hDC, &area, GetSysColorBrush(COLOR_WINDOW));
+    // The ground is the dialog's, as it is under a text.
+    const LRESULT ground =
+        ::SendMessageW(GetParent(GetSafeHwnd()), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(item.hDC),
+                       reinterpret_cast<LPARAM>(GetSafeHwnd()));
+    FillRect(item.hDC, &area, reinterpret_cast<HBRUSH>(ground));
     const Font own = Underlined(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
     const SelectedObject font(item.hDC, UnderlinedFont() ? UnderlinedFont().get() : own.get());
     SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, linkColour);
+    SetTextColor(item.hDC, UnderlinedFont() ? GetSysColor(COLOR_HOTLIGHT) : linkColour);
     const std::wstring text = GetWindowText();
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
               DT_LEFT | DT_VCENTER | DT_SINGLELINE);

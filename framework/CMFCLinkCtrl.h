@@ -12,7 +12,8 @@ public:
     void SetURL(const std::wstring& address) { url = address; }
     const std::wstring& GetURL() const { return url; }
 
-    // The font of all links from now on; before that they underline their own.
+    // The font of all links from now on, for high contrast; they take the system's colour for links with it.
+    // Before that they underline their own and are blue.
     static void SetUnderlinedFont(Font font);
 
     void DrawItem(const DRAWITEMSTRUCT& item) override;
