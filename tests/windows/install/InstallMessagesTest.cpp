@@ -1,24 +1,16 @@
-#include <thread>
-
 #include "framework/CDialogEx.h"
 #include "install/InstallMessages.h"
 #include "tests/windows/resource.h"
+#include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/SettingsTest.h"
 #include "tests/windows/world/TestApp.h"
-#include "tests/wizard/Waiting.h"
 
 namespace {
 
-std::wstring TextOf(HWND window) {
-    std::wstring text(400, L'\0');
-    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), 400)));
-    return text;
-}
-
-// A program with a main window, in front of which boxes come up.
-class ErrorDialogTest : public SettingsTest {
+// A program with a main window, in front of which dialogs come up.
+class DialogTest : public SettingsTest {
 protected:
-    ErrorDialogTest() {
+    DialogTest() {
         AddTexts(
             "<DISK_FULL_ERROR_TITLE>full title</DISK_FULL_ERROR_TITLE>"
             "<DISK_FULL_ERROR_TEXT>full</DISK_FULL_ERROR_TEXT>"
@@ -26,30 +18,14 @@ protected:
             "<INSTALL_ALREADY_RUNNING_TEXT>running</INSTALL_ALREADY_RUNNING_TEXT>"
             "<PERMISSION_ERROR_TITLE>rights title</PERMISSION_ERROR_TITLE>"
             "<PERMISSION_ERROR_TEXT>rights</PERMISSION_ERROR_TEXT>"
-            "<ERROR_TITLE>error title</ERROR_TITLE><ERROR_TEXT>error</ERROR_TEXT>");
+            "<ERROR_TITLE>error title</ERROR_TITLE><ERROR_TEXT>error</ERROR_TEXT>"
+            "<FILES_IN_USE_HEADER>in use</FILES_IN_USE_HEADER>");
         window.Create(IDD_TEST, nullptr);
         app.SetMainWnd(&window);
     }
 
-    // Shows the box, answers it and gives what the caller got. Title and text stay in "shown".
-    bool Show(std::uint32_t code) {
-        const DWORD caller = GetCurrentThreadId();
-        std::thread user([&] {
-            HWND box = nullptr;
-            if (!WaitUntil([&] { return (box = FindDialogOf(caller, window.GetSafeHwnd())) != nullptr; }))
-                return;
-            constexpr int boxText = 65535;
-            shown = TextOf(box) + L": " + TextOf(GetDlgItem(box, boxText));
-            PostMessageW(box, WM_COMMAND, IDOK, 0);
-        });
-        const bool stops = ShowErrorDialog(code);
-        user.join();
-        return stops;
-    }
-
     TestApp app;
     CDialogEx window;
-    std::wstring shown = L"nothing";
 };
 
 struct ErrorBox {
@@ -58,10 +34,18 @@ struct ErrorBox {
     bool stops;
 };
 
-class ErrorBoxTest : public ErrorDialogTest, public testing::WithParamInterface<ErrorBox> {};
+class ErrorBoxTest : public DialogTest, public testing::WithParamInterface<ErrorBox> {};
 
 TEST_P(ErrorBoxTest, ShowsItsTextsAndSaysWhetherTheRunStops) {
-    EXPECT_EQ(Show(GetParam().code), GetParam().stops);
+    constexpr int boxText = 65535;
+    std::wstring shown;
+    {
+        const DialogUser user(window.GetSafeHwnd(), [&](HWND box) {
+            shown = TextOf(box) + L": " + TextOf(GetDlgItem(box, boxText));
+            ClickOn(box, IDOK);
+        });
+        EXPECT_EQ(ShowErrorDialog(GetParam().code), GetParam().stops);
+    }
     EXPECT_EQ(shown, GetParam().shown);
 }
 
@@ -79,6 +63,8 @@ const ErrorBox boxes[] = {
 INSTANTIATE_TEST_SUITE_P(Codes, ErrorBoxTest, testing::ValuesIn(boxes),
                          [](const auto& box) { return std::to_string(box.param.code); });
 
+using ErrorDialogTest = DialogTest;
+
 TEST_F(ErrorDialogTest, StaysAwayInAnOptionalRun) {
     Settings().SetBool(L"OPTIONAL_INSTALL", true);
     EXPECT_FALSE(ShowErrorDialog(112));
@@ -88,6 +74,72 @@ TEST_F(ErrorDialogTest, GivesTheSameAnswerWithoutAMainWindow) {
     app.SetMainWnd(nullptr);
     EXPECT_TRUE(ShowErrorDialog(112));
     EXPECT_FALSE(ShowErrorDialog(1623));
+}
+
+// A question of the library, and what the user does with it.
+struct Question {
+    std::wstring kind;
+    int chosen;
+    int pressed;
+    std::int32_t answer;
+};
+
+constexpr int closePrograms = 1063;
+constexpr int doNotClose = 1064;
+constexpr int retry = 1066;
+constexpr int ignore = 1067;
+
+class FileInUseTest : public DialogTest, public testing::WithParamInterface<Question> {
+protected:
+    static std::wstring Ask(const std::wstring& kind, const std::wstring& names) {
+        return L"<" + kind + L">true</" + kind + L">" + names;
+    }
+    static int NamesControl(const std::wstring& kind) { return kind == L"FILE_IN_USE" ? 1093 : 1096; }
+};
+
+TEST_P(FileInUseTest, IsAnsweredByTheButton) {
+    const std::wstring kind = GetParam().kind;
+    std::wstring names;
+    for (const wchar_t* element : {L"<APPLICATION_NAME>Word, Mail</APPLICATION_NAME>", L""}) {
+        const DialogUser user(window.GetSafeHwnd(), [&](HWND dialog) {
+            EXPECT_EQ(TextOf(dialog), L"in use");
+            names = TextOf(GetDlgItem(dialog, NamesControl(kind)));
+            if (GetParam().chosen != 0) SendMessageW(GetDlgItem(dialog, GetParam().chosen), BM_CLICK, 0, 0);
+            ClickOn(dialog, GetParam().pressed);
+        });
+        EXPECT_EQ(OnInstallMessage(Ask(kind, element).c_str()), GetParam().answer);
+    }
+    // The second question names nobody, so it shows the names of the first.
+    EXPECT_EQ(names, L"Word, Mail");
+}
+
+const Question questions[] = {
+    {L"FILE_IN_USE", 0, IDCANCEL, 2},         {L"FILE_IN_USE", 0, retry, 4},
+    {L"RM_FILE_IN_USE", 0, IDOK, 1},          {L"RM_FILE_IN_USE", closePrograms, IDOK, 1},
+    {L"RM_FILE_IN_USE", doNotClose, IDOK, 2},
+};
+
+INSTANTIATE_TEST_SUITE_P(Questions, FileInUseTest, testing::ValuesIn(questions));
+
+using FileInUseDialogTest = DialogTest;
+
+TEST_F(FileInUseDialogTest, HidesTheButtonThatIgnoresTheQuestion) {
+    bool visible = true;
+    {
+        const DialogUser user(window.GetSafeHwnd(), [&](HWND dialog) {
+            visible = IsWindowVisible(GetDlgItem(dialog, ignore)) != FALSE;
+            ClickOn(dialog, ignore);
+        });
+        EXPECT_EQ(OnInstallMessage(L"<FILE_IN_USE>true</FILE_IN_USE>"), 5);
+    }
+    EXPECT_FALSE(visible);
+    EXPECT_TRUE(Settings().GetBool(L"REBOOT"));
+}
+
+TEST_F(FileInUseDialogTest, IsCancelledByEscape) {
+    const DialogUser user(window.GetSafeHwnd(),
+                          [](HWND dialog) { PostMessageW(dialog, WM_KEYDOWN, VK_ESCAPE, 0); });
+    EXPECT_EQ(OnInstallMessage(L"<RM_FILE_IN_USE>true</RM_FILE_IN_USE>"), 2);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "install/InstallMessages.h"
 #include "install/ProgressDialog.h"
 #include "tests/windows/resource.h"
+#include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/SettingsTest.h"
 #include "tests/windows/world/TestApp.h"
 #include "wizard/RegisteredMessages.h"
@@ -27,11 +28,7 @@ protected:
         page.Create(page.TemplateId(), &window);
     }
 
-    std::wstring TextOf(int control) const {
-        wchar_t text[200]{};
-        GetWindowTextW(page.GetDlgItem(control), text, 200);
-        return text;
-    }
+    std::wstring Shown(int control) const { return TextOf(page.GetDlgItem(control)); }
     LRESULT Position() const { return SendMessageW(page.GetDlgItem(bar), PBM_GETPOS, 0, 0); }
     // What the library tells, up to its arrival at the page.
     static void Tell(const wchar_t* document) {
@@ -50,8 +47,8 @@ protected:
 };
 
 TEST_F(ProgressDialogTest, BeginsWithItsTexts) {
-    EXPECT_EQ(TextOf(statusLine), L"Preparing");
-    EXPECT_EQ(TextOf(IDCANCEL), L"&Stop");
+    EXPECT_EQ(Shown(statusLine), L"Preparing");
+    EXPECT_EQ(Shown(IDCANCEL), L"&Stop");
     EXPECT_EQ(page.dialogName, L"Progress Dialog");
     EXPECT_EQ(Position(), 0);
 }
@@ -118,13 +115,13 @@ TEST_F(ProgressDialogTest, GoesBackDuringARollBack) {
 TEST_F(ProgressDialogTest, NamesThePackageWithTheNextProgress) {
     page.BeginRun(2);
     page.SetApplication(L"Ink & Co");
-    EXPECT_EQ(TextOf(statusLine), L"Preparing");
+    EXPECT_EQ(Shown(statusLine), L"Preparing");
     Send(1);
-    EXPECT_EQ(TextOf(statusLine), L"Installing Ink & Co");
+    EXPECT_EQ(Shown(statusLine), L"Installing Ink & Co");
     page.BeginUninstalling();
     page.SetApplication(L"Loom");
     Send(1);
-    EXPECT_EQ(TextOf(statusLine), L"Removing Loom");
+    EXPECT_EQ(Shown(statusLine), L"Removing Loom");
 }
 
 TEST_F(ProgressDialogTest, BeginsANewRunAtTheStart) {
@@ -155,7 +152,7 @@ TEST_F(ProgressDialogTest, SaysThatItIsCancelledAndDisablesItsButton) {
     EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDCANCEL)));
     page.Cancel();
     PumpMessages();
-    EXPECT_EQ(TextOf(statusLine), L"Cancelling");
+    EXPECT_EQ(Shown(statusLine), L"Cancelling");
     EXPECT_THAT(AdvancedMessages(),
                 testing::IsSupersetOf({L"ProgressDialog::Cancel called", L"Updating Cancel Text"}));
     page.SendMessage(WM_PAINT);

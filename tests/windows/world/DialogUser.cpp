@@ -1,0 +1,30 @@
+#include "DialogUser.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "TestApp.h"
+#include "tests/wizard/Waiting.h"
+
+DialogUser::DialogUser(HWND other, std::function<void(HWND)> deed)
+    : thread([other, deed = std::move(deed), caller = GetCurrentThreadId()] {
+          HWND dialog = nullptr;
+          EXPECT_TRUE(WaitUntil([&] { return (dialog = FindDialogOf(caller, other)) != nullptr; }));
+          if (dialog != nullptr) deed(dialog);
+      }) {}
+
+DialogUser::~DialogUser() {
+    thread.join();
+}
+
+std::wstring TextOf(HWND window) {
+    std::wstring text(400, L'\0');
+    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), 400)));
+    return text;
+}
+
+void ClickOn(HWND dialog, int button) {
+    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
+}
