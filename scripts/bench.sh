@@ -35,7 +35,7 @@ median() { for _ in 1 2 3 4 5; do "$@" < /dev/null 2> /dev/null | tr -d '\r'; do
 
 system() {
     need_packages time
-    build windows Kestrune SystemBench ScriptedBrevanto
+    build windows Kestrune SystemBench EmptyDialog ScriptedBrevanto
     start_display
     local count library catalogue
     prefix=$wine_home/bench
@@ -49,10 +49,25 @@ system() {
         cd "$root"
         echo "$count packages: the library's calls and the listing $library us, the catalogue build $catalogue us"
     done
+    # The same over real packages, which the stand-in library opens by Windows Installer.
+    scripts/build-package.sh build/windows > /dev/null
+    cp -r out/package "$prefix/drive_c/Package"
+    cp build/windows/tests/bench/SystemBench.exe "$prefix/drive_c/Package/Setup/x64/"
+    cd "$prefix/drive_c/Package/Setup/x64"
+    echo "the sample package: the library's calls and the listing $(median wine SystemBench.exe library) us," \
+        "the catalogue build $(median wine SystemBench.exe catalogue) us"
+    cd "$root"
     make_tree "$prefix/drive_c/Tree" 100
     cd "$prefix/drive_c/Tree/Setup/x64"
     echo "one log record, microseconds: $(wine SystemBench.exe log < /dev/null | tr -d '\r')"
     command time -f 'a silent run on 100 packages: %e s, peak memory %M KB' timeout 60 wine Kestrune.exe < /dev/null
+    cd "$root"
+    sed -i 's#<SILENT_INSTALL>true#<SILENT_INSTALL>false#' "$prefix/drive_c/Tree/Setup/defaultInstallSettings.xml"
+    cp build/windows/tests/bench/EmptyDialog.exe "$prefix/drive_c/Tree/Setup/x64/"
+    rm "$prefix/drive_c/Tree/Applications/x64/"*
+    cd "$prefix/drive_c/Tree/Setup/x64"
+    echo "start to the first page, no packages: $(median timeout 60 wine SystemBench.exe start Kestrune.exe) us," \
+        "an empty dialog: $(median timeout 60 wine SystemBench.exe start EmptyDialog.exe) us"
     cd "$root"
     echo "the program: $(stat -c %s build/windows/Kestrune.exe) bytes"
 }

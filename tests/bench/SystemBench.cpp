@@ -5,6 +5,8 @@
 //   SystemBench catalogue  builds both catalogues of the program
 //   SystemBench log        writes log records, and then the same bytes to a file under a mutex
 //
+//   SystemBench start PROGRAM  starts a program of this folder and waits for its first page, then ends it
+//
 // Prints microseconds.
 
 #include <windows.h>
@@ -88,6 +90,35 @@ void WriteBare(InterProcessLock& lock, const std::wstring& path, const std::wstr
               nullptr);
 }
 
+BOOL CALLBACK LookForPage(HWND window, LPARAM found) {
+    constexpr int firstPageControl = 1082;
+    if (GetDlgCtrlID(window) != firstPageControl || IsWindowVisible(window) == FALSE) return TRUE;
+    *reinterpret_cast<bool*>(found) = true;
+    return FALSE;
+}
+
+BOOL CALLBACK LookAtWindow(HWND window, LPARAM found) {
+    if (IsWindowVisible(window) != FALSE) EnumChildWindows(window, &LookForPage, found);
+    return *reinterpret_cast<bool*>(found) ? FALSE : TRUE;
+}
+
+long long MeasureStart(const std::wstring& name) {
+    std::wstring commandLine = GetExeDirectory() + L"\\" + name;
+    STARTUPINFOW startupInfo{.cb = sizeof(STARTUPINFOW)};
+    PROCESS_INFORMATION information{};
+    const long long duration = MicrosecondsOf([&] {
+        CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                       &startupInfo, &information);
+        for (bool found = false; !found; Sleep(1))
+            EnumWindows(&LookAtWindow, reinterpret_cast<LPARAM>(&found));
+    });
+    TerminateProcess(information.hProcess, 0);
+    WaitForSingleObject(information.hProcess, INFINITE);
+    const KernelHandle process(information.hProcess);
+    const KernelHandle thread(information.hThread);
+    return duration;
+}
+
 void MeasureLog() {
     const std::wstring message = L"A message of the usual length, as the walk writes it";
     Logger::GetInstance().SetVendor(L"Bench");
@@ -111,5 +142,6 @@ int wmain(int count, wchar_t** arguments) {
     if (what == L"library") std::printf("%lld\n", MeasureLibrary());
     if (what == L"catalogue") std::printf("%lld\n", MeasureCatalogue());
     if (what == L"log") MeasureLog();
+    if (what == L"start" && count > 2) std::printf("%lld\n", MeasureStart(arguments[2]));
     return 0;
 }
