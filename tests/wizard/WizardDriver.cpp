@@ -167,6 +167,28 @@ HWND WizardDriver::WaitForControl(int id) const {
     return control;
 }
 
+void WizardDriver::Press(int id) const {
+    HWND control = nullptr;
+    WaitUntil([&] {
+        control = FindControl(id);
+        return (control != nullptr && IsWindowEnabled(control)) || !IsRunning();
+    });
+    ASSERT_TRUE(IsWindowEnabled(control)) << "the control " << id << " cannot be clicked";
+    PostMessageW(control, BM_CLICK, 0, 0);
+}
+
+void WizardDriver::PressKey(WPARAM key) const {
+    HWND focus = nullptr;
+    ASSERT_TRUE(WaitUntil([&] { return (focus = Focus()) != nullptr; })) << "nothing has the focus";
+    PostMessageW(focus, WM_KEYDOWN, key, 0);
+}
+
+HWND WizardDriver::Focus() const {
+    GUITHREADINFO information{.cbSize = sizeof(GUITHREADINFO)};
+    GetGUIThreadInfo(GetWindowThreadProcessId(MainWindow(), nullptr), &information);
+    return information.hwndFocus;
+}
+
 std::wstring WizardDriver::TextOf(HWND window) {
     std::wstring text(static_cast<size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
     const LRESULT length =

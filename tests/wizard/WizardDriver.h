@@ -46,6 +46,12 @@ public:
     // The control of that id on the page that is shown, or null.
     HWND FindControl(int id) const;
     HWND WaitForControl(int id) const;
+    // Clicks the control of that id as soon as the page shows it enabled.
+    void Press(int id) const;
+    // Presses a key, given as its virtual code, in the control that has the focus.
+    void PressKey(WPARAM key) const;
+    // The control of the wizard that has the focus, or null.
+    HWND Focus() const;
     static std::wstring TextOf(HWND window);
     // Chooses "Close" from the main window's system menu.
     void CloseMainWindow() const;

@@ -1,0 +1,108 @@
+// How the printer is attached, and what follows from it.
+
+#include "PageTest.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+class ConnectivityPageTest : public PageTest {
+protected:
+    void SetUp() override {
+        PageTest::SetUp();
+        Use(L"<AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>");
+    }
+
+    void Use(const std::wstring& further) {
+        UseSettings(
+            L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
+            L"<WIN8_DRVTYPES>X;SCAN</WIN8_DRVTYPES>" +
+            further);
+    }
+
+    void AddDriver(const std::wstring& identifier) {
+        tree.Add({.path = L"Drivers\\x64\\" + identifier + L".msi",
+                  .properties = Element(L"ProductName", identifier) + Element(L"DRIVERID", identifier)});
+    }
+
+    void ExpectHidden() {
+        wizard.Start();
+        CloseOnFinishPage();
+        EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::Next, Moving from 4 to 5"));
+        EXPECT_EQ(FinalSetting(L"HIDE_CONNECTIVITY"), L"true");
+    }
+};
+
+TEST_F(ConnectivityPageTest, TakesTheNetworkWithoutAChoice) {
+    tree.Add({.path = L"Applications\\a.msi"});
+    const HWND network = StartOn(Control::network);
+    EXPECT_EQ(SendMessageW(network, BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_EQ(wizard.Focus(), network);
+    EXPECT_FALSE(IsShown(Control::help));
+    wizard.Press(Control::next);
+    CloseOnFinishPage();
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::Next, Moving from 4 to 5"));
+    EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L"Selected Port Type: USB")));
+}
+
+TEST_F(ConnectivityPageTest, GoesStraightToTheInstallationOnUsb) {
+    AddDriver(L"X");
+    StartOn(Control::network);
+    wizard.Press(Control::usb);
+    wizard.Press(Control::next);
+    CloseOnFinishPage();
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"Selected Port Type: USB"));
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::GoToSpecifiedDlg, Move to 7"));
+    EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Controller::Next, Moving from 4 to 5")));
+    EXPECT_EQ(FinalSetting(L"USB"), L"true");
+    EXPECT_EQ(FinalSetting(L"NIMBOJET"), L"false");
+    EXPECT_EQ(FinalSetting(L"DISCOVERED_DEVICE"), L"false");
+    EXPECT_EQ(FinalSetting(L"PORT_TYPE"), L"USB");
+}
+
+TEST_F(ConnectivityPageTest, TakesBackUsbForTheNetwork) {
+    const HWND network = StartOn(Control::network);
+    wizard.Press(Control::usb);
+    EXPECT_TRUE(WaitUntil([&] { return SendMessageW(network, BM_GETCHECK, 0, 0) == BST_UNCHECKED; }));
+    wizard.Press(Control::network);
+    EXPECT_TRUE(WaitUntil([&] { return SendMessageW(network, BM_GETCHECK, 0, 0) == BST_CHECKED; }));
+    wizard.Press(Control::next);
+    CloseOnFinishPage();
+    EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L"Selected Port Type: USB")));
+}
+
+TEST_F(ConnectivityPageTest, HandsTheUsbPortToTheDriver) {
+    tree.SetUserSettings(L"<DEVICE><DRIVER_ID>X</DRIVER_ID></DEVICE>");
+    AddDriver(L"X");
+    StartOn(Control::network);
+    wizard.Press(Control::usb);
+    wizard.Press(Control::next);
+    CloseOnFinishPage();
+    EXPECT_THAT(CommandOf(L"X.msi"), HasSubstr(L"<PORT_TYPE>USB</PORT_TYPE>"));
+    EXPECT_THAT(Installs(), ElementsAre(L"X.msi"));
+}
+
+TEST_F(ConnectivityPageTest, AddsTheScannersDriverOnUsb) {
+    AddDriver(L"SCAN");
+    StartOn(Control::network);
+    wizard.Press(Control::usb);
+    wizard.Press(Control::next);
+    CloseOnFinishPage();
+    EXPECT_THAT(Installs(), ElementsAre(L"SCAN.msi"));
+}
+
+TEST_F(ConnectivityPageTest, IsNotShownWhereThePackageIsNotOfThatKind) {
+    tree.Add({.path = L"Applications\\a.msi"});
+    Use(L"<AMAZON_SUPPORTED>true</AMAZON_SUPPORTED>");
+    ExpectHidden();
+}
+
+TEST_F(ConnectivityPageTest, IsNotShownThereEvenIfTheSettingsAskForIt) {
+    tree.Add({.path = L"Applications\\a.msi"});
+    Use(L"<HIDE_CONNECTIVITY>false</HIDE_CONNECTIVITY>");
+    ExpectHidden();
+}
+
+}  // namespace

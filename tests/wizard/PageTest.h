@@ -1,0 +1,59 @@
+// A walk that a test leads page by page: the ids of the pages' controls and what a page shows.
+#pragma once
+
+#include <string>
+
+#include "WizardTest.h"
+
+// The controls by which the tests know and lead the pages.
+namespace Control {
+
+// Next, Install, Agree or OK, whatever the page calls it, and Cancel or Disagree.
+inline constexpr int next = 1;
+inline constexpr int cancel = 2;
+inline constexpr int help = 1057;
+inline constexpr int welcomeText = 1004;
+inline constexpr int welcomeHeader = 1082;
+inline constexpr int informationLink = 1136;
+inline constexpr int productLink = 1144;
+inline constexpr int licence = 1024;
+inline constexpr int manufacturers = 1069;
+inline constexpr int reinstall = 1101;
+inline constexpr int skip = 1102;
+inline constexpr int network = 1145;
+inline constexpr int usb = 1147;
+inline constexpr int statusLine = 1000;
+inline constexpr int progressBar = 1001;
+inline constexpr int finish = 1116;
+inline constexpr int finishHeader = 1006;
+inline constexpr int finishText = 1167;
+inline constexpr int softwareList = 1169;
+inline constexpr int statusList = 1078;
+inline constexpr int errorLink = 1121;
+inline constexpr int finishHelpLink = 1178;
+inline constexpr int finishProductLink = 1179;
+inline constexpr int restartNow = 1009;
+inline constexpr int restartLater = 1010;
+inline constexpr int restartText = 1011;
+inline constexpr int webLink = 1100;
+
+}  // namespace Control
+
+class PageTest : public WizardTest {
+protected:
+    // Lays settings that lead to the page for which the further settings show the way, and hides the others.
+    void UseSettings(const std::wstring& further);
+    // Starts the program and waits until the page shows this control.
+    HWND StartOn(int control);
+
+    bool IsShown(int control) const { return wizard.FindControl(control) != nullptr; }
+    bool IsEnabled(int control) const;
+    std::wstring TextOf(int control) const;
+    // Waits until the control is shown and enabled.
+    bool WaitUntilEnabled(int control) const;
+    // Waits until the question whether to cancel is on the screen and answers it.
+    void AnswerCancel(int button) const;
+    bool HasAskedToCancel() const;
+    // Whether the program stays without a question for a moment.
+    bool StaysQuiet() const;
+};
