@@ -6,7 +6,9 @@
 
 #include "framework/CDialogEx.h"
 #include "tests/windows/resource.h"
+#include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/TestApp.h"
+#include "tests/wizard/Waiting.h"
 
 namespace {
 
@@ -19,7 +21,6 @@ public:
 
     std::vector<UINT> messages;
     bool hadControls = false;
-    int drawn = 0;
     std::function<void(TestDialog&)> whenShown = [](TestDialog&) {};
 
     void Click(int id) { PostMessage(WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), LPARAM(GetDlgItem(id))); }
@@ -106,10 +107,12 @@ TEST_F(CDialogExTest, CancelsByEscapeAndByTheCloseBox) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
-TEST_F(CDialogExTest, EndsWhenASentMessageEndsIt) {
-    dialog.whenShown = [](TestDialog& shown) {
-        shown.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_TEST_BUTTON, BN_CLICKED));
-    };
+TEST_F(CDialogExTest, EndsWhenAMessageEndsItThatAnotherThreadHasSent) {
+    const DialogUser user(nullptr, [](HWND shown) {
+        // Nothing is left to do that would wake the loop.
+        EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(shown, nullptr, FALSE) == FALSE; }));
+        SendMessageW(shown, WM_COMMAND, MAKEWPARAM(IDC_TEST_BUTTON, BN_CLICKED), 0);
+    });
     EXPECT_EQ(dialog.DoModal(), 5);
 }
 

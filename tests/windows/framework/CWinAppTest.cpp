@@ -76,6 +76,20 @@ TEST(CWinAppTest, OffersAMessageToTheWindowsUpToTheMainOne) {
     EXPECT_EQ(main.seen, 1);
 }
 
+TEST(CWinAppTest, OffersAMessageToNoWindowAroundTheMainOne) {
+    TestApp app;
+    Filter outer;
+    Filter main;
+    outer.Create(IDD_TEST, nullptr);
+    main.SubclassDlgItem(IDC_TEST_EDIT, outer);
+    app.SetMainWnd(&main);
+    outer.takes = true;
+    MSG message{.hwnd = main.GetSafeHwnd(), .message = WM_KEYDOWN};
+    EXPECT_FALSE(app.PreTranslateMessage(&message));
+    EXPECT_EQ(main.seen, 1);
+    EXPECT_EQ(outer.seen, 0);
+}
+
 TEST(CWinAppTest, OffersAMessageOfTheThreadToNobody) {
     TestApp app;
     MSG message{.hwnd = nullptr, .message = WM_APP};

@@ -60,7 +60,7 @@ private:
 };
 
 TEST_F(DotNetPrerequisiteTest, IsNotAskedForWhereNoPackageNeedsIt) {
-    msi.packages[L"a.msi"].properties[L"SecureCustomProperties"] = L"netframework40";
+    msi.packages[L"a.msi"].properties[L"SecureCustomProperties"] = L"netframework40;NETFRAMEWORK35";
     AddSetup(0);
     Run();
     EXPECT_EQ(questions, 0);
