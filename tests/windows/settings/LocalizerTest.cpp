@@ -60,7 +60,7 @@ TEST_F(LocalizerTest, GivesAnEmptyTextForAMissingKey) {
     EXPECT_THAT(RecordsOfTheText(), IsEmpty());
 }
 
-TEST_F(LocalizerTest, DropsAByteOrderMark) {
+TEST_F(LocalizerTest, ReadsAFileWithAByteOrderMark) {
     AddTexts("\xEF\xBB\xBF<KEY>\xC3\xA4</KEY>");
     EXPECT_EQ(Text(L"KEY"), L"\u00E4");
 }
