@@ -298,8 +298,8 @@ bool Controller::Cancel(bool force) {
     return true;
 }
 
-// The install thread winds down by itself. From the Progress page it then moves the walk; in a silent run the walk
-// stands at its end already and waits for the thread, which must not wait there for itself.
+// The install thread winds down by itself. From the Progress page it then moves the walk; in a silent run the
+// walk stands at its end already and waits for the thread, which must not wait there for itself.
 bool Controller::IsInstallThreadMovingOn() const {
     const InstallDialogEx* const page = CurrentPage();
     return (page != nullptr && page == progressDlg.get()) || (silent && threadCount > 0);
