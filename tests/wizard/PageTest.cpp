@@ -1,5 +1,12 @@
 #include "PageTest.h"
 
+namespace {
+
+// Far enough inside to miss a frame and a rounded corner, and short of the text.
+constexpr int insideFrame = 4;
+
+}  // namespace
+
 void PageTest::UseSettings(const std::wstring& further) {
     tree.SetSettings(L"<HIDE_DISCOVERY>true</HIDE_DISCOVERY>" + further);
 }
@@ -34,4 +41,29 @@ bool PageTest::HasAskedToCancel() const {
 bool PageTest::StaysQuiet() const {
     return !WaitUntil([this] { return !wizard.IsRunning() || wizard.FindBox() || HasAskedToCancel(); },
                       std::chrono::milliseconds(300));
+}
+
+// A bitmap, since pictures are known by what they hold and not by their names.
+void PageTest::AddPicture(const std::wstring& name, COLORREF colour) {
+    constexpr int width = 16;
+    const BITMAPINFOHEADER header{.biSize = sizeof(BITMAPINFOHEADER),
+                                  .biWidth = width,
+                                  .biHeight = width,
+                                  .biPlanes = 1,
+                                  .biBitCount = 24};
+    constexpr DWORD start = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
+    const BITMAPFILEHEADER file{.bfType = 0x4D42, .bfSize = start + width * width * 3, .bfOffBits = start};
+    std::string bytes(reinterpret_cast<const char*>(&file), sizeof(file));
+    bytes.append(reinterpret_cast<const char*>(&header), sizeof(header));
+    for (int pixel = 0; pixel < width * width; ++pixel) {
+        for (const BYTE part : {GetBValue(colour), GetGValue(colour), GetRValue(colour)}) {
+            bytes += static_cast<char>(part);
+        }
+    }
+    tree.WriteFile(L"Setup\\res\\images\\" + name, bytes);
+}
+
+bool PageTest::ShowsColour(HWND window, COLORREF colour) {
+    return WaitUntil([&] { return WizardDriver::PixelOf(window, insideFrame, insideFrame) == colour; },
+                     std::chrono::seconds(3));
 }

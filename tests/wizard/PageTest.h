@@ -54,6 +54,10 @@ protected:
     // Waits until the question whether to cancel is on the screen and answers it.
     void AnswerCancel(int button) const;
     bool HasAskedToCancel() const;
+    // Lays a picture of one colour into the package's pictures.
+    void AddPicture(const std::wstring& name, COLORREF colour);
+    // Waits until the screen shows the colour near the window's corner.
+    static bool ShowsColour(HWND window, COLORREF colour);
     // Whether the program stays without a question for a moment.
     bool StaysQuiet() const;
 };

@@ -1,7 +1,9 @@
 #include "WizardDriver.h"
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 
 #include "Waiting.h"
@@ -195,6 +197,35 @@ std::wstring WizardDriver::TextOf(HWND window) {
         SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<size_t>(length));
     return text;
+}
+
+// The list reads and writes in its own process only, so the question goes over there and the answer comes
+// back.
+std::wstring WizardDriver::CellOf(HWND list, int row, int column) const {
+    struct Question {
+        LVITEMW item{};
+        std::array<wchar_t, 260> text{};
+    };
+    void* const there = VirtualAllocEx(process.get(), nullptr, sizeof(Question), MEM_COMMIT, PAGE_READWRITE);
+    auto* const remote = static_cast<Question*>(there);
+    Question question;
+    question.item.iSubItem = column;
+    question.item.pszText = remote->text.data();
+    question.item.cchTextMax = static_cast<int>(question.text.size());
+    WriteProcessMemory(process.get(), there, &question, sizeof(question), nullptr);
+    SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&remote->item));
+    ReadProcessMemory(process.get(), there, &question, sizeof(question), nullptr);
+    VirtualFreeEx(process.get(), there, 0, MEM_RELEASE);
+    return question.text.data();
+}
+
+COLORREF WizardDriver::PixelOf(HWND window, int x, int y) {
+    RECT area{};
+    GetWindowRect(window, &area);
+    const HDC screen = GetDC(nullptr);
+    const COLORREF colour = GetPixel(screen, area.left + x, area.top + y);
+    ReleaseDC(nullptr, screen);
+    return colour;
 }
 
 void WizardDriver::CloseMainWindow() const {

@@ -53,6 +53,10 @@ public:
     // The control of the wizard that has the focus, or null.
     HWND Focus() const;
     static std::wstring TextOf(HWND window);
+    // The text of a cell of a list, empty if there is no such cell.
+    std::wstring CellOf(HWND list, int row, int column) const;
+    // The colour on the screen at that place of the window, in pixels from its top left corner.
+    static COLORREF PixelOf(HWND window, int x, int y);
     // Chooses "Close" from the main window's system menu.
     void CloseMainWindow() const;
 

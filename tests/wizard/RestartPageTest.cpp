@@ -1,0 +1,93 @@
+// The question whether to restart, behind a run that asks for it.
+
+#include "PageTest.h"
+
+using testing::Not;
+
+namespace {
+
+constexpr wchar_t laterText[] =
+    L"User chose to not allow the installer to reboot the system. A reboot will be required for all "
+    L"applications to function correctly.";
+
+class RestartPageTest : public PageTest {
+protected:
+    void SetUp() override {
+        PageTest::SetUp();
+        Use({});
+        tree.Add({.path = L"Applications\\a.msi",
+                  .properties = L"<ProductName>a</ProductName><STARTAPP>one.exe;</STARTAPP>",
+                  .install = {.steps = {}, .code = 3010}});
+        for (const wchar_t* key : {L"NEXT_BUTTON", L"REBOOT_TEXT", L"USB_REBOOT_TEXT"})
+            tree.SetText(key, key);
+    }
+
+    void Use(const std::wstring& further) {
+        tree.SetSettings(std::wstring(Settings::shownFromProgress) + further);
+    }
+
+    void StartOnRestart() {
+        wizard.Start();
+        wizard.WaitForControl(Control::finishHeader);
+        wizard.Press(Control::finish);
+        wizard.WaitForControl(Control::restartNow);
+    }
+};
+
+TEST_F(RestartPageTest, FollowsTheFinishPage) {
+    StartOn(Control::finishHeader);
+    EXPECT_EQ(TextOf(Control::finish), L"NEXT_BUTTON");
+    wizard.Press(Control::finish);
+    const HWND now = wizard.WaitForControl(Control::restartNow);
+    EXPECT_TRUE(wizard.IsRunning());
+    EXPECT_EQ(SendMessageW(now, BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_EQ(TextOf(Control::restartText), L"REBOOT_TEXT");
+    EXPECT_FALSE(IsShown(Control::webLink));
+}
+
+TEST_F(RestartPageTest, StartsThePackagesProgramsWhereTheRestartComesLater) {
+    tree.AddProbe(TargetFolder() + L"one.exe", 0);
+    StartOnRestart();
+    wizard.Press(Control::restartLater);
+    EXPECT_TRUE(WaitUntil([this] {
+        return SendMessageW(wizard.FindControl(Control::restartLater), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    }));
+    wizard.Press(Control::next);
+    wizard.WaitForEnd();
+    EXPECT_THAT(BasicLog(), HasRecord(L"", laterText));
+    EXPECT_THAT(BasicLog(), Not(HasRecordWith(L"", L"Rebooting..")));
+    EXPECT_TRUE(WaitUntil([this] { return std::filesystem::exists(TargetFolder() + L"one.exe.calls"); }));
+}
+
+TEST_F(RestartPageTest, ClosesByEscapeWithoutARestart) {
+    StartOnRestart();
+    wizard.PressKey(VK_ESCAPE);
+    wizard.WaitForEnd();
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"Installation is Finished"));
+    EXPECT_THAT(BasicLog(), Not(HasRecordWith(L"", L"reboot the system")));
+    EXPECT_THAT(BasicLog(), Not(HasRecordWith(L"", L"Rebooting..")));
+}
+
+TEST_F(RestartPageTest, SpeaksOfTheCableWhereThePrinterIsOnUsb) {
+    Use(L"<USB>true</USB>");
+    StartOnRestart();
+    EXPECT_EQ(TextOf(Control::restartText), L"USB_REBOOT_TEXT");
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"User chose to install using USB but is required to reboot"));
+    EXPECT_THAT(AdvancedLog(), HasRecord(L"SUCCESS", L"RebootDlg::updateRebootText"));
+}
+
+TEST_F(RestartPageTest, ShowsTheRegistrationForTheValueOneOnly) {
+    Use(L"<SHOW_REGISTRATION>1</SHOW_REGISTRATION><REGISTRATION_LINK>http://register.test</"
+        L"REGISTRATION_LINK>");
+    StartOnRestart();
+    EXPECT_TRUE(IsShown(Control::webLink));
+}
+
+TEST_F(RestartPageTest, HidesTheRegistrationForAnotherValue) {
+    Use(L"<SHOW_REGISTRATION>0</SHOW_REGISTRATION><REGISTRATION_LINK>http://register.test</"
+        L"REGISTRATION_LINK>");
+    StartOnRestart();
+    EXPECT_FALSE(IsShown(Control::webLink));
+}
+
+}  // namespace
