@@ -353,18 +353,18 @@ void Controller::Close() {
     PostQuitMessage(0);
 }
 
+// The record is written while the worker still counts: once it does not, the program may end under it.
 void Controller::UpdateThreadCount(bool increment) {
+    const std::lock_guard guard(threadCountLock);
+    const int count = threadCount;
     if (increment) {
-        LogAdvanced(L"Thread Count incremented " + Decimal(++threadCount));
-        return;
-    }
-    // Taken down in one step, so that a count that another thread lowers meanwhile cannot fall below 0.
-    int count = threadCount;
-    while (count >= 1 && !threadCount.compare_exchange_weak(count, count - 1)) continue;
-    if (count < 1) {
+        ++threadCount;
+        LogAdvanced(L"Thread Count incremented " + Decimal(count + 1));
+    } else if (count < 1) {
         LogAdvanced(L"Attempted to decrement below 0 " + Decimal(count));
     } else {
         LogAdvanced(L"Thread Count decremented " + Decimal(count - 1));
+        --threadCount;
     }
 }
 

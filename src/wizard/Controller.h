@@ -6,6 +6,7 @@
 #include <array>
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "CommonLib/Singleton.h"
@@ -112,5 +113,7 @@ private:
     int lastDialog = 0;
     std::atomic<int> currentDialog = 0;
     RECT pageRect{};
+    // Makes a change of the count and its record one step; the count itself is read without it.
+    std::mutex threadCountLock;
     std::atomic<int> threadCount = 0;
 };
