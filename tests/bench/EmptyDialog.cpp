@@ -2,27 +2,14 @@
 
 #include <windows.h>
 
-namespace {
-
-// An extended template of a dialog with one static control, id 1082, as the wizard's first page has.
-constexpr WORD emptyTemplate[] = {
-    1, 0xFFFF, 0, 0, 0, 0, LOWORD(WS_VISIBLE), HIWORD(WS_POPUP | WS_CAPTION | WS_VISIBLE), 1, 0, 0, 200, 100,
-    0, 0, 0,
-    // The control: help id, styles, place, id, class "Static", no text, no data.
-    0, 0, 0, 0, 0, LOWORD(WS_CHILD), HIWORD(WS_CHILD | WS_VISIBLE), 10, 10, 100, 20, 1082, 0, 0xFFFF, 0x0082,
-    0, 0};
-
-INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM, LPARAM) {
-    if (message != WM_CLOSE) return FALSE;
-    EndDialog(window, 0);
-    return TRUE;
-}
-
-}  // namespace
-
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
-    alignas(DWORD) WORD copy[sizeof(emptyTemplate) / sizeof(WORD)];
-    CopyMemory(copy, emptyTemplate, sizeof(copy));
-    return static_cast<int>(DialogBoxIndirectParamW(instance, reinterpret_cast<DLGTEMPLATE*>(copy), nullptr,
-                                                    &DialogProcedure, 0));
+    // The control has the id by which the wizard's first page is known.
+    constexpr INT_PTR firstPageControl = 1082;
+    const HWND dialog = CreateWindowExW(0, L"#32770", L"Empty", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100,
+                                        600, 500, nullptr, nullptr, instance, nullptr);
+    CreateWindowExW(0, L"Static", L"Text", WS_CHILD | WS_VISIBLE, 10, 10, 200, 20, dialog,
+                    reinterpret_cast<HMENU>(firstPageControl), instance, nullptr);
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+    return 0;
 }
