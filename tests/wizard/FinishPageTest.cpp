@@ -145,6 +145,25 @@ TEST_F(FinishPageTest, ListsTheSoftwareWithItsOutcome) {
     EXPECT_TRUE(WaitUntilEnabled(Control::finish));
 }
 
+// A system that can be told to report another version shows what an old one says of a scanner's driver.
+TEST_F(FinishPageTest, ShowsAGoodHeaderWithABadPictureWhereTheLastLineIsNotSupported) {
+    if (GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr) {
+        GTEST_SKIP() << "this system reports its own version alone";
+    }
+    constexpr wchar_t versionKey[] = L"Software\\Wine\\AppDefaults\\Kestrune.exe";
+    RegSetKeyValueW(HKEY_CURRENT_USER, versionKey, L"Version", REG_SZ, L"winxp64", sizeof(L"winxp64"));
+    Fail(L"a.msi");
+    tree.Add({.path = L"Drivers\\x64\\scan.msi",
+              .properties = L"<ProductName>scan</ProductName><DRIVERID>SCAN</DRIVERID>",
+              .install = {.steps = {}, .code = 1603}});
+    wizard.Start();
+    wizard.Answer(IDOK);
+    wizard.WaitForControl(Control::errorLink);
+    EXPECT_EQ(TextOf(Control::finishHeader), L"DRIVER_INSTALL_COMPLETE_TEXT");
+    EXPECT_TRUE(ShowsColour(PicturePlace(), failureColour));
+    RegDeleteKeyW(HKEY_CURRENT_USER, versionKey);
+}
+
 TEST_F(FinishPageTest, LooksAtAHundredLinesAndNoMore) {
     Use(L"<AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>");
     for (int number = 100; number < 200; ++number) {

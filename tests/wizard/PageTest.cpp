@@ -64,6 +64,12 @@ void PageTest::AddPicture(const std::wstring& name, COLORREF colour) {
 }
 
 bool PageTest::ShowsColour(HWND window, COLORREF colour) {
-    return WaitUntil([&] { return WizardDriver::PixelOf(window, insideFrame, insideFrame) == colour; },
-                     std::chrono::seconds(3));
+    const bool shown =
+        WaitUntil([&] { return WizardDriver::PixelOf(window, insideFrame, insideFrame) == colour; },
+                  std::chrono::seconds(3));
+    if (!shown) {
+        ADD_FAILURE() << "the screen shows " << std::hex
+                      << WizardDriver::PixelOf(window, insideFrame, insideFrame);
+    }
+    return shown;
 }

@@ -1,14 +1,52 @@
 // The question whether to restart, behind a run that asks for it.
 
+#include "CommonLib/SystemText.h"
 #include "PageTest.h"
+#include "tests/fakes/TextLines.h"
 
 using testing::Not;
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr wchar_t laterText[] =
     L"User chose to not allow the installer to reboot the system. A reboot will be required for all "
     L"applications to function correctly.";
+
+// Where the system's own program for restarts can be replaced, a program that only tells of its start stands
+// in its place, and no test ends the session.
+class RestartRecorder {
+public:
+    explicit RestartRecorder(PackageTree& tree) {
+        fs::rename(program, original);
+        tree.AddProbe(program, 0);
+        RegSetKeyValueW(HKEY_CURRENT_USER, overrides, L"wineboot.exe", REG_SZ, L"native", sizeof(L"native"));
+    }
+    ~RestartRecorder() {
+        RegDeleteKeyValueW(HKEY_CURRENT_USER, overrides, L"wineboot.exe");
+        WaitUntil([this] {
+            std::error_code error;
+            fs::remove(program, error);
+            return !error;
+        });
+        fs::rename(original, program);
+        for (const wchar_t* trace : {L".calls", L".code"}) fs::remove(program.wstring() + trace);
+    }
+    RestartRecorder(const RestartRecorder&) = delete;
+    RestartRecorder& operator=(const RestartRecorder&) = delete;
+
+    // The command line of the restart, empty as long as there was none.
+    std::wstring CommandLine() const {
+        const auto lines = ReadLines(program.wstring() + L".calls");
+        return lines.empty() ? std::wstring() : lines.front().front();
+    }
+
+private:
+    static constexpr wchar_t overrides[] = L"Software\\Wine\\DllOverrides";
+    const fs::path program = ExpandEnvironment(L"%SystemRoot%\\system32\\wineboot.exe");
+    const fs::path original = program.wstring() + L".original";
+};
 
 class RestartPageTest : public PageTest {
 protected:
@@ -57,6 +95,22 @@ TEST_F(RestartPageTest, StartsThePackagesProgramsWhereTheRestartComesLater) {
     EXPECT_THAT(BasicLog(), HasRecord(L"", laterText));
     EXPECT_THAT(BasicLog(), Not(HasRecordWith(L"", L"Rebooting..")));
     EXPECT_TRUE(WaitUntil([this] { return std::filesystem::exists(TargetFolder() + L"one.exe.calls"); }));
+}
+
+TEST_F(RestartPageTest, RestartsTheSystemNow) {
+    if (GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr) {
+        GTEST_SKIP() << "this system's restart cannot be replaced";
+    }
+    const RestartRecorder recorder(tree);
+    tree.AddProbe(TargetFolder() + L"one.exe", 0);
+    StartOnRestart();
+    wizard.Press(Control::next);
+    wizard.WaitForEnd();
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"User chose to allow the installer to reboot the system"));
+    EXPECT_THAT(BasicLog(), HasRecordWith(L"", L"Rebooting.."));
+    EXPECT_TRUE(WaitUntil([&] { return !recorder.CommandLine().empty(); }));
+    EXPECT_THAT(recorder.CommandLine(), testing::HasSubstr(L"--end-session --force"));
+    EXPECT_FALSE(fs::exists(TargetFolder() + L"one.exe.calls"));
 }
 
 TEST_F(RestartPageTest, ClosesByEscapeWithoutARestart) {

@@ -58,6 +58,22 @@ TEST_F(StartPageTest, GoesOnByItsButton) {
     EXPECT_THAT(Installs(), Contains(L"a.msi"));
 }
 
+TEST_F(StartPageTest, TakesEnterForAClickOnWhatHasTheFocus) {
+    StartOn(Control::welcomeHeader);
+    wizard.PressKey(VK_RETURN);
+    EXPECT_TRUE(StaysQuiet());
+    wizard.PressKey(VK_TAB);
+    EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() == wizard.FindControl(Control::next); }));
+    wizard.PressKey(VK_TAB);
+    EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() == wizard.FindControl(Control::cancel); }));
+    wizard.PressKey(VK_RETURN);
+    AnswerCancel(IDNO);
+    wizard.PressKey(VK_TAB);
+    EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() == wizard.FindControl(Control::next); }));
+    wizard.PressKey(VK_RETURN);
+    CloseOnFinishPage();
+}
+
 TEST_F(StartPageTest, GoesOnWithoutPicturesHelpAndTexts) {
     tree.SetText(L"LANGUAGE_ID", L"1033");
     tree.RemoveFile(L"Setup\\res\\en_strings.xml");

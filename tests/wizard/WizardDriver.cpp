@@ -74,8 +74,9 @@ void WizardDriver::Start(const std::wstring& arguments) {
     std::wstring commandLine = CommandLine(program, arguments);
     STARTUPINFOW startup{.cb = sizeof(STARTUPINFOW)};
     PROCESS_INFORMATION information{};
-    ASSERT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                               &startup, &information));
+    const std::wstring folder = program.parent_path().wstring();
+    ASSERT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               folder.c_str(), &startup, &information));
     KeepProcess(information);
 }
 

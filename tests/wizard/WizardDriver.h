@@ -25,6 +25,7 @@ public:
     WizardDriver(const WizardDriver&) = delete;
     WizardDriver& operator=(const WizardDriver&) = delete;
 
+    // Starts the program in its own folder, as a double click does.
     void Start(const std::wstring& arguments = {});
     // Starts the program for a user who is no administrator.
     void StartRestricted();
