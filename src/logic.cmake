@@ -6,6 +6,11 @@ set(KESTRUNE_LOGIC_SOURCES
   src/CommonLib/TextUtilities.cpp
   src/catalogue/MSI_APP.cpp
   src/catalogue/PackageProperties.cpp
+  src/discovery/DeviceDocuments.cpp
+  src/discovery/DiscoveredDevices.cpp
+  src/discovery/DriverMatch.cpp
+  src/discovery/NpaReply.cpp
+  src/discovery/RowOrder.cpp
   src/install/CommandDocument.cpp
   src/install/FinishTexts.cpp
   src/install/InstallDecision.cpp
