@@ -1,6 +1,7 @@
 add_library(kestrune_framework STATIC
   framework/AfxBeginThread.cpp
   framework/CDialogEx.cpp
+  framework/CFileDialog.cpp
   framework/CFileFind.cpp
   framework/CImage.cpp
   framework/CMFCLinkCtrl.cpp
@@ -9,4 +10,4 @@ add_library(kestrune_framework STATIC
   framework/CWnd.cpp
   framework/MessageMap.cpp)
 target_link_libraries(kestrune_framework PUBLIC kestrune_options
-  user32 gdi32 comctl32 shell32 ole32 uuid gdiplus msimg32)
+  user32 gdi32 comctl32 comdlg32 shell32 ole32 uuid gdiplus msimg32)

@@ -17,6 +17,7 @@ set(KESTRUNE_LOGIC_SOURCES
   src/install/ProgressPosition.cpp
   src/install/StatusDocument.cpp
   src/pages/ManufacturerList.cpp
+  src/ports/ConfigTool.cpp
   src/settings/DerivedNames.cpp
   src/settings/DeviceDocument.cpp
   src/settings/ElementNames.cpp

@@ -6,6 +6,7 @@ add_library(kestrune_wizard STATIC
   src/CommonLib/IpAddress.cpp
   src/CommonLib/Logger.cpp
   src/CommonLib/Mutex.cpp
+  src/CommonLib/ProcessWait.cpp
   src/CommonLib/Security.cpp
   src/CommonLib/SecurityEveryone.cpp
   src/CommonLib/SystemLibrary.cpp
@@ -50,6 +51,9 @@ add_library(kestrune_wizard STATIC
   src/wizard/CmdLineHelper.cpp
   src/wizard/Controller.cpp
   src/wizard/FolderCleanUp.cpp
+  src/ports/DriverConfigDlg.cpp
+  src/ports/DriverConfiguration.cpp
+  src/ports/DriverList.cpp
   src/wizard/Help.cpp
   src/wizard/HighContrast.cpp
   src/wizard/InstallDialogEx.cpp

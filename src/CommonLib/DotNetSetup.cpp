@@ -3,24 +3,14 @@
 #include <windows.h>
 
 #include "CommonLib/Logger.h"
+#include "CommonLib/ProcessWait.h"
 #include "CommonLib/TextUtilities.h"
 #include "framework/Handles.h"
 
 namespace {
 
-constexpr DWORD paintIntervalInMilliseconds = 1000;
-
-void PaintAndDropTheRest() {
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-        if (message.message != WM_PAINT) continue;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-}
-
 DWORD WaitForExit(HANDLE process) {
-    while (WaitForSingleObject(process, paintIntervalInMilliseconds) == WAIT_TIMEOUT) PaintAndDropTheRest();
+    WaitForProcess(process, {WM_PAINT});
     DWORD exitCode = 0;
     GetExitCodeProcess(process, &exitCode);
     return exitCode;

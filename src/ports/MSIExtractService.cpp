@@ -5,13 +5,15 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "catalogue/AppCatalogue.h"
+#include "ports/ConfigTool.h"
 
 namespace {
 
-std::wstring PackageOfType(const std::wstring& appType) {
+std::wstring PackageOfType(std::wstring_view appType) {
     const auto records = AppCatalogue::GetInstance().Select(L"");
     const auto found = std::find_if(records.begin(), records.end(),
                                     [&](const MSI_APP& record) { return record.appType == appType; });
@@ -23,11 +25,10 @@ std::wstring PackageOfType(const std::wstring& appType) {
 MSIExtractService::MSIExtractService(std::wstring packagePath) : msiPath(std::move(packagePath)) {}
 
 std::wstring MSIExtractService::MakeParameters() {
-    const bool newerTool = !msiPath.empty() || driverId.find(L"V4") != std::wstring::npos;
+    const ConfigToolKind& tool = msiPath.empty() ? ConfigToolFor(driverId) : v4ConfigTool;
     std::wstring package = std::exchange(msiPath, {});
-    if (package.empty()) package = PackageOfType(newerTool ? L"V4DRIVERCONFIG" : L"DRIVERCONFIG");
-    return L"CMD /c msiexec /a \"" + package + L"\" /qn TARGETDIR=%temp%\\" +
-           (newerTool ? L"ArdentisKit" : L"TolvaneKit");
+    if (package.empty()) package = PackageOfType(tool.appType);
+    return UnpackParameters(package, tool);
 }
 
 std::uint32_t MSIExtractService::DoRun() {

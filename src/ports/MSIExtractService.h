@@ -5,10 +5,14 @@
 
 #include "wizard/Service.h"
 
+// Whether this process has had the tool of each generation unpacked, even if the user has refused that.
+inline bool v4ToolUnpacked = false;
+inline bool olderToolUnpacked = false;
+
 class MSIExtractService : public Service {
 public:
     // With a path that package is unpacked, and the catalogue is not asked.
-    explicit MSIExtractService(std::wstring packagePath);
+    explicit MSIExtractService(std::wstring packagePath = {});
 
     // An identifier that holds "V4" selects the newer tool of the catalogue, any other the older one.
     void SetDriverId(const std::wstring& id) { driverId = id; }

@@ -2,12 +2,13 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <optional>
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
 #include "framework/Handles.h"
+#include "ports/ConfigTool.h"
+#include "ports/DriverConfiguration.h"
 #include "ports/MSIExtractService.h"
 #include "settings/DerivedNames.h"
 #include "settings/InstallSettings.h"
@@ -39,13 +40,6 @@ std::wstring FreeTarget(const std::wstring& folder, const std::wstring& configur
     return folder + name;
 }
 
-std::wstring LastPathWith(const std::vector<std::wstring>& paths, const std::wstring& part) {
-    const auto found = std::find_if(paths.rbegin(), paths.rend(), [&](const std::wstring& path) {
-        return path.find(part) != std::wstring::npos;
-    });
-    return found == paths.rend() ? std::wstring() : *found;
-}
-
 void ExtractTool(const std::wstring& packagePath) {
     MSIExtractService service(packagePath);
     service.DoRun();
@@ -62,7 +56,7 @@ void InstallSettings::ResolveDriverConfigPaths() {
     for (std::wstring& device : resolved) {
         const std::wstring value = TagDocument::ValueOf(device, Tag::DRIVERCONFIG_PATH);
         if (value.empty()) continue;
-        const std::wstring folder = GetCommonDataFolder() + L"\\DriverConfigurations\\";
+        const std::wstring folder = GetConfigurationFolder();
         CreateFolderPath(folder);
         const std::wstring target = FreeTarget(folder, value);
         CopyFileTo(target, GetExeDirectory() + L"\\..\\" + value);
@@ -83,9 +77,8 @@ void InstallSettings::ResolveConfigExePaths() {
         ExtractTool(package.empty() ? folder : package);
 
         std::vector<std::wstring> programs;
-        FindFiles(GetTemporaryFolder() + L"ArdentisKit\\" + GetString(Tag::OEM) + L"\\ArdentisKit\\",
-                  programs, L"exe");
-        TagDocument::SetElement(device, Tag::CONFIG_EXE_PATH, LastPathWith(programs, L"Ardentis.exe"));
+        FindFiles(GetToolFolder(L"V4", GetString(Tag::OEM)), programs, L"exe");
+        TagDocument::SetElement(device, Tag::CONFIG_EXE_PATH, LastPathWith(programs, v4ConfigTool.program));
     }
     SetDevices(std::move(resolved));
 }

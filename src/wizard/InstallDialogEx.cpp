@@ -144,6 +144,18 @@ void InstallDialogEx::SetUpControl(int controlId, std::wstring_view key, const F
     SetControlFont(controlId, font);
 }
 
+std::wstring InstallDialogEx::TextOf(int controlId, size_t longest) const {
+    std::wstring text(longest + 1, L'\0');
+    text.resize(static_cast<size_t>(
+        ::GetWindowTextW(GetDlgItem(controlId), text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+void InstallDialogEx::SelectAll(int controlId) {
+    ::SendMessageW(GetDlgItem(controlId), EM_SETSEL, 0, -1);
+    ::SendMessageW(GetDlgItem(controlId), EM_SCROLLCARET, 0, 0);
+}
+
 void InstallDialogEx::RedrawControl(HWND control) {
     RECT area{};
     GetWindowRect(control, &area);

@@ -52,6 +52,10 @@ protected:
     void EnableControl(int controlId, bool enabled) {
         ::EnableWindow(GetDlgItem(controlId), enabled ? TRUE : FALSE);
     }
+    // The first characters of what stands in the field, that many at most.
+    std::wstring TextOf(int controlId, size_t longest) const;
+    // Selects the field's whole text and scrolls to it.
+    void SelectAll(int controlId);
     void FocusControl(int controlId) { ::SetFocus(GetDlgItem(controlId)); }
     // Fills the page's ground: white, or the system's colour with high contrast on.
     virtual void PaintGround(HDC context);

@@ -1,0 +1,234 @@
+#include "ports/DriverConfigDlg.h"
+
+#include <shlwapi.h>
+
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "CommonLib/Exception.h"
+#include "CommonLib/Logger.h"
+#include "CommonLib/ProcessWait.h"
+#include "CommonLib/XmlAttributeReader.h"
+#include "framework/CFileDialog.h"
+#include "framework/Handles.h"
+#include "ports/ConfigTool.h"
+#include "ports/DriverConfiguration.h"
+#include "settings/InstallSettings.h"
+#include "settings/TagNames.h"
+#include "wizard/LocalizedMessage.h"
+#include "wizard/RegisteredMessages.h"
+
+namespace {
+
+constexpr UINT dialogTemplate = 152;
+constexpr DWORD topic = 1606;
+constexpr int headingId = 1220;
+constexpr int pathId = 1221;
+constexpr int newId = 1222;
+constexpr int loadId = 1223;
+constexpr int resetId = 1224;
+constexpr int applyFutureId = 1225;
+constexpr int helpId = 1057;
+constexpr WPARAM longestPath = 260;
+// One less than can be typed, and this is meant.
+constexpr size_t charactersRead = 259;
+
+bool IsReady(const std::wstring& toolPath) {
+    return !toolPath.empty() &&
+           static_cast<bool>(FileHandle(CreateFileW(toolPath.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                                    FILE_ATTRIBUTE_NORMAL, nullptr)));
+}
+
+// The command line holds the tool's path without quotes; naming the program apart keeps a blank in that path
+// from making the system start another one.
+KernelHandle StartTool(const std::wstring& toolPath, std::wstring commandLine) {
+    STARTUPINFOW startupInfo{.cb = sizeof(STARTUPINFOW)};
+    PROCESS_INFORMATION processInformation{};
+    if (CreateProcessW(toolPath.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                       &startupInfo, &processInformation) == FALSE) {
+        return {};
+    }
+    const KernelHandle thread(processInformation.hThread);
+    return KernelHandle(processInformation.hProcess);
+}
+
+// The name of the first profile, empty where the file tells none.
+std::wstring ProfileName(const std::wstring& path) {
+    std::wstring name;
+    try {
+        const XmlAttributeReader reader(path);
+        reader.GetAttribute(L"/ConfigurationProfiles/PrinterProfiles/PrinterProfile", L"name", name);
+    } catch (const std::bad_alloc&) {
+        name.clear();
+    }
+    return name;
+}
+
+void LogConfiguration(const std::wstring& path) {
+    LogBasic(L"Driver configuration to use: " + path, LogLevel::Success);
+}
+
+void LogMissingFile(const std::wstring& path) {
+    LogBasic(L"No Driver Configuration file found: " + path, LogLevel::Error);
+}
+
+}  // namespace
+
+const MessageMap& DriverConfigDlg::GetMessageMap() const {
+    using On = EventsOf<DriverConfigDlg>;
+    static const MessageMap map(&Events(), {
+                                               On::Message(WM_SHOWWINDOW, &DriverConfigDlg::OnShowWindow),
+                                               On::Click(newId, &DriverConfigDlg::OnNew),
+                                               On::Click(loadId, &DriverConfigDlg::OnLoad),
+                                               On::Click(resetId, &DriverConfigDlg::OnReset),
+                                           });
+    return map;
+}
+
+DriverConfigDlg::DriverConfigDlg(CWnd* parentWindow) : InstallDialogEx(dialogTemplate, parentWindow) {}
+
+std::uint32_t DriverConfigDlg::ReceiveMessage(std::wstring message) {
+    driverId = std::move(message);
+    return 0;
+}
+
+bool DriverConfigDlg::OnInitDialog() {
+    InstallDialogEx::OnInitDialog();
+    newButton.SubclassDlgItem(newId, *this);
+    loadButton.SubclassDlgItem(loadId, *this);
+    resetButton.SubclassDlgItem(resetId, *this);
+    helpButton.SubclassDlgItem(helpId, *this);
+    okButton.SubclassDlgItem(IDOK, *this);
+    cancelButton.SubclassDlgItem(IDCANCEL, *this);
+    SetWindowText(GetLocalizedText(TextKey::CONFIG_SETTINGS_TEXT));
+    SetUpControl(headingId, TextKey::CONFIG_SETTINGS_TEXT, fontHeading);
+    SetUpControl(newId, TextKey::NEW_FILE, fontButton);
+    SetUpControl(loadId, TextKey::LOAD_FILE, fontButton);
+    SetUpControl(resetId, TextKey::RESET_TEXT, fontButton);
+    SetUpControl(applyFutureId, TextKey::CONFIG_APPLY_FUTURE_TEXT, fontBody);
+    SetUpControl(helpId, TextKey::HELP_BUTTON, fontButton);
+    SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);
+    SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
+    SetControlFont(pathId, fontBody);
+    ::SendMessageW(GetDlgItem(pathId), EM_SETLIMITTEXT, longestPath, 0);
+    // The choice is never offered, but its state is still kept.
+    EnableControl(applyFutureId, false);
+    ShowControl(applyFutureId, false);
+    helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.get()));
+    okButton.SetPrimary();
+    return true;
+}
+
+LRESULT DriverConfigDlg::OnShowWindow(WPARAM, LPARAM) {
+    helpTopic = topic;
+    const InstallSettings& settings = InstallSettings::GetInstance();
+    const std::wstring path = settings.GetString(Tag::DRIVERCONFIG_PATH);
+    if (path.empty()) return Default();
+    if (PathFileExistsW(path.c_str()) == FALSE) {
+        LogMissingFile(path);
+        OnReset();
+        return Default();
+    }
+    LogAdvanced(L"DriverConfigDlg::OnShowWindow, previous Driver Configuration path setting restored");
+    ShowPath(path);
+    if (settings.GetBool(Tag::CONFIG_APPLY_FUTURE)) {
+        CheckApplyFuture(true);
+        LogAdvanced(
+            L"DriverConfigDlg::OnShowWindow, previous Driver Configuration Apply to Future checkbox "
+            L"restored");
+    }
+    return Default();
+}
+
+void DriverConfigDlg::OnNew() {
+    try {
+        MakeConfiguration();
+    } catch (const Exception& failure) {
+        LogBasic(NewConfigurationFailure(failure.getCode()), LogLevel::Error);
+    }
+}
+
+void DriverConfigDlg::MakeConfiguration() {
+    LogAdvanced(L"DriverConfigDlg::OnBnClickedNewButton(), Creating command line for Driver Configuration");
+    const std::wstring commandLine = MakeConfigCommand(driverId);
+    const std::wstring file = MakeConfigFileName(driverId);
+    const std::wstring toolPath = FindConfigTool(driverId);
+    // The unpacking may not be done yet; the user presses New again.
+    if (!IsReady(toolPath)) return;
+    const KernelHandle process = StartTool(toolPath, commandLine);
+    if (!process) {
+        LogBasic(L"Failure launching Driver Configuration: " + commandLine, LogLevel::Error);
+        return;
+    }
+    // The dialog takes no input while the tool runs, but the list of devices behind it fills.
+    WaitForProcess(process.get(), {WM_PAINT, ZVUPDATEDISCOVERYLIST, ZVNOPRINTERFOUND});
+    LogAdvanced(L"Returning from Driver Configuration");
+    TakeNewFile(file);
+}
+
+void DriverConfigDlg::TakeNewFile(const std::wstring& file) {
+    if (file.empty()) {
+        LogBasic(L"No Driver Configuration file returned (Driver Config cancelled?)", LogLevel::Error);
+    } else if (PathFileExistsW(file.c_str()) == FALSE) {
+        LogMissingFile(file);
+    } else {
+        ShowPath(file);
+        LogConfiguration(file);
+    }
+}
+
+void DriverConfigDlg::OnLoad() {
+    try {
+        ChooseFile();
+    } catch (const Exception& failure) {
+        LogBasic(L"Driver Configuration load exception: " + failure.getFullText(), LogLevel::Error);
+    }
+}
+
+void DriverConfigDlg::ChooseFile() {
+    LogAdvanced(L"DriverConfigDlg::OnBnClickedConfigLoadButton(), Launching file dialog");
+    const bool isV4 = IsV4Driver(driverId);
+    CFileDialog dialog(isV4 ? L"xdc" : L"zdc", GetConfigurationFolder(),
+                       isV4 ? L"(*.xdc)|*.xdc||" : L"(*.zdc)|*.zdc||", *this);
+    if (dialog.DoModal() != IDOK) return;
+    ShowPath(dialog.GetPathName());
+    LogConfiguration(dialog.GetPathName());
+}
+
+// The tags stay until OK.
+void DriverConfigDlg::OnReset() {
+    ::SetWindowTextW(GetDlgItem(pathId), L"");
+    CheckApplyFuture(false);
+}
+
+void DriverConfigDlg::OnOK() {
+    const std::wstring path = TextOf(pathId, charactersRead);
+    if (path.empty()) return Refuse(TextKey::EMPTY_DRIVERCONFIG_PATH);
+    const std::wstring_view extension = PathFindExtensionW(path.c_str());
+    const bool isOlder = extension == olderConfigTool.fileExtension;
+    if (PathFileExistsW(path.c_str()) == FALSE || (!isOlder && extension != v4ConfigTool.fileExtension)) {
+        return Refuse(TextKey::INVALID_PATH_TEXT);
+    }
+    const std::wstring description = isOlder ? ProfileName(path) : std::wstring();
+    InstallSettings& settings = InstallSettings::GetInstance();
+    settings.SetStrings({{Tag::OMBREL_DESC, description},
+                         {Tag::DRIVERCONFIG_PATH, path},
+                         {Tag::CONFIG_EXE_PATH, FindConfigTool(driverId)}});
+    settings.SetBool(Tag::CONFIG_APPLY_FUTURE,
+                     IsDlgButtonChecked(GetSafeHwnd(), applyFutureId) == BST_CHECKED);
+    EndDialog(IDOK);
+}
+
+void DriverConfigDlg::Refuse(std::wstring_view textKey) {
+    ShowLocalizedMessage(GetSafeHwnd(), textKey, TextKey::GEN_ERROR_TITLE);
+}
+
+void DriverConfigDlg::ShowPath(const std::wstring& path) {
+    ::SetWindowTextW(GetDlgItem(pathId), path.c_str());
+    SelectAll(pathId);
+}
+
+void DriverConfigDlg::CheckApplyFuture(bool checked) {
+    CheckDlgButton(GetSafeHwnd(), applyFutureId, checked ? BST_CHECKED : BST_UNCHECKED);
+}
