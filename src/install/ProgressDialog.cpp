@@ -55,7 +55,9 @@ LRESULT ProgressDialog::OnShowWindow(WPARAM, LPARAM) {
 }
 
 LRESULT ProgressDialog::OnPaint(WPARAM, LPARAM) {
-    ::EnableWindow(GetDlgItem(IDCANCEL), !cancelPromptOpen && !cancelRequested);
+    const bool canCancel = !cancelPromptOpen && !cancelRequested;
+    if (!canCancel && GetFocus() == cancelButton.GetSafeHwnd()) FocusStatusLine();
+    cancelButton.EnableWindow(canCancel);
     return Default();
 }
 
@@ -63,6 +65,8 @@ void ProgressDialog::OnCancel() {
     cancelPromptOpen = true;
     Controller::GetInstance().Cancel(false);
     cancelPromptOpen = false;
+    // The question gives the focus back to the button, which does not take it while it is disabled.
+    if (GetFocus() == nullptr && IsWindowVisible(GetSafeHwnd()) != FALSE) FocusStatusLine();
 }
 
 LRESULT ProgressDialog::OnUpdateProgress(WPARAM, LPARAM parameter) {

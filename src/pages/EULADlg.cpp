@@ -26,6 +26,8 @@ constexpr int headingId = 1025;
 constexpr int scrollHintId = 1073;
 // Makes the control report every kind of scrolling.
 constexpr LPARAM scrollEvents = 0xBD;
+// Comes back to the page when the control has done what it reports.
+constexpr UINT scrollDone = WM_APP;
 
 }  // namespace
 
@@ -36,6 +38,7 @@ const MessageMap& EULADlg::GetMessageMap() const {
                                     On::Message(WM_SHOWWINDOW, &EULADlg::OnShowWindow),
                                     On::Control(licenceTextId, EN_VSCROLL, &EULADlg::OnScroll),
                                     On::Notify(licenceTextId, EN_MSGFILTER, &EULADlg::OnMessageFilter),
+                                    On::Message(scrollDone, &EULADlg::OnScrollDone),
                                 });
     return map;
 }
@@ -103,16 +106,25 @@ LRESULT EULADlg::OnShowWindow(WPARAM, LPARAM) {
     return Default();
 }
 
+// The control asks before it acts, and the thumb of its scroll bar brings no other event. So the position is
+// read now and once more behind the move.
 LRESULT EULADlg::OnMessageFilter(NMHDR&) {
+    OnScroll();
+    PostMessage(scrollDone);
+    return 0;
+}
+
+LRESULT EULADlg::OnScrollDone(WPARAM, LPARAM) {
     OnScroll();
     return 0;
 }
 
-// The end is the largest position that the control can be scrolled to; one line above it is near enough.
+// The end is the largest position that the control can be scrolled to; one unit above it is near enough. Its
+// maximum is the text's height, which the last position does not reach, unlike that of other controls.
 void EULADlg::OnScroll() {
     SCROLLINFO scroll{.cbSize = sizeof(SCROLLINFO), .fMask = SIF_ALL};
     GetScrollInfo(GetDlgItem(licenceTextId), SB_VERT, &scroll);
-    const int end = scroll.nMax - (static_cast<int>(scroll.nPage) - 1);
+    const int end = scroll.nMax - static_cast<int>(scroll.nPage);
     if (scroll.nPos + 1 < end) return;
     EnableControl(IDOK, true);
     agreeButton.SendMessage(BM_SETSTATE, FALSE);

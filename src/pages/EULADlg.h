@@ -20,6 +20,7 @@ protected:
 private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     LRESULT OnMessageFilter(NMHDR& header);
+    LRESULT OnScrollDone(WPARAM, LPARAM);
     void OnScroll();
     void ShowLicence();
     std::wstring GetEULAPath() const;

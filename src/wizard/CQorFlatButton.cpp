@@ -102,8 +102,11 @@ void CQorFlatButton::DrawHot() {
     ReleaseDC(GetSafeHwnd(), context);
 }
 
-void CQorFlatButton::DrawItem(const DRAWITEMSTRUCT& item) {
-    if (!IsFlat() || item.CtlType != ODT_BUTTON) return;
+void CQorFlatButton::DrawItem(const DRAWITEMSTRUCT& given) {
+    if (!IsFlat() || given.CtlType != ODT_BUTTON) return;
+    DRAWITEMSTRUCT item = given;
+    // The system does not know what the mouse means here, and a paint must not take the hot face away.
+    if (hovering && !Has(item, ODS_DISABLED)) item.itemState |= ODS_HOTLIGHT;
     DrawFrame(item);
     const auto icon = reinterpret_cast<HICON>(SendMessage(BM_GETIMAGE, IMAGE_ICON));
     if (icon != nullptr) {

@@ -1,6 +1,7 @@
 // The faces of the buttons as they stand on the screen.
 
 #include "PageTest.h"
+#include "RealInput.h"
 
 namespace {
 
@@ -17,22 +18,34 @@ class ButtonPageTest : public PageTest {
 protected:
     void SetUp() override {
         PageTest::SetUp();
-        SetCursorPos(0, 0);
+        ParkMouse();
         UseSettings(L"<HIDE_EULA>true</HIDE_EULA>");
     }
 
-    // Moves the mouse in from outside until the button answers: a paint that is still to come covers the
-    // first answer.
     static bool DarkensUnderMouse(HWND button, COLORREF colour) {
+        MoveMouse(MiddleOf(button));
+        return ShowsColour(button, colour);
+    }
+
+    // Where the caption begins on the button's middle line, in pixels from its left edge.
+    static int CaptionStart(HWND button, COLORREF face) {
         RECT area{};
-        GetWindowRect(button, &area);
-        const auto darkens = [&] {
-            SetCursorPos(0, 0);
-            SetCursorPos((area.left + area.right) / 2, (area.top + area.bottom) / 2);
-            return WaitUntil([&] { return WizardDriver::PixelOf(button, frame, frame) == colour; },
-                             std::chrono::milliseconds(300));
-        };
-        return WaitUntil(darkens, std::chrono::seconds(5));
+        GetClientRect(button, &area);
+        int x = focusInset + 2;
+        while (x < area.right && WizardDriver::PixelOf(button, x, area.bottom / 2) == face) ++x;
+        return x;
+    }
+
+    // How far the caption moves when the mouse presses the button, which shows these faces meanwhile.
+    static int CaptionShift(HWND button, COLORREF hotFace, COLORREF pressedFace) {
+        EXPECT_TRUE(DarkensUnderMouse(button, hotFace));
+        const int before = CaptionStart(button, hotFace);
+        HoldMouse(MiddleOf(button));
+        EXPECT_TRUE(ShowsColour(button, pressedFace));
+        const int pressed = CaptionStart(button, pressedFace);
+        MoveMouse({0, 0});
+        ReleaseMouse();
+        return pressed - before;
     }
 
     // Whether dots of another colour run along the upper edge of the frame that shows the focus.
@@ -61,6 +74,26 @@ TEST_F(ButtonPageTest, DarkensUnderTheMouseAndComesBack) {
     EXPECT_TRUE(DarkensUnderMouse(install, hotGreen));
     EXPECT_TRUE(DarkensUnderMouse(cancel, hotGrey));
     EXPECT_TRUE(ShowsColour(install, green));
+}
+
+TEST_F(ButtonPageTest, StaysDarkWhenItIsPaintedUnderTheMouse) {
+    StartOn(Control::welcomeHeader);
+    const HWND install = wizard.FindControl(Control::next);
+    EXPECT_TRUE(DarkensUnderMouse(install, hotGreen));
+    RedrawWindow(install, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    // By its answer the wizard has painted.
+    SendMessageW(install, WM_NULL, 0, 0);
+    EXPECT_TRUE(ShowsColour(install, hotGreen));
+}
+
+TEST_F(ButtonPageTest, MovesTheTextOfAGreyButtonAloneWhenItIsPressed) {
+    for (const wchar_t* key : {L"INSTALL_BUTTON", L"CANCEL_BUTTON"}) tree.SetText(key, L"I");
+    StartOn(Control::welcomeHeader);
+    // A pressed button is as bright as an untouched one, and a green one keeps its text in place; both are
+    // meant.
+    EXPECT_EQ(CaptionShift(wizard.FindControl(Control::cancel), hotGrey, grey), 1);
+    EXPECT_EQ(CaptionShift(wizard.FindControl(Control::next), hotGreen, green), 0);
+    EXPECT_TRUE(StaysQuiet());
 }
 
 TEST_F(ButtonPageTest, ShowsTheFocusInsideItsFace) {

@@ -1,4 +1,4 @@
-// The licence: which text it shows and when it can be agreed to.
+// The licence: which text it shows, and what the agreement leaves behind.
 
 #include "PageTest.h"
 
@@ -6,12 +6,6 @@ using testing::HasSubstr;
 using testing::Not;
 
 namespace {
-
-std::string LongLicence() {
-    std::string text;
-    for (int line = 1; line <= 200; ++line) text += "Clause " + std::to_string(line) + "\n";
-    return text;
-}
 
 class LicencePageTest : public PageTest {
 protected:
@@ -24,13 +18,6 @@ protected:
         tree.WriteFile(L"Notices\\EULA\\eula_en.txt", text);
         return StartOn(Control::licence);
     }
-
-    // The control can be asked while the wizard waits for messages only, so a sent message comes behind it.
-    void Scroll(WPARAM how) const { SendMessageW(wizard.FindControl(Control::licence), WM_VSCROLL, how, 0); }
-
-    bool StaysDisabled() const {
-        return !WaitUntil([this] { return IsEnabled(Control::next); }, std::chrono::milliseconds(300));
-    }
 };
 
 TEST_F(LicencePageTest, CanBeAgreedToAtOnceWhereTheTextIsShort) {
@@ -39,39 +26,6 @@ TEST_F(LicencePageTest, CanBeAgreedToAtOnceWhereTheTextIsShort) {
     // The shown text begins with an empty line, and this is meant.
     EXPECT_THAT(WizardDriver::TextOf(licence), testing::StartsWith(L"\r"));
     EXPECT_THAT(WizardDriver::TextOf(licence), HasSubstr(L"Be kind."));
-}
-
-TEST_F(LicencePageTest, WaitsForTheEndOfALongText) {
-    StartWith(LongLicence());
-    EXPECT_FALSE(IsEnabled(Control::next));
-    Scroll(SB_PAGEDOWN);
-    EXPECT_TRUE(StaysDisabled());
-    Scroll(SB_BOTTOM);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
-}
-
-TEST_F(LicencePageTest, StaysAgreeableWhenTheUserScrollsBack) {
-    StartWith(LongLicence());
-    Scroll(SB_BOTTOM);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
-    Scroll(SB_TOP);
-    EXPECT_EQ(SendMessageW(wizard.FindControl(Control::licence), EM_GETFIRSTVISIBLELINE, 0, 0), 0);
-    EXPECT_TRUE(IsEnabled(Control::next));
-}
-
-TEST_F(LicencePageTest, FollowsTheWheel) {
-    const HWND licence = StartWith(LongLicence());
-    for (int turn = 0; turn < 100; ++turn) {
-        SendMessageW(licence, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
-    }
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
-}
-
-TEST_F(LicencePageTest, FollowsTheKeys) {
-    StartWith(LongLicence());
-    EXPECT_TRUE(StaysDisabled());
-    for (int page = 0; page < 40; ++page) wizard.PressKey(VK_NEXT);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
 }
 
 TEST_F(LicencePageTest, IgnoresEnterInTheText) {

@@ -76,6 +76,7 @@ TEST_F(ProgressPageTest, EnablesItsButtonAgainAfterNo) {
         wizard.Press(Control::cancel);
         AnswerCancel(IDNO);
         EXPECT_TRUE(WaitUntilEnabled(Control::cancel));
+        EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() != nullptr; }));
     }
     GoOn();
     CloseOnFinishPage();
@@ -91,8 +92,8 @@ TEST_F(ProgressPageTest, IsDeafAfterYes) {
     EXPECT_TRUE(WaitForMessage(L"Updating Cancel Text"));
     EXPECT_EQ(TextOf(Control::statusLine), L"Cancelling");
     EXPECT_TRUE(WaitUntil([this] { return !IsEnabled(Control::cancel); }));
-    // The disabled button has lost the focus, so the key goes to the page's next control.
-    PostMessageW(wizard.FindControl(Control::progressBar), WM_KEYDOWN, VK_ESCAPE, 0);
+    EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() == wizard.FindControl(Control::statusLine); }));
+    wizard.PressKey(VK_ESCAPE);
     wizard.CloseMainWindow();
     EXPECT_FALSE(WaitUntil([this] { return wizard.FindBox().has_value(); }, std::chrono::milliseconds(300)));
     GoOn();

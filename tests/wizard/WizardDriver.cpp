@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
+#include <richedit.h>
 
 #include <array>
 #include <functional>
@@ -186,6 +187,11 @@ void WizardDriver::PressKey(WPARAM key) const {
     PostMessageW(focus, WM_KEYDOWN, key, 0);
 }
 
+void WizardDriver::BringToFront() const {
+    SetForegroundWindow(MainWindow());
+    EXPECT_TRUE(WaitUntil([this] { return GetForegroundWindow() == MainWindow() && Focus() != nullptr; }));
+}
+
 HWND WizardDriver::Focus() const {
     GUITHREADINFO information{.cbSize = sizeof(GUITHREADINFO)};
     GetGUIThreadInfo(GetWindowThreadProcessId(MainWindow(), nullptr), &information);
@@ -218,6 +224,15 @@ std::wstring WizardDriver::CellOf(HWND list, int row, int column) const {
     ReadProcessMemory(process.get(), there, &question, sizeof(question), nullptr);
     VirtualFreeEx(process.get(), there, 0, MEM_RELEASE);
     return question.text.data();
+}
+
+int WizardDriver::ScrollPositionOf(HWND text) const {
+    void* const there = VirtualAllocEx(process.get(), nullptr, sizeof(POINT), MEM_COMMIT, PAGE_READWRITE);
+    SendMessageW(text, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(there));
+    POINT position{};
+    ReadProcessMemory(process.get(), there, &position, sizeof(position), nullptr);
+    VirtualFreeEx(process.get(), there, 0, MEM_RELEASE);
+    return position.y;
 }
 
 COLORREF WizardDriver::PixelOf(HWND window, int x, int y) {

@@ -51,11 +51,15 @@ public:
     void Press(int id) const;
     // Presses a key, given as its virtual code, in the control that has the focus.
     void PressKey(WPARAM key) const;
+    // Makes the wizard the window that the keyboard speaks to, and waits until it is.
+    void BringToFront() const;
     // The control of the wizard that has the focus, or null.
     HWND Focus() const;
     static std::wstring TextOf(HWND window);
     // The text of a cell of a list, empty if there is no such cell.
     std::wstring CellOf(HWND list, int row, int column) const;
+    // How far the text has been scrolled, in the units of its scroll bar.
+    int ScrollPositionOf(HWND text) const;
     // The colour on the screen at that place of the window, in pixels from its top left corner.
     static COLORREF PixelOf(HWND window, int x, int y);
     // Chooses "Close" from the main window's system menu.

@@ -1,0 +1,131 @@
+// The licence can be agreed to when its end has been reached, by whatever way of scrolling.
+
+#include "PageTest.h"
+#include "RealInput.h"
+
+namespace {
+
+std::string LongLicence() {
+    std::string text;
+    for (int line = 1; line <= 200; ++line) text += "Clause " + std::to_string(line) + "\n";
+    return text;
+}
+
+class LicenceScrollTest : public PageTest {
+protected:
+    void SetUp() override {
+        PageTest::SetUp();
+        ParkMouse();
+        UseSettings(L"<HIDE_START>true</HIDE_START>");
+        tree.WriteFile(L"Notices\\EULA\\eula_en.txt", LongLicence());
+    }
+
+    // The control can be asked while the wizard waits for messages only, so a sent message comes behind it.
+    void Scroll(WPARAM how) const { SendMessageW(wizard.FindControl(Control::licence), WM_VSCROLL, how, 0); }
+
+    bool StaysDisabled() const {
+        return !WaitUntil([this] { return IsEnabled(Control::next); }, std::chrono::milliseconds(300));
+    }
+};
+
+TEST_F(LicenceScrollTest, WaitsForTheEndOfALongText) {
+    StartOn(Control::licence);
+    EXPECT_FALSE(IsEnabled(Control::next));
+    Scroll(SB_PAGEDOWN);
+    EXPECT_TRUE(StaysDisabled());
+    Scroll(SB_BOTTOM);
+    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+}
+
+TEST_F(LicenceScrollTest, TakesOneUnitAboveTheEndForTheEnd) {
+    const HWND first = StartOn(Control::licence);
+    Scroll(SB_BOTTOM);
+    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    const int end = wizard.ScrollPositionOf(first);
+    wizard.Kill();
+    const HWND licence = StartOn(Control::licence);
+    Scroll(MAKEWPARAM(SB_THUMBPOSITION, end - 2));
+    EXPECT_EQ(wizard.ScrollPositionOf(licence), end - 2);
+    EXPECT_TRUE(StaysDisabled());
+    Scroll(MAKEWPARAM(SB_THUMBPOSITION, end - 1));
+    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_EQ(wizard.ScrollPositionOf(licence), end - 1);
+}
+
+TEST_F(LicenceScrollTest, StaysAgreeableWhenTheUserScrollsBack) {
+    StartOn(Control::licence);
+    Scroll(SB_BOTTOM);
+    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    Scroll(SB_TOP);
+    EXPECT_EQ(SendMessageW(wizard.FindControl(Control::licence), EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+    EXPECT_TRUE(IsEnabled(Control::next));
+}
+
+// Where the thumb of the text's scroll bar can be taken while the text stands at its beginning, and where it
+// can be taken to.
+struct ThumbWay {
+    POINT top;
+    POINT bottom;
+};
+
+ThumbWay ThumbWayOf(HWND licence) {
+    constexpr int grip = 4;
+    RECT area{};
+    GetWindowRect(licence, &area);
+    const LONG x = area.right - GetSystemMetrics(SM_CXVSCROLL) / 2 - 1;
+    const LONG arrow = GetSystemMetrics(SM_CYVSCROLL);
+    return {{x, area.top + arrow + grip}, {x, area.bottom - arrow}};
+}
+
+TEST_F(LicenceScrollTest, CountsTheEndWhileTheThumbIsStillHeld) {
+    const ThumbWay way = ThumbWayOf(StartOn(Control::licence));
+    HoldMouse(way.top);
+    MoveMouse({way.top.x, (way.top.y + way.bottom.y) / 2});
+    EXPECT_TRUE(StaysDisabled());
+    MoveMouse(way.bottom);
+    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    ReleaseMouse();
+}
+
+// A way to the end that a user can take.
+struct ScrollWay {
+    const char* name;
+    void (*toTheEnd)(HWND licence);
+};
+
+void PrintTo(const ScrollWay& way, std::ostream* stream) {
+    *stream << way.name;
+}
+
+void DragTheThumb(HWND licence) {
+    const ThumbWay way = ThumbWayOf(licence);
+    DragMouse(way.top, way.bottom);
+}
+
+void PressOften(WORD key, int times) {
+    for (int count = 0; count < times; ++count) PressKeys({key});
+}
+
+class LicenceWayTest : public LicenceScrollTest, public testing::WithParamInterface<ScrollWay> {};
+
+TEST_P(LicenceWayTest, LeadsToTheAgreement) {
+    const HWND licence = StartOn(Control::licence);
+    wizard.BringToFront();
+    EXPECT_FALSE(IsEnabled(Control::next));
+    GetParam().toTheEnd(licence);
+    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryWay, LicenceWayTest,
+    testing::Values(ScrollWay{"Thumb", &DragTheThumb},
+                    ScrollWay{"Wheel", [](HWND licence) { TurnWheel(MiddleOf(licence), 100); }},
+                    ScrollWay{"PageKeys", [](HWND) { PressOften(VK_NEXT, 40); }},
+                    ScrollWay{"ArrowKeys", [](HWND) { PressOften(VK_DOWN, 220); }},
+                    ScrollWay{"CtrlAndEnd",
+                              [](HWND) {
+                                  PressKeys({VK_CONTROL, VK_END});
+                              }}),
+    [](const testing::TestParamInfo<ScrollWay>& way) { return std::string(way.param.name); });
+
+}  // namespace
