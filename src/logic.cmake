@@ -18,6 +18,7 @@ set(KESTRUNE_LOGIC_SOURCES
   src/install/StatusDocument.cpp
   src/pages/ManufacturerList.cpp
   src/ports/ConfigTool.cpp
+  src/ports/PortText.cpp
   src/settings/DerivedNames.cpp
   src/settings/DeviceDocument.cpp
   src/settings/ElementNames.cpp

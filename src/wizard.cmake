@@ -44,16 +44,19 @@ add_library(kestrune_wizard STATIC
   src/pages/ManufacturerDlg.cpp
   src/pages/OptionalSoftwareBypassDlg.cpp
   src/pages/StartDlg.cpp
+  src/ports/AddPortDlg.cpp
+  src/ports/AddPortService.cpp
+  src/ports/DriverConfigDlg.cpp
+  src/ports/DriverConfiguration.cpp
+  src/ports/DriverList.cpp
   src/ports/MSIExtractService.cpp
+  src/ports/SharedPrinter.cpp
   src/wizard/CKestruneApp.cpp
   src/wizard/CQorFlatButton.cpp
   src/wizard/CQorLinkButton.cpp
   src/wizard/CmdLineHelper.cpp
   src/wizard/Controller.cpp
   src/wizard/FolderCleanUp.cpp
-  src/ports/DriverConfigDlg.cpp
-  src/ports/DriverConfiguration.cpp
-  src/ports/DriverList.cpp
   src/wizard/Help.cpp
   src/wizard/HighContrast.cpp
   src/wizard/InstallDialogEx.cpp

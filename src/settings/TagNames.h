@@ -112,6 +112,11 @@ inline constexpr std::wstring_view FILE_IN_USE = L"FILE_IN_USE";
 inline constexpr std::wstring_view RM_FILE_IN_USE = L"RM_FILE_IN_USE";
 inline constexpr std::wstring_view APPLICATION_NAME = L"APPLICATION_NAME";
 
+// Tags of the message to the page for a port by hand. No page of this program sends them.
+inline constexpr std::wstring_view SHOW_UNC = L"SHOW_UNC";
+inline constexpr std::wstring_view SHOW_DRIVER_LIST = L"SHOW_DRIVER_LIST";
+inline constexpr std::wstring_view FROM_DIALOG = L"FROM_DIALOG";
+
 }  // namespace Tag
 
 // The keys of the language files that the program asks for.

@@ -24,6 +24,7 @@
 #include "pages/OptionalSoftwareBypassDlg.h"
 #include "pages/StartDlg.h"
 #include "ports/AddPortDlg.h"
+#include "ports/AddPortService.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
 #include "wizard/CmdLineHelper.h"
@@ -124,6 +125,7 @@ int Controller::BuildDialogs() {
         L"Add Connectivity dialog failed.");
     add(discoveryDlg, std::make_unique<DiscoveryDlg>(), 5, true, L"Add Disocovery dialog failed.");
     add(addPortDlg, std::make_unique<AddPortDlg>(), 6, true, L"Add AddPort dialog failed.");
+    services.at(6) = std::make_unique<AddPortService>(addPortDlg.get());
     add(progressDlg, std::make_unique<ProgressDialog>(), 7, settings.GetBool(Tag::HIDE_PROGRESS),
         L"Add Progress dialog failed.");
     services.at(7) = std::make_unique<InstallService>(progressDlg.get(), MsiInterface::GetInstance());

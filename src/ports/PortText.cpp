@@ -1,0 +1,29 @@
+#include "ports/PortText.h"
+
+#include "CommonLib/AddressText.h"
+
+namespace {
+
+constexpr wchar_t leftToRightMark = L'\u200E';
+constexpr wchar_t leftToRightOverride = L'\u202D';
+constexpr wchar_t popDirection = L'\u202C';
+
+}  // namespace
+
+std::wstring ShownPortName(std::wstring name, bool rightToLeftTexts, bool rightToLeftLocale) {
+    for (const wchar_t bracket : {L')', L'}', L']'}) {
+        const size_t place = rightToLeftTexts ? name.find(bracket) : std::wstring::npos;
+        if (place != std::wstring::npos) name.insert(place + 1, 1, leftToRightMark);
+    }
+    if (!rightToLeftLocale || !IsValidIpV4Text(name)) return name;
+    return leftToRightOverride + name + popDirection;
+}
+
+// Whatever stands around the address counts as a mark, and this is meant.
+std::wstring ChosenPortName(std::wstring_view shown, bool rightToLeftLocale) {
+    if (rightToLeftLocale && shown.size() > 2) {
+        const std::wstring_view inner = shown.substr(1, shown.size() - 2);
+        if (IsValidIpV4Text(inner)) return std::wstring(inner);
+    }
+    return std::wstring(shown);
+}
