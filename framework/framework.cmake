@@ -1,9 +1,11 @@
 add_library(kestrune_framework STATIC
   framework/AfxBeginThread.cpp
   framework/CDialogEx.cpp
+  framework/CEdit.cpp
   framework/CFileDialog.cpp
   framework/CFileFind.cpp
   framework/CImage.cpp
+  framework/CListCtrl.cpp
   framework/CMFCLinkCtrl.cpp
   framework/CToolTipCtrl.cpp
   framework/CWinApp.cpp

@@ -23,7 +23,7 @@ build=$(cd "$1" && pwd)
 sources=$root/package
 tree=$target.new
 
-cmake --build "$build" --target Brevanto sample_programs >"$build/sample-package.log" || {
+cmake --build "$build" --target Brevanto ScriptedSondrix ScriptedQuelmar sample_programs >"$build/sample-package.log" || {
     cat "$build/sample-package.log" >&2
     exit 1
 }
@@ -66,6 +66,9 @@ for help in "$sources"/help/*; do
 done
 cp -p "$build/package/StartRecorder.exe" "$tree/DotNet/RuntimeSetup.exe"
 cp -p "$build/standins/Brevanto.dll" "$tree/Setup/x64/"
+# The network of the sample: two libraries that play the devices of the list.
+cp -p "$build"/tests/fakes/complete/{Sondrix,Quelmar}.dll "$tree/Setup/x64/"
+"$sources/network/make_network.py" "$sources/network/devices.toml" "$tree/Setup/x64/Network.script"
 program=$(find "$build" -maxdepth 2 -name Kestrune.exe -print -quit)
 if [ -n "$program" ]; then
     cp -p "$program" "$tree/Setup/x64/"

@@ -46,7 +46,7 @@ def logic_sources():
 
 
 # Dialogs that a page opens over itself.
-SUB_DIALOGS = {'CDisplayAppsListDlg.h', 'DriverConfigDlg.h', 'FileInUseDlg.h', 'RMFileInUseDlg.h'}
+SUB_DIALOGS = {'CDisplayAppsListDlg.h', 'DriverConfigDlg.h', 'ModifySearchDlg.h', 'FileInUseDlg.h', 'RMFileInUseDlg.h'}
 
 
 def page_to_page():

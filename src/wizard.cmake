@@ -26,6 +26,14 @@ add_library(kestrune_wizard STATIC
   src/catalogue/MsiInfoService.cpp
   src/catalogue/MsiInterface.cpp
   src/catalogue/PackageReader.cpp
+  src/discovery/DeviceChoice.cpp
+  src/discovery/DeviceExchanges.cpp
+  src/discovery/DiscoveryDlg.cpp
+  src/discovery/DiscoveryListCtrl.cpp
+  src/discovery/DiscoveryService.cpp
+  src/discovery/FirewallRules.cpp
+  src/discovery/ModifySearchDlg.cpp
+  src/discovery/ReplyMemory.cpp
   src/install/CDisplayAppsListDlg.cpp
   src/install/DotNetPrerequisite.cpp
   src/install/EndOfRun.cpp

@@ -8,9 +8,13 @@
 
 #include "framework/CFileFind.h"
 
-std::wstring GetExeDirectory() {
+std::wstring GetExePath() {
     std::array<wchar_t, MAX_PATH> buffer{};
-    const std::wstring path(buffer.data(), GetModuleFileNameW(nullptr, buffer.data(), buffer.size()));
+    return {buffer.data(), GetModuleFileNameW(nullptr, buffer.data(), buffer.size())};
+}
+
+std::wstring GetExeDirectory() {
+    const std::wstring path = GetExePath();
     return path.substr(0, path.find_last_of(L'\\'));
 }
 

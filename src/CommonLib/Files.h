@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+// The full path of the running program's file.
+std::wstring GetExePath();
+
 // The folder of the running program, without a closing backslash.
 std::wstring GetExeDirectory();
 

@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "CommonLib/ComText.h"
 #include "CommonLib/TextUtilities.h"
 
 namespace {
@@ -21,24 +22,6 @@ void Require(HRESULT result, int line) {
                            L"CommonLib/XmlAttributeReader", line);
     }
 }
-
-// Owns a text of COM's.
-class ComText {
-public:
-    ComText() = default;
-    explicit ComText(const std::wstring& content)
-        : text(SysAllocStringLen(content.data(), static_cast<UINT>(content.size()))) {}
-    ComText(const ComText&) = delete;
-    ComText& operator=(const ComText&) = delete;
-    ~ComText() { SysFreeString(text); }
-
-    BSTR get() const { return text; }
-    BSTR* put() { return &text; }
-    std::wstring str() const { return {text, SysStringLen(text)}; }
-
-private:
-    BSTR text = nullptr;
-};
 
 using Attributes = std::map<std::wstring, std::wstring>;
 

@@ -150,11 +150,11 @@ MSI_APP DriverInfo::GetDriver(const std::wstring& driverId) const {
     return named == byId.end() ? MSI_APP() : *named->second.front();
 }
 
-void DriverInfo::SelectDriver(const std::wstring& driverId) {
+void DriverInfo::SelectDriver(const std::wstring& driverId, bool selected) {
     const std::lock_guard guard(lock);
     const auto named = byId.find(driverId);
     if (named == byId.end()) return;
-    for (MSI_APP* record : named->second) record->isSelected = true;
+    for (MSI_APP* record : named->second) record->isSelected = selected;
 }
 
 void DriverInfo::RecordOutcome(const MSI_APP& outcome) {

@@ -31,8 +31,8 @@ public:
     // A copy of the first record with that identifier, or a record with empty fields.
     MSI_APP GetDriver(const std::wstring& driverId) const;
 
-    // Selects every record with that identifier.
-    void SelectDriver(const std::wstring& driverId);
+    // Selects every record with that identifier, or takes the selection back.
+    void SelectDriver(const std::wstring& driverId, bool selected = true);
     // Notes in the record of that package whether this run has installed it, and its status.
     void RecordOutcome(const MSI_APP& outcome);
 

@@ -1,11 +1,87 @@
-// The page that shows the devices found on the network.
+// The page that shows the devices found on the network and lets the user pick one, with its driver.
 #pragma once
 
+#include <atomic>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "discovery/DiscoveryListCtrl.h"
+#include "discovery/IDiscoveryDialog.h"
+#include "framework/Handles.h"
+#include "ports/DriverList.h"
+#include "wizard/CQorFlatButton.h"
+#include "wizard/CQorLinkButton.h"
 #include "wizard/InstallDialogEx.h"
 
-class DiscoveryDlg : public InstallDialogEx {
-public:
-    static constexpr UINT dialogTemplate = 136;
+class DriverConfigDlg;
+class ModifySearchDlg;
 
-    DiscoveryDlg() : InstallDialogEx(dialogTemplate) {}
+class DiscoveryDlg : public InstallDialogEx, public IDiscoveryDialog {
+public:
+    DiscoveryDlg();
+    ~DiscoveryDlg() override;
+
+    // IDiscoveryDialog.
+    void ClearDrivers() override;
+    void AddDriver(const MSI_APP& driver) override;
+    void SetDevices(std::list<DiscoveredDevice> devices) override;
+    void NoPrinterFound() override;
+    std::wstring GetReceivedMessage() const override;
+
+    std::uint32_t ReceiveMessage(std::wstring message) override;
+    bool PreTranslateMessage(MSG* message) override;
+
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    void SetUpTexts();
+    void SetUpButtons();
+
+    LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+    LRESULT OnWindowDestroyed(WPARAM, LPARAM);
+    LRESULT OnDevicesDelivered(WPARAM, LPARAM);
+    LRESULT OnNothingFound(WPARAM, LPARAM);
+    LRESULT OnSelectionChanged(NMHDR& header);
+    LRESULT OnRowsDeleted(NMHDR& header);
+    LRESULT OnColumnClick(NMHDR& header);
+    void OnDriverChanged();
+    void OnRefresh();
+    void OnModifySearch();
+    void OnAddPort();
+    void OnConfigureDriver();
+    void OnUsb();
+    void OnNimbojet();
+    void OnBackToList();
+
+    void HideDriverChoice();
+    void HideUnsupportedRadios();
+    void PickConnection();
+    void EnableSearch(bool enabled);
+    void SelectDriver(const std::wstring& driverId);
+    std::wstring GetDriverForSelection() const;
+    bool SelectedHasFax() const;
+    void SetSelectionText();
+
+    DiscoveryListCtrl deviceList;
+    DriverList driverList;
+    CQorFlatButton modifySearchButton;
+    CQorFlatButton addPortButton;
+    CQorFlatButton configureButton;
+    CQorFlatButton nextButton;
+    CQorFlatButton cancelButton;
+    CQorLinkButton helpButton;
+    std::unique_ptr<ModifySearchDlg> modifySearchDlg;
+    std::unique_ptr<DriverConfigDlg> driverConfigDlg;
+
+    // The window that the worker posts to; null before it is made and when it is gone.
+    std::atomic<HWND> window = nullptr;
+    // Guards the message, which the worker reads.
+    mutable std::mutex messageLock;
+    std::wstring receivedMessage;
 };

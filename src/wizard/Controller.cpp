@@ -11,6 +11,7 @@
 #include "catalogue/MsiInfoService.h"
 #include "catalogue/MsiInterface.h"
 #include "discovery/DiscoveryDlg.h"
+#include "discovery/DiscoveryService.h"
 #include "framework/CWinApp.h"
 #include "install/FinishDlg.h"
 #include "install/FinishService.h"
@@ -124,6 +125,7 @@ int Controller::BuildDialogs() {
     add(connectivityDlg, std::make_unique<ConnectivityDlg>(), 4, settings.GetBool(Tag::HIDE_CONNECTIVITY),
         L"Add Connectivity dialog failed.");
     add(discoveryDlg, std::make_unique<DiscoveryDlg>(), 5, true, L"Add Disocovery dialog failed.");
+    services.at(5) = std::make_unique<DiscoveryService>(discoveryDlg.get());
     add(addPortDlg, std::make_unique<AddPortDlg>(), 6, true, L"Add AddPort dialog failed.");
     services.at(6) = std::make_unique<AddPortService>(addPortDlg.get());
     add(progressDlg, std::make_unique<ProgressDialog>(), 7, settings.GetBool(Tag::HIDE_PROGRESS),
@@ -198,6 +200,10 @@ InstallDialogEx* Controller::CurrentPage() const {
 Service* Controller::EnabledService(int index) const {
     Service* const service = services.at(static_cast<size_t>(index)).get();
     return service != nullptr && !service->disabled ? service : nullptr;
+}
+
+void Controller::RunCurrentService() {
+    if (Service* const service = EnabledService(currentDialog)) service->DoRun();
 }
 
 void Controller::HideCurrentPage() {

@@ -55,6 +55,9 @@ public:
     // Removes the folders of the configuration tools and posts the end of the message loop.
     void Close();
 
+    // Runs the service of the current page once more.
+    void RunCurrentService();
+
     // Reads again from the tags which pages are hidden.
     void UpdateHideFlags();
     // Counts a worker thread that starts or ends. The starting thread counts up, the worker itself down.

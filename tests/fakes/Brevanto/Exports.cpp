@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/fakes/Brevanto/Library.h"
+#include "tests/fakes/LibraryFolder.h"
 
 namespace {
 
@@ -15,14 +16,6 @@ constexpr std::uint8_t yes = 2;
 
 ScriptedLibrary& Library() {
     return ScriptedLibrary::GetInstance();
-}
-
-std::wstring Field(const wchar_t* name, const std::wstring& value) {
-    return std::wstring(name) + L"=" + value;
-}
-
-std::wstring Field(const wchar_t* name, std::uint64_t value) {
-    return Field(name, std::to_wstring(value));
 }
 
 std::uint8_t Byte(bool flag) {

@@ -3,10 +3,9 @@
 #include <windows.h>
 
 #include <chrono>
-#include <sstream>
 #include <thread>
 
-#include "tests/fakes/TextLines.h"
+#include "tests/fakes/LibraryFolder.h"
 
 namespace {
 
@@ -14,30 +13,9 @@ using namespace std::chrono_literals;
 
 // Longer than any test waits; a step that runs into it leaves a line in the record.
 constexpr auto longestWait = 120s;
-constexpr auto pollInterval = 5ms;
 
 std::wstring FileName(std::wstring_view path) {
     return std::wstring(path.substr(path.find_last_of(L'\\') + 1));
-}
-
-// The folder of this library, which is not that of the program.
-std::wstring OwnFolder() {
-    static const int ownAddress = 0;
-    HMODULE self = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&ownAddress), &self);
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(GetModuleFileNameW(self, path.data(), MAX_PATH));
-    return path.substr(0, path.find_last_of(L'\\') + 1);
-}
-
-bool WaitForFile(const std::wstring& path) {
-    const auto end = std::chrono::steady_clock::now() + longestWait;
-    while (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
-        if (std::chrono::steady_clock::now() > end) return false;
-        std::this_thread::sleep_for(pollInterval);
-    }
-    return true;
 }
 
 }  // namespace
@@ -50,12 +28,7 @@ ScriptedLibrary& ScriptedLibrary::GetInstance() {
 ScriptedLibrary::ScriptedLibrary() : folder(OwnFolder()), packages(ReadScript(folder + L"Brevanto.script")) {}
 
 void ScriptedLibrary::Record(const std::vector<std::wstring>& fields) {
-    std::wostringstream thread;
-    thread << std::hex << GetCurrentThreadId();
-    std::vector<std::wstring> line{thread.str()};
-    line.insert(line.end(), fields.begin(), fields.end());
-    const std::lock_guard guard(recordLock);
-    AppendText(folder + L"Brevanto.record", JoinFields(line));
+    AppendRecord(folder + L"Brevanto.record", fields);
 }
 
 const ScriptedPackage* ScriptedLibrary::Find(std::wstring_view path) const {

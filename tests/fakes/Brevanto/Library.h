@@ -34,7 +34,6 @@ private:
     std::map<std::wstring, ScriptedPackage, std::less<>> packages;
     std::map<std::wstring, size_t, std::less<>> statesGiven;
     std::mutex lock;
-    std::mutex recordLock;
     std::condition_variable change;
     bool running = false;
     bool cancelled = false;

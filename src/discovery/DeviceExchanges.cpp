@@ -1,0 +1,98 @@
+// What the discovery worker asks the devices through Quelmar.dll.
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+#include "CommonLib/Logger.h"
+#include "CommonLib/SystemText.h"
+#include "CommonLib/TextUtilities.h"
+#include "catalogue/MsiCodes.h"
+#include "discovery/DiscoveryService.h"
+#include "discovery/NpaReply.h"
+#include "discovery/ReplyMemory.h"
+#include "settings/TagDocument.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+using ExchangeAllFunction = std::uint32_t (*)(const wchar_t* request, const std::uint8_t* packet,
+                                              std::uint32_t packetLength, wchar_t** reply,
+                                              std::uint32_t* replyLength,
+                                              wchar_t* (*allocate)(std::uint32_t count, wchar_t** memory));
+using ExchangeFunction = std::uint32_t (*)(const wchar_t* request, const std::uint8_t* packet,
+                                           std::uint32_t packetLength, std::uint8_t* reply,
+                                           std::uint32_t replySize, std::uint32_t* replyLength);
+
+constexpr size_t firstReplySize = 4096;
+// A packet counts the bytes behind its three leading ones in 16 bits.
+constexpr std::uint32_t longestPacket = 3 + 0xFFFF;
+
+// The start byte, the big-endian count of the bytes behind the count, and the question.
+constexpr auto colourQuestion = std::to_array<std::uint8_t>({0xA5, 0x00, 0x03, 0x50, 0x01, 0x00});
+constexpr auto deviceQuestion =
+    std::to_array<std::uint8_t>({0xA5, 0x00, 0x07, 0x50, 0xE0, 0x21, 0x01, 0x00, 0x00, 0x00});
+
+std::wstring Request(std::wstring_view tag, std::wstring_view addresses) {
+    return TagDocument::MakeElement(tag, addresses) + L"<TIMEOUT>3000</TIMEOUT>";
+}
+
+// The reply packet of one device; nothing if the exchange fails. The first call tells a size of 0, whatever
+// the buffer holds, so it normally only learns the length, and this is meant.
+std::optional<std::vector<std::uint8_t>> Exchange(ExchangeFunction exchange, const std::wstring& address) {
+    const std::wstring request = Request(Tag::IPADDRESS, address);
+    std::vector<std::uint8_t> reply(firstReplySize);
+    std::uint32_t length = 0;
+    const auto call = [&](std::uint32_t size) {
+        return exchange(request.c_str(), deviceQuestion.data(),
+                        static_cast<std::uint32_t>(deviceQuestion.size()), reply.data(), size, &length);
+    };
+    std::uint32_t code = call(0);
+    if (code == MsiCode::BufferTooSmall) {
+        if (length > longestPacket) {
+            LogBasic(
+                L"Quelmar.dll asks for a reply of " + std::to_wstring(length) + L" bytes from " + address,
+                LogLevel::Error);
+            return std::nullopt;
+        }
+        reply.assign(length, 0);
+        code = call(length);
+    }
+    if (code != MsiCode::Success) return std::nullopt;
+    reply.resize(std::min<size_t>(reply.size(), length));
+    return reply;
+}
+
+}  // namespace
+
+void DiscoveryService::ExchangeColours(const std::wstring& addresses, DeviceIndex& index) const {
+    if (!quelmarModule || cancelled) return;
+    const auto exchange = FindExport<ExchangeAllFunction>(quelmarModule.get(), "BidiExchangeNpaAll");
+    if (exchange == nullptr) return;
+    wchar_t* reply = nullptr;
+    std::uint32_t length = 0;
+    const std::uint32_t code =
+        exchange(Request(Tag::IPLIST, addresses).c_str(), colourQuestion.data(),
+                 static_cast<std::uint32_t>(colourQuestion.size()), &reply, &length, &ReplyMemory::Allocate);
+    if (code == MsiCode::Success) ApplyColours(ReplyMemory::Read(reply, length), index);
+    ReplyMemory::ReleaseAll();
+}
+
+void DiscoveryService::ExchangeFax(const std::wstring& addresses, DeviceIndex& index) const {
+    if (!quelmarModule || cancelled) return;
+    const auto exchange = FindExport<ExchangeFunction>(quelmarModule.get(), "BidiExchangeNpaW");
+    if (exchange == nullptr) return;
+    for (const std::wstring& address : SplitClosed(addresses, L';')) {
+        // What is found out behind a cancel goes nowhere, and each device can take seconds.
+        if (cancelled) return;
+        const auto reply = Exchange(exchange, address);
+        if (!reply) continue;
+        const std::optional<NpaDeviceInfo> info = DecodeNpaReply(*reply, &Utf8ToWide);
+        if (!info) {
+            LogBasic(L"The reply of the device " + address + L" cannot be read", LogLevel::Error);
+        } else if (info->HasFax()) {
+            index.SetTag(address, Tag::FAXINSTALLED, L"1");
+        }
+    }
+}

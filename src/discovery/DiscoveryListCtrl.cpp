@@ -1,0 +1,194 @@
+#include "discovery/DiscoveryListCtrl.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "CommonLib/IpAddress.h"
+#include "CommonLib/SystemLibrary.h"
+#include "discovery/RowOrder.h"
+#include "framework/CImage.h"
+#include "settings/Localizer.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+constexpr int nameColumn = 0;
+constexpr int addressColumn = 1;
+constexpr int lastColumn = 2;
+
+// In pixels of a screen with 96 to the inch.
+constexpr int nameWidth = 220;
+constexpr int addedWidth = 100;
+
+constexpr int imageSize = 16;
+constexpr int ascendingImage = 1;
+constexpr int descendingImage = 0;
+constexpr int unsortedImage = 2;
+
+// The marks that keep an address in its order among text that reads from right to left.
+constexpr wchar_t leftToRightOverride = 0x202D;
+constexpr wchar_t popDirection = 0x202C;
+
+std::wstring Text(std::wstring_view key) {
+    return Localizer::GetInstance().GetString(key);
+}
+
+std::wstring ShownAddress(const std::wstring& address) {
+    return IsRightToLeftLocale() ? leftToRightOverride + address + popDirection : address;
+}
+
+std::wstring ShownColour(const std::wstring& colour) {
+    if (colour == L"color") return Text(TextKey::COLOR);
+    if (colour == L"mono") return Text(TextKey::MONO);
+    return {};
+}
+
+int Scaled(int pixels, HWND window) {
+    const HDC context = GetDC(window);
+    const int scaled = MulDiv(pixels, GetDeviceCaps(context, LOGPIXELSX), 96);
+    ReleaseDC(window, context);
+    return scaled;
+}
+
+struct Sorting {
+    std::vector<SortedCell> cells;
+    bool ascending;
+};
+
+int CALLBACK CompareRows(LPARAM first, LPARAM second, LPARAM sorting) {
+    const Sorting& order = *reinterpret_cast<const Sorting*>(sorting);
+    return CompareCells(order.cells[static_cast<size_t>(first)], order.cells[static_cast<size_t>(second)],
+                        order.ascending);
+}
+
+// Keeps the control from drawing each step of a change.
+class HeldDrawing {
+public:
+    explicit HeldDrawing(const CWnd& heldControl) : control(heldControl) {
+        control.SendMessage(WM_SETREDRAW, FALSE);
+    }
+    HeldDrawing(const HeldDrawing&) = delete;
+    HeldDrawing& operator=(const HeldDrawing&) = delete;
+    ~HeldDrawing() {
+        control.SendMessage(WM_SETREDRAW, TRUE);
+        InvalidateRect(control.GetSafeHwnd(), nullptr, TRUE);
+    }
+
+private:
+    const CWnd& control;
+};
+
+}  // namespace
+
+const MessageMap& DiscoveryListCtrl::GetMessageMap() const {
+    static const MessageMap map(
+        nullptr, {EventsOf<DiscoveryListCtrl>::Message(WM_KEYUP, &DiscoveryListCtrl::OnKeyUp)});
+    return map;
+}
+
+void DiscoveryListCtrl::ShowMessage(const std::wstring& heading) {
+    DeleteAllItems();
+    DeleteAllColumns();
+    rows.clear();
+    InsertColumn(0, heading);
+    FitColumnToHeading(0);
+}
+
+void DiscoveryListCtrl::ShowDevices(const std::list<DiscoveredDevice>& devices) {
+    {
+        const HeldDrawing held(*this);
+        DeleteAllItems();
+        DeleteAllColumns();
+        rows.clear();
+        InsertColumns();
+        for (const DiscoveredDevice& device : devices) {
+            InsertRow({device.series.empty() ? device.model : device.series, ShownAddress(device.address),
+                       ShownColour(device.colour)});
+        }
+        if (!images) LoadImages();
+        if (Sort()) ShowOrder();
+    }
+    UpdateWindow(GetSafeHwnd());
+}
+
+void DiscoveryListCtrl::InsertColumns() {
+    InsertColumn(nameColumn, Text(TextKey::DISCOVERED_LIST_COLUMN_MODEL));
+    InsertColumn(addressColumn, Text(TextKey::DISCOVERED_LIST_COLUMN_IPADDRESS));
+    InsertColumn(lastColumn, Text(TextKey::DISCOVERED_LIST_COLUMN_PRINTER));
+    SetColumnWidth(nameColumn, Scaled(nameWidth, GetSafeHwnd()));
+    FitColumnToHeading(addressColumn);
+    SetColumnWidth(addressColumn, GetColumnWidth(addressColumn) + Scaled(addedWidth, GetSafeHwnd()));
+    FitColumnToHeading(lastColumn);
+}
+
+void DiscoveryListCtrl::InsertRow(const Row& row) {
+    const int index = static_cast<int>(rows.size());
+    InsertItem(index, row[nameColumn], index);
+    SetItemText(index, addressColumn, row[addressColumn]);
+    SetItemText(index, lastColumn, row[lastColumn]);
+    rows.push_back(row);
+}
+
+void DiscoveryListCtrl::OnColumnClick(int column) {
+    if (GetItemCount() == 0) return;
+    sortAscending = column != sortColumn || !sortAscending;
+    sortColumn = column;
+    if (Sort()) ShowOrder();
+}
+
+bool DiscoveryListCtrl::Sort() {
+    // Loaded for the length of the sort, or each cell's check would load it anew.
+    const Library network = LoadSystemLibrary(L"Ws2_32.dll");
+    Sorting sorting{.cells = {}, .ascending = sortAscending};
+    sorting.cells.reserve(rows.size());
+    for (const Row& row : rows) {
+        const std::wstring& text = row.at(static_cast<size_t>(sortColumn));
+        sorting.cells.push_back({.text = text, .isAddress = IsValidIpAddress(text) == 1});
+    }
+    return ListView_SortItems(GetSafeHwnd(), &CompareRows, reinterpret_cast<LPARAM>(&sorting)) != FALSE;
+}
+
+void DiscoveryListCtrl::LoadImages() {
+    images.reset(ImageList_Create(imageSize, imageSize, ILC_COLOR32, columnCount, 0));
+    for (const wchar_t* const name : {L"bullet_arrow_up", L"bullet_arrow_down", L"bullet_toggle_plus"}) {
+        ATL::CImage image;
+        // The headings go without pictures rather than with the wrong ones.
+        if (!image.Load(std::wstring(L"..\\res\\images\\") + name + L".png")) return;
+        ImageList_Add(images.get(), image.GetBitmap(), nullptr);
+    }
+    Header_SetImageList(ListView_GetHeader(GetSafeHwnd()), images.get());
+}
+
+void DiscoveryListCtrl::ShowOrder() {
+    for (int column = 0; column < GetColumnCount(); ++column) {
+        HDITEMW item{.mask = HDI_IMAGE | HDI_FORMAT};
+        item.fmt = HDF_STRING | HDF_LEFT | HDF_IMAGE | HDF_BITMAP_ON_RIGHT;
+        item.iImage = unsortedImage;
+        if (column == sortColumn) item.iImage = sortAscending ? ascendingImage : descendingImage;
+        ::SendMessageW(ListView_GetHeader(GetSafeHwnd()), HDM_SETITEMW, static_cast<WPARAM>(column),
+                       reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+std::wstring DiscoveryListCtrl::SelectedName() const {
+    const int row = SelectedRow();
+    return row < 0 ? std::wstring() : GetItemText(row, nameColumn);
+}
+
+std::wstring DiscoveryListCtrl::SelectedAddress() const {
+    const int row = SelectedRow();
+    return row < 0 ? std::wstring() : GetItemText(row, addressColumn);
+}
+
+// Who reaches the list by the keyboard finds a row there.
+LRESULT DiscoveryListCtrl::OnKeyUp(WPARAM key, LPARAM) {
+    if (key == VK_TAB && GetItemCount() > 0 && SelectedRow() < 0) {
+        SelectRow(0);
+        SetFocus();
+        ListView_EnsureVisible(GetSafeHwnd(), 0, FALSE);
+    }
+    return Default();
+}

@@ -1,0 +1,48 @@
+// The list of found devices: its columns, its rows, and their order.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <list>
+#include <string>
+#include <vector>
+
+#include "discovery/DiscoveredDevice.h"
+#include "framework/CListCtrl.h"
+#include "framework/Handles.h"
+
+class DiscoveryListCtrl : public CListCtrl {
+public:
+    // Replaces everything by one column with that heading and no rows.
+    void ShowMessage(const std::wstring& heading);
+    // Replaces everything by the devices, in the order that the user chose last.
+    void ShowDevices(const std::list<DiscoveredDevice>& devices);
+
+    // For LVN_COLUMNCLICK: sorts by that column, or the other way round if it is sorted by it.
+    void OnColumnClick(int column);
+
+    // The texts of the first selected row; empty without one.
+    std::wstring SelectedName() const;
+    std::wstring SelectedAddress() const;
+
+protected:
+    const MessageMap& GetMessageMap() const override;
+
+private:
+    static constexpr size_t columnCount = 3;
+    using Row = std::array<std::wstring, columnCount>;
+
+    LRESULT OnKeyUp(WPARAM key, LPARAM);
+    void InsertColumns();
+    void InsertRow(const Row& row);
+    bool Sort();
+    void LoadImages();
+    void ShowOrder();
+
+    int sortColumn = 0;
+    bool sortAscending = true;
+    ImageList images;
+    // The cells, by the number that each row of the control carries: the control cannot be asked for texts
+    // while it sorts.
+    std::vector<Row> rows;
+};

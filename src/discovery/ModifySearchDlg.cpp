@@ -1,0 +1,282 @@
+#include "discovery/ModifySearchDlg.h"
+
+#include <windows.h>
+
+#include "CommonLib/AddressText.h"
+#include "CommonLib/IpAddress.h"
+#include "CommonLib/Logger.h"
+#include "CommonLib/SystemVersion.h"
+#include "settings/InstallSettings.h"
+#include "settings/TagDocument.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+constexpr UINT dialogTemplate = 138;
+constexpr DWORD topic = 1569;
+constexpr int localId = 1026;
+constexpr int hostRadioId = 1027;
+constexpr int subnetRadioId = 1028;
+constexpr int hostId = 1029;
+constexpr int addressLabelId = 1030;
+constexpr int addressId = 1031;
+constexpr int maskLabelId = 1032;
+constexpr int maskId = 1033;
+constexpr int helpId = 1057;
+
+constexpr UINT_PTR checkTimer = 0;
+constexpr UINT pauseInMilliseconds = 300;
+constexpr size_t longestHost = 255;
+constexpr size_t longestAddress = 45;
+constexpr std::uint16_t windowsVista = 0;
+
+// Systems before Vista cannot read addresses: they take every one.
+bool CanTestAddresses() {
+    return IsWindowsVersionOrGreater(windowsVista);
+}
+
+bool IsAcceptedHost(const std::wstring& text) {
+    return (CanTestAddresses() && IsValidIpAddress(text) == 1) || IsValidHostName(text);
+}
+
+bool IsAcceptedAddress(const std::wstring& text) {
+    return !CanTestAddresses() || IsValidIpAddress(text) == 1;
+}
+
+}  // namespace
+
+const MessageMap& ModifySearchDlg::GetMessageMap() const {
+    using On = EventsOf<ModifySearchDlg>;
+    static const MessageMap map(&Events(),
+                                {
+                                    On::Message(WM_SHOWWINDOW, &ModifySearchDlg::OnShowWindow),
+                                    On::Message(WM_TIMER, &ModifySearchDlg::OnTimer),
+                                    On::Control(hostId, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
+                                    On::Control(addressId, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
+                                    On::Control(maskId, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
+                                    On::Click(localId, &ModifySearchDlg::OnRadio),
+                                    On::Click(hostRadioId, &ModifySearchDlg::OnRadio),
+                                    On::Click(subnetRadioId, &ModifySearchDlg::OnRadio),
+                                });
+    return map;
+}
+
+ModifySearchDlg::ModifySearchDlg(CWnd* parentWindow) : InstallDialogEx(dialogTemplate, parentWindow) {
+    addressField.limitText = TextKey::MSG_IP_LIMIT;
+    addressField.invalidText = TextKey::MSG_INVALID_IP;
+    maskField.limitText = TextKey::MSG_SUBNET_LIMIT;
+    maskField.invalidText = TextKey::MSG_INVALID_SUBNET;
+}
+
+bool ModifySearchDlg::OnInitDialog() {
+    InstallDialogEx::OnInitDialog();
+    hostEdit.SubclassDlgItem(hostId, *this);
+    addressField.edit.SubclassDlgItem(addressId, *this);
+    maskField.edit.SubclassDlgItem(maskId, *this);
+    okButton.SubclassDlgItem(IDOK, *this);
+    cancelButton.SubclassDlgItem(IDCANCEL, *this);
+    helpButton.SubclassDlgItem(helpId, *this);
+    helpTopic = topic;
+    SetUpTexts();
+    toolTips.AddTool(GetDlgItem(localId), GetLocalizedText(TextKey::LOCAL_SUBNET_SEARCH_TOOLTIP));
+    toolTips.AddTool(GetDlgItem(hostRadioId), GetLocalizedText(TextKey::IP_HOSTNAME_SEARCH_TOOLTIP));
+    toolTips.AddTool(GetDlgItem(subnetRadioId), GetLocalizedText(TextKey::SUBNET_SEARCH_TOOLTIP));
+    toolTips.Activate(true);
+    helpButton.SetImagePath(helpImagePath);
+    okButton.SetPrimary();
+    return true;
+}
+
+void ModifySearchDlg::SetUpTexts() {
+    SetWindowText(GetLocalizedText(TextKey::ADD_NETWORK_PRINTER));
+    SetUpControl(localId, TextKey::LOCAL_SUBNET_SEARCH, fontBody);
+    SetUpControl(hostRadioId, TextKey::IP_HOSTNAME_SEARCH, fontBody);
+    SetUpControl(subnetRadioId, TextKey::SUBNET_SEARCH, fontBody);
+    SetUpControl(addressLabelId, TextKey::IP_ADDRESS, fontBody);
+    SetUpControl(maskLabelId, TextKey::SUBNET_MASK, fontBody);
+    for (const int id : {hostId, addressId, maskId}) SetControlFont(id, fontBody);
+    SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);
+    SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
+    SetUpControl(helpId, TextKey::HELP_BUTTON, fontButton);
+}
+
+// Restores the fields from the search that is in place.
+LRESULT ModifySearchDlg::OnShowWindow(WPARAM, LPARAM) {
+    const std::wstring search = InstallSettings::GetInstance().GetString(Tag::DISCOVER_PARAMS);
+    const std::wstring host = TagDocument::ValueOf(search, Tag::UNICAST_ADDRESS);
+    const std::wstring subnet = TagDocument::ValueOf(search, Tag::REMOTE_SUBNETS);
+    if (search.empty()) {
+        CheckRadio(localId);
+        FocusControl(localId);
+        OnRadio();
+    } else if (!host.empty()) {
+        EnableFields(true, false);
+        Fill(hostEdit, host);
+        CheckRadio(hostRadioId);
+        EnableControl(IDOK, true);
+    } else if (!subnet.empty()) {
+        RestoreSubnet(subnet);
+    } else {
+        LogBasic(L"No control is checked");
+    }
+    ShowControl(helpId, false);
+    return Default();
+}
+
+void ModifySearchDlg::RestoreSubnet(const std::wstring& subnet) {
+    const size_t colon = subnet.find(L':');
+    if (colon == std::wstring::npos) {
+        LogBasic(L"Subnet values are not proper");
+        return;
+    }
+    EnableFields(false, true);
+    std::wstring mask = subnet.substr(colon + 1);
+    if (!mask.empty()) mask.pop_back();
+    maskField.edit.SetWindowText(mask);
+    Fill(addressField.edit, subnet.substr(0, colon));
+    CheckRadio(subnetRadioId);
+    EnableControl(IDOK, true);
+}
+
+void ModifySearchDlg::Fill(CEdit& edit, const std::wstring& text) {
+    edit.SetWindowText(text);
+    edit.SetFocus();
+    edit.MoveCaretToEnd();
+}
+
+bool ModifySearchDlg::IsChecked(int radioId) const {
+    return IsDlgButtonChecked(GetSafeHwnd(), radioId) == BST_CHECKED;
+}
+
+void ModifySearchDlg::CheckRadio(int radioId) {
+    CheckRadioButton(GetSafeHwnd(), localId, subnetRadioId, radioId);
+}
+
+void ModifySearchDlg::EnableFields(bool host, bool subnet) {
+    EnableControl(hostId, host);
+    EnableControl(addressId, subnet);
+    EnableControl(maskId, subnet);
+}
+
+void ModifySearchDlg::OnRadio() {
+    if (IsChecked(localId)) {
+        EnableFields(false, false);
+    } else if (IsChecked(hostRadioId)) {
+        EnableFields(true, false);
+        hostEdit.SetFocus();
+    } else if (IsChecked(subnetRadioId)) {
+        EnableFields(false, true);
+        addressField.edit.SetFocus();
+    }
+    forceCheck = true;
+    ScheduleCheck();
+}
+
+// The check runs when the user has paused, but at once for a text that is too long.
+void ModifySearchDlg::ScheduleCheck() {
+    if (hostEdit.GetLength() > longestHost || addressField.edit.GetLength() > longestAddress ||
+        maskField.edit.GetLength() > longestAddress) {
+        KillTimer(GetSafeHwnd(), checkTimer);
+        Check();
+    } else if (SetTimer(GetSafeHwnd(), checkTimer, pauseInMilliseconds, nullptr) == 0) {
+        LogAdvanced(L"Timer for validation could not be set");
+    }
+}
+
+LRESULT ModifySearchDlg::OnTimer(WPARAM timer, LPARAM) {
+    if (timer == checkTimer && KillTimer(GetSafeHwnd(), checkTimer) != FALSE) Check();
+    return 0;
+}
+
+void ModifySearchDlg::Check() {
+    EnableControl(IDOK, false);
+    if (IsChecked(localId) || (IsChecked(hostRadioId) && CheckHost())) {
+        EnableControl(IDOK, true);
+    } else if (IsChecked(subnetRadioId)) {
+        const bool isAddressGood = CheckAddress(addressField);
+        const bool isMaskGood = CheckAddress(maskField);
+        if (isAddressGood && isMaskGood) EnableControl(IDOK, true);
+    }
+}
+
+// A text that was checked before is refused, valid or not, until it changes, and this is meant. A text that
+// is cut off counts as good without a test.
+bool ModifySearchDlg::CheckHost() {
+    const std::wstring text = hostEdit.GetText(longestHost + 1);
+    if (text.empty() || (text == lastHostText && !forceCheck)) {
+        if (text.empty()) forceCheck = false;
+        return false;
+    }
+    bool accepted = true;
+    if (hostEdit.GetLength() > longestHost) {
+        CutOff(hostEdit, longestHost, TextKey::MSG_HOSTNAME_LIMIT);
+    } else {
+        accepted = IsAcceptedHost(text);
+        // Before Vista the message comes whether or not the text has changed.
+        if (!accepted && (text != lastHostText || !CanTestAddresses())) {
+            Complain(hostEdit, TextKey::MSG_INVALID_IPHOST_NAME);
+        }
+    }
+    lastHostText = hostEdit.GetText(longestHost);
+    forceCheck = false;
+    return accepted;
+}
+
+// Clears the force for the field that is checked next, which an unchanged text then passes in silence.
+bool ModifySearchDlg::CheckAddress(AddressField& field) {
+    const std::wstring text = field.edit.GetText(longestAddress + 2);
+    const bool accepted = !text.empty() && TestAddress(field, text);
+    forceCheck = false;
+    return accepted;
+}
+
+bool ModifySearchDlg::TestAddress(AddressField& field, const std::wstring& text) {
+    const bool isChanged = text != field.lastText;
+    if (isChanged && field.edit.GetLength() > longestAddress) {
+        CutOff(field.edit, longestAddress, field.limitText);
+        field.lastText = field.edit.GetText(longestAddress);
+        return true;
+    }
+    field.lastText = text;
+    const bool accepted = IsAcceptedAddress(text);
+    if (!accepted && isChanged) Complain(field.edit, field.invalidText);
+    return accepted;
+}
+
+void ModifySearchDlg::CutOff(CEdit& edit, size_t longest, std::wstring_view limitText) {
+    edit.SetWindowText(edit.GetText(longest));
+    edit.MoveCaretToEnd();
+    Complain(edit, limitText);
+}
+
+void ModifySearchDlg::Complain(CEdit& edit, std::wstring_view textKey) {
+    edit.ShowBalloonTip(GetLocalizedText(textKey));
+    MessageBeep(MB_OK);
+}
+
+// Enter confirms past the check, whether OK is enabled or not, and this is meant.
+bool ModifySearchDlg::PreTranslateMessage(MSG* message) {
+    if (message->message == WM_KEYDOWN && message->wParam == VK_RETURN) {
+        OnOK();
+        return true;
+    }
+    return InstallDialogEx::PreTranslateMessage(message);
+}
+
+void ModifySearchDlg::OnOK() {
+    InstallSettings& settings = InstallSettings::GetInstance();
+    if (IsChecked(hostRadioId)) {
+        const std::wstring host = hostEdit.GetText(longestHost);
+        settings.SetString(Tag::DISCOVER_PARAMS, TagDocument::MakeElement(Tag::UNICAST_ADDRESS, host));
+        LogBasic(L"Filter for Hostname: " + host);
+    } else if (IsChecked(subnetRadioId)) {
+        const std::wstring subnet =
+            addressField.edit.GetText(longestAddress) + L":" + maskField.edit.GetText(longestAddress) + L";";
+        settings.SetString(Tag::DISCOVER_PARAMS, TagDocument::MakeElement(Tag::REMOTE_SUBNETS, subnet));
+        LogBasic(L"Filter for Subnet: " + subnet);
+    } else {
+        settings.SetString(Tag::DISCOVER_PARAMS, {});
+        LogBasic(L"No user-set filter in place");
+    }
+    EndDialog(IDOK);
+}
