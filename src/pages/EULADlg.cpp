@@ -45,6 +45,11 @@ const MessageMap& EULADlg::GetMessageMap() const {
 
 EULADlg::EULADlg() : InstallDialogEx(dialogTemplate), richEdit(LoadSystemLibrary(L"riched20.dll")) {}
 
+// The text's window goes before the library that holds its procedure.
+EULADlg::~EULADlg() {
+    DestroyWindow();
+}
+
 bool EULADlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     agreeButton.SubclassDlgItem(IDOK, *this);

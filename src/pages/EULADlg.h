@@ -10,6 +10,7 @@
 class EULADlg : public InstallDialogEx {
 public:
     EULADlg();
+    ~EULADlg() override;
 
 protected:
     bool OnInitDialog() override;

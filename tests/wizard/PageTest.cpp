@@ -1,5 +1,7 @@
 #include "PageTest.h"
 
+#include "BitmapFile.h"
+
 namespace {
 
 // Far enough inside to miss a frame and a rounded corner, and short of the text.
@@ -43,24 +45,8 @@ bool PageTest::StaysQuiet() const {
                       std::chrono::milliseconds(300));
 }
 
-// A bitmap, since pictures are known by what they hold and not by their names.
 void PageTest::AddPicture(const std::wstring& name, COLORREF colour) {
-    constexpr int width = 16;
-    const BITMAPINFOHEADER header{.biSize = sizeof(BITMAPINFOHEADER),
-                                  .biWidth = width,
-                                  .biHeight = width,
-                                  .biPlanes = 1,
-                                  .biBitCount = 24};
-    constexpr DWORD start = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
-    const BITMAPFILEHEADER file{.bfType = 0x4D42, .bfSize = start + width * width * 3, .bfOffBits = start};
-    std::string bytes(reinterpret_cast<const char*>(&file), sizeof(file));
-    bytes.append(reinterpret_cast<const char*>(&header), sizeof(header));
-    for (int pixel = 0; pixel < width * width; ++pixel) {
-        for (const BYTE part : {GetBValue(colour), GetGValue(colour), GetRValue(colour)}) {
-            bytes += static_cast<char>(part);
-        }
-    }
-    tree.WriteFile(L"Setup\\res\\images\\" + name, bytes);
+    tree.WriteFile(L"Setup\\res\\images\\" + name, BitmapFile(colour));
 }
 
 bool PageTest::ShowsColour(HWND window, COLORREF colour) {

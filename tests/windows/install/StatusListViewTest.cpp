@@ -1,0 +1,51 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "framework/CDialogEx.h"
+#include "install/StatusListView.h"
+#include "settings/TagNames.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/ArabicUser.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+
+namespace {
+
+class StatusListViewTest : public SettingsTest {
+protected:
+    StatusListViewTest() {
+        window.Create(IDD_TEST, nullptr);
+        list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT, 0, 0, 200, 100,
+                               window.GetSafeHwnd(), nullptr, nullptr, nullptr);
+        Settings().SetString(Tag::APP_INSTALLATION_STATUS,
+                             L"<App 0><NAME>.NET</NAME><STATUS>0</STATUS></App 0>"
+                             L"<App 1><NAME>Ink 2.0</NAME><STATUS>0</STATUS></App 1>");
+        view.Attach(list);
+    }
+
+    std::wstring NameIn(int row) const {
+        wchar_t text[80]{};
+        ListView_GetItemText(list, row, 1, text, 80);
+        return text;
+    }
+
+    TestApp app;
+    CDialogEx window;
+    HWND list = nullptr;
+    StatusListView view;
+};
+
+TEST_F(StatusListViewTest, MarksANameThatBeginsWithAPointForAnArabicUser) {
+    const ArabicUser user;
+    view.Fill();
+    EXPECT_EQ(NameIn(0), L"\x200E.NET");
+    EXPECT_EQ(NameIn(1), L"Ink 2.0");
+}
+
+TEST_F(StatusListViewTest, LeavesNamesAloneForOtherUsers) {
+    view.Fill();
+    EXPECT_EQ(NameIn(0), L".NET");
+}
+
+}  // namespace

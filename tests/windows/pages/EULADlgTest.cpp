@@ -1,0 +1,51 @@
+#include "pages/EULADlg.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/PatchedImport.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+constexpr int licenceText = 1024;
+constexpr LANGID indonesian = 0x0421;
+
+LANGID WINAPI TellIndonesian() {
+    return indonesian;
+}
+
+class EULADlgTest : public SettingsTest {
+protected:
+    EULADlgTest() { window.Create(IDD_TEST, nullptr); }
+
+    // The text that the page shows once it is built.
+    std::wstring Shown() {
+        page.Create(137, &window);
+        return TextOf(page.GetDlgItem(licenceText));
+    }
+
+    TestApp app;
+    CDialogEx window;
+    EULADlg page;
+};
+
+TEST_F(EULADlgTest, LooksForTheShortCodeOfIndonesian) {
+    tree.Add(L"Notices\\EULA\\eula_en.txt", "English");
+    tree.Add(L"Notices\\EULA\\eula_id.txt", "Indonesian");
+    const PatchedImport language("GetUserDefaultUILanguage", &TellIndonesian);
+    EXPECT_THAT(Shown(), HasSubstr(L"Indonesian"));
+    EXPECT_THAT(AdvancedMessages(),
+                testing::IsSupersetOf(
+                    {std::wstring(L"EULADlg::GetEULAPath(), currentLangId = 1057 primaryLangId = 33"),
+                     L"EULA path being used: " + ProgramTree::AsWritten(L"Notices\\EULA\\eula_id.txt")}));
+}
+
+TEST_F(EULADlgTest, FallsBackToEnglish) {
+    tree.Add(L"Notices\\EULA\\EULA_en.txt", "English");
+    const PatchedImport language("GetUserDefaultUILanguage", &TellIndonesian);
+    EXPECT_THAT(Shown(), HasSubstr(L"English"));
+}
+
+}  // namespace

@@ -1,0 +1,66 @@
+#include "pages/ManufacturerDlg.h"
+#include "settings/TagNames.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/ArabicUser.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+constexpr int list = 1069;
+
+class ManufacturerDlgTest : public SettingsTest {
+protected:
+    ManufacturerDlgTest() {
+        window.Create(IDD_TEST, nullptr);
+        Settings().SetString(Tag::MANUFACTURERS, L"Velt Co.:1|B. Co:2");
+    }
+
+    std::vector<std::wstring> Listed() const {
+        std::vector<std::wstring> names;
+        const auto count = page.GetDlgItem(list) == nullptr ? 0 : Ask(CB_GETCOUNT, 0);
+        for (WPARAM index = 0; index < static_cast<WPARAM>(count); ++index) {
+            std::wstring name(static_cast<size_t>(Ask(CB_GETLBTEXTLEN, index)), L'\0');
+            Ask(CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(name.data()));
+            names.push_back(name);
+        }
+        return names;
+    }
+
+    TestApp app;
+    CDialogEx window;
+    ManufacturerDlg page;
+
+private:
+    LRESULT Ask(UINT message, WPARAM wParam, LPARAM lParam = 0) const {
+        return SendMessageW(page.GetDlgItem(list), message, wParam, lParam);
+    }
+};
+
+TEST_F(ManufacturerDlgTest, MarksAFinalPointForAnArabicUser) {
+    const ArabicUser user;
+    page.Create(144, &window);
+    EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.\x200E", L"B. Co"));
+}
+
+TEST_F(ManufacturerDlgTest, LeavesNamesAloneForOtherUsers) {
+    page.Create(144, &window);
+    EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.", L"B. Co"));
+}
+
+// The mark is part of the stored name too, so the name without it is not found any more; this is meant.
+TEST_F(ManufacturerDlgTest, FindsNoDefaultUnderTheNameWithoutItsMark) {
+    Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.");
+    const ArabicUser user;
+    page.Create(144, &window);
+    page.SendMessage(WM_SHOWWINDOW, TRUE);
+    EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+    Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.\x200E");
+    page.SendMessage(WM_SHOWWINDOW, TRUE);
+    EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+    EXPECT_EQ(Settings().GetString(Tag::OEMBYTE), L"1");
+}
+
+}  // namespace

@@ -1,0 +1,176 @@
+// High contrast: what follows the user's setting at once and what keeps to the one it was made under.
+
+#include "CommonLib/Files.h"
+#include "framework/Handles.h"
+#include "pages/ManufacturerDlg.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/PatchedImport.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+#include "tests/windows/world/WorkingFolder.h"
+#include "tests/wizard/BitmapFile.h"
+#include "wizard/CQorFlatButton.h"
+#include "wizard/CQorLinkButton.h"
+#include "wizard/KestruneDlg.h"
+
+namespace {
+
+constexpr int helpButton = 1057;
+constexpr COLORREF plainPicture = RGB(0, 0, 255);
+constexpr COLORREF contrastPicture = RGB(255, 0, 255);
+constexpr COLORREF white = RGB(255, 255, 255);
+
+bool isOn = false;
+
+BOOL WINAPI TellSetting(UINT question, UINT, void* answer, UINT) {
+    if (question != SPI_GETHIGHCONTRAST) return FALSE;
+    static_cast<HIGHCONTRASTW*>(answer)->dwFlags = isOn ? HCF_HIGHCONTRASTON : 0;
+    return TRUE;
+}
+
+// A sheet of paper that a test lets something draw on.
+class Sheet {
+public:
+    static constexpr RECT area{0, 0, 60, 24};
+
+    Sheet() { Clear(); }
+    HDC Context() const { return context.get(); }
+    COLORREF At(int x, int y) const { return GetPixel(context.get(), x, y); }
+    void Clear() { FillRect(context.get(), &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))); }
+
+private:
+    static HBITMAP MakeBitmap() {
+        BITMAPINFO info{};
+        info.bmiHeader = {.biSize = sizeof(BITMAPINFOHEADER),
+                          .biWidth = area.right,
+                          .biHeight = area.bottom,
+                          .biPlanes = 1,
+                          .biBitCount = 32};
+        void* pixels = nullptr;
+        return CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+    }
+
+    Bitmap bitmap{MakeBitmap()};
+    MemoryDc context{CreateCompatibleDC(nullptr)};
+    SelectedObject selected{context.get(), bitmap.get()};
+};
+
+class HighContrastTest : public SettingsTest {
+protected:
+    HighContrastTest() {
+        isOn = false;
+        tree.Add(L"Setup\\res\\images\\help.png", BitmapFile(plainPicture));
+        tree.Add(L"Setup\\res\\images\\high_contrast_help.png", BitmapFile(contrastPicture));
+        window.Create(IDD_TEST, nullptr);
+    }
+
+    // The colour of the picture on the page's help button.
+    COLORREF HelpPicture(const ManufacturerDlg& page) {
+        const LRESULT icon = SendMessageW(page.GetDlgItem(helpButton), BM_GETIMAGE, IMAGE_ICON, 0);
+        sheet.Clear();
+        DrawIconEx(sheet.Context(), 0, 0, reinterpret_cast<HICON>(icon), 0, 0, 0, nullptr, DI_NORMAL);
+        return sheet.At(4, 4);
+    }
+
+    void Erase(const CWnd& page) {
+        page.SendMessage(WM_ERASEBKGND, reinterpret_cast<WPARAM>(sheet.Context()));
+    }
+
+    DRAWITEMSTRUCT ItemIn(UINT state) const {
+        return {.CtlType = ODT_BUTTON, .itemState = state, .hDC = sheet.Context(), .rcItem = Sheet::area};
+    }
+
+    PatchedImport setting{"SystemParametersInfoW", &TellSetting};
+    WorkingFolder folder{GetExeDirectory()};
+    TestApp app;
+    CDialogEx window;
+    Sheet sheet;
+};
+
+TEST_F(HighContrastTest, ChangesThePicturesAtTheNextPaint) {
+    ManufacturerDlg page;
+    page.Create(144, &window);
+    EXPECT_EQ(HelpPicture(page), plainPicture);
+    isOn = true;
+    EXPECT_EQ(HelpPicture(page), plainPicture);
+    Erase(page);
+    EXPECT_EQ(HelpPicture(page), contrastPicture);
+    isOn = false;
+    Erase(page);
+    EXPECT_EQ(HelpPicture(page), plainPicture);
+}
+
+TEST_F(HighContrastTest, GivesTheMainWindowTheSystemsGround) {
+    KestruneDlg main;
+    main.Create(KestruneDlg::templateId, nullptr);
+    Erase(main);
+    EXPECT_EQ(sheet.At(2, 2), white);
+    isOn = true;
+    Erase(main);
+    EXPECT_EQ(sheet.At(2, 2), GetSysColor(COLOR_3DFACE));
+}
+
+struct FaceCase {
+    const char* name;
+    UINT state;
+    int face;
+    int frame;
+};
+
+void PrintTo(const FaceCase& face, std::ostream* stream) {
+    *stream << face.name;
+}
+
+class HighContrastFaceTest : public HighContrastTest, public testing::WithParamInterface<FaceCase> {
+protected:
+    void Draw(CQorFlatButton& button) {
+        SetWindowLongPtrW(window.GetDlgItem(IDC_TEST_BUTTON), GWL_STYLE, WS_CHILD | BS_FLAT);
+        button.SubclassDlgItem(IDC_TEST_BUTTON, window);
+        button.DrawItem(ItemIn(GetParam().state));
+    }
+};
+
+TEST_P(HighContrastFaceTest, TakesTheSystemsColours) {
+    isOn = true;
+    CQorFlatButton button;
+    Draw(button);
+    EXPECT_EQ(sheet.At(3, 3), GetSysColor(GetParam().face));
+    EXPECT_EQ(sheet.At(0, 0), GetSysColor(GetParam().frame));
+}
+
+// The buttons are made at the start, so a later change does not reach them, and this is meant.
+TEST_P(HighContrastFaceTest, StaysWhenTheSettingGoes) {
+    isOn = true;
+    CQorFlatButton button;
+    isOn = false;
+    Draw(button);
+    EXPECT_EQ(sheet.At(3, 3), GetSysColor(GetParam().face));
+}
+
+TEST_P(HighContrastFaceTest, DoesNotComeWithALaterSetting) {
+    CQorFlatButton button;
+    isOn = true;
+    Draw(button);
+    EXPECT_NE(sheet.At(3, 3), GetSysColor(GetParam().face));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    States, HighContrastFaceTest,
+    testing::Values(FaceCase{"Normal", 0, COLOR_BTNFACE, COLOR_ACTIVEBORDER},
+                    FaceCase{"Hot", ODS_HOTLIGHT, COLOR_BTNHIGHLIGHT, COLOR_ACTIVEBORDER},
+                    FaceCase{"Focused", ODS_FOCUS, COLOR_BTNFACE, COLOR_ACTIVEBORDER},
+                    FaceCase{"Pressed", ODS_SELECTED, COLOR_BTNFACE, COLOR_ACTIVEBORDER},
+                    FaceCase{"Disabled", ODS_DISABLED, COLOR_BTNFACE, COLOR_INACTIVEBORDER}),
+    [](const testing::TestParamInfo<FaceCase>& face) { return std::string(face.param.name); });
+
+TEST_F(HighContrastTest, GivesALinkTheSystemsGroundAtOnce) {
+    CQorLinkButton link;
+    link.SubclassDlgItem(IDC_TEST_BUTTON, window);
+    link.DrawItem(ItemIn(0));
+    EXPECT_EQ(sheet.At(50, 3), white);
+    isOn = true;
+    link.DrawItem(ItemIn(0));
+    EXPECT_EQ(sheet.At(50, 3), GetSysColor(COLOR_BTNFACE));
+}
+
+}  // namespace

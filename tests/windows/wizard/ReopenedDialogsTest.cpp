@@ -1,0 +1,98 @@
+// Every dialog gives back what it takes: it is opened and closed over and over, and the counts stay.
+
+#include <functional>
+#include <memory>
+
+#include "CommonLib/Files.h"
+#include "install/CDisplayAppsListDlg.h"
+#include "install/FileInUseDlg.h"
+#include "install/FinishDlg.h"
+#include "install/ProgressDialog.h"
+#include "install/RMFileInUseDlg.h"
+#include "install/RebootDlg.h"
+#include "pages/ConnectivityDlg.h"
+#include "pages/EULADlg.h"
+#include "pages/ManufacturerDlg.h"
+#include "pages/OptionalSoftwareBypassDlg.h"
+#include "pages/StartDlg.h"
+#include "settings/TagNames.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/ObjectCounts.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+#include "tests/windows/world/WorkingFolder.h"
+#include "tests/wizard/BitmapFile.h"
+
+namespace {
+
+using DialogMaker = std::function<std::unique_ptr<InstallDialogEx>()>;
+
+struct DialogCase {
+    const char* name;
+    DialogMaker make;
+};
+
+void PrintTo(const DialogCase& dialog, std::ostream* stream) {
+    *stream << dialog.name;
+}
+
+template <class Dialog>
+DialogCase Of(const char* name) {
+    return {.name = name, .make = [] { return std::make_unique<Dialog>(); }};
+}
+
+class ReopenedDialogsTest : public SettingsTest, public testing::WithParamInterface<DialogCase> {
+protected:
+    ReopenedDialogsTest() {
+        for (const wchar_t* picture : {L"help", L"high_contrast_help", L"refresh", L"high_contrast_refresh",
+                                       L"check", L"x", L"network", L"usb", L"installsuccess"}) {
+            tree.Add(L"Setup\\res\\images\\" + std::wstring(picture) + L".png", BitmapFile(RGB(0, 0, 255)));
+        }
+        tree.Add(L"Notices\\EULA\\eula_en.txt", "Be kind.\n");
+        Settings().SetString(Tag::MANUFACTURERS, L"A:1|B:2");
+        Settings().SetString(Tag::INFOCENTER_LINK, L"http://help.test");
+        Settings().SetString(Tag::APP_INSTALLATION_STATUS,
+                             L"<App 0><NAME>a</NAME><STATUS>0</STATUS></App 0>");
+        SwitchAdvancedLog(0);
+        window.Create(IDD_TEST, nullptr);
+        window.ShowWindow(SW_SHOW);
+    }
+
+    void OpenAndClose(int times) {
+        for (int count = 0; count < times; ++count) {
+            const std::unique_ptr<InstallDialogEx> dialog = GetParam().make();
+            ASSERT_TRUE(dialog->Create(dialog->TemplateId(), &window));
+            dialog->ShowWindow(SW_SHOW);
+            UpdateWindow(dialog->GetSafeHwnd());
+            PumpMessages();
+            dialog->ShowWindow(SW_HIDE);
+            dialog->DestroyWindow();
+            PumpMessages();
+        }
+    }
+
+    WorkingFolder folder{GetExeDirectory()};
+    TestApp app;
+    CDialogEx window;
+};
+
+TEST_P(ReopenedDialogsTest, LeaveNothingBehind) {
+    // What the process keeps from the first ones on is not theirs.
+    OpenAndClose(3);
+    const ObjectCounts before = CountObjects();
+    OpenAndClose(100);
+    EXPECT_EQ(CountObjects(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, ReopenedDialogsTest,
+    testing::Values(Of<StartDlg>("Start"), Of<EULADlg>("Licence"), Of<ManufacturerDlg>("Manufacturer"),
+                    Of<OptionalSoftwareBypassDlg>("Bypass"), Of<ConnectivityDlg>("Connectivity"),
+                    Of<ProgressDialog>("Progress"), Of<RebootDlg>("Restart"), Of<FileInUseDlg>("FilesInUse"),
+                    Of<RMFileInUseDlg>("FilesInUseOfTheRestartManager"),
+                    DialogCase{"Finish", [] { return std::make_unique<FinishDlg>(L"Finish Dialog"); }},
+                    DialogCase{"SoftwareList",
+                               [] { return std::make_unique<CDisplayAppsListDlg>(nullptr); }}),
+    [](const testing::TestParamInfo<DialogCase>& dialog) { return std::string(dialog.param.name); });
+
+}  // namespace

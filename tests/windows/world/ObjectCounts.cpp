@@ -1,0 +1,80 @@
+#include "ObjectCounts.h"
+
+#include <windows.h>
+
+#include <winternl.h>
+
+#include <atomic>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::atomic<int> liveAllocations = 0;
+
+// Handles are multiples of four, given out from the lowest free one on.
+int CountKernelHandles() {
+    constexpr std::uintptr_t step = 4;
+    constexpr std::uintptr_t enough = 0x4000;
+    int count = 0;
+    for (std::uintptr_t value = step; value < enough; value += step) {
+        DWORD flags = 0;
+        if (GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags) != FALSE) ++count;
+    }
+    return count;
+}
+
+// An entry of the table of GDI objects that a 64-bit system maps into every process.
+struct GdiEntry {
+    std::uint64_t object;
+    std::uint32_t owner;
+    std::uint16_t generation;
+    std::uint8_t type;
+    std::uint8_t flags;
+    std::uint64_t userData;
+};
+
+// Where the system does not tell its count, its table does.
+int CountGdiObjects() {
+    if (const DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return static_cast<int>(told);
+    constexpr size_t tablePlace = 0xF8;
+    constexpr int entryCount = 0x4000;
+    const auto* const process =
+        reinterpret_cast<const std::uint8_t*>(NtCurrentTeb()->ProcessEnvironmentBlock);
+    const auto* const table = *reinterpret_cast<const GdiEntry* const*>(process + tablePlace);
+    int count = 0;
+    for (int index = 0; index < entryCount; ++index) count += table[index].type != 0 ? 1 : 0;
+    return count;
+}
+
+}  // namespace
+
+void* operator new(size_t size) {
+    void* const block = std::malloc(size == 0 ? 1 : size);
+    if (block == nullptr) throw std::bad_alloc();
+    ++liveAllocations;
+    return block;
+}
+
+void operator delete(void* block) noexcept {
+    if (block == nullptr) return;
+    --liveAllocations;
+    std::free(block);
+}
+
+void operator delete(void* block, size_t) noexcept {
+    operator delete(block);
+}
+
+void PrintTo(const ObjectCounts& counts, std::ostream* stream) {
+    *stream << counts.kernelHandles << " handles, " << counts.gdiObjects << " GDI objects, "
+            << counts.userObjects << " user objects, " << counts.allocations << " allocations";
+}
+
+ObjectCounts CountObjects() {
+    return {.kernelHandles = CountKernelHandles(),
+            .gdiObjects = CountGdiObjects(),
+            .userObjects = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)),
+            .allocations = liveAllocations};
+}
