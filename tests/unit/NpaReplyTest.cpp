@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+
+#include "discovery/NpaReply.h"
+#include "tests/fakes/NpaPacket.h"
+
+namespace {
+
+using Npa::Builder;
+using Npa::Bytes;
+
+std::wstring Widen(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+
+std::optional<NpaDeviceInfo> Decode(const Bytes& packet) {
+    return DecodeNpaReply(packet, Widen);
+}
+
+Bytes BranchOf(const Builder& builder, const std::vector<int>& ids, const Bytes& element) {
+    return builder.Packet({builder.Below(ids, element)});
+}
+
+TEST(NpaReplyTest, ReadsTheFaxFlag) {
+    const auto info = Decode(Npa::FaxReply(1));
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->HasFax());
+}
+
+TEST(NpaReplyTest, KnowsADeviceWithoutFaxByTheZero) {
+    const auto info = Decode(Npa::FaxReply(0));
+    ASSERT_TRUE(info);
+    EXPECT_FALSE(info->HasFax());
+}
+
+TEST(NpaReplyTest, HasNoFaxWithoutTheValue) {
+    const Builder builder;
+    const auto info = Decode(builder.Packet({}));
+    ASSERT_TRUE(info);
+    EXPECT_FALSE(info->HasFax());
+}
+
+TEST(NpaReplyTest, KeepsTheValuesOfItsKeysAlone) {
+    const Builder builder;
+    const Bytes tree = builder.Group(
+        1,
+        {builder.Group(1, {builder.Number(1, {7}), builder.Number(9, {8})}),
+         builder.Group(2, {builder.Text(1, "Loom"), builder.Text(9, "other"), builder.Number(4, {1, 2})})});
+    const auto info = Decode(builder.Packet({tree}));
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->numbers,
+              (std::map<std::string, std::uint32_t, std::less<>>{{"1.1.1.1", 7}, {"1.1.2.4", 0x0102}}));
+    EXPECT_EQ(info->texts, (std::map<std::string, std::wstring, std::less<>>{{"1.1.2.1", L"Loom"}}));
+}
+
+TEST(NpaReplyTest, StoresNoNumberUnderATextKey) {
+    const Builder builder;
+    const auto info = Decode(BranchOf(builder, {1, 2}, builder.Number(1, {7})));
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->numbers.empty());
+    EXPECT_TRUE(info->texts.empty());
+}
+
+TEST(NpaReplyTest, StepsOverAnUnknownTypeLikeANumber) {
+    const Builder builder;
+    const auto info = Decode(builder.Packet({builder.Group(
+        1, {builder.Group(3, {builder.Leaf(1, 9, {1, 2, 3}),
+                              builder.Group(17, {builder.Leaf(2, 200, {}), builder.Number(3, {1})})})})}));
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->HasFax());
+}
+
+TEST(NpaReplyTest, PassesOverAGroupOutsideTheDeviceBranch) {
+    const Builder builder;
+    // The content is no tree at all, which would fail if it were read.
+    const Bytes strange = builder.LyingGroup(2, 200, 3, {0xFF, 0xFF, 0xFF});
+    const auto info = Decode(builder.Packet({strange, builder.Below({1, 3, 17}, builder.Number(3, {1}))}));
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->HasFax());
+}
+
+TEST(NpaReplyTest, ReadsEveryGroupWhosePathHoldsTheText) {
+    const Builder builder;
+    EXPECT_FALSE(Decode(builder.Packet({builder.LyingGroup(12, 200, 3, {0xFF, 0xFF, 0xFF})})));
+}
+
+TEST(NpaReplyTest, TakesAnIdAbove127ForANegativeNumber) {
+    const Builder builder;
+    const auto info = Decode(builder.Packet(
+        {builder.Group(1, {builder.Group(3, {builder.Group(17, {builder.Number(0x83, {1})})})})}));
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->numbers.empty());
+}
+
+TEST(NpaReplyTest, ReadsAsWideAsTheReplyAnnounces) {
+    const Builder builder({.id = 2, .type = 3, .count = 4, .groupLength = 5, .leafLength = 6});
+    const auto info = Decode(BranchOf(builder, {1, 3, 17}, builder.Number(3, {0, 0, 0, 0, 1})));
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->HasFax());
+}
+
+TEST(NpaReplyTest, KeepsTheLowBitsOfALongNumber) {
+    const Builder builder;
+    const auto info = Decode(BranchOf(builder, {1, 1}, builder.Number(1, {9, 1, 2, 3, 4})));
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->numbers.at("1.1.1.1"), 0x01020304u);
+}
+
+TEST(NpaReplyTest, TakesAMissingLabelForTheWidthZero) {
+    // Neither ids nor types: everything is a group with the id 0, and none of it has elements.
+    const auto info = Decode(Npa::PacketOf("P{}P{}P{}", {}));
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->numbers.empty());
+}
+
+TEST(NpaReplyTest, FindsTheTreeAtItsPlaceWhateverTheTexts) {
+    const Builder builder;
+    const Bytes tree = builder.Group(1, {builder.Below({1, 3, 17}, builder.Number(3, {1}))});
+    const auto info = Decode(Npa::PacketOf("P{ID:1,DT:1}..{NE:1,LD:2}..{LD:2}xyz", tree));
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->HasFax());
+}
+
+TEST(NpaReplyTest, RefusesAnotherStartByte) {
+    Bytes packet = Npa::FaxReply(1);
+    packet[0] = 0xA4;
+    EXPECT_FALSE(Decode(packet));
+}
+
+TEST(NpaReplyTest, RefusesALengthThatIsNotThatOfThePacket) {
+    Bytes packet = Npa::FaxReply(1);
+    packet.push_back(0);
+    EXPECT_FALSE(Decode(packet));
+}
+
+TEST(NpaReplyTest, RefusesABlockThatLeavesThePacket) {
+    Bytes packet = Npa::FaxReply(1);
+    ++packet[9];
+    EXPECT_FALSE(Decode(packet));
+}
+
+class BrokenLayoutTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(BrokenLayoutTest, RefusesTheReply) {
+    const Builder builder;
+    EXPECT_FALSE(Decode(Npa::PacketOf(GetParam(), builder.Group(1, {}))));
+}
+
+INSTANTIATE_TEST_SUITE_P(Layouts, BrokenLayoutTest,
+                         testing::Values("Q{ID:1,DT:1}P{NE:1,LD:2}P{LD:2}", "P[ID:1,DT:1}P{NE:1,LD:2}P{LD:2}",
+                                         "P{ID:1,DT:1", "P{ID:1,DT:1}P{NE:1,LD:2",
+                                         "P{ID:1,DT:1}P{NE:1,LD:2}P{LD", "P{ID:99999999999,DT:1}P{NE:1}P{}"));
+
+TEST(NpaReplyTest, RefusesEveryBeginningOfAReply) {
+    const Bytes packet = Npa::FaxReply(1);
+    for (size_t length = 0; length < packet.size(); ++length) {
+        Bytes cut(packet.begin(), packet.begin() + static_cast<std::ptrdiff_t>(length));
+        if (length >= 3) {
+            cut[1] = 0;
+            cut[2] = static_cast<std::uint8_t>(length - 3);
+        }
+        EXPECT_FALSE(Decode(cut)) << length;
+    }
+}
+
+TEST(NpaReplyTest, RefusesElementsThatAreNotThere) {
+    const Builder builder;
+    EXPECT_FALSE(
+        Decode(Npa::PacketOf(builder.Layout(), builder.LyingGroup(1, 2, 0, builder.Number(5, {1})))));
+}
+
+TEST(NpaReplyTest, WalksAsDeepAsAPacketCanNest) {
+    const Builder builder;
+    Bytes tree;
+    // Each group claims one element and no length of its own, so its head is all it takes.
+    for (size_t depth = 0; depth < 12000; ++depth) tree = builder.LyingGroup(1, 1, 0, tree);
+    EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
+}
+
+TEST(NpaReplyTest, EndsOnGroupsThatNameTheSameBytesAgain) {
+    const Builder builder;
+    Bytes tree;
+    // Read to the letter, each group doubles the work: once as the content, once as what follows.
+    for (size_t group = 0; group < 4000; ++group) {
+        const Bytes head = builder.LyingGroup(1, 2, 0, {});
+        tree.insert(tree.end(), head.begin(), head.end());
+    }
+    EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
+}
+
+}  // namespace
