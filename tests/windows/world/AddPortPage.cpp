@@ -1,0 +1,82 @@
+#include "AddPortPage.h"
+
+#include <commctrl.h>
+
+#include "DialogUser.h"
+#include "settings/Localizer.h"
+#include "tests/windows/resource.h"
+
+AddPortPageTest::AddPortPageTest() {
+    window.Create(IDD_TEST, nullptr);
+    app.SetMainWnd(&window);
+}
+
+void AddPortPageTest::Open(const std::string& direction) {
+    AddTexts(
+        "<READING_ORDER>" + direction +
+        "</READING_ORDER><LANGUAGE_ID>1033</LANGUAGE_ID><LBL_LOCALIZED_AND>and</LBL_LOCALIZED_AND>"
+        "<DISCOVERED_PORTS>Existing</DISCOVERED_PORTS><IP_PORT>Network</IP_PORT><UNC_PORT>Shared</UNC_PORT>"
+        "<PORT_NAME_TEXT>Port &name:</PORT_NAME_TEXT><PORT_TYPE_TEXT>Type</PORT_TYPE_TEXT>"
+        "<CONFIG_SETTINGS_BUTTON>Configure</CONFIG_SETTINGS_BUTTON>"
+        "<DUP_PORT_TEXT>There is one.</DUP_PORT_TEXT><GEN_ERROR_TITLE>Wrong</GEN_ERROR_TITLE>"
+        "<INVALID_NET_PATH_TEXT>No such printer.</INVALID_NET_PATH_TEXT>");
+    // The catalogues may have asked for texts already.
+    Localizer::DestroyInstance();
+    page.Create(page.TemplateId(), &window);
+}
+
+void AddPortPageTest::Choose(int kind) const {
+    SendMessageW(At(PortControl::kind), CB_SETCURSEL, static_cast<WPARAM>(kind), 0);
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(PortControl::kind, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(At(PortControl::kind)));
+}
+
+void AddPortPageTest::Enter(int field, const std::wstring& text) const {
+    SendMessageW(At(field), EM_SETSEL, 0, -1);
+    SendMessageW(At(field), WM_CLEAR, 0, 0);
+    for (const wchar_t character : text) SendMessageW(At(field), WM_CHAR, character, 1);
+}
+
+void AddPortPageTest::SelectPort(int row) const {
+    ListView_SetItemState(At(PortControl::list), row, LVIS_SELECTED, LVIS_SELECTED);
+}
+
+std::wstring AddPortPageTest::Cell(int row, int column) const {
+    std::wstring text(300, L'\0');
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    text.resize(static_cast<size_t>(SendMessageW(At(PortControl::list), LVM_GETITEMTEXTW,
+                                                 static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item))));
+    return text;
+}
+
+int AddPortPageTest::Rows() const {
+    return ListView_GetItemCount(At(PortControl::list));
+}
+
+std::vector<std::wstring> AddPortPageTest::Drivers() const {
+    const HWND list = At(PortControl::driverList);
+    const LRESULT selected = SendMessageW(list, CB_GETCURSEL, 0, 0);
+    std::vector<std::wstring> names;
+    for (LRESULT entry = 0; entry < SendMessageW(list, CB_GETCOUNT, 0, 0); ++entry) {
+        std::wstring name(100, L'\0');
+        const LRESULT length = SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(entry),
+                                            reinterpret_cast<LPARAM>(name.data()));
+        name.resize(static_cast<size_t>(length));
+        names.push_back(entry == selected ? L"[" + name + L"]" : name);
+    }
+    return names;
+}
+
+std::wstring AddPortPageTest::PressNextAndConfirm() const {
+    std::wstring text;
+    const DialogUser user(window.GetSafeHwnd(), [&](HWND box) {
+        constexpr int boxText = 65535;
+        text = TextOf(box) + L": " + TextOf(GetDlgItem(box, boxText));
+        ClickOn(box, IDOK);
+    });
+    PressNext();
+    return text;
+}

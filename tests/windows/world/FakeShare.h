@@ -1,0 +1,36 @@
+// A shared printer that exists in a test only.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "PatchedImport.h"
+
+// Answers this program's question for shares during its life; there is one at a time. The program must find
+// the function by its name.
+class FakeShare {
+public:
+    struct Answer {
+        DWORD code = NO_ERROR;
+        DWORD type = RESOURCETYPE_PRINT;
+        std::wstring remoteName;
+        // The library does not have the function.
+        bool isMissing = false;
+    };
+
+    explicit FakeShare(Answer answer);
+    FakeShare(const FakeShare&) = delete;
+    FakeShare& operator=(const FakeShare&) = delete;
+    ~FakeShare() = default;
+
+    // Whether the network was asked.
+    bool WasAsked() const;
+    // What the last question held.
+    NETRESOURCEW Question() const;
+    std::wstring AskedName() const;
+    DWORD Room() const;
+
+private:
+    PatchedImport patch;
+};
