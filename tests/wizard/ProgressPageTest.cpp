@@ -113,6 +113,28 @@ TEST_F(ProgressPageTest, AnswersWhileAPackageIsAtWork) {
     CloseOnFinishPage();
 }
 
+// The paint shows itself by the button: it greys out while the question is open.
+TEST_F(ProgressPageTest, PaintsAndAnswersWhileTheLibraryIsStillAtWork) {
+    constexpr COLORREF paleGrey = RGB(0xC5, 0xC5, 0xC9);
+    constexpr COLORREF grey = RGB(0x5A, 0x5A, 0x64);
+    AddWaiting(L"a.msi");
+    StartOn(Control::progressBar);
+    EXPECT_TRUE(WaitForInstalls(1));
+    const HWND cancel = wizard.FindControl(Control::cancel);
+    EXPECT_TRUE(ShowsColour(cancel, grey));
+    wizard.Press(Control::cancel);
+    const HWND question = wizard.WaitForBox().window;
+    RedrawWindow(GetParent(cancel), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    EXPECT_TRUE(ShowsColour(cancel, paleGrey));
+    EXPECT_TRUE(IsWindow(question));
+    AnswerCancel(IDNO);
+    RedrawWindow(GetParent(cancel), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    EXPECT_TRUE(ShowsColour(cancel, grey));
+    EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Controller::Next, Moving from 7 to 8")));
+    GoOn();
+    CloseOnFinishPage();
+}
+
 TEST_F(ProgressPageTest, MovesItsBarBackDuringTheRollBack) {
     const std::wstring secondSign = (tree.Root() / L"removed").wstring();
     tree.Add({.path = L"Applications\\a.msi",

@@ -1,0 +1,52 @@
+#include "install/FinishDlg.h"
+#include "settings/TagNames.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+
+namespace {
+
+constexpr int header = 1006;
+
+// A cancelled run for which the .NET prerequisite was missing.
+class FinishDlgTest : public SettingsTest {
+protected:
+    FinishDlgTest() {
+        AddTexts(
+            "<INSTALL_CANCELED_TEXT>Cancelled.</INSTALL_CANCELED_TEXT><REQUIRED_DEPENDENCY>Missing.</"
+            "REQUIRED_DEPENDENCY><INSTALLATION_FAILED_TEXT>Failed.</INSTALLATION_FAILED_TEXT>");
+        Settings().SetString(Tag::INSTALL_STATUS, L"CANCELED");
+        Settings().SetBool(Tag::DOTNET_FAILED, true);
+        window.Create(IDD_TEST, nullptr);
+        page.Create(page.TemplateId(), &window);
+    }
+
+    std::wstring Header() {
+        page.SendMessage(WM_SHOWWINDOW, TRUE);
+        return TextOf(page.GetDlgItem(header));
+    }
+
+    TestApp app;
+    CDialogEx window;
+    FinishDlg page{L"Finish Dialog"};
+};
+
+TEST_F(FinishDlgTest, NamesTheMissingDependencyOfACancelledRun) {
+    EXPECT_EQ(Header(), L"Cancelled.  Missing.");
+}
+
+TEST_F(FinishDlgTest, NamesItInACancelledRunAlone) {
+    Settings().SetBool(Tag::DOTNET_FAILED, false);
+    EXPECT_EQ(Header(), L"Cancelled.");
+}
+
+// The line of the prerequisite itself makes the run a failed one, and this is meant.
+TEST_F(FinishDlgTest, SaysThatTheRunFailedWhereTheDependencyHasALine) {
+    Settings().SetString(Tag::APP_INSTALLATION_STATUS,
+                         L"<App 0><NAME>Framework</NAME><STATUS>1</STATUS></App 0>");
+    EXPECT_EQ(Header(), L"Failed.");
+    EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"FAILED");
+}
+
+}  // namespace
