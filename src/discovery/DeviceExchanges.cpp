@@ -75,7 +75,13 @@ void DiscoveryService::ExchangeColours(const std::wstring& addresses, DeviceInde
     const std::uint32_t code =
         exchange(Request(Tag::IPLIST, addresses).c_str(), colourQuestion.data(),
                  static_cast<std::uint32_t>(colourQuestion.size()), &reply, &length, &ReplyMemory::Allocate);
-    if (code == MsiCode::Success) ApplyColours(ReplyMemory::Read(reply, length), index);
+    if (code == MsiCode::Success) {
+        const std::wstring colours = ReplyMemory::Read(reply, length);
+        if (colours.empty() && reply != nullptr && length > 0) {
+            LogBasic(L"The reply of Quelmar.dll lies in foreign memory", LogLevel::Error);
+        }
+        ApplyColours(colours, index);
+    }
     ReplyMemory::ReleaseAll();
 }
 

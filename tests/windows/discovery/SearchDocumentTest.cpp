@@ -1,0 +1,55 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "discovery/DiscoveryService.h"
+#include "tests/windows/world/NetworkTest.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using SearchDocumentTest = NetworkTest;
+
+TEST_F(SearchDocumentTest, IsWhatTheUserChose) {
+    Settings().SetStrings(
+        {{L"DISCOVER_PARAMS", L"<UnicastAddress>a</UnicastAddress>"}, {L"IPADDRESS", L"b"}});
+    EXPECT_EQ(BuildSearchDocument(), L"<UnicastAddress>a</UnicastAddress>");
+    EXPECT_THAT(BasicMessages(), IsEmpty());
+}
+
+TEST_F(SearchDocumentTest, TakesThePresetAddressAndPassesOverTheSubnet) {
+    Settings().SetStrings({{L"IPADDRESS", L"10.0.0.7"}, {L"SUBNETADDRESS", L"10.1.0.0:255.255.0.0"}});
+    EXPECT_EQ(BuildSearchDocument(), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
+    EXPECT_THAT(BasicMessages(), ElementsAre(L"Filter for IP Address: 10.0.0.7"));
+}
+
+TEST_F(SearchDocumentTest, TakesThePresetSubnetAndClosesIt) {
+    Settings().SetString(L"SUBNETADDRESS", L"10.1.0.0:255.255.0.0");
+    EXPECT_EQ(BuildSearchDocument(), L"<RemoteSubnets>10.1.0.0:255.255.0.0;</RemoteSubnets>");
+    EXPECT_THAT(BasicMessages(), ElementsAre(L"Filter for Subnet Address: 10.1.0.0:255.255.0.0"));
+}
+
+TEST_F(SearchDocumentTest, IsEmptyForTheOwnSubnet) {
+    EXPECT_EQ(BuildSearchDocument(), L"");
+}
+
+TEST_F(SearchDocumentTest, TurnsAPresetIntoASearchOnce) {
+    Settings().SetString(L"IPADDRESS", L"10.0.0.7");
+    BuildSearchDocument();
+    EXPECT_EQ(BuildSearchDocument(), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
+    EXPECT_EQ(BasicMessages().size(), 1u);
+    EXPECT_EQ(Settings().GetString(L"DISCOVER_PARAMS"), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
+}
+
+TEST_F(SearchDocumentTest, TakesAnAddressThatAPageWroteForAPreset) {
+    Start();
+    Run();
+    Settings().SetString(L"IPADDRESS", L"10.0.0.7");
+    Run();
+    const std::vector<LibraryCall> calls = Calls();
+    EXPECT_EQ(calls[2].Argument(L"document"), L"");
+    EXPECT_EQ(calls[4].Argument(L"document"), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
+}
+
+}  // namespace

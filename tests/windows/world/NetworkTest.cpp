@@ -1,0 +1,81 @@
+#include "NetworkTest.h"
+
+#include "CommonLib/Files.h"
+#include "ThreadWatch.h"
+#include "settings/TagDocument.h"
+#include "tests/fakes/TextLines.h"
+
+namespace {
+
+std::wstring Beside(const std::wstring& name) {
+    return GetExeDirectory() + L"\\" + name;
+}
+
+void CopyLibrary(const std::wstring& name, const std::wstring& build) {
+    DeleteFileW(Beside(name).c_str());
+    if (build.empty()) return;
+    const std::wstring fakes = GetExeDirectory() + L"\\..\\..\\..\\..\\fakes\\";
+    EXPECT_TRUE(CopyFileTo(Beside(name), fakes + build + L"\\" + name));
+}
+
+}  // namespace
+
+void NotingPage::SetDevices(std::list<DiscoveredDevice> devices) {
+    deliveringThread = GetCurrentThreadId();
+    std::vector<std::wstring> addresses;
+    for (const DiscoveredDevice& device : devices) addresses.push_back(device.address);
+    deliveries.push_back(addresses);
+    delivered = std::move(devices);
+}
+
+NetworkTest::NetworkTest() {
+    RemoveFiles();
+    UseLibraries(L"complete", L"complete");
+}
+
+NetworkTest::~NetworkTest() {
+    service.reset();
+    RemoveFiles();
+}
+
+void NetworkTest::RemoveFiles() {
+    SetEnvironmentVariableW(L"SCRIPTED_NETWORK_RUN", nullptr);
+    for (const wchar_t* const name : {L"Network.script", L"Network.record", L"Sondrix.dll", L"Quelmar.dll"}) {
+        DeleteFileW(Beside(name).c_str());
+    }
+}
+
+void NetworkTest::UseLibraries(const std::wstring& sondrix, const std::wstring& quelmar) {
+    CopyLibrary(L"Sondrix.dll", sondrix);
+    CopyLibrary(L"Quelmar.dll", quelmar);
+}
+
+void NetworkTest::Script(const std::vector<std::wstring>& fields) const {
+    EXPECT_TRUE(AppendText(Beside(L"Network.script"), JoinFields(fields)));
+}
+
+void NetworkTest::AddDevice(const std::wstring& address, const std::wstring& moreTags) const {
+    Script({L"document", TagDocument::MakeElement(L"IPADDRESS", address) + moreTags});
+}
+
+void NetworkTest::Start(CWnd* pageObject) {
+    service = std::make_unique<DiscoveryService>(pageObject);
+}
+
+DWORD NetworkTest::Run() const {
+    const ThreadWatch threads;
+    EXPECT_EQ(service->DoRun(), 0u);
+    const std::vector<DWORD> codes = ThreadWatch::WaitForAll();
+    EXPECT_EQ(codes.size(), 1u);
+    return codes.empty() ? STILL_ACTIVE : codes.front();
+}
+
+std::vector<LibraryCall> NetworkTest::Calls() {
+    return ReadCalls(Beside(L"Network.record"));
+}
+
+std::vector<std::wstring> NetworkTest::CallNames() const {
+    std::vector<std::wstring> names;
+    for (const LibraryCall& call : Calls()) names.push_back(call.name);
+    return names;
+}
