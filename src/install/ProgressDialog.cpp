@@ -65,6 +65,8 @@ void ProgressDialog::OnCancel() {
     cancelPromptOpen = true;
     Controller::GetInstance().Cancel(false);
     cancelPromptOpen = false;
+    // The next paint settles the button's state, and nobody else asks for one.
+    InvalidateRect(GetSafeHwnd(), nullptr, FALSE);
     // The question gives the focus back to the button, which does not take it while it is disabled.
     if (GetFocus() == nullptr && IsWindowVisible(GetSafeHwnd()) != FALSE) FocusStatusLine();
 }
