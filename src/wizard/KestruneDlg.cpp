@@ -55,7 +55,21 @@ void KestruneDlg::ShowLogo() {
     // A logo holds a name, which must not be mirrored with the window.
     SetWindowLongPtrW(place, GWL_EXSTYLE, 0);
     ::SendMessageW(place, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(logo.get()));
+    KeepLogoBeginningInView(place);
     UpdateWindow(GetSafeHwnd());
+}
+
+// A logo may be wider than the window and has its name at its left end, which a mirrored window would cut
+// off.
+void KestruneDlg::KeepLogoBeginningInView(HWND place) const {
+    if ((GetWindowLongPtrW(GetSafeHwnd(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL) == 0) return;
+    RECT ground{};
+    RECT picture{};
+    GetClientRect(GetSafeHwnd(), &ground);
+    GetWindowRect(place, &picture);
+    const LONG surplus = (picture.right - picture.left) - ground.right;
+    if (surplus > 0)
+        SetWindowPos(place, nullptr, -surplus, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LRESULT KestruneDlg::OnSysCommand(WPARAM command, LPARAM) {

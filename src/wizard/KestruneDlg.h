@@ -25,6 +25,7 @@ private:
     LRESULT OnEraseBackground(WPARAM context, LPARAM);
     LRESULT OnHelp(WPARAM, LPARAM);
     void ShowLogo();
+    void KeepLogoBeginningInView(HWND place) const;
 
     // The system's copy of the program's icon.
     HICON icon = nullptr;

@@ -1,17 +1,18 @@
 #include "BitmapFile.h"
 
-std::string BitmapFile(COLORREF colour) {
-    constexpr int width = 16;
+std::string BitmapFile(COLORREF colour, int width) {
+    constexpr int height = 16;
     const BITMAPINFOHEADER header{.biSize = sizeof(BITMAPINFOHEADER),
                                   .biWidth = width,
-                                  .biHeight = width,
+                                  .biHeight = height,
                                   .biPlanes = 1,
                                   .biBitCount = 24};
     constexpr DWORD start = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
-    const BITMAPFILEHEADER file{.bfType = 0x4D42, .bfSize = start + width * width * 3, .bfOffBits = start};
+    const auto size = static_cast<DWORD>(width * height * 3);
+    const BITMAPFILEHEADER file{.bfType = 0x4D42, .bfSize = start + size, .bfOffBits = start};
     std::string bytes(reinterpret_cast<const char*>(&file), sizeof(file));
     bytes.append(reinterpret_cast<const char*>(&header), sizeof(header));
-    for (int pixel = 0; pixel < width * width; ++pixel) {
+    for (int pixel = 0; pixel < width * height; ++pixel) {
         for (const BYTE part : {GetBValue(colour), GetGValue(colour), GetRValue(colour)}) {
             bytes += static_cast<char>(part);
         }

@@ -1,5 +1,6 @@
 // A language that reads from right to left mirrors the windows.
 
+#include "BitmapFile.h"
 #include "PageTest.h"
 
 namespace {
@@ -44,6 +45,37 @@ TEST_F(DirectionPageTest, IsMirroredForALanguageFromTheRight) {
     EXPECT_TRUE(IsMirrored(Page()));
     EXPECT_FALSE(IsCancelOnTheRight());
 }
+
+// How far the logo of that width lies behind the left edge of the window's ground.
+class LogoTest : public DirectionPageTest, public testing::WithParamInterface<const wchar_t*> {
+protected:
+    LONG LogoOffset(int width) {
+        constexpr int logo = 1072;
+        tree.WriteFile(L"Setup\\res\\images\\logo.bmp", BitmapFile(RGB(0, 0, 255), width));
+        StartIn(GetParam());
+        RECT place{};
+        GetWindowRect(wizard.FindControl(logo), &place);
+        EXPECT_EQ(place.right - place.left, width);
+        RECT ground{};
+        GetClientRect(wizard.MainWindow(), &ground);
+        MapWindowPoints(wizard.MainWindow(), nullptr, reinterpret_cast<POINT*>(&ground), 2);
+        return place.left - ground.left;
+    }
+};
+
+TEST_P(LogoTest, ShowsTheBeginningOfALogoThatIsWiderThanTheWindow) {
+    EXPECT_EQ(LogoOffset(2000), 0);
+}
+
+TEST_P(LogoTest, KeepsANarrowLogoOnTheSideWhereReadingBegins) {
+    if (GetParam() == std::wstring(L"RTL")) {
+        EXPECT_GT(LogoOffset(16), 100);
+    } else {
+        EXPECT_EQ(LogoOffset(16), 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(BothDirections, LogoTest, testing::Values(L"LTR", L"RTL"));
 
 TEST_F(DirectionPageTest, GoesToTheEndInALanguageFromTheRight) {
     tree.Add({.path = L"Applications\\a.msi"});
