@@ -59,6 +59,9 @@ system() {
     cd "$root"
     make_tree "$prefix/drive_c/Tree" 100
     cd "$prefix/drive_c/Tree/Setup/x64"
+    for count in 10 1000 10000; do
+        echo "the list of $count devices, microseconds: $(wine SystemBench.exe list $count < /dev/null | tr -d '\r')"
+    done
     echo "one log record, microseconds: $(wine SystemBench.exe log < /dev/null | tr -d '\r')"
     command time -f 'a silent run on 100 packages: %e s, peak memory %M KB' timeout 60 wine Kestrune.exe < /dev/null
     cd "$root"

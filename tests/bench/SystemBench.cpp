@@ -5,15 +5,20 @@
 //   SystemBench catalogue  builds both catalogues of the program
 //   SystemBench log        writes log records, and then the same bytes to a file under a mutex
 //
+//   SystemBench list N     shows N devices in the list of the discovery page, and sorts them by their address
+//
 //   SystemBench start PROGRAM  starts a program of this folder and waits for its first page, then ends it
 //
 // Prints microseconds.
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +29,7 @@
 #include "CommonLib/Logger.h"
 #include "catalogue/MsiInfoService.h"
 #include "catalogue/MsiInterface.h"
+#include "discovery/DiscoveryListCtrl.h"
 #include "framework/Handles.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
@@ -119,6 +125,44 @@ long long MeasureStart(const std::wstring& name) {
     return duration;
 }
 
+// A window with an empty list.
+class ListWindow : public CWnd {
+public:
+    static constexpr int listId = 1;
+
+    ListWindow() {
+        InitCommonControls();
+        {
+            const CreationHook hook(*this);
+            CreateWindowExW(0, L"Static", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 600, 400, nullptr,
+                            nullptr, GetModuleHandleW(nullptr), nullptr);
+        }
+        CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, 0, 0, 580,
+                        360, GetSafeHwnd(), reinterpret_cast<HMENU>(INT_PTR{listId}),
+                        GetModuleHandleW(nullptr), nullptr);
+    }
+};
+
+void MeasureList(int count) {
+    std::list<DiscoveredDevice> devices;
+    for (int number = 0; number < count; ++number) {
+        const int shuffled = number * 7919 % count;
+        devices.push_back(
+            {.series = L"Series " + std::to_wstring(shuffled % 100),
+             .address = L"10.0." + std::to_wstring(shuffled / 256) + L"." + std::to_wstring(shuffled % 256),
+             .colour = L"color"});
+    }
+    const ListWindow window;
+    DiscoveryListCtrl list;
+    list.SubclassDlgItem(ListWindow::listId, window);
+    const long long shown = MicrosecondsOf([&] { list.ShowDevices(devices); });
+    const long long sorted = MicrosecondsOf([&] {
+        list.OnColumnClick(1);
+        UpdateWindow(list.GetSafeHwnd());
+    });
+    std::printf("show %lld sort %lld\n", shown, sorted);
+}
+
 void MeasureLog() {
     const std::wstring message = L"A message of the usual length, as the walk writes it";
     Logger::GetInstance().SetVendor(L"Bench");
@@ -142,6 +186,7 @@ int wmain(int count, wchar_t** arguments) {
     if (what == L"library") std::printf("%lld\n", MeasureLibrary());
     if (what == L"catalogue") std::printf("%lld\n", MeasureCatalogue());
     if (what == L"log") MeasureLog();
+    if (what == L"list" && count > 2) MeasureList(_wtoi(arguments[2]));
     if (what == L"start" && count > 2) std::printf("%lld\n", MeasureStart(arguments[2]));
     return 0;
 }
