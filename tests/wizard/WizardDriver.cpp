@@ -226,6 +226,14 @@ std::wstring WizardDriver::CellOf(HWND list, int row, int column) const {
     return question.text.data();
 }
 
+void WizardDriver::SelectRow(HWND list, int row) const {
+    const LVITEMW item{.state = LVIS_SELECTED | LVIS_FOCUSED, .stateMask = LVIS_SELECTED | LVIS_FOCUSED};
+    void* const there = VirtualAllocEx(process.get(), nullptr, sizeof(item), MEM_COMMIT, PAGE_READWRITE);
+    WriteProcessMemory(process.get(), there, &item, sizeof(item), nullptr);
+    SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(there));
+    VirtualFreeEx(process.get(), there, 0, MEM_RELEASE);
+}
+
 int WizardDriver::ScrollPositionOf(HWND text) const {
     void* const there = VirtualAllocEx(process.get(), nullptr, sizeof(POINT), MEM_COMMIT, PAGE_READWRITE);
     SendMessageW(text, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(there));

@@ -58,6 +58,8 @@ public:
     static std::wstring TextOf(HWND window);
     // The text of a cell of a list, empty if there is no such cell.
     std::wstring CellOf(HWND list, int row, int column) const;
+    // Selects the row of a list.
+    void SelectRow(HWND list, int row) const;
     // How far the text has been scrolled, in the units of its scroll bar.
     int ScrollPositionOf(HWND text) const;
     // The colour on the screen at that place of the window, in pixels from its top left corner.
