@@ -10,6 +10,8 @@
 class EULADlg : public InstallDialogEx {
 public:
     EULADlg();
+    EULADlg(const EULADlg&) = delete;
+    EULADlg& operator=(const EULADlg&) = delete;
     ~EULADlg() override;
 
 protected:
