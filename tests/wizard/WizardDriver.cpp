@@ -226,6 +226,24 @@ std::wstring WizardDriver::CellOf(HWND list, int row, int column) const {
     return question.text.data();
 }
 
+std::wstring WizardDriver::HeadingOf(HWND list, int column) const {
+    struct Question {
+        HDITEMW item{.mask = HDI_TEXT};
+        std::array<wchar_t, 260> text{};
+    };
+    void* const there = VirtualAllocEx(process.get(), nullptr, sizeof(Question), MEM_COMMIT, PAGE_READWRITE);
+    auto* const remote = static_cast<Question*>(there);
+    Question question;
+    question.item.pszText = remote->text.data();
+    question.item.cchTextMax = static_cast<int>(question.text.size());
+    WriteProcessMemory(process.get(), there, &question, sizeof(question), nullptr);
+    const HWND header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&remote->item));
+    ReadProcessMemory(process.get(), there, &question, sizeof(question), nullptr);
+    VirtualFreeEx(process.get(), there, 0, MEM_RELEASE);
+    return question.text.data();
+}
+
 void WizardDriver::SelectRow(HWND list, int row) const {
     const LVITEMW item{.state = LVIS_SELECTED | LVIS_FOCUSED, .stateMask = LVIS_SELECTED | LVIS_FOCUSED};
     void* const there = VirtualAllocEx(process.get(), nullptr, sizeof(item), MEM_COMMIT, PAGE_READWRITE);

@@ -58,6 +58,8 @@ public:
     static std::wstring TextOf(HWND window);
     // The text of a cell of a list, empty if there is no such cell.
     std::wstring CellOf(HWND list, int row, int column) const;
+    // The heading of a column of a list.
+    std::wstring HeadingOf(HWND list, int column) const;
     // Selects the row of a list.
     void SelectRow(HWND list, int row) const;
     // How far the text has been scrolled, in the units of its scroll bar.
