@@ -59,6 +59,7 @@ first_walk() {
 }
 
 second_walk() {
+    sed -i 's#<REBOOT>true#<REBOOT>false#' "$settings"
     start_wizard
     remote click 1
     remote wait 1024
@@ -70,9 +71,29 @@ second_walk() {
     remote click 1102
     remote wait 1116 && page 11-way-out 'skip, press Finish'
     remote click 1116
-    remote wait 1009
-    remote click 1010
+    remote quit
+    wait "$wizard"
+}
+
+# The package as it comes: the devices of the network, the search, the driver.
+network_walk() {
+    cp out/package/Setup/defaultInstallSettings.xml "$settings"
+    start_wizard
     remote click 1
+    remote wait 1024
+    remote scroll 1024
+    remote click 1
+    remote click 1101
+    remote click 1
+    remote wait 1014 && page 12-searching 'the network is searched' 0.3
+    remote rows 1014 6 && page 13-devices 'devices are found, and a driver is proposed'
+    remote click 1122
+    remote wait 1026
+    remote click 1027 && page 14-change-search 'the search can be changed'
+    remote click 2
+    remote click 1
+    remote wait 1116 && page 15-printer-installed 'the printer is installed, press Finish'
+    remote click 1116
     remote quit
     wait "$wizard"
 }
@@ -89,3 +110,4 @@ add_setting REBOOT true
 [ "$dpi" = 96 ] || wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f > /dev/null
 first_walk
 second_walk
+network_walk

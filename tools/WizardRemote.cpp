@@ -4,10 +4,13 @@
 //   WizardRemote wait ID      waits until a shown page has a shown control of that id
 //   WizardRemote click ID     clicks the control of the shown page, as soon as it is enabled
 //   WizardRemote scroll ID    scrolls the control to its end
+//   WizardRemote rows ID N    waits until the list has at least so many rows
 //   WizardRemote answer ID    presses a button of the message box that is open
 //   WizardRemote quit         waits until the wizard has gone
 
 #include <windows.h>
+
+#include <commctrl.h>
 
 #include <cstdlib>
 #include <cwchar>
@@ -64,6 +67,11 @@ bool Click(int id) {
     return PostMessageW(control, BM_CLICK, 0, 0) != FALSE;
 }
 
+bool HasRows(int id, LRESULT count) {
+    const HWND list = FindShownControl(id);
+    return list != nullptr && SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) >= count;
+}
+
 bool ScrollToEnd(int id) {
     const HWND control = FindShownControl(id);
     return control != nullptr && PostMessageW(control, WM_VSCROLL, SB_BOTTOM, 0) != FALSE;
@@ -78,6 +86,7 @@ int wmain(int count, wchar_t** arguments) {
     if (verb == L"wait") done = WaitFor([id] { return FindShownControl(id) != nullptr; });
     if (verb == L"click" || verb == L"answer") done = Click(id);
     if (verb == L"scroll") done = ScrollToEnd(id);
+    if (verb == L"rows" && count > 3) done = WaitFor([=] { return HasRows(id, _wtoi(arguments[3])); });
     if (verb == L"quit") done = WaitFor([] { return FindWindowW(L"#32770", nullptr) == nullptr; });
     return done ? EXIT_SUCCESS : EXIT_FAILURE;
 }
