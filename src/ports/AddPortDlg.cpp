@@ -179,7 +179,17 @@ void AddPortDlg::SetUpTexts() {
 void AddPortDlg::MakeColumns() {
     portList.InsertColumn(0, WithoutMnemonic(GetLocalizedText(TextKey::PORT_NAME_TEXT)));
     portList.InsertColumn(1, GetLocalizedText(TextKey::PORT_TYPE_TEXT));
+    FitColumns();
+}
+
+// A heading needs more room than its text, which not every system reckons with.
+void AddPortDlg::FitColumns() {
+    const std::wstring heading = WithoutMnemonic(GetLocalizedText(TextKey::PORT_NAME_TEXT));
+    const auto textWidth = static_cast<int>(
+        portList.SendMessage(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(heading.c_str())));
+    const int needed = textWidth + GetSystemMetrics(SM_CXVSCROLL);
     portList.FitColumnToHeading(0);
+    if (portList.GetColumnWidth(0) < needed) portList.SetColumnWidth(0, needed);
     portList.FitColumnToHeading(1);
 }
 
@@ -298,7 +308,7 @@ void AddPortDlg::FillPortList(const std::vector<PortEntry>& ports) {
         portList.SetItemText(row, 1, port.description);
         ++row;
     }
-    for (int column = 0; column < portList.GetColumnCount(); ++column) portList.FitColumnToHeading(column);
+    FitColumns();
 }
 
 void AddPortDlg::OnOK() {

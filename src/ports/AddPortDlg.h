@@ -54,6 +54,7 @@ private:
     void SetUpTexts();
     void SetUpButtons();
     void MakeColumns();
+    void FitColumns();
     void ObeyMessage();
     std::wstring Received(std::wstring_view tag) const;
 
