@@ -152,8 +152,13 @@ LRESULT DiscoveryDlg::OnShowWindow(WPARAM, LPARAM) {
 }
 
 void DiscoveryDlg::HideDriverChoice() {
-    for (const int id : {driverListId, configureId, driverFrameId, driverLabelId}) ShowControl(id, false);
-    EnableControl(driverLabelId, false);
+    ShowDriverList(false);
+    ShowControl(configureId, false);
+}
+
+void DiscoveryDlg::ShowDriverList(bool shown) {
+    for (const int id : {driverListId, driverFrameId, driverLabelId}) ShowControl(id, shown);
+    EnableControl(driverLabelId, shown);
 }
 
 void DiscoveryDlg::HideUnsupportedRadios() {
@@ -177,16 +182,12 @@ void DiscoveryDlg::ClearDrivers() {
 }
 
 void DiscoveryDlg::AddDriver(const MSI_APP& driver) {
-    if (InstallSettings::GetInstance().IsAmazonSupported()) {
-        for (const int id : {driverFrameId, driverListId, driverLabelId}) ShowControl(id, false);
-        EnableControl(driverLabelId, false);
-    } else if (driverList.IsEmpty()) {
-        for (const int id : {driverFrameId, driverListId, driverLabelId}) ShowControl(id, true);
-        EnableControl(driverLabelId, true);
-        if (IsWindowVisible(GetDlgItem(configureId)) == FALSE && IsConfigToolAvailable(driver.driverName)) {
-            ShowControl(configureId, true);
-            SetLocalizedText(configureId, TextKey::CONFIG_SETTINGS_BUTTON);
-        }
+    const bool isAmazon = InstallSettings::GetInstance().IsAmazonSupported();
+    if (isAmazon || driverList.IsEmpty()) ShowDriverList(!isAmazon);
+    if (!isAmazon && IsWindowVisible(GetDlgItem(configureId)) == FALSE &&
+        IsConfigToolAvailable(driver.driverName)) {
+        ShowControl(configureId, true);
+        SetLocalizedText(configureId, TextKey::CONFIG_SETTINGS_BUTTON);
     }
     driverList.Add(driver);
 }

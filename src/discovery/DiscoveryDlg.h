@@ -60,6 +60,7 @@ private:
     void OnBackToList();
 
     void HideDriverChoice();
+    void ShowDriverList(bool shown);
     void HideUnsupportedRadios();
     void PickConnection();
     void EnableSearch(bool enabled);

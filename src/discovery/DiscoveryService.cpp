@@ -33,6 +33,14 @@ void CallIfExported(const Library& library, const char* name) {
     if (function != nullptr) function();
 }
 
+// Takes the worker off the count however its run ends: the program waits for what counts.
+struct CountedRun {
+    CountedRun() = default;
+    CountedRun(const CountedRun&) = delete;
+    CountedRun& operator=(const CountedRun&) = delete;
+    ~CountedRun() { Controller::GetInstance().UpdateThreadCount(false); }
+};
+
 // The series of this package's models, for a package that installs nothing but them.
 std::wstring SeriesList() {
     const InstallSettings& settings = InstallSettings::GetInstance();
@@ -89,9 +97,8 @@ std::uint32_t DiscoveryService::DoRun() {
     controller.UpdateThreadCount(true);
     const bool started = AfxBeginThread([this] {
         const std::lock_guard guard(discoveryLock);
-        const std::uint32_t code = DoDiscovery();
-        Controller::GetInstance().UpdateThreadCount(false);
-        return code;
+        const CountedRun run;
+        return DoDiscovery();
     });
     if (!started) controller.UpdateThreadCount(false);
     return 0;

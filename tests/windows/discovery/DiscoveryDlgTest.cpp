@@ -361,6 +361,15 @@ TEST_F(DiscoveryDlgTest, OffersTheConfigurationWhereThePackageHasATool) {
     EXPECT_TRUE(IsShown(configure));
 }
 
+TEST_F(DiscoveryDlgTest, OffersTheConfigurationAsSoonAsADriverHasATool) {
+    tree.Add(L"Install\\MakerDriverConfig.msi");
+    page.ShowWindow(SW_SHOW);
+    page.AddDriver(Driver(L"FirstV4"));
+    EXPECT_FALSE(IsShown(configure));
+    page.AddDriver(Driver(L"Second"));
+    EXPECT_TRUE(IsShown(configure));
+}
+
 TEST_F(DiscoveryDlgTest, HidesTheDriverListInARunFromConfiguration) {
     Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
     Show();

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "discovery/DiscoveryService.h"
 #include "tests/windows/world/NetworkTest.h"
 #include "tests/windows/world/ThreadWatch.h"
@@ -293,6 +295,20 @@ TEST_F(DiscoveryServiceTest, WaitsForItsWorkerBeforeItGoes) {
     EXPECT_EQ(page.nothingFound, 1);
     EXPECT_THAT(CallNames(), ElementsAre(L"Initialize", L"BidiInitialize", L"DiscoverW", L"EnumerateW",
                                          L"Uninitialize", L"BidiUninitialize"));
+}
+
+class FailingPage : public NotingPage {
+public:
+    std::wstring GetReceivedMessage() const override { throw std::bad_alloc(); }
+};
+
+TEST_F(DiscoveryServiceTest, CountsAWorkerThatFailedNoMore) {
+    FailingPage failing;
+    AddDevice(L"10.0.0.1");
+    Start(&failing);
+    Run();
+    EXPECT_THAT(failing.deliveries, IsEmpty());
+    EXPECT_EQ(Controller::GetInstance().ThreadCount(), 0);
 }
 
 TEST_F(DiscoveryServiceTest, OffersThePrinterDriversInTheirOrder) {

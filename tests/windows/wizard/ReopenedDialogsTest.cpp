@@ -4,6 +4,9 @@
 #include <memory>
 
 #include "CommonLib/Files.h"
+#include "discovery/DiscoveredDevices.h"
+#include "discovery/DiscoveryDlg.h"
+#include "discovery/ModifySearchDlg.h"
 #include "install/CDisplayAppsListDlg.h"
 #include "install/FileInUseDlg.h"
 #include "install/FinishDlg.h"
@@ -15,6 +18,8 @@
 #include "pages/ManufacturerDlg.h"
 #include "pages/OptionalSoftwareBypassDlg.h"
 #include "pages/StartDlg.h"
+#include "ports/AddPortDlg.h"
+#include "ports/DriverConfigDlg.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/ObjectCounts.h"
@@ -41,11 +46,34 @@ DialogCase Of(const char* name) {
     return {.name = name, .make = [] { return std::make_unique<Dialog>(); }};
 }
 
+template <class Dialog>
+DialogCase SubDialog(const char* name) {
+    return {.name = name, .make = [] { return std::make_unique<Dialog>(nullptr); }};
+}
+
+// The page of the devices with rows, drivers and the pictures of the headings.
+class FilledDiscoveryDlg : public DiscoveryDlg {
+public:
+    FilledDiscoveryDlg() = default;
+    FilledDiscoveryDlg(const FilledDiscoveryDlg&) = delete;
+    FilledDiscoveryDlg& operator=(const FilledDiscoveryDlg&) = delete;
+    ~FilledDiscoveryDlg() override { DiscoveredDevices::GetInstance().Assign({}); }
+
+protected:
+    bool OnInitDialog() override {
+        DiscoveryDlg::OnInitDialog();
+        for (int count = 0; count < 5; ++count) AddDriver({});
+        SetDevices(std::list<DiscoveredDevice>(5, {.series = L"A", .address = L"10.0.0.1"}));
+        return true;
+    }
+};
+
 class ReopenedDialogsTest : public SettingsTest, public testing::WithParamInterface<DialogCase> {
 protected:
     ReopenedDialogsTest() {
         for (const wchar_t* picture : {L"help", L"high_contrast_help", L"refresh", L"high_contrast_refresh",
-                                       L"check", L"x", L"network", L"usb", L"installsuccess"}) {
+                                       L"check", L"x", L"network", L"usb", L"installsuccess",
+                                       L"bullet_arrow_up", L"bullet_arrow_down", L"bullet_toggle_plus"}) {
             tree.Add(L"Setup\\res\\images\\" + std::wstring(picture) + L".png", BitmapFile(RGB(0, 0, 255)));
         }
         tree.Add(L"Notices\\EULA\\eula_en.txt", "Be kind.\n");
@@ -91,8 +119,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Of<ProgressDialog>("Progress"), Of<RebootDlg>("Restart"), Of<FileInUseDlg>("FilesInUse"),
                     Of<RMFileInUseDlg>("FilesInUseOfTheRestartManager"),
                     DialogCase{"Finish", [] { return std::make_unique<FinishDlg>(L"Finish Dialog"); }},
-                    DialogCase{"SoftwareList",
-                               [] { return std::make_unique<CDisplayAppsListDlg>(nullptr); }}),
+                    Of<FilledDiscoveryDlg>("Devices"), Of<AddPortDlg>("Port"),
+                    SubDialog<ModifySearchDlg>("Search"), SubDialog<DriverConfigDlg>("Configuration"),
+                    SubDialog<CDisplayAppsListDlg>("SoftwareList")),
     [](const testing::TestParamInfo<DialogCase>& dialog) { return std::string(dialog.param.name); });
 
 }  // namespace
