@@ -213,15 +213,6 @@ const FileCase kFiles[] = {
 
 INSTANTIATE_TEST_SUITE_P(Contents, OlderFileTest, testing::ValuesIn(kFiles));
 
-// If the other file were read, the document would be broken by it.
-TEST_F(DriverConfigDlgTest, ReadsNothingOutsideTheFile) {
-    WriteBytes(files / L"other.xml", "<broken");
-    EXPECT_EQ(
-        Describe("<!DOCTYPE x [<!ENTITY e SYSTEM 'other.xml'>]><ConfigurationProfiles><PrinterProfiles>"
-                 "<PrinterProfile name='a'>&e;</PrinterProfile></PrinterProfiles></ConfigurationProfiles>"),
-        L"a");
-}
-
 TEST_F(DriverConfigDlgTest, ReadsOneCharacterLessThanCanBeTyped) {
     const std::wstring name = files / (std::wstring(255 - files.Path().size(), L'n') + L".zdc");
     ASSERT_EQ(name.size(), 259U);
