@@ -22,6 +22,13 @@ std::list<MSI_APP> AppCatalogue::Select(std::wstring_view filter) const {
     return selected;
 }
 
+std::optional<MSI_APP> AppCatalogue::FirstOfType(std::wstring_view appType) const {
+    const std::lock_guard guard(lock);
+    const auto found = std::find_if(records.begin(), records.end(),
+                                    [&](const MSI_APP& record) { return record.appType == appType; });
+    return found == records.end() ? std::nullopt : std::optional<MSI_APP>(*found);
+}
+
 void AppCatalogue::Clear() {
     const std::lock_guard guard(lock);
     byPath.clear();

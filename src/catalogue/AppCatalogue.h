@@ -4,6 +4,7 @@
 #include <functional>
 #include <list>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,6 +19,9 @@ public:
 
     // Copies of the records that pass the filter document, in catalogue order; an empty filter passes all.
     std::list<MSI_APP> Select(std::wstring_view filter) const;
+
+    // A copy of the first record of exactly that type, as the package's APPTYPE tells it.
+    std::optional<MSI_APP> FirstOfType(std::wstring_view appType) const;
 
     void Clear();
     void Append(MSI_APP record);

@@ -4,7 +4,6 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
 #include <utility>
 
 #include "CommonLib/Logger.h"
@@ -49,9 +48,7 @@ constexpr int helpId = 1057;
 constexpr int proposedRow = 3;
 
 bool HasNimbojetPackage() {
-    const std::list<MSI_APP> packages = AppCatalogue::GetInstance().Select({});
-    return std::any_of(packages.begin(), packages.end(),
-                       [](const MSI_APP& package) { return package.appType == L"NIMBOJET"; });
+    return AppCatalogue::GetInstance().FirstOfType(L"NIMBOJET").has_value();
 }
 
 }  // namespace

@@ -21,6 +21,8 @@ class ModifySearchDlg;
 class DiscoveryDlg : public InstallDialogEx, public IDiscoveryDialog {
 public:
     DiscoveryDlg();
+    DiscoveryDlg(const DiscoveryDlg&) = delete;
+    DiscoveryDlg& operator=(const DiscoveryDlg&) = delete;
     ~DiscoveryDlg() override;
 
     // IDiscoveryDialog.

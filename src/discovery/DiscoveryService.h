@@ -26,6 +26,8 @@ public:
     // Loads the libraries that stand beside the program. The page may be null, or none that takes devices; it
     // must outlive this object otherwise.
     explicit DiscoveryService(CWnd* pageObject);
+    DiscoveryService(const DiscoveryService&) = delete;
+    DiscoveryService& operator=(const DiscoveryService&) = delete;
     // Waits for a worker that still runs.
     ~DiscoveryService() override;
 

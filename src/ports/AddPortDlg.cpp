@@ -129,9 +129,10 @@ std::wstring AddPortDlg::Received(std::wstring_view tag) const {
 
 bool AddPortDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
+    // An address is read from left to right in every language; the mirrored layout would turn it round too.
+    constexpr LONG_PTR rightToLeft = WS_EX_RTLREADING | WS_EX_LAYOUTRTL;
     const HWND address = GetDlgItem(addressId);
-    SetWindowLongPtrW(address, GWL_EXSTYLE,
-                      GetWindowLongPtrW(address, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_RTLREADING});
+    SetWindowLongPtrW(address, GWL_EXSTYLE, GetWindowLongPtrW(address, GWL_EXSTYLE) & ~rightToLeft);
     const HWND kinds = GetDlgItem(kindId);
     InsertLocalizedString(kinds, 0, TextKey::DISCOVERED_PORTS);
     InsertLocalizedString(kinds, 1, TextKey::IP_PORT);

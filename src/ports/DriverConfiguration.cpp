@@ -22,9 +22,7 @@ std::vector<const ConfigToolKind*> ToolsFor(const std::wstring& driver) {
 }
 
 bool IsInCatalogue(const ConfigToolKind& tool) {
-    const auto records = AppCatalogue::GetInstance().Select(L"");
-    return std::any_of(records.begin(), records.end(),
-                       [&](const MSI_APP& record) { return record.appType == tool.appType; });
+    return AppCatalogue::GetInstance().FirstOfType(tool.appType).has_value();
 }
 
 bool Exists(const std::wstring& path) {

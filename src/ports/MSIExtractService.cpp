@@ -4,7 +4,6 @@
 
 #include <shellapi.h>
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -14,10 +13,8 @@
 namespace {
 
 std::wstring PackageOfType(std::wstring_view appType) {
-    const auto records = AppCatalogue::GetInstance().Select(L"");
-    const auto found = std::find_if(records.begin(), records.end(),
-                                    [&](const MSI_APP& record) { return record.appType == appType; });
-    return found == records.end() ? std::wstring() : found->msiPath;
+    const auto record = AppCatalogue::GetInstance().FirstOfType(appType);
+    return record ? record->msiPath : std::wstring();
 }
 
 }  // namespace

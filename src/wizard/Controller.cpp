@@ -273,6 +273,7 @@ bool Controller::GoToSpecifiedDlg(const std::wstring& name, std::wstring message
         break;
     }
     LogAdvanced(L"Controller::GoToSpecifiedDlg, Move to " + Decimal(currentDialog));
+    if (CurrentPage() == nullptr) return false;
     Service* const service = EnabledService(currentDialog);
     if (CurrentPage()->hidden || silent) {
         if (service != nullptr) service->DoRun();

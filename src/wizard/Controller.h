@@ -45,7 +45,7 @@ public:
     bool Next(std::wstring message);
     // Moves to the page before, hidden or not. False as for Next.
     bool Back(std::wstring message);
-    // Moves to the page of that name; stays where it is if there is none.
+    // Moves to the page of that name; stays where it is if there is none. False if there is no page at all.
     bool GoToSpecifiedDlg(const std::wstring& name, std::wstring message);
     // Asks whether to cancel, unless forced, and cancels all services passed so far. True if the cancel goes
     // ahead.

@@ -358,4 +358,13 @@ TEST_F(AddPortDlgTest, RefusesAPathThatIsNoSharedPrinter) {
     EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"");
 }
 
+TEST_F(AddPortDlgTest, GoesBackToThePageThatTheMessageNames) {
+    page.ReceiveMessage(L"<FROM_DIALOG>Nobody</FROM_DIALOG>");
+    Open();
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(PortControl::back, BN_CLICKED));
+    // No page of that name exists here, but it is that way and not the one to the page before.
+    EXPECT_THAT(AdvancedMessages(), Contains(L"Controller::GoToSpecifiedDlg, Move to 0"));
+    EXPECT_THAT(AdvancedMessages(), testing::Not(Contains(HasSubstr(L"Controller::Back"))));
+}
+
 }  // namespace
