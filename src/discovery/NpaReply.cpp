@@ -140,11 +140,11 @@ public:
         Enter(treeStart);
         while (!open.empty()) {
             if (open.back().remaining == 0) {
-                Leave();
-                continue;
+                open.pop_back();
+            } else {
+                --open.back().remaining;
+                ReadElement();
             }
-            --open.back().remaining;
-            ReadElement();
         }
         return std::move(info);
     }
@@ -163,11 +163,6 @@ private:
         const std::uint64_t count = Length(reader.Take(layout.countWidth));
         reader.Skip(layout.groupLengthWidth);
         open.push_back({.remaining = count, .position = reader.Position(), .pathLength = path.size()});
-    }
-
-    void Leave() {
-        open.pop_back();
-        if (!open.empty()) path.resize(open.back().pathLength);
     }
 
     void ReadElement() {

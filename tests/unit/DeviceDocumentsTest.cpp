@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(Messages, KeepRuleTest,
                                          KeepCase{L"FAX", false, false}, KeepCase{L"FAX", true, true},
                                          KeepCase{L"a SCANNER", false, false},
                                          KeepCase{L"a SCANNER", true, true}, KeepCase{L"fax", false, true},
-                                         KeepCase{L"PRINTER", false, true}));
+                                         KeepCase{L"PRINTER", false, true}, KeepCase{L"SCAN", false, true}));
 
 TEST(ApplyColoursTest, SetsTheColourOfTheNamedDevices) {
     std::vector<std::wstring> documents{At(L"10.0.0.1"), At(L"10.0.0.2")};
@@ -145,6 +145,18 @@ TEST(ApplyColoursTest, GoesOnByTheAddressThatAValueBroughtAlong) {
     Colour(documents, L":<IPADDRESS>10.0.0.1</IPADDRESS>;10.0.0.1:mono;");
     EXPECT_EQ(ColourOf(documents[0]), L"mono");
     EXPECT_EQ(documents[1], At(L"10.0.0.1"));
+}
+
+TEST(ApplyColoursTest, LeavesADocumentThatGotAnotherAddressToThatOne) {
+    std::vector<std::wstring> documents{L"<IPNAME>x</IPNAME>", L"<IPNAME>y</IPNAME>"};
+    Colour(documents, L":<IPADDRESS>10.0.0.1</IPADDRESS>;:mono;");
+    EXPECT_EQ(ColourOf(documents[1]), L"mono");
+}
+
+TEST(ApplyColoursTest, FindsNoDocumentWhereTheLastGotAnotherAddress) {
+    std::vector<std::wstring> documents{L"<IPNAME>x</IPNAME>"};
+    Colour(documents, L":<IPADDRESS>10.0.0.1</IPADDRESS>;:mono;");
+    EXPECT_EQ(ColourOf(documents[0]), At(L"10.0.0.1"));
 }
 
 }  // namespace

@@ -16,14 +16,21 @@ std::optional<NpaDeviceInfo> Decode(const Bytes& packet) {
     return DecodeNpaReply(packet, Widen);
 }
 
+Bytes& operator+=(Bytes& bytes, const Bytes& more) {
+    bytes.insert(bytes.end(), more.begin(), more.end());
+    return bytes;
+}
+
 Bytes BranchOf(const Builder& builder, const std::vector<int>& ids, const Bytes& element) {
     return builder.Packet({builder.Below(ids, element)});
 }
 
 TEST(NpaReplyTest, ReadsTheFaxFlag) {
-    const auto info = Decode(Npa::FaxReply(1));
-    ASSERT_TRUE(info);
-    EXPECT_TRUE(info->HasFax());
+    for (const std::uint8_t flag : Bytes{1, 2, 255}) {
+        const auto info = Decode(Npa::FaxReply(flag));
+        ASSERT_TRUE(info);
+        EXPECT_TRUE(info->HasFax());
+    }
 }
 
 TEST(NpaReplyTest, KnowsADeviceWithoutFaxByTheZero) {
@@ -52,6 +59,51 @@ TEST(NpaReplyTest, KeepsTheValuesOfItsKeysAlone) {
     EXPECT_EQ(info->texts, (std::map<std::string, std::wstring, std::less<>>{{"1.1.2.1", L"Loom"}}));
 }
 
+struct KeyCase {
+    const char* key;
+    // The groups below the root, and the element in the last of them.
+    std::vector<int> groups;
+    int id;
+};
+
+void PrintTo(const KeyCase& key, std::ostream* stream) {
+    *stream << key.key;
+}
+
+using NumberKeyTest = testing::TestWithParam<KeyCase>;
+
+TEST_P(NumberKeyTest, IsKept) {
+    const Builder builder;
+    const auto info = Decode(BranchOf(builder, GetParam().groups, builder.Number(GetParam().id, {5})));
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->numbers, (std::map<std::string, std::uint32_t, std::less<>>{{GetParam().key, 5}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, NumberKeyTest,
+                         testing::Values(KeyCase{"1.1.1.1", {1, 1}, 1}, KeyCase{"1.1.1.2", {1, 1}, 2},
+                                         KeyCase{"1.1.2.4", {1, 2}, 4}, KeyCase{"1.1.3.1", {1, 3}, 1},
+                                         KeyCase{"1.1.3.2", {1, 3}, 2}, KeyCase{"1.1.3.3", {1, 3}, 3},
+                                         KeyCase{"1.1.3.8.2", {1, 3, 8}, 2},
+                                         KeyCase{"1.1.3.8.1", {1, 3, 8}, 1},
+                                         KeyCase{"1.1.3.9.1", {1, 3, 9}, 1},
+                                         KeyCase{"1.1.3.9.2", {1, 3, 9}, 2},
+                                         KeyCase{"1.1.3.14.1", {1, 3, 14}, 1}, KeyCase{"1.1.3.5", {1, 3}, 5},
+                                         KeyCase{"1.1.3.17.3", {1, 3, 17}, 3}));
+
+using TextKeyTest = testing::TestWithParam<KeyCase>;
+
+TEST_P(TextKeyTest, IsKept) {
+    const Builder builder;
+    const auto info = Decode(BranchOf(builder, GetParam().groups, builder.Text(GetParam().id, "x")));
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->texts, (std::map<std::string, std::wstring, std::less<>>{{GetParam().key, L"x"}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, TextKeyTest,
+                         testing::Values(KeyCase{"1.1.2.1", {1, 2}, 1}, KeyCase{"1.1.2.2", {1, 2}, 2},
+                                         KeyCase{"1.1.2.3", {1, 2}, 3}, KeyCase{"1.1.3.12", {1, 3}, 12},
+                                         KeyCase{"1.1.2.5", {1, 2}, 5}));
+
 TEST(NpaReplyTest, StoresNoNumberUnderATextKey) {
     const Builder builder;
     const auto info = Decode(BranchOf(builder, {1, 2}, builder.Number(1, {7})));
@@ -67,6 +119,7 @@ TEST(NpaReplyTest, StepsOverAnUnknownTypeLikeANumber) {
                               builder.Group(17, {builder.Leaf(2, 200, {}), builder.Number(3, {1})})})})}));
     ASSERT_TRUE(info);
     EXPECT_TRUE(info->HasFax());
+    EXPECT_EQ(info->numbers.size(), 1u);
 }
 
 TEST(NpaReplyTest, PassesOverAGroupOutsideTheDeviceBranch) {
@@ -91,6 +144,12 @@ TEST(NpaReplyTest, TakesAnIdAbove127ForANegativeNumber) {
     EXPECT_TRUE(info->numbers.empty());
 }
 
+TEST(NpaReplyTest, PassesOverAGroupWhoseNegativeIdBeginsWithOne) {
+    const Builder builder;
+    // 0x81 is -127; as 129 its path would hold the text of the branch.
+    EXPECT_TRUE(Decode(builder.Packet({builder.LyingGroup(0x81, 200, 3, {0xFF, 0xFF, 0xFF})})));
+}
+
 TEST(NpaReplyTest, ReadsAsWideAsTheReplyAnnounces) {
     const Builder builder({.id = 2, .type = 3, .count = 4, .groupLength = 5, .leafLength = 6});
     const auto info = Decode(BranchOf(builder, {1, 3, 17}, builder.Number(3, {0, 0, 0, 0, 1})));
@@ -112,12 +171,26 @@ TEST(NpaReplyTest, TakesAMissingLabelForTheWidthZero) {
     EXPECT_TRUE(info->numbers.empty());
 }
 
-TEST(NpaReplyTest, FindsTheTreeAtItsPlaceWhateverTheTexts) {
+using LooseLayoutTest = testing::TestWithParam<const char*>;
+
+TEST_P(LooseLayoutTest, LeavesTheTreeAtItsPlace) {
     const Builder builder;
     const Bytes tree = builder.Group(1, {builder.Below({1, 3, 17}, builder.Number(3, {1}))});
-    const auto info = Decode(Npa::PacketOf("P{ID:1,DT:1}..{NE:1,LD:2}..{LD:2}xyz", tree));
+    const auto info = Decode(Npa::PacketOf(GetParam(), tree));
     ASSERT_TRUE(info);
     EXPECT_TRUE(info->HasFax());
+}
+
+// Whatever stands in the two bytes behind a brace is stepped over, another brace as well.
+INSTANTIATE_TEST_SUITE_P(Layouts, LooseLayoutTest,
+                         testing::Values("P{ID:1,DT:1}..{NE:1,LD:2}..{LD:2}xyz",
+                                         "P{ID:1,DT:1}}}NE:1,LD:2}}}LD:2}"));
+
+TEST(NpaReplyTest, RefusesALengthThatNoNumberHolds) {
+    const Builder builder({.leafLength = 9});
+    Bytes leaf = builder.Number(1, {});
+    leaf[2] = 1;
+    EXPECT_FALSE(Decode(builder.Packet({leaf})));
 }
 
 TEST(NpaReplyTest, RefusesAnotherStartByte) {
@@ -148,7 +221,7 @@ TEST_P(BrokenLayoutTest, RefusesTheReply) {
 INSTANTIATE_TEST_SUITE_P(Layouts, BrokenLayoutTest,
                          testing::Values("Q{ID:1,DT:1}P{NE:1,LD:2}P{LD:2}", "P[ID:1,DT:1}P{NE:1,LD:2}P{LD:2}",
                                          "P{ID:1,DT:1", "P{ID:1,DT:1}P{NE:1,LD:2",
-                                         "P{ID:1,DT:1}P{NE:1,LD:2}P{LD", "P{ID:99999999999,DT:1}P{NE:1}P{}"));
+                                         "P{ID:1,DT:1}P{NE:1,LD:2}P{LD", "P{ID:4294967297,DT:1}P{NE:1}P{}"));
 
 TEST(NpaReplyTest, RefusesEveryBeginningOfAReply) {
     const Bytes packet = Npa::FaxReply(1);
@@ -176,14 +249,22 @@ TEST(NpaReplyTest, WalksAsDeepAsAPacketCanNest) {
     EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
 }
 
-TEST(NpaReplyTest, EndsOnGroupsThatNameTheSameBytesAgain) {
+TEST(NpaReplyTest, RefusesGroupsThatNameTheSameBytesAgain) {
     const Builder builder;
     Bytes tree;
-    // Read to the letter, each group doubles the work: once as the content, once as what follows.
-    for (size_t group = 0; group < 4000; ++group) {
-        const Bytes head = builder.LyingGroup(1, 2, 0, {});
-        tree.insert(tree.end(), head.begin(), head.end());
-    }
+    // Each group is the content of the one in front of it and what follows that one as well, so that read to
+    // the letter each nearly doubles the work.
+    for (size_t group = 0; group < 25; ++group) tree += builder.LyingGroup(1, 2, 0, {});
+    for (size_t group = 0; group < 50; ++group) tree += builder.LyingGroup(1, 0, 0, {});
+    EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
+}
+
+TEST(NpaReplyTest, RefusesValuesThatAreNamedAgain) {
+    const Builder builder;
+    // Both groups claim the same texts.
+    Bytes tree =
+        builder.LyingGroup(1, 1, 0, builder.LyingGroup(1, 101, 0, builder.LyingGroup(1, 100, 0, {})));
+    for (size_t count = 0; count < 100; ++count) tree += builder.Text(1, "text");
     EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
 }
 

@@ -50,6 +50,8 @@ TEST(RowOrderTest, PutsComPortsInTheOrderOfTheirNumbers) {
     EXPECT_EQ(Texts(L"COM3: (a:7)", L"COM2:"), 1);
     EXPECT_EQ(Texts(L"COM3:", L"COM3:"), -1);
     EXPECT_EQ(Texts(L"com3:", L"com10:"), 1);
+    EXPECT_EQ(Texts(L"COM3:", L"LPT1:"), -1);
+    EXPECT_EQ(Texts(L"LPT1:", L"COM3:"), 1);
 }
 
 }  // namespace
