@@ -6,6 +6,7 @@
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
@@ -25,9 +26,9 @@ protected:
                                                   .isMultiFunction = true},
                                                  {.model = L"M3", .address = L"10.0.0.3"}});
         AddDriver(L"scan.msi", L"SCAN").properties[L"DRIVERTYPE"] = L"SCAN";
-        AddApplication(L"fax", L"FAX", L"FaxDriver");
+        AddApplication(L"fax", L"FAX", L"OtherFax1");
         AddApplication(L"scanner", L"SCANNER", L"");
-        AddApplication(L"plain", L"PRINTER", L"");
+        AddApplication(L"plain", L"FAX SCANNER", L"");
     }
     ~DeviceChoiceTest() override { DiscoveredDevices::GetInstance().Assign({}); }
 
@@ -99,6 +100,14 @@ TEST_F(DeviceChoiceTest, OffersScanAndFaxForAMultiFunctionDevice) {
     EXPECT_TRUE(IsScanSelected());
 }
 
+TEST_F(DeviceChoiceTest, GoesByTheFirstDeviceWithTheHardwareAddress) {
+    Prepare();
+    DiscoveredDevices::GetInstance().Assign({{.series = L"T", .macAddress = L"A1", .isMultiFunction = true},
+                                             {.series = L"S", .macAddress = L"A1"}});
+    TakeDevice(L"S", false);
+    EXPECT_THAT(OptionalNames(), UnorderedElementsAre(L"fax", L"scanner"));
+}
+
 TEST_F(DeviceChoiceTest, TakesTheOfferBackForASingleFunction) {
     Prepare();
     TakeDevice(L"S", true);
@@ -122,8 +131,9 @@ TEST_F(DeviceChoiceTest, SelectsFaxApplicationsByTheRowInTheSecondVariant) {
 TEST_F(DeviceChoiceTest, TurnsToTheDevicesOfAConfiguration) {
     Prepare();
     Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
-    Settings().SetDevices({L"<DETECT_PRINTER>1</DETECT_PRINTER>", L"<DRIVER_ID>Fax</DRIVER_ID>"});
+    Settings().SetDevices({L"<DETECT_PRINTER>true</DETECT_PRINTER>", L"<DRIVER_ID>Fax</DRIVER_ID>"});
     TakeDevice(L"S", true);
+    EXPECT_THAT(Settings().GetDeviceValues(L"PRINTER_NAME"), Contains(L"S"));
     EXPECT_THAT(Settings().GetDeviceValues(L"PORT_NAME"), ElementsAre(L"host2", L"host2"));
     EXPECT_THAT(Settings().GetDeviceValues(L"IPADDRESS"), ElementsAre(L"10.0.0.2", L"10.0.0.2"));
     EXPECT_THAT(Settings().GetDeviceValues(L"HOST_NAME"), ElementsAre(L"host2", L"host2"));

@@ -249,10 +249,13 @@ TEST_P(CancelledCallTest, EndsTheRunAtTheNextTest) {
     const ThreadWatch threads;
     service->DoRun();
     for (int waited = 0; waited < 1000 && CallNames().back() != lastCall; ++waited) Sleep(5);
+    const std::vector<std::wstring> callsSoFar = CallNames();
     service->Cancel();
     tree.Add(L"gate");
     EXPECT_THAT(ThreadWatch::WaitForAll(), ElementsAre(cancelledCode));
-    EXPECT_EQ(CallNames().back(), lastCall);
+    EXPECT_EQ(callsSoFar.back(), lastCall);
+    EXPECT_EQ(CallNames(), callsSoFar);
+    EXPECT_THAT(BasicMessages(), Not(Contains(L"Found device with IP address 10.0.0.1")));
     EXPECT_THAT(page.deliveries, IsEmpty());
     EXPECT_EQ(page.nothingFound, 0);
 }
@@ -295,6 +298,27 @@ TEST_F(DiscoveryServiceTest, WaitsForItsWorkerBeforeItGoes) {
     EXPECT_EQ(page.nothingFound, 1);
     EXPECT_THAT(CallNames(), ElementsAre(L"Initialize", L"BidiInitialize", L"DiscoverW", L"EnumerateW",
                                          L"Uninitialize", L"BidiUninitialize"));
+}
+
+// Its user cancels at the last moment.
+class CancellingPage : public NotingPage {
+public:
+    std::wstring GetReceivedMessage() const override {
+        service->Cancel();
+        return L"FAX";
+    }
+
+    DiscoveryService* service = nullptr;
+};
+
+TEST_F(DiscoveryServiceTest, SaysNothingBehindACancelThatComesWhileItFilters) {
+    CancellingPage cancelling;
+    AddDevice(L"10.0.0.1");
+    Start(&cancelling);
+    cancelling.service = service.get();
+    EXPECT_EQ(Run(), cancelledCode);
+    EXPECT_THAT(cancelling.deliveries, IsEmpty());
+    EXPECT_EQ(cancelling.nothingFound, 0);
 }
 
 class FailingPage : public NotingPage {

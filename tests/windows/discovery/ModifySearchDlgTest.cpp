@@ -201,6 +201,19 @@ TEST_F(ModifySearchDlgTest, ChecksAnUnchangedHostOnceMoreBehindARadioClick) {
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
+TEST_F(ModifySearchDlgTest, LetsAnEmptyHostUseUpTheExtraCheck) {
+    Open();
+    Choose(hostRadio);
+    Type(host, L"printer");
+    Pause();
+    Type(host, L"");
+    Choose(hostRadio);
+    Pause();
+    Type(host, L"printer");
+    Pause();
+    EXPECT_FALSE(IsEnabled(IDOK));
+}
+
 TEST_F(ModifySearchDlgTest, RepeatsNoBalloonForATextThatIsStillWrong) {
     Open();
     Choose(hostRadio);
@@ -324,7 +337,6 @@ TEST_F(ModifySearchDlgTest, TestsAnAddressOfTheGreatestLength) {
 TEST_F(ModifySearchDlgTest, StoresTheHostOnEnterThoughOkIsDisabled) {
     Open();
     Choose(hostRadio);
-    EXPECT_FALSE(Search() != L"" || GetFocus() != At(host));
     MSG enter{.hwnd = At(host), .message = WM_KEYDOWN, .wParam = VK_RETURN};
     Type(host, L"not good!");
     Pause();
@@ -392,6 +404,33 @@ TEST_F(ModifySearchDlgTest, ChecksByItselfBehindThePause) {
     }));
 }
 
+TEST_F(ModifySearchDlgTest, ChecksNothingForATimerThatIsGone) {
+    Open();
+    Choose(hostRadio);
+    Type(host, L"printer");
+    Pause();
+    // One more check would refuse the unchanged text.
+    Pause();
+    EXPECT_TRUE(IsEnabled(IDOK));
+}
+
+TEST_F(ModifySearchDlgTest, BeepsWithEachBalloon) {
+    static std::vector<UINT> beeps;
+    beeps.clear();
+    const PatchedImport watch(
+        "MessageBeep", +[](UINT sound) -> BOOL {
+            beeps.push_back(sound);
+            return TRUE;
+        });
+    Open();
+    Choose(hostRadio);
+    Type(host, L"a b");
+    Pause();
+    EXPECT_THAT(beeps, ElementsAre(UINT{MB_OK}));
+    Type(host, std::wstring(256, L'a'));
+    EXPECT_THAT(beeps, ElementsAre(UINT{MB_OK}, UINT{MB_OK}));
+}
+
 TEST_F(ModifySearchDlgTest, TellsThatItHasNoTimerAndChecksNothing) {
     const PatchedImport denied(
         "SetTimer", +[](HWND, UINT_PTR, UINT, TIMERPROC) -> UINT_PTR { return 0; });
@@ -420,7 +459,10 @@ TEST_F(ModifySearchDlgTest, TakesHostNamesAloneOnASystemThatCannotReadAddresses)
     Type(host, L"2001:db8::1");
     Pause();
     EXPECT_FALSE(IsEnabled(IDOK));
-    EXPECT_THAT(balloons, ElementsAre(L"MSG_INVALID_IPHOST_NAME"));
+    // There the message comes again for the same text.
+    Choose(hostRadio);
+    Pause();
+    EXPECT_THAT(balloons, ElementsAre(L"MSG_INVALID_IPHOST_NAME", L"MSG_INVALID_IPHOST_NAME"));
 }
 
 // The class of the tool tip windows of this thread that are shown.

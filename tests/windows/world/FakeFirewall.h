@@ -11,7 +11,7 @@ struct FirewallRule {
     std::wstring description;
     std::wstring application;
     std::wstring localPorts;
-    std::wstring grouping;
+    std::wstring grouping = L"(never set)";
     std::wstring interfaceTypes;
     long profiles = 0;
     int action = -1;

@@ -1,0 +1,210 @@
+// What the page of the devices offers and proposes of drivers and connections.
+
+#include "settings/TagNames.h"
+#include "tests/windows/world/DevicesPageTest.h"
+
+namespace {
+
+using namespace DeviceControl;
+
+using DeviceDriversTest = DevicesPageTest;
+
+TEST_F(DeviceDriversTest, ProposesTheDriverOfTheColour) {
+    Show();
+    Deliver(FourDevices());
+    Select(1);
+    EXPECT_EQ(SelectedDriver(), L"MONO1 driver");
+    Select(2);
+    EXPECT_EQ(SelectedDriver(), L"COLOR1V4 driver");
+    Select(0);
+    EXPECT_EQ(SelectedDriver(), L"NONE1 driver");
+}
+
+TEST_F(DeviceDriversTest, ProposesTheDriverWithoutAColourForARowThatShowsAModel) {
+    Show();
+    Deliver({{.model = L"M", .address = L"10.0.0.2", .colour = L"mono"}});
+    Select(0);
+    EXPECT_EQ(SelectedDriver(), L"NONE1 driver");
+}
+
+TEST_F(DeviceDriversTest, ProposesTheDriverThatThePackageNames) {
+    Settings().SetString(L"MODEL_DEFAULT_OVERRIDE", L"B:COLOR1V4;");
+    Show();
+    Deliver(FourDevices());
+    Select(1);
+    EXPECT_EQ(SelectedDriver(), L"COLOR1V4 driver");
+}
+
+TEST_F(DeviceDriversTest, KeepsTheDriverWhenThePackageNamesOneThatThereIsNot) {
+    Settings().SetString(L"MODEL_DEFAULT_OVERRIDE", L"A:color1v4;");
+    Show();
+    Deliver(FourDevices());
+    Select(1);
+    Select(0);
+    EXPECT_EQ(SelectedDriver(), L"MONO1 driver");
+}
+
+TEST_F(DeviceDriversTest, DropsAConfigurationWithTheDriver) {
+    Settings().SetString(L"DRIVERCONFIG_PATH", L"C:\\a.zdc");
+    Show();
+    Deliver(FourDevices());
+    EXPECT_EQ(Settings().GetString(L"DRIVERCONFIG_PATH"), L"");
+}
+
+TEST_F(DeviceDriversTest, HidesTheDriverChoiceWhileThereAreNoDrivers) {
+    page.ShowWindow(SW_SHOW);
+    for (const int id : {driverListId, driverFrame, driverLabel, configure}) EXPECT_FALSE(IsShown(id)) << id;
+    EXPECT_FALSE(IsEnabled(driverLabel));
+    page.AddDriver(Driver(L"X"));
+    for (const int id : {driverListId, driverFrame, driverLabel}) EXPECT_TRUE(IsShown(id)) << id;
+    EXPECT_TRUE(IsEnabled(driverLabel));
+}
+
+TEST_F(DeviceDriversTest, OffersTheConfigurationWhereThePackageHasATool) {
+    tree.Add(L"Install\\MakerDriverConfig.msi");
+    Show();
+    EXPECT_TRUE(IsShown(configure));
+}
+
+TEST_F(DeviceDriversTest, OffersTheConfigurationAsSoonAsADriverHasATool) {
+    tree.Add(L"Install\\MakerDriverConfig.msi");
+    page.ShowWindow(SW_SHOW);
+    page.AddDriver(Driver(L"FirstV4"));
+    EXPECT_FALSE(IsShown(configure));
+    page.AddDriver(Driver(L"Second"));
+    EXPECT_TRUE(IsShown(configure));
+}
+
+struct ConfigureCase {
+    const wchar_t* driverId;
+    bool isEnabledOnUsb;
+};
+
+class ConfigureOnUsbTest : public DeviceDriversTest, public testing::WithParamInterface<ConfigureCase> {};
+
+TEST_P(ConfigureOnUsbTest, IsShutForTheNewerKindOfDriver) {
+    Settings().SetStrings({{L"USB_SUPPORTED", L"1"},
+                           {L"WIN8_DRVTYPES", L"MONO1;COLOR1V4"},
+                           {L"WIN8_NO_COMM_DEFAULT", GetParam().driverId}});
+    AddDriver(L"d.msi", GetParam().driverId).properties[L"ISOMBRELSUPPORTED"] = L"TRUE";
+    tree.Add(L"Install\\MakerDriverConfig.msi");
+    tree.Add(L"Install\\MakerArdentis.msi");
+    BuildCatalogues();
+    Show();
+    Deliver(FourDevices());
+    EXPECT_EQ(SelectedDriver(), GetParam().driverId + std::wstring(L" driver"));
+    EXPECT_TRUE(IsEnabled(configure));
+    Click(usb);
+    EXPECT_EQ(IsEnabled(configure), GetParam().isEnabledOnUsb);
+}
+
+INSTANTIATE_TEST_SUITE_P(Drivers, ConfigureOnUsbTest,
+                         testing::Values(ConfigureCase{L"MONO1", true}, ConfigureCase{L"COLOR1V4", false}));
+
+TEST_F(DeviceDriversTest, HidesTheDriverListInARunFromConfiguration) {
+    Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
+    Show();
+    EXPECT_FALSE(IsShown(driverListId) || IsShown(configure));
+}
+
+TEST_F(DeviceDriversTest, HidesTheChoicesInTheSecondVariant) {
+    Settings().SetStrings({{L"AMAZON_SUPPORTED", L"TRUE"}, {L"USB_SUPPORTED", L"1"}});
+    AddPackage(L"Applications", L"n.msi").properties[L"APPTYPE"] = L"NIMBOJET";
+    BuildCatalogues();
+    Show();
+    for (const int id : {driverListId, driverFrame, driverLabel, configure, usb, nimbojet}) {
+        EXPECT_FALSE(IsShown(id)) << id;
+    }
+    EXPECT_FALSE(IsEnabled(usb) || IsEnabled(nimbojet) || IsEnabled(driverLabel));
+}
+
+TEST_F(DeviceDriversTest, HidesTheChoicesAgainWheneverItIsShownInTheSecondVariant) {
+    Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
+    Show();
+    const std::vector<int> choices{driverListId, driverFrame, driverLabel, configure};
+    for (const int id : choices) ShowWindow(At(id), SW_SHOW);
+    page.ShowWindow(SW_HIDE);
+    page.ShowWindow(SW_SHOW);
+    for (const int id : choices) EXPECT_FALSE(IsShown(id)) << id;
+}
+
+TEST_F(DeviceDriversTest, OffersUsbToThePackagesThatAskForIt) {
+    Settings().SetString(L"USB_SUPPORTED", L"1");
+    Show();
+    EXPECT_TRUE(IsShown(usb) && IsEnabled(usb));
+    EXPECT_FALSE(IsShown(nimbojet) || IsEnabled(nimbojet));
+}
+
+TEST_F(DeviceDriversTest, OffersNoUsbForAnyOtherValue) {
+    Settings().SetString(L"USB_SUPPORTED", L"true");
+    Show();
+    EXPECT_FALSE(IsShown(usb) || IsEnabled(usb));
+}
+
+TEST_F(DeviceDriversTest, OffersTheNimbojetThatThePackageHas) {
+    AddPackage(L"Applications", L"n.msi").properties[L"APPTYPE"] = L"NIMBOJET";
+    BuildCatalogues();
+    Show();
+    EXPECT_TRUE(IsShown(nimbojet) && IsEnabled(nimbojet));
+}
+
+class RadioTest : public DeviceDriversTest, public testing::WithParamInterface<int> {
+protected:
+    RadioTest() {
+        Settings().SetString(L"USB_SUPPORTED", L"1");
+        AddPackage(L"Applications", L"n.msi").properties[L"APPTYPE"] = L"NIMBOJET";
+        BuildCatalogues();
+    }
+};
+
+TEST_P(RadioTest, OpensNextAndShutsTheSearch) {
+    Show();
+    Click(GetParam());
+    EXPECT_TRUE(IsEnabled(IDOK));
+    for (const int id : {listId, refresh, modifySearch, addPort}) EXPECT_FALSE(IsEnabled(id)) << id;
+    EXPECT_EQ(SelectedDriver(), L"NONE1 driver");
+}
+
+TEST_P(RadioTest, LeavesTheSelectedRow) {
+    Show();
+    Deliver(FourDevices());
+    Click(GetParam());
+    EXPECT_EQ(SelectedRow(), 3);
+}
+
+TEST_P(RadioTest, IsNotChosenByTheFocusAlone) {
+    Show();
+    SetFocus(At(IDCANCEL));
+    SetFocus(At(GetParam()));
+    EXPECT_TRUE(IsEnabled(listId));
+}
+
+TEST_P(RadioTest, GivesWayToTheCommandThatHasNoControl) {
+    Show();
+    Deliver(FourDevices());
+    Click(GetParam());
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(listRadio, BN_CLICKED));
+    for (const int id : {listId, refresh, modifySearch, addPort, IDOK}) EXPECT_TRUE(IsEnabled(id)) << id;
+    EXPECT_EQ(At(listRadio), nullptr);
+    EXPECT_EQ(SelectedDriver(), L"NONE1 driver");
+    EXPECT_EQ(GetFocus(), At(listId));
+}
+
+TEST_P(RadioTest, KeepsNextOpenWhenAListArrives) {
+    Show();
+    Click(GetParam());
+    page.NoPrinterFound();
+    PumpMessages();
+    EXPECT_TRUE(IsEnabled(IDOK));
+}
+
+INSTANTIATE_TEST_SUITE_P(Connections, RadioTest, testing::Values(usb, nimbojet));
+
+TEST_F(DeviceDriversTest, ClosesNextForTheCommandThatHasNoControlWithoutARow) {
+    Show();
+    EnableWindow(At(IDOK), TRUE);
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(listRadio, BN_CLICKED));
+    EXPECT_FALSE(IsEnabled(IDOK));
+}
+
+}  // namespace

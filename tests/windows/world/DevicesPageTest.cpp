@@ -1,0 +1,120 @@
+#include "DevicesPageTest.h"
+
+#include <utility>
+
+#include "discovery/DiscoveredDevices.h"
+#include "settings/TagNames.h"
+#include "tests/windows/resource.h"
+
+using namespace DeviceControl;
+
+MSI_APP Driver(const std::wstring& id) {
+    MSI_APP driver;
+    driver.driverId = id;
+    driver.driverName = id + L" driver";
+    driver.isPrinterDriver = true;
+    return driver;
+}
+
+DevicesPageTest::DevicesPageTest() {
+    std::string texts;
+    for (const char* const key :
+         {"DISCOVERED_LIST_COLUMN_SEARCHING", "DISCOVERED_LIST_COLUMN_MODEL",
+          "DISCOVERED_LIST_COLUMN_IPADDRESS", "DISCOVERED_LIST_COLUMN_PRINTER", "NO_PRINTER_FOUND", "COLOR",
+          "MONO", "SELECT_PRINT_TEXT", "SELECT_PRINTSCAN_TEXT", "DOWNLOAD_INSTALL_TITLE"}) {
+        texts += std::string("<") + key + ">" + key + "</" + key + ">";
+    }
+    AddTexts(texts);
+    Settings().SetStrings({{L"WIN8_MONO_DEFAULT", L"MONO1"},
+                           {L"WIN8_COLOR_DEFAULT", L"COLOR1V4"},
+                           {L"WIN8_NO_COMM_DEFAULT", L"NONE1"}});
+    window.Create(IDD_TEST, nullptr);
+    window.ShowWindow(SW_SHOW);
+    app.SetMainWnd(&window);
+    page.Create(136, &window);
+}
+
+DevicesPageTest::~DevicesPageTest() {
+    DiscoveredDevices::GetInstance().Assign({});
+}
+
+void DevicesPageTest::Show() {
+    page.ShowWindow(SW_SHOW);
+    if (Settings().GetBool(Tag::INSTALL_FROM_CONFIG)) return;
+    page.ClearDrivers();
+    for (const wchar_t* const id : {L"NONE1", L"MONO1", L"COLOR1V4"}) page.AddDriver(Driver(id));
+}
+
+void DevicesPageTest::Deliver(std::list<DiscoveredDevice> devices) {
+    page.SetDevices(std::move(devices));
+    PumpMessages();
+}
+
+std::wstring DevicesPageTest::Cell(int row, int column) const {
+    wchar_t text[300]{};
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = text;
+    item.cchTextMax = 300;
+    SendMessageW(At(listId), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    return text;
+}
+
+std::vector<std::wstring> DevicesPageTest::Column(int column) const {
+    std::vector<std::wstring> cells;
+    for (int row = 0; row < ListView_GetItemCount(At(listId)); ++row) cells.push_back(Cell(row, column));
+    return cells;
+}
+
+std::vector<std::wstring> DevicesPageTest::Headings() const {
+    std::vector<std::wstring> headings;
+    for (int column = 0; column < Header_GetItemCount(ListView_GetHeader(At(listId))); ++column) {
+        wchar_t text[100]{};
+        HDITEMW item{.mask = HDI_TEXT, .pszText = text, .cchTextMax = 100};
+        SendMessageW(ListView_GetHeader(At(listId)), HDM_GETITEMW, static_cast<WPARAM>(column),
+                     reinterpret_cast<LPARAM>(&item));
+        headings.emplace_back(text);
+    }
+    return headings;
+}
+
+std::vector<int> DevicesPageTest::HeadingImages() const {
+    std::vector<int> images;
+    for (int column = 0; column < 3; ++column) {
+        HDITEMW item{.mask = HDI_IMAGE | HDI_FORMAT};
+        SendMessageW(ListView_GetHeader(At(listId)), HDM_GETITEMW, static_cast<WPARAM>(column),
+                     reinterpret_cast<LPARAM>(&item));
+        EXPECT_NE(item.fmt & HDF_BITMAP_ON_RIGHT, 0);
+        images.push_back(item.iImage);
+    }
+    return images;
+}
+
+void DevicesPageTest::Select(int row) const {
+    ListView_SetItemState(At(listId), row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+void DevicesPageTest::ClickColumn(int column) const {
+    NMLISTVIEW click{};
+    click.hdr = {.hwndFrom = At(listId), .idFrom = listId, .code = static_cast<UINT>(LVN_COLUMNCLICK)};
+    click.iItem = -1;
+    click.iSubItem = column;
+    page.SendMessage(WM_NOTIFY, listId, reinterpret_cast<LPARAM>(&click));
+}
+
+std::wstring DevicesPageTest::SelectedDriver() const {
+    const LRESULT entry = SendMessageW(At(driverListId), CB_GETCURSEL, 0, 0);
+    wchar_t text[100]{};
+    if (entry >= 0) {
+        SendMessageW(At(driverListId), CB_GETLBTEXT, static_cast<WPARAM>(entry),
+                     reinterpret_cast<LPARAM>(text));
+    }
+    return text;
+}
+
+std::list<DiscoveredDevice> FourDevices() {
+    return {{.series = L"D", .address = L"10.0.0.10", .colour = L"color"},
+            {.series = L"B", .address = L"10.0.0.9", .colour = L"mono"},
+            {.model = L"M", .address = L"10.0.0.2", .colour = L"mono"},
+            {.series = L"A", .address = L"10.0.0.1", .colour = L"grey"}};
+}

@@ -1,0 +1,72 @@
+// The page of the devices, in a window as the wizard puts it.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <list>
+#include <string>
+#include <vector>
+
+#include "CatalogueTest.h"
+#include "TestApp.h"
+#include "catalogue/MSI_APP.h"
+#include "discovery/DiscoveredDevice.h"
+#include "discovery/DiscoveryDlg.h"
+#include "framework/CDialogEx.h"
+
+namespace DeviceControl {
+
+inline constexpr int listId = 1014;
+inline constexpr int listRadio = 1015;
+inline constexpr int usb = 1016;
+inline constexpr int nimbojet = 1021;
+inline constexpr int modifySearch = 1122;
+inline constexpr int refresh = 1123;
+inline constexpr int addPort = 1124;
+inline constexpr int driverFrame = 1125;
+inline constexpr int driverLabel = 1126;
+inline constexpr int driverListId = 1127;
+inline constexpr int configure = 1129;
+inline constexpr int selectionText = 1130;
+inline constexpr int firstNote = 1131;
+inline constexpr int secondNote = 1132;
+inline constexpr int help = 1057;
+
+}  // namespace DeviceControl
+
+// A test with the page in a window and the texts of its list.
+class DevicesPageTest : public CatalogueTest {
+protected:
+    DevicesPageTest();
+    ~DevicesPageTest() override;
+
+    // The walk comes to the page, and the service fills the driver list.
+    void Show();
+    void Deliver(std::list<DiscoveredDevice> devices);
+    HWND At(int id) const { return page.GetDlgItem(id); }
+    bool IsShown(int id) const { return IsWindowVisible(At(id)) != FALSE; }
+    bool IsEnabled(int id) const { return IsWindowEnabled(At(id)) != FALSE; }
+    void Click(int id) const { SendMessageW(At(id), BM_CLICK, 0, 0); }
+    std::wstring Cell(int row, int column) const;
+    std::vector<std::wstring> Column(int column) const;
+    std::vector<std::wstring> Headings() const;
+    // The numbers of the pictures of the three headings.
+    std::vector<int> HeadingImages() const;
+    int SelectedRow() const { return ListView_GetNextItem(At(DeviceControl::listId), -1, LVNI_SELECTED); }
+    void Select(int row) const;
+    void ClickColumn(int column) const;
+    // The name of the selected driver; empty without one.
+    std::wstring SelectedDriver() const;
+
+    TestApp app;
+    CDialogEx window;
+    DiscoveryDlg page;
+};
+
+// A printer driver with that identifier, named after it.
+MSI_APP Driver(const std::wstring& id);
+// Two devices with a series and a colour, one with a model alone, which becomes the fourth row, and one of no
+// known colour.
+std::list<DiscoveredDevice> FourDevices();
