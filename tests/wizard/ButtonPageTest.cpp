@@ -22,9 +22,14 @@ protected:
         UseSettings(L"<HIDE_EULA>true</HIDE_EULA>");
     }
 
+    // Under load the window can come to the front late and take no notice of a mouse that stands already.
     static bool DarkensUnderMouse(HWND button, COLORREF colour) {
-        MoveMouse(MiddleOf(button));
-        return ShowsColour(button, colour);
+        const auto darkens = [&] {
+            MoveMouse({0, 0});
+            MoveMouse(MiddleOf(button));
+            return HasColour(button, colour, std::chrono::seconds(1));
+        };
+        return WaitUntil(darkens);
     }
 
     // Where the caption begins on the button's middle line, in pixels from its left edge.

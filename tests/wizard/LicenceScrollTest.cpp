@@ -32,7 +32,7 @@ protected:
             deed();
             return WaitUntil([this] { return IsEnabled(Control::next); }, std::chrono::seconds(1));
         };
-        return WaitUntil(takes, std::chrono::seconds(5));
+        return WaitUntil(takes);
     }
 
     bool StaysDisabled() const {

@@ -49,10 +49,13 @@ void PageTest::AddPicture(const std::wstring& name, COLORREF colour) {
     tree.WriteFile(L"Setup\\res\\images\\" + name, BitmapFile(colour));
 }
 
+bool PageTest::HasColour(HWND window, COLORREF colour, std::chrono::milliseconds limit) {
+    return WaitUntil([&] { return WizardDriver::PixelOf(window, insideFrame, insideFrame) == colour; },
+                     limit);
+}
+
 bool PageTest::ShowsColour(HWND window, COLORREF colour) {
-    const bool shown =
-        WaitUntil([&] { return WizardDriver::PixelOf(window, insideFrame, insideFrame) == colour; },
-                  std::chrono::seconds(3));
+    const bool shown = HasColour(window, colour, std::chrono::seconds(10));
     if (!shown) {
         ADD_FAILURE() << "the screen shows " << std::hex
                       << WizardDriver::PixelOf(window, insideFrame, insideFrame);

@@ -82,7 +82,9 @@ protected:
     bool HasAskedToCancel() const;
     // Lays a picture of one colour into the package's pictures.
     void AddPicture(const std::wstring& name, COLORREF colour);
-    // Waits until the screen shows the colour near the window's corner.
+    // Waits until the screen shows the colour near the window's corner, or for so long.
+    static bool HasColour(HWND window, COLORREF colour, std::chrono::milliseconds limit);
+    // The same with a limit for what must come, and a word on what has come instead.
     static bool ShowsColour(HWND window, COLORREF colour);
     // Whether the program stays without a question for a moment.
     bool StaysQuiet() const;

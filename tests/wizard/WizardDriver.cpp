@@ -77,7 +77,8 @@ void WizardDriver::Start(const std::wstring& arguments) {
     PROCESS_INFORMATION information{};
     const std::wstring folder = program.parent_path().wstring();
     ASSERT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               folder.c_str(), &startup, &information));
+                               folder.c_str(), &startup, &information))
+        << "error " << GetLastError();
     KeepProcess(information);
 }
 
