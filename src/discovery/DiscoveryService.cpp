@@ -167,8 +167,8 @@ void DiscoveryService::ProcessDevices(std::list<DiscoveredDevice>& found) {
         return;
     }
     const std::wstring addresses = AddressList(devices);
-    if (cancelled) return;
     DeviceIndex index(devices);
+    // Each asks nothing once the run is cancelled.
     ExchangeColours(addresses, index);
     ExchangeFax(addresses, index);
     if (cancelled) return;
