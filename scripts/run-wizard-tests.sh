@@ -70,7 +70,7 @@ wine_make_template
 # turn on a loaded machine are no fault of the program. A test that fails alone as well has failed.
 run_alone() {
     local failed
-    failed=$(sed -n 's/^\[  FAILED  \] \([^ ,]*\).*ms)$/\1/p' "$logs"/* | sort -u | paste -sd:)
+    failed=$(cat "$logs"/* | tr -d '\r' | sed -n 's/^\[  FAILED  \] \([^ ,]*\).*ms)$/\1/p' | sort -u | paste -sd:)
     [ -n "$failed" ] || return 1
     echo "Once more with nothing beside: $failed"
     wine_new_prefix "$wine_home/wizard-tests-0"

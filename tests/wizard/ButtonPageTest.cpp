@@ -25,9 +25,10 @@ protected:
     // Under load the window can come to the front late and take no notice of a mouse that stands already.
     static bool DarkensUnderMouse(HWND button, COLORREF colour) {
         const auto darkens = [&] {
-            MoveMouse({0, 0});
             MoveMouse(MiddleOf(button));
-            return HasColour(button, colour, std::chrono::seconds(1));
+            if (HasColour(button, colour, std::chrono::seconds(2))) return true;
+            MoveMouse({0, 0});
+            return false;
         };
         return WaitUntil(darkens);
     }
@@ -48,6 +49,8 @@ protected:
         HoldMouse(MiddleOf(button));
         EXPECT_TRUE(ShowsColour(button, pressedFace));
         const int pressed = CaptionStart(button, pressedFace);
+        // Taken back, so that letting go is no click wherever the mouse stands by then.
+        SendMessageW(button, WM_CANCELMODE, 0, 0);
         MoveMouse({0, 0});
         ReleaseMouse();
         return pressed - before;
