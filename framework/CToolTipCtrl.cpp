@@ -8,7 +8,7 @@ namespace {
 
 // A tool of that window; the size is the one that every version of the common controls takes.
 TTTOOLINFOW ToolOf(HWND owner, HWND control) {
-    TTTOOLINFOW tool{.cbSize = TTTOOLINFOW_V2_SIZE, .uFlags = TTF_IDISHWND};
+    TTTOOLINFOW tool{.cbSize = static_cast<UINT>(TTTOOLINFOW_V2_SIZE), .uFlags = TTF_IDISHWND};
     tool.hwnd = owner;
     tool.uId = reinterpret_cast<UINT_PTR>(control);
     return tool;
