@@ -70,3 +70,10 @@ start_display() {
     export DISPLAY=:$(cat "$number_file")
     rm -f "$number_file"
 }
+
+# failed_tests LOG...: the tests that failed in runs of GoogleTest, divided by colons as a filter takes them. Nothing if
+# one of the runs did not come to its end, for it has told of no test.
+failed_tests() {
+    [ -z "$(grep -aL '^\[  PASSED  \]' "$@")" ] || return 0
+    cat "$@" | tr -d '\r' | sed -n 's/^\[  FAILED  \] \([^ ,]*\).*ms)$/\1/p' | sort -u | paste -sd:
+}

@@ -241,7 +241,8 @@ TEST_F(DriverConfigPageTest, AsksAnewForAnotherDriver) {
     wizard.Press(Control::configureDriver);
     EXPECT_TRUE(WaitUntil([this] { return !TextOf(Control::configPath).empty(); }));
     wizard.Press(Control::cancel);
-    EXPECT_TRUE(WaitUntil([this] { return !IsShown(Control::configPath); }));
+    EXPECT_TRUE(WaitUntil(
+        [this] { return !IsShown(Control::configPath) && IsWindowEnabled(wizard.MainWindow()) != FALSE; }));
     const HWND drivers = wizard.FindControl(Control::drivers);
     SendMessageW(GetParent(drivers), WM_COMMAND, MAKEWPARAM(Control::drivers, CBN_SELCHANGE),
                  reinterpret_cast<LPARAM>(drivers));

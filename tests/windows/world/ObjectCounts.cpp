@@ -2,12 +2,16 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
 #include <winternl.h>
 
 #include <atomic>
 #include <cstdint>
 #include <cstdlib>
+#include <iostream>
 #include <new>
+
+#include "tests/wizard/Waiting.h"
 
 namespace {
 
@@ -77,4 +81,16 @@ ObjectCounts CountObjects() {
             .gdiObjects = CountGdiObjects(),
             .userObjects = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)),
             .allocations = liveAllocations};
+}
+
+bool LeavesNothingBehind(const std::function<void()>& deed) {
+    constexpr int tries = 3;
+    for (int attempt = 0; attempt < tries; ++attempt) {
+        const ObjectCounts before = CountObjects();
+        deed();
+        if (WaitUntil([&] { return CountObjects() == before; }, std::chrono::seconds(2))) return true;
+        std::cout << "before: " << testing::PrintToString(before)
+                  << ", behind: " << testing::PrintToString(CountObjects()) << std::endl;
+    }
+    return false;
 }
