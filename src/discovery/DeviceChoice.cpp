@@ -4,12 +4,11 @@
 #include "catalogue/AppCatalogue.h"
 #include "catalogue/DriverInfo.h"
 #include "discovery/DiscoveredDevices.h"
+#include "settings/DeviceDocument.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
 
 namespace {
-
-constexpr wchar_t portType[] = L"Standard TCP/IP Port";
 
 void WriteDeviceValues(const std::wstring& rowName, const DiscoveredDevice& device) {
     InstallSettings& settings = InstallSettings::GetInstance();
@@ -18,7 +17,7 @@ void WriteDeviceValues(const std::wstring& rowName, const DiscoveredDevice& devi
     settings.SetDeviceValue(Tag::IPADDRESS, device.address);
     settings.SetDeviceValue(Tag::HOST_NAME, device.hostName);
     settings.SetDeviceValue(Tag::ADD_PORT, L"true");
-    settings.SetDeviceValue(Tag::PORT_TYPE, portType);
+    settings.SetDeviceValue(Tag::PORT_TYPE, networkPortType);
     settings.SetDeviceValue(Tag::PRINTER_SERIES_NAME, rowName);
     settings.SetDeviceValue(Tag::PRINTER_MODEL_NAME, device.model);
 }
@@ -51,7 +50,7 @@ void TakeDevice(const std::wstring& rowName, bool selectedHasFax) {
                          {Tag::HOST_NAME, device.hostName},
                          {Tag::DRIVER_MODEL_NAME, device.model}});
     settings.SetBools({{Tag::SET_DEFAULT, true}, {Tag::ADD_PORT, true}});
-    settings.SetString(Tag::PORT_TYPE, portType);
+    settings.SetString(Tag::PORT_TYPE, networkPortType);
     if (fromConfig) WriteDeviceValues(rowName, device);
     LogBasic(L"Selected Port Type: Standard TCP/IP Port");
     LogBasic(L"Selected Host Name: " + device.hostName);

@@ -143,7 +143,6 @@ LRESULT DiscoveryDlg::OnShowWindow(WPARAM, LPARAM) {
         ShowControl(configureId, false);
     }
     if (settings.IsAmazonSupported()) HideDriverChoice();
-    ShowControl(helpId, false);
     settings.SetBool(Tag::DISCOVERY_DONE, true);
     return Default();
 }
@@ -254,15 +253,14 @@ std::wstring DiscoveryDlg::GetDriverForSelection() const {
     return settings.GetDefaultDriver(DiscoveredDevices::GetInstance().FindColourBySeries(name));
 }
 
-bool DiscoveryDlg::SelectedHasFax() const {
-    return DiscoveredDevices::GetInstance().LastWithAddress(deviceList.SelectedAddress()).hasFax;
-}
-
 // Goes by the address as it is shown: with the marks of a language that reads from right to left no device is
 // found, and this is meant.
+DiscoveredDevice DiscoveryDlg::SelectedDevice() const {
+    return DiscoveredDevices::GetInstance().LastWithAddress(deviceList.SelectedAddress());
+}
+
 void DiscoveryDlg::SetSelectionText() {
-    const DiscoveredDevice device =
-        DiscoveredDevices::GetInstance().LastWithAddress(deviceList.SelectedAddress());
+    const DiscoveredDevice device = SelectedDevice();
     SetLocalizedText(selectionTextId, SelectionTextKey(device.isMultiFunction, device.hasFax));
 }
 
@@ -342,7 +340,7 @@ void DiscoveryDlg::OnAddPort() {
 void DiscoveryDlg::OnOK() {
     InstallSettings& settings = InstallSettings::GetInstance();
     settings.SetBools({{Tag::USB, false}, {Tag::NIMBOJET, false}, {Tag::DISCOVERED_DEVICE, true}});
-    if (deviceList.SelectedRow() >= 0) TakeDevice(deviceList.SelectedName(), SelectedHasFax());
+    if (deviceList.SelectedRow() >= 0) TakeDevice(deviceList.SelectedName(), SelectedDevice().hasFax);
     std::wstring printerName;
     std::wstring modelName;
     if (!settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {

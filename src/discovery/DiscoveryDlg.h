@@ -68,7 +68,7 @@ private:
     void EnableSearch(bool enabled);
     void SelectDriver(const std::wstring& driverId);
     std::wstring GetDriverForSelection() const;
-    bool SelectedHasFax() const;
+    DiscoveredDevice SelectedDevice() const;
     void SetSelectionText();
 
     DiscoveryListCtrl deviceList;

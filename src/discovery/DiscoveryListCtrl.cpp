@@ -12,6 +12,7 @@
 #include "framework/CImage.h"
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
+#include "settings/TextExpansion.h"
 
 namespace {
 
@@ -28,16 +29,12 @@ constexpr int ascendingImage = 1;
 constexpr int descendingImage = 0;
 constexpr int unsortedImage = 2;
 
-// The marks that keep an address in its order among text that reads from right to left.
-constexpr wchar_t leftToRightOverride = 0x202D;
-constexpr wchar_t popDirection = 0x202C;
-
 std::wstring Text(std::wstring_view key) {
     return Localizer::GetInstance().GetString(key);
 }
 
 std::wstring ShownAddress(const std::wstring& address) {
-    return IsRightToLeftLocale() ? leftToRightOverride + address + popDirection : address;
+    return IsRightToLeftLocale() ? OverrideLeftToRight(address) : address;
 }
 
 std::wstring ShownColour(const std::wstring& colour) {

@@ -203,10 +203,9 @@ void ModifySearchDlg::Check() {
 // is cut off counts as good without a test.
 bool ModifySearchDlg::CheckHost() {
     const std::wstring text = hostEdit.GetText(longestHost + 1);
-    if (text.empty() || (text == lastHostText && !forceCheck)) {
-        if (text.empty()) forceCheck = false;
-        return false;
-    }
+    if (text.empty()) forceCheck = false;
+    // An empty text is never good, nor is one that is as it was.
+    if (text.empty() || (text == lastHostText && !forceCheck)) return false;
     bool accepted = true;
     if (hostEdit.GetLength() > longestHost) {
         CutOff(hostEdit, longestHost, TextKey::MSG_HOSTNAME_LIMIT);

@@ -10,6 +10,7 @@
 #include "ports/DriverConfiguration.h"
 #include "ports/PortText.h"
 #include "ports/SharedPrinter.h"
+#include "settings/DeviceDocument.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 #include "settings/TagDocument.h"
@@ -45,7 +46,6 @@ constexpr size_t portNameRead = 63;
 constexpr size_t addressRead = 255;
 constexpr size_t pathRead = 255;
 
-constexpr wchar_t networkPortType[] = L"Standard TCP/IP Port";
 constexpr wchar_t localPortType[] = L"Local Port";
 
 // Which controls describe a port of each kind.
@@ -350,7 +350,10 @@ bool AddPortDlg::TakeExistingPort() {
 bool AddPortDlg::TakeNetworkPort() {
     const std::wstring name = TextOf(portNameId, portNameRead);
     if (IsInPortList(name)) return Refuse(TextKey::DUP_PORT_TEXT, portNameId);
-    WritePort({.name = name, .host = TextOf(addressId, addressRead), .type = networkPortType, .add = true});
+    WritePort({.name = name,
+               .host = TextOf(addressId, addressRead),
+               .type = std::wstring(networkPortType),
+               .add = true});
     return true;
 }
 

@@ -1,12 +1,11 @@
 #include "ports/PortText.h"
 
 #include "CommonLib/AddressText.h"
+#include "settings/TextExpansion.h"
 
 namespace {
 
 constexpr wchar_t leftToRightMark = L'\u200E';
-constexpr wchar_t leftToRightOverride = L'\u202D';
-constexpr wchar_t popDirection = L'\u202C';
 
 }  // namespace
 
@@ -15,8 +14,7 @@ std::wstring ShownPortName(std::wstring name, bool rightToLeftTexts, bool rightT
         const size_t place = rightToLeftTexts ? name.find(bracket) : std::wstring::npos;
         if (place != std::wstring::npos) name.insert(place + 1, 1, leftToRightMark);
     }
-    if (!rightToLeftLocale || !IsValidIpV4Text(name)) return name;
-    return leftToRightOverride + name + popDirection;
+    return rightToLeftLocale && IsValidIpV4Text(name) ? OverrideLeftToRight(name) : name;
 }
 
 // Whatever stands around the address counts as a mark, and this is meant.

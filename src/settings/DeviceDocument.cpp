@@ -17,7 +17,7 @@ void SetDeviceTag(std::wstring& device, std::wstring_view name, std::wstring_vie
 }
 
 void SetNetworkPort(std::wstring& device, std::wstring_view address, std::wstring_view portName) {
-    SetElement(device, L"PORT_TYPE", L"Standard TCP/IP Port");
+    SetElement(device, L"PORT_TYPE", networkPortType);
     SetElement(device, L"HOST_NAME", address);
     SetElement(device, L"IPADDRESS", address);
     SetElement(device, L"PORT_NAME", portName.empty() ? address : portName);

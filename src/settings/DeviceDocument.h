@@ -3,6 +3,9 @@
 #include <string>
 #include <string_view>
 
+// The type of a port that leads to a device of the network, as the settings name it.
+inline constexpr std::wstring_view networkPortType = L"Standard TCP/IP Port";
+
 // Operations on one device document, a tag document. They change the text in place; a document belongs to one
 // thread at a time.
 

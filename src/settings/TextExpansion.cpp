@@ -126,6 +126,12 @@ TagExpansion ExpandTags(std::wstring value, const std::function<std::wstring(std
     return {.text = expansion.Text(), .endless = false};
 }
 
+std::wstring OverrideLeftToRight(const std::wstring& text) {
+    constexpr wchar_t leftToRightOverride = 0x202D;
+    constexpr wchar_t popDirection = 0x202C;
+    return leftToRightOverride + text + popDirection;
+}
+
 std::wstring MarkNumberLeftToRight(std::wstring text) {
     const std::size_t dot = text.find(L'.');
     if (dot != std::wstring::npos) text.insert(dot, 1, kLeftToRightMark);

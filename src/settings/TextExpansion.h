@@ -25,6 +25,9 @@ TagExpansion ExpandTags(std::wstring value, const std::function<std::wstring(std
 // Puts the left-to-right mark, U+200E, in front of the first "."; later ones stay bare.
 std::wstring MarkNumberLeftToRight(std::wstring text);
 
+// Puts the text between U+202D and U+202C, which keep its order among text that reads from right to left.
+std::wstring OverrideLeftToRight(const std::wstring& text);
+
 // Replaces every "{0}" in the text by the argument, in which "$" acts as the replacement sign of a regular
 // expression ("$$" stands for one "$"). "{1}" to "{9}" stay. A text without any of these comes back
 // unchanged.
