@@ -16,7 +16,22 @@ prefix=$wine_home/tour
 package=$prefix/drive_c/Package
 settings=$package/Setup/defaultInstallSettings.xml
 
-remote() { timeout 90 wine "$package/Setup/x64/WizardRemote.exe" "$@" < /dev/null; }
+# id NAME: the number of a control, as the program's resources define it.
+id() {
+    case $1 in
+        IDOK) echo 1 ;;
+        IDCANCEL) echo 2 ;;
+        *) sed -n "s/^#define $1 //p" resources/resource.h | grep . ;;
+    esac
+}
+
+# remote VERB [CONTROL [ARGUMENT]]: lets WizardRemote do it; a control is named as in the program's resources.
+remote() {
+    local verb=$1 control=()
+    shift
+    [ $# = 0 ] || control=("$(id "$1")") || return 1
+    timeout 90 wine "$package/Setup/x64/WizardRemote.exe" "$verb" "${control[@]}" "${@:2}" < /dev/null
+}
 
 # page NAME WORDS: takes the picture of what is shown, and says what was done there.
 page() {
@@ -34,26 +49,26 @@ start_wizard() {
 
 first_walk() {
     start_wizard
-    remote wait 1082 && page 01-start 'read the welcome, press Install'
-    remote click 1
-    remote wait 1024 && page 02-licence 'Agree waits for the end of the text'
-    remote scroll 1024
-    remote wait 1073 && page 03-licence-end 'scrolled to the end, press Agree'
-    remote click 1
-    remote wait 1069 && page 04-manufacturer 'a brand is proposed, press Next'
-    remote click 1
-    remote wait 1145 && page 05-connectivity 'choose USB, press Next'
-    remote click 1147
-    remote click 1
-    remote wait 1001 && page 06-progress 'the packages are being installed' 0.1
-    remote wait 1116 && page 07-finish 'see how it went, open the list'
-    remote click 1169
-    remote wait 1078 && page 08-software-list 'each package with its outcome, press OK'
-    remote click 1
-    remote click 1116
-    remote wait 1009 && page 09-restart 'restart later'
-    remote click 1010
-    remote click 1
+    remote wait IDC_START_TITLE && page 01-start 'read the welcome, press Install'
+    remote click IDOK
+    remote wait IDC_LICENCE_TEXT && page 02-licence 'Agree waits for the end of the text'
+    remote scroll IDC_LICENCE_TEXT
+    remote wait IDC_LICENCE_SCROLL_HINT && page 03-licence-end 'scrolled to the end, press Agree'
+    remote click IDOK
+    remote wait IDC_MANUFACTURER_LIST && page 04-manufacturer 'a brand is proposed, press Next'
+    remote click IDOK
+    remote wait IDC_CONNECTIVITY_NETWORK && page 05-connectivity 'choose USB, press Next'
+    remote click IDC_CONNECTIVITY_USB
+    remote click IDOK
+    remote wait IDC_PROGRESS_BAR && page 06-progress 'the packages are being installed' 0.1
+    remote wait IDC_FINISH && page 07-finish 'see how it went, open the list'
+    remote click IDC_FINISH_SOFTWARE_LIST_LINK
+    remote wait IDC_STATUS_LIST && page 08-software-list 'each package with its outcome, press OK'
+    remote click IDOK
+    remote click IDC_FINISH
+    remote wait IDC_REBOOT_NOW && page 09-restart 'restart later'
+    remote click IDC_REBOOT_LATER
+    remote click IDOK
     remote quit
     wait "$wizard"
 }
@@ -61,16 +76,16 @@ first_walk() {
 second_walk() {
     sed -i 's#<REBOOT>true#<REBOOT>false#' "$settings"
     start_wizard
-    remote click 1
-    remote wait 1024
-    remote scroll 1024
-    remote click 1
-    remote wait 1069
-    remote click 1
-    remote wait 1101 && page 10-up-to-date 'a second run finds the drivers up to date'
-    remote click 1102
-    remote wait 1116 && page 11-way-out 'skip, press Finish'
-    remote click 1116
+    remote click IDOK
+    remote wait IDC_LICENCE_TEXT
+    remote scroll IDC_LICENCE_TEXT
+    remote click IDOK
+    remote wait IDC_MANUFACTURER_LIST
+    remote click IDOK
+    remote wait IDC_BYPASS_REINSTALL && page 10-up-to-date 'a second run finds the drivers up to date'
+    remote click IDC_BYPASS_SKIP
+    remote wait IDC_FINISH && page 11-way-out 'skip, press Finish'
+    remote click IDC_FINISH
     remote quit
     wait "$wizard"
 }
@@ -79,21 +94,21 @@ second_walk() {
 network_walk() {
     cp out/package/Setup/defaultInstallSettings.xml "$settings"
     start_wizard
-    remote click 1
-    remote wait 1024
-    remote scroll 1024
-    remote click 1
-    remote click 1101
-    remote click 1
-    remote wait 1014 && page 12-searching 'the network is searched' 0.3
-    remote rows 1014 6 && page 13-devices 'devices are found, and a driver is proposed'
-    remote click 1122
-    remote wait 1026
-    remote click 1027 && page 14-change-search 'the search can be changed'
-    remote click 2
-    remote click 1
-    remote wait 1116 && page 15-printer-installed 'the printer is installed, press Finish'
-    remote click 1116
+    remote click IDOK
+    remote wait IDC_LICENCE_TEXT
+    remote scroll IDC_LICENCE_TEXT
+    remote click IDOK
+    remote click IDC_BYPASS_REINSTALL
+    remote click IDOK
+    remote wait IDC_DISCOVERY_LIST && page 12-searching 'the network is searched' 0.3
+    remote rows IDC_DISCOVERY_LIST 6 && page 13-devices 'devices are found, and a driver is proposed'
+    remote click IDC_DISCOVERY_MODIFY_SEARCH
+    remote wait IDC_MODIFY_SEARCH_LOCAL
+    remote click IDC_MODIFY_SEARCH_BY_HOST && page 14-change-search 'the search can be changed'
+    remote click IDCANCEL
+    remote click IDOK
+    remote wait IDC_FINISH && page 15-printer-installed 'the printer is installed, press Finish'
+    remote click IDC_FINISH
     remote quit
     wait "$wizard"
 }

@@ -9,11 +9,12 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/TextUtilities.h"
+#include "app/Collaborators.h"
 #include "catalogue/MsiInfoService.h"
 #include "catalogue/MsiInterface.h"
 #include "install/InstallDecision.h"
 #include "install/InstallService.h"
-#include "settings/InstallSettings.h"
+#include "settings/SettingsFiles.h"
 #include "settings/TagNames.h"
 
 namespace {
@@ -55,18 +56,19 @@ void Print(const std::vector<MSI_APP>& records, const std::wstring& indent) {
 }  // namespace
 
 int wmain() {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    if (settings.LoadDefaults() != 0) {
+    const Collaborators shared = TheCollaborators();
+    InstallSettings& settings = shared.settings;
+    if (LoadDefaults(settings) != 0) {
         PrintLine(L"There is no defaultInstallSettings.xml one folder above this program.");
         return 1;
     }
-    if (settings.MergeFile(GetExeDirectory() + L"\\..\\PackageUserSettings.xml") == 0) {
+    if (MergeFile(settings, GetExeDirectory() + L"\\..\\PackageUserSettings.xml") == 0) {
         settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
         settings.SetDevices(settings.GetAllValues(Tag::DEVICE));
     }
     MsiInterface& msi = *MsiInterface::GetInstance();
-    MsiInfoService(msi).DoRun();
-    const InstallService service(nullptr, &msi);
+    MsiInfoService(msi, shared.settings, shared.localizer, shared.applications, shared.drivers).DoRun();
+    const InstallService service(nullptr, &msi, shared.ForPages(), shared.applications, shared.drivers);
     Print(service.SelectApps(), L"");
     Print(service.SelectDrivers(), L"");
     return 0;

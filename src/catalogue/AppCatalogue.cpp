@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+#include "CommonLib/Singleton.h"
+
 namespace {
 
 Singleton<AppCatalogue> singleton;

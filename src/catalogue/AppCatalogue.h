@@ -9,13 +9,14 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "CommonLib/Singleton.h"
 #include "catalogue/MSI_APP.h"
 
 // Built once at start; afterwards only flags and the status of records change. Safe on any thread.
 class AppCatalogue {
 public:
     static AppCatalogue& GetInstance();
+
+    AppCatalogue() = default;
 
     // Copies of the records that pass the filter document, in catalogue order; an empty filter passes all.
     std::list<MSI_APP> Select(std::wstring_view filter) const;
@@ -31,9 +32,6 @@ public:
     void Update(const std::function<void(MSI_APP&)>& change);
 
 private:
-    friend class Singleton<AppCatalogue>;
-    AppCatalogue() = default;
-
     mutable std::mutex lock;
     std::list<MSI_APP> records;
     std::unordered_map<std::wstring, MSI_APP*> byPath;

@@ -5,13 +5,12 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
+#include "CommonLib/MsiCodes.h"
+#include "CommonLib/Singleton.h"
 #include "CommonLib/SystemVersion.h"
 #include "CommonLib/TextUtilities.h"
-#include "catalogue/MsiCodes.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PackageReader.h"
-#include "settings/InstallSettings.h"
-#include "settings/Localizer.h"
 #include "settings/TagNames.h"
 
 namespace {
@@ -48,11 +47,12 @@ DriverInfo& DriverInfo::GetInstance() {
     return singleton.Get();
 }
 
-void DriverInfo::PopulateDriverList(IMsiInterface& msi) {
+void DriverInfo::PopulateDriverList(IMsiInterface& msi, const InstallSettings& settings,
+                                    const Localizer& localizer) {
     LogAdvanced(L"DriverInfo::PopulateDriverList()");
     const std::vector<std::wstring> paths = FindDriverFiles();
-    LoadAcceptedDriverTypes();
-    const std::wstring language = Localizer::GetInstance().GetString(TextKey::LANGUAGE_ID);
+    LoadAcceptedDriverTypes(settings);
+    const std::wstring language = localizer.GetString(TextKey::LANGUAGE_ID);
     for (const std::wstring& path : paths) {
         MSI_APP record;
         record.isSelected = true;
@@ -74,10 +74,9 @@ void DriverInfo::Append(MSI_APP record) {
     byPath.emplace(stored.msiPath, &stored);
 }
 
-void DriverInfo::LoadAcceptedDriverTypes() {
+void DriverInfo::LoadAcceptedDriverTypes(const InstallSettings& settings) {
     const bool newer = IsWindowsVersionOrGreater(windows8);
-    const std::wstring types =
-        InstallSettings::GetInstance().GetString(newer ? Tag::WIN8_DRVTYPES : Tag::WINXP_DRVTYPES);
+    const std::wstring types = settings.GetString(newer ? Tag::WIN8_DRVTYPES : Tag::WINXP_DRVTYPES);
     LogAdvanced((newer ? L"Using WIN8_DRVTYPES: " : L"Using WINXP_DRVTYPES: ") + types);
     const std::vector<std::wstring> accepted = AcceptedDriverTypes(types);
     acceptedDriverTypes.insert(acceptedDriverTypes.end(), accepted.begin(), accepted.end());

@@ -7,9 +7,10 @@
 #include <unordered_map>
 #include <vector>
 
-#include "CommonLib/Singleton.h"
 #include "catalogue/IMsiInterface.h"
 #include "catalogue/MSI_APP.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
 
 // Several records may share an identifier. Filled once at start; afterwards only flags and the status of
 // records change. Safe on any thread.
@@ -17,8 +18,10 @@ class DriverInfo {
 public:
     static DriverInfo& GetInstance();
 
-    // Reads the Drivers folders and adds what this system accepts.
-    void PopulateDriverList(IMsiInterface& msi);
+    DriverInfo() = default;
+
+    // Reads the Drivers folders and adds what this system accepts, by WIN8_DRVTYPES or WINXP_DRVTYPES.
+    void PopulateDriverList(IMsiInterface& msi, const InstallSettings& settings, const Localizer& localizer);
     // Drops the records; the accepted driver types stay.
     void Clear();
 
@@ -37,11 +40,8 @@ public:
     void RecordOutcome(const MSI_APP& outcome);
 
 private:
-    friend class Singleton<DriverInfo>;
-    DriverInfo() = default;
-
     void Append(MSI_APP record);
-    void LoadAcceptedDriverTypes();
+    void LoadAcceptedDriverTypes(const InstallSettings& settings);
     bool ReadDriverProperties(IMsiInterface& msi, const std::wstring& language, MSI_APP& record) const;
 
     // Guards the list; the accepted types are settled before other threads exist.

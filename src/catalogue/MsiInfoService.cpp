@@ -7,10 +7,8 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
+#include "CommonLib/MsiCodes.h"
 #include "CommonLib/SystemVersion.h"
-#include "catalogue/AppCatalogue.h"
-#include "catalogue/DriverInfo.h"
-#include "catalogue/MsiCodes.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PackageReader.h"
 
@@ -24,34 +22,34 @@ std::vector<std::wstring> ListPackages(std::initializer_list<const wchar_t*> fol
     return paths;
 }
 
-void ScanApplications(IMsiInterface& msi) {
+}  // namespace
+
+void MsiInfoService::ScanApplications() {
     for (const std::wstring& path :
          ListPackages({L"Applications\\", L"Applications\\x86_x64\\", L"Applications\\x64\\"})) {
-        MSI_APP record = ReadProperties(msi, path);
+        MSI_APP record = ReadProperties(msi, localizer, path);
         record.isSelected = true;
         record.hasDependents = !record.dependents.empty();
-        AppCatalogue::GetInstance().Append(std::move(record));
+        applications.Append(std::move(record));
     }
 }
 
-void ScanCommon(IMsiInterface& msi) {
+void MsiInfoService::ScanCommon() {
     for (const std::wstring& path : ListPackages({L"Common\\x86_x64\\", L"Common\\x64\\"})) {
-        MSI_APP record = ReadProperties(msi, path);
+        MSI_APP record = ReadProperties(msi, localizer, path);
         record.isOptional = true;
-        AppCatalogue::GetInstance().Append(std::move(record));
+        applications.Append(std::move(record));
     }
 }
 
-void ScanOptional(IMsiInterface& msi) {
+void MsiInfoService::ScanOptional() {
     const std::wstring system = GetWindowsVersionName(GetWindowsVersionId());
     for (const std::wstring& path : ListPackages({L"Optional\\x86_x64\\", L"Optional\\x64\\"})) {
-        MSI_APP record = ReadProperties(msi, path);
+        MSI_APP record = ReadProperties(msi, localizer, path);
         record.isOptional = true;
-        if (SupportsSystem(record.supportedOs, system)) AppCatalogue::GetInstance().Append(std::move(record));
+        if (SupportsSystem(record.supportedOs, system)) applications.Append(std::move(record));
     }
 }
-
-}  // namespace
 
 std::uint32_t MsiInfoService::DoRun() {
     if (cancelled) return MsiCode::Success;
@@ -62,8 +60,8 @@ std::uint32_t MsiInfoService::DoRun() {
 
 std::uint32_t MsiInfoService::buildDriverInfo() {
     LogAdvanced(L"MsiInfoService::buildDriverInfo");
-    DriverInfo::GetInstance().Clear();
-    DriverInfo::GetInstance().PopulateDriverList(msi);
+    drivers.Clear();
+    drivers.PopulateDriverList(msi, settings, localizer);
     if (!cancelled) return MsiCode::Success;
     LogAdvanced(L"MsiInfoService cancelling buildDriverInfo");
     return MsiCode::UserCancelled;
@@ -71,10 +69,10 @@ std::uint32_t MsiInfoService::buildDriverInfo() {
 
 std::uint32_t MsiInfoService::buildAppInfo() {
     LogAdvanced(L"MsiInfoService::buildAppInfo");
-    AppCatalogue::GetInstance().Clear();
-    ScanApplications(msi);
-    ScanCommon(msi);
-    ScanOptional(msi);
+    applications.Clear();
+    ScanApplications();
+    ScanCommon();
+    ScanOptional();
     if (!cancelled) return MsiCode::Success;
     LogAdvanced(L"MsiInfoService cancelling buildAppInfo");
     return MsiCode::UserCancelled;

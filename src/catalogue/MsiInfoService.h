@@ -3,13 +3,23 @@
 
 #include <atomic>
 
+#include "catalogue/AppCatalogue.h"
+#include "catalogue/DriverInfo.h"
 #include "catalogue/IMsiInterface.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
 #include "wizard/Service.h"
 
 class MsiInfoService : public Service {
 public:
-    // The gateway must outlive the service.
-    explicit MsiInfoService(IMsiInterface& gateway) : msi(gateway) {}
+    // All of them must outlive the service.
+    MsiInfoService(IMsiInterface& gateway, const InstallSettings& store, const Localizer& texts,
+                   AppCatalogue& appCatalogue, DriverInfo& driverCatalogue)
+        : msi(gateway),
+          settings(store),
+          localizer(texts),
+          applications(appCatalogue),
+          drivers(driverCatalogue) {}
 
     // Reads the drivers, then the applications, on the caller's thread. Gives 0.
     std::uint32_t DoRun() override;
@@ -21,6 +31,14 @@ public:
     std::uint32_t buildAppInfo();
 
 private:
+    void ScanApplications();
+    void ScanCommon();
+    void ScanOptional();
+
     IMsiInterface& msi;
+    const InstallSettings& settings;
+    const Localizer& localizer;
+    AppCatalogue& applications;
+    DriverInfo& drivers;
     std::atomic<bool> cancelled = false;
 };

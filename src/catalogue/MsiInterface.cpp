@@ -8,9 +8,7 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
-#include "catalogue/MsiCodes.h"
-#include "settings/InstallSettings.h"
-#include "settings/Localizer.h"
+#include "CommonLib/MsiCodes.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 
@@ -44,7 +42,10 @@ MsiInterface* MsiInterface::GetInstance() {
     static MsiInterface* instance = nullptr;
     std::call_once(once, [] {
         try {
-            instance = std::make_unique<MsiInterface>(GetExeDirectory() + L"\\Brevanto.dll").release();
+            instance =
+                std::make_unique<MsiInterface>(GetExeDirectory() + L"\\Brevanto.dll",
+                                               InstallSettings::GetInstance(), Localizer::GetInstance())
+                    .release();
         } catch (const std::bad_alloc&) {
             instance = nullptr;
         }
@@ -52,7 +53,9 @@ MsiInterface* MsiInterface::GetInstance() {
     return instance;
 }
 
-MsiInterface::MsiInterface(const std::wstring& libraryPath) : library(LoadLibraryW(libraryPath.c_str())) {
+MsiInterface::MsiInterface(const std::wstring& libraryPath, const InstallSettings& store,
+                           const Localizer& texts)
+    : settings(store), localizer(texts), library(LoadLibraryW(libraryPath.c_str())) {
     if (!library) {
         LogBasic(L"Failed to load Brevanto.dll!", LogLevel::Error);
         return;
@@ -79,7 +82,7 @@ void MsiInterface::EnableInstallLog() const {
     const auto enable =
         Find<EnableInstallLogFunction>("MsiEnableInstallLog", L"Failed to find MsiEnableInstallLog method");
     if (enable == nullptr) return;
-    std::wstring name = InstallSettings::GetInstance().GetString(Tag::OEM);
+    std::wstring name = settings.GetString(Tag::OEM);
     if (name.empty()) name = L"Printer";
     enable(name.c_str(), name.size());
 }
@@ -150,7 +153,7 @@ std::uint32_t MsiInterface::GetPropertyValue(std::wstring packagePath, std::wstr
 bool MsiInterface::IsAppInstalled(std::wstring packagePath, bool& upToDate, bool& upgradable,
                                   bool& minorUpgrade) {
     if (!library) return false;
-    const std::wstring language = Localizer::GetInstance().GetString(TextKey::LANGUAGE_ID);
+    const std::wstring language = localizer.GetString(TextKey::LANGUAGE_ID);
     EnableInstallLog();
     const auto isInstalled =
         Find<IsAppInstalledFunction>("MsiIsAppInstalledByLang", L"Failed to find MsiIsAppInstalled method");

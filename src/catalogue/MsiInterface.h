@@ -6,6 +6,8 @@
 
 #include "catalogue/IMsiInterface.h"
 #include "framework/Handles.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
 
 // Without the library, or where it lacks an export, the operations log that and give neutral results.
 class MsiInterface : public IMsiInterface {
@@ -13,8 +15,9 @@ public:
     // Null only if there was no memory for it at the first call. The instance is never destroyed.
     static MsiInterface* GetInstance();
 
-    // Loads the library at that path and initialises it.
-    explicit MsiInterface(const std::wstring& libraryPath);
+    // Loads the library at that path and initialises it. The settings name the maker for the library's own
+    // log, the texts the language of its questions; both must outlive the object.
+    MsiInterface(const std::wstring& libraryPath, const InstallSettings& store, const Localizer& texts);
     MsiInterface(const MsiInterface&) = delete;
     MsiInterface& operator=(const MsiInterface&) = delete;
     ~MsiInterface() override;
@@ -38,6 +41,8 @@ private:
     std::uint32_t FetchDocument(const std::wstring& packagePath, const std::wstring& language,
                                 std::wstring& document);
 
+    const InstallSettings& settings;
+    const Localizer& localizer;
     // By path; filled at first use.
     std::map<std::wstring, std::wstring> propertyCache;
     Library library;

@@ -5,10 +5,9 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
+#include "CommonLib/MsiCodes.h"
 #include "CommonLib/TextUtilities.h"
-#include "catalogue/MsiCodes.h"
 #include "catalogue/PackageProperties.h"
-#include "settings/Localizer.h"
 #include "settings/TagNames.h"
 
 namespace {
@@ -16,8 +15,8 @@ namespace {
 // Reads one package after the other, a package's dependents inside it.
 class Reader {
 public:
-    explicit Reader(IMsiInterface& gateway)
-        : msi(gateway), language(Localizer::GetInstance().GetString(TextKey::LANGUAGE_ID)) {}
+    Reader(IMsiInterface& gateway, const Localizer& texts)
+        : msi(gateway), localizer(texts), language(texts.GetString(TextKey::LANGUAGE_ID)) {}
 
     MSI_APP Read(const std::wstring& path) {
         MSI_APP record;
@@ -71,8 +70,7 @@ private:
             names.push_back(record.dependents.back().productName);
         }
         parents.pop_back();
-        record.dependentNames =
-            JoinDependentNames(names, Localizer::GetInstance().GetString(TextKey::LBL_LOCALIZED_AND));
+        record.dependentNames = JoinDependentNames(names, localizer.GetString(TextKey::LBL_LOCALIZED_AND));
     }
 
     // A package that depends on itself, over whatever way, would be read for ever.
@@ -84,6 +82,7 @@ private:
     }
 
     IMsiInterface& msi;
+    const Localizer& localizer;
     std::wstring language;
     std::vector<std::wstring> parents;
 };
@@ -104,6 +103,6 @@ void ReadInstalledState(IMsiInterface& msi, MSI_APP& record) {
     record.newerInstalled = record.installed && !record.upgradable && !record.upToDate;
 }
 
-MSI_APP ReadProperties(IMsiInterface& msi, const std::wstring& path) {
-    return Reader(msi).Read(path);
+MSI_APP ReadProperties(IMsiInterface& msi, const Localizer& localizer, const std::wstring& path) {
+    return Reader(msi, localizer).Read(path);
 }

@@ -6,6 +6,7 @@
 
 #include "catalogue/IMsiInterface.h"
 #include "catalogue/MSI_APP.h"
+#include "settings/Localizer.h"
 
 // Reads a property of a package into the field; a non-zero code, which it gives, leaves the field as it was.
 std::uint32_t ReadProperty(IMsiInterface& msi, const std::wstring& path, const std::wstring& language,
@@ -16,4 +17,4 @@ void ReadInstalledState(IMsiInterface& msi, MSI_APP& record);
 
 // The record of one application package, with the packages that it takes along. A property that the package
 // lacks leaves its field empty.
-MSI_APP ReadProperties(IMsiInterface& msi, const std::wstring& path);
+MSI_APP ReadProperties(IMsiInterface& msi, const Localizer& localizer, const std::wstring& path);

@@ -1,8 +1,11 @@
-// What follows from the device that the user has picked.
+// The device that the user has picked.
 #pragma once
 
 #include <string>
 
-// Writes the port and the names of the device into the settings, for the row with that name, and selects the
-// parts of the package that go with it. Called on the thread of the page.
-void TakeDevice(const std::wstring& rowName, bool selectedHasFax);
+#include "discovery/DiscoveredDevices.h"
+#include "printer/PrinterChoice.h"
+
+// Returns what the delivered devices say of the row with that name; the rest of a row without a device is
+// empty. Whether the selected row has a fax is known to the caller, which goes by its address. Any thread.
+ChosenDevice DeviceOfRow(const DiscoveredDevices& devices, const std::wstring& rowName, bool hasFax);

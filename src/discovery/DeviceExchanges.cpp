@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "CommonLib/Logger.h"
+#include "CommonLib/MsiCodes.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/TextUtilities.h"
-#include "catalogue/MsiCodes.h"
 #include "discovery/DiscoveryService.h"
 #include "discovery/NpaReply.h"
 #include "discovery/ReplyMemory.h"

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "CommonLib/Singleton.h"
+
 namespace {
 
 template <class Devices, class Condition>

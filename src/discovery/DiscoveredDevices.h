@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "CommonLib/Singleton.h"
 #include "discovery/DiscoveredDevice.h"
 
 // The discovery worker replaces the list while the page reads it; each operation is one step. Rows of the
@@ -14,6 +13,8 @@
 class DiscoveredDevices {
 public:
     static DiscoveredDevices& GetInstance();
+
+    DiscoveredDevices() = default;
 
     void Assign(std::list<DiscoveredDevice> delivered);
     // A copy, in the order of the delivery.
@@ -30,9 +31,6 @@ public:
     bool IsMultiFunction(std::wstring_view macAddress) const;
 
 private:
-    friend class Singleton<DiscoveredDevices>;
-    DiscoveredDevices() = default;
-
     mutable std::mutex lock;
     std::list<DiscoveredDevice> devices;
 };

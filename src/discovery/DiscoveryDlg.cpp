@@ -6,90 +6,73 @@
 
 #include <utility>
 
-#include "CommonLib/Logger.h"
-#include "catalogue/AppCatalogue.h"
-#include "catalogue/DriverInfo.h"
 #include "discovery/DeviceChoice.h"
-#include "discovery/DiscoveredDevices.h"
 #include "discovery/DriverMatch.h"
 #include "discovery/ModifySearchDlg.h"
-#include "ports/ConfigTool.h"
 #include "ports/DriverConfigDlg.h"
-#include "ports/DriverConfiguration.h"
-#include "settings/InstallSettings.h"
+#include "printer/ApplyChoice.h"
+#include "printer/ConfigTool.h"
+#include "printer/DefaultDriver.h"
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
 #include "wizard/RegisteredMessages.h"
 
 namespace {
 
-constexpr UINT dialogTemplate = 136;
-constexpr DWORD topic = 1566;
-constexpr int titleId = 1010;
-constexpr int listLabelId = 1013;
-constexpr int listId = 1014;
-// The first of the radio group has no control, so that no click leads back to the list, and this is meant.
-constexpr int listRadioId = 1015;
-constexpr int usbId = 1016;
-constexpr int nimbojetId = 1021;
-constexpr int modifySearchId = 1122;
-constexpr int refreshId = 1123;
-constexpr int addPortId = 1124;
-constexpr int driverFrameId = 1125;
-constexpr int driverLabelId = 1126;
-constexpr int driverListId = 1127;
-constexpr int configureId = 1129;
-constexpr int selectionTextId = 1130;
-constexpr int firstNoteId = 1131;
-constexpr int secondNoteId = 1132;
-constexpr int helpId = 1057;
-
 // The fourth row of a new list is the one that is proposed, and this is meant.
 constexpr int proposedRow = 3;
 
-bool HasNimbojetPackage() {
-    return AppCatalogue::GetInstance().FirstOfType(L"NIMBOJET").has_value();
-}
+constexpr wchar_t nimbojetType[] = L"NIMBOJET";
 
 }  // namespace
 
 const MessageMap& DiscoveryDlg::GetMessageMap() const {
     using On = EventsOf<DiscoveryDlg>;
-    static const MessageMap map(&Events(),
-                                {
-                                    On::Message(WM_SHOWWINDOW, &DiscoveryDlg::OnShowWindow),
-                                    On::Message(WM_NCDESTROY, &DiscoveryDlg::OnWindowDestroyed),
-                                    On::Message(ZVUPDATEDISCOVERYLIST, &DiscoveryDlg::OnDevicesDelivered),
-                                    On::Message(ZVNOPRINTERFOUND, &DiscoveryDlg::OnNothingFound),
-                                    On::Notify(listId, LVN_ITEMCHANGED, &DiscoveryDlg::OnSelectionChanged),
-                                    On::Notify(listId, LVN_DELETEALLITEMS, &DiscoveryDlg::OnRowsDeleted),
-                                    On::Notify(listId, LVN_COLUMNCLICK, &DiscoveryDlg::OnColumnClick),
-                                    On::Control(driverListId, CBN_SELCHANGE, &DiscoveryDlg::OnDriverChanged),
-                                    On::Click(modifySearchId, &DiscoveryDlg::OnModifySearch),
-                                    On::Click(refreshId, &DiscoveryDlg::OnRefresh),
-                                    On::Click(addPortId, &DiscoveryDlg::OnAddPort),
-                                    On::Click(configureId, &DiscoveryDlg::OnConfigureDriver),
-                                    On::Click(listRadioId, &DiscoveryDlg::OnBackToList),
-                                    On::Click(usbId, &DiscoveryDlg::OnUsb),
-                                    On::Click(nimbojetId, &DiscoveryDlg::OnNimbojet),
-                                });
+    static const MessageMap map(
+        &Events(), {
+                       On::Message(WM_SHOWWINDOW, &DiscoveryDlg::OnShowWindow),
+                       On::Message(WM_NCDESTROY, &DiscoveryDlg::OnWindowDestroyed),
+                       On::Message(ZVUPDATEDISCOVERYLIST, &DiscoveryDlg::OnDevicesDelivered),
+                       On::Message(ZVNOPRINTERFOUND, &DiscoveryDlg::OnNothingFound),
+                       On::Notify(IDC_DISCOVERY_LIST, LVN_ITEMCHANGED, &DiscoveryDlg::OnSelectionChanged),
+                       On::Notify(IDC_DISCOVERY_LIST, LVN_DELETEALLITEMS, &DiscoveryDlg::OnRowsDeleted),
+                       On::Notify(IDC_DISCOVERY_LIST, LVN_COLUMNCLICK, &DiscoveryDlg::OnColumnClick),
+                       On::Control(IDC_DISCOVERY_DRIVER_LIST, CBN_SELCHANGE, &DiscoveryDlg::OnDriverChanged),
+                       On::Click(IDC_DISCOVERY_MODIFY_SEARCH, &DiscoveryDlg::OnModifySearch),
+                       On::Click(IDC_DISCOVERY_REFRESH, &DiscoveryDlg::OnRefresh),
+                       On::Click(IDC_DISCOVERY_ADD_PORT, &DiscoveryDlg::OnAddPort),
+                       On::Click(IDC_DISCOVERY_CONFIGURE, &DiscoveryDlg::OnConfigureDriver),
+                       On::Click(IDC_DISCOVERY_BACK_TO_LIST, &DiscoveryDlg::OnBackToList),
+                       On::Click(IDC_DISCOVERY_USB, &DiscoveryDlg::OnUsb),
+                       On::Click(IDC_DISCOVERY_NIMBOJET, &DiscoveryDlg::OnNimbojet),
+                   });
     return map;
 }
 
-DiscoveryDlg::DiscoveryDlg() : InstallDialogEx(dialogTemplate) {}
+DiscoveryDlg::DiscoveryDlg(const PageContext& context, AppCatalogue& appCatalogue,
+                           DriverInfo& driverCatalogue, DiscoveredDevices& delivered)
+    : InstallDialogEx(context, IDD_DISCOVERY, HIDD_DISCOVERY),
+      applications(appCatalogue),
+      drivers(driverCatalogue),
+      discovered(delivered),
+      configuration(context.settings, appCatalogue, driverCatalogue),
+      deviceList(context.localizer) {}
 
 DiscoveryDlg::~DiscoveryDlg() = default;
 
 bool DiscoveryDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
-    deviceList.SubclassDlgItem(listId, *this);
+    deviceList.SubclassDlgItem(IDC_DISCOVERY_LIST, *this);
     deviceList.SetExtendedStyle(LVS_EX_FULLROWSELECT);
-    driverList.Attach(GetDlgItem(driverListId));
+    driverList.Attach(GetDlgItem(IDC_DISCOVERY_DRIVER_LIST));
     SetUpTexts();
     SetUpButtons();
-    CheckRadioButton(GetSafeHwnd(), listRadioId, nimbojetId, listRadioId);
+    CheckRadioButton(GetSafeHwnd(), IDC_DISCOVERY_BACK_TO_LIST, IDC_DISCOVERY_NIMBOJET,
+                     IDC_DISCOVERY_BACK_TO_LIST);
     // A radio button that takes the focus by the Tab key is not a choice yet.
-    for (const int id : {usbId, nimbojetId}) ::SendMessageW(GetDlgItem(id), BM_SETDONTCLICK, TRUE, 0);
+    for (const int id : {IDC_DISCOVERY_USB, IDC_DISCOVERY_NIMBOJET})
+        ::SendMessageW(GetDlgItem(id), BM_SETDONTCLICK, TRUE, 0);
     EnableControl(IDOK, false);
     deviceList.ShowMessage(GetLocalizedText(TextKey::DISCOVERED_LIST_COLUMN_SEARCHING));
     window = GetSafeHwnd();
@@ -97,50 +80,48 @@ bool DiscoveryDlg::OnInitDialog() {
 }
 
 void DiscoveryDlg::SetUpTexts() {
-    SetUpControl(titleId, TextKey::DISCOVERY_TITLE, fontHeading);
-    SetUpControl(listLabelId, TextKey::DISCOVERED_DEVICES_LIST, fontBody);
-    SetUpControl(listId, TextKey::DISCOVERED_DEVICES_LIST, fontBody);
-    SetUpControl(modifySearchId, TextKey::MODIFY_SEARCH_TEXT, fontButton);
-    SetUpControl(refreshId, TextKey::REFRESH_TEXT, fontButton);
-    SetUpControl(addPortId, TextKey::ADVANCED_TEXT, fontButton);
-    SetUpControl(usbId, TextKey::CONNECT_WITH_USB_TEXT, fontBody);
-    SetUpControl(nimbojetId, TextKey::CONNECT_WITH_NIMBOJET_TEXT, fontBody);
-    SetControlFont(driverFrameId, fontBody);
-    SetUpControl(driverLabelId, TextKey::PRINT_DRIVER_TEXT, fontBody);
-    SetUpControl(driverListId, TextKey::PRINT_DRIVER_TEXT, fontBody);
-    SetUpControl(configureId, TextKey::CONFIG_SETTINGS_BUTTON, fontButton);
-    SetUpControl(selectionTextId, TextKey::SELECT_PRINT_TEXT, fontBody);
-    SetUpControl(firstNoteId, TextKey::SELECT_NOTE1_TEXT, fontSmall);
-    SetUpControl(secondNoteId, TextKey::SELECT_NOTE2_TEXT, fontSmall);
-    SetUpControl(helpId, TextKey::HELP_BUTTON, fontButton);
+    SetUpControl(IDC_DISCOVERY_TITLE, TextKey::DISCOVERY_TITLE, fontHeading);
+    SetUpControl(IDC_DISCOVERY_LIST_LABEL, TextKey::DISCOVERED_DEVICES_LIST, fontBody);
+    SetUpControl(IDC_DISCOVERY_LIST, TextKey::DISCOVERED_DEVICES_LIST, fontBody);
+    SetUpControl(IDC_DISCOVERY_MODIFY_SEARCH, TextKey::MODIFY_SEARCH_TEXT, fontButton);
+    SetUpControl(IDC_DISCOVERY_REFRESH, TextKey::REFRESH_TEXT, fontButton);
+    SetUpControl(IDC_DISCOVERY_ADD_PORT, TextKey::ADVANCED_TEXT, fontButton);
+    SetUpControl(IDC_DISCOVERY_USB, TextKey::CONNECT_WITH_USB_TEXT, fontBody);
+    SetUpControl(IDC_DISCOVERY_NIMBOJET, TextKey::CONNECT_WITH_NIMBOJET_TEXT, fontBody);
+    SetControlFont(IDC_DISCOVERY_DRIVER_FRAME, fontBody);
+    SetUpControl(IDC_DISCOVERY_DRIVER_LABEL, TextKey::PRINT_DRIVER_TEXT, fontBody);
+    SetUpControl(IDC_DISCOVERY_DRIVER_LIST, TextKey::PRINT_DRIVER_TEXT, fontBody);
+    SetUpControl(IDC_DISCOVERY_CONFIGURE, TextKey::CONFIG_SETTINGS_BUTTON, fontButton);
+    SetUpControl(IDC_DISCOVERY_SELECTION_TEXT, TextKey::SELECT_PRINT_TEXT, fontBody);
+    SetUpControl(IDC_DISCOVERY_FIRST_NOTE, TextKey::SELECT_NOTE1_TEXT, fontSmall);
+    SetUpControl(IDC_DISCOVERY_SECOND_NOTE, TextKey::SELECT_NOTE2_TEXT, fontSmall);
+    SetUpControl(IDC_HELP_BUTTON, TextKey::HELP_BUTTON, fontButton);
     SetUpControl(IDOK, TextKey::NEXT_BUTTON, fontButton);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
 }
 
 void DiscoveryDlg::SetUpButtons() {
-    modifySearchButton.SubclassDlgItem(modifySearchId, *this);
-    addPortButton.SubclassDlgItem(addPortId, *this);
-    configureButton.SubclassDlgItem(configureId, *this);
+    modifySearchButton.SubclassDlgItem(IDC_DISCOVERY_MODIFY_SEARCH, *this);
+    addPortButton.SubclassDlgItem(IDC_DISCOVERY_ADD_PORT, *this);
+    configureButton.SubclassDlgItem(IDC_DISCOVERY_CONFIGURE, *this);
     nextButton.SubclassDlgItem(IDOK, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
-    helpButton.SubclassDlgItem(helpId, *this);
+    helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
     helpButton.SetImagePath(helpImagePath);
     nextButton.SetPrimary();
-    ::SendMessageW(GetDlgItem(refreshId), BM_SETIMAGE, IMAGE_ICON,
+    ::SendMessageW(GetDlgItem(IDC_DISCOVERY_REFRESH), BM_SETIMAGE, IMAGE_ICON,
                    reinterpret_cast<LPARAM>(refreshIcon.get()));
 }
 
 LRESULT DiscoveryDlg::OnShowWindow(WPARAM, LPARAM) {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    helpTopic = topic;
-    ShowControl(firstNoteId, false);
-    ShowControl(helpId, false);
+    ShowControl(IDC_DISCOVERY_FIRST_NOTE, false);
+    ShowControl(IDC_HELP_BUTTON, false);
     deviceList.SelectRow(deviceList.SelectedRow());
     if (driverList.IsEmpty()) HideDriverChoice();
     HideUnsupportedRadios();
     if (settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
-        ShowControl(driverListId, false);
-        ShowControl(configureId, false);
+        ShowControl(IDC_DISCOVERY_DRIVER_LIST, false);
+        ShowControl(IDC_DISCOVERY_CONFIGURE, false);
     }
     if (settings.IsAmazonSupported()) HideDriverChoice();
     settings.SetBool(Tag::DISCOVERY_DONE, true);
@@ -149,23 +130,23 @@ LRESULT DiscoveryDlg::OnShowWindow(WPARAM, LPARAM) {
 
 void DiscoveryDlg::HideDriverChoice() {
     ShowDriverList(false);
-    ShowControl(configureId, false);
+    ShowControl(IDC_DISCOVERY_CONFIGURE, false);
 }
 
 void DiscoveryDlg::ShowDriverList(bool shown) {
-    for (const int id : {driverListId, driverFrameId, driverLabelId}) ShowControl(id, shown);
-    EnableControl(driverLabelId, shown);
+    for (const int id : {IDC_DISCOVERY_DRIVER_LIST, IDC_DISCOVERY_DRIVER_FRAME, IDC_DISCOVERY_DRIVER_LABEL})
+        ShowControl(id, shown);
+    EnableControl(IDC_DISCOVERY_DRIVER_LABEL, shown);
 }
 
 void DiscoveryDlg::HideUnsupportedRadios() {
-    const InstallSettings& settings = InstallSettings::GetInstance();
     const auto hide = [this](int id) {
         ShowControl(id, false);
         EnableControl(id, false);
     };
     const bool isAmazon = settings.IsAmazonSupported();
-    if (isAmazon || !HasNimbojetPackage()) hide(nimbojetId);
-    if (isAmazon || settings.GetString(Tag::USB_SUPPORTED) != L"1") hide(usbId);
+    if (isAmazon || !applications.FirstOfType(nimbojetType)) hide(IDC_DISCOVERY_NIMBOJET);
+    if (isAmazon || settings.GetString(Tag::USB_SUPPORTED) != L"1") hide(IDC_DISCOVERY_USB);
 }
 
 LRESULT DiscoveryDlg::OnWindowDestroyed(WPARAM, LPARAM) {
@@ -178,18 +159,18 @@ void DiscoveryDlg::ClearDrivers() {
 }
 
 void DiscoveryDlg::AddDriver(const MSI_APP& driver) {
-    const bool isAmazon = InstallSettings::GetInstance().IsAmazonSupported();
+    const bool isAmazon = settings.IsAmazonSupported();
     if (isAmazon || driverList.IsEmpty()) ShowDriverList(!isAmazon);
-    if (!isAmazon && IsWindowVisible(GetDlgItem(configureId)) == FALSE &&
-        IsConfigToolAvailable(driver.driverName)) {
-        ShowControl(configureId, true);
-        SetLocalizedText(configureId, TextKey::CONFIG_SETTINGS_BUTTON);
+    if (!isAmazon && IsWindowVisible(GetDlgItem(IDC_DISCOVERY_CONFIGURE)) == FALSE &&
+        configuration.IsConfigToolAvailable(driver.driverName)) {
+        ShowControl(IDC_DISCOVERY_CONFIGURE, true);
+        SetLocalizedText(IDC_DISCOVERY_CONFIGURE, TextKey::CONFIG_SETTINGS_BUTTON);
     }
-    driverList.Add(driver);
+    driverList.Add(driver.driverId, driver.driverName);
 }
 
 void DiscoveryDlg::SetDevices(std::list<DiscoveredDevice> devices) {
-    DiscoveredDevices::GetInstance().Assign(std::move(devices));
+    discovered.Assign(std::move(devices));
     if (const HWND target = window) ::PostMessageW(target, ZVUPDATEDISCOVERYLIST, 0, 0);
 }
 
@@ -209,7 +190,7 @@ std::uint32_t DiscoveryDlg::ReceiveMessage(std::wstring message) {
 }
 
 LRESULT DiscoveryDlg::OnDevicesDelivered(WPARAM, LPARAM) {
-    const std::list<DiscoveredDevice> devices = DiscoveredDevices::GetInstance().All();
+    const std::list<DiscoveredDevice> devices = discovered.All();
     if (devices.empty()) return 0;
     deviceList.ShowDevices(devices);
     deviceList.SetFocus();
@@ -230,8 +211,8 @@ LRESULT DiscoveryDlg::OnSelectionChanged(NMHDR&) {
     }
     SelectDriver(GetDriverForSelection());
     EnableControl(IDOK, true);
-    ShowControl(selectionTextId, false);
-    ShowControl(selectionTextId, true);
+    ShowControl(IDC_DISCOVERY_SELECTION_TEXT, false);
+    ShowControl(IDC_DISCOVERY_SELECTION_TEXT, true);
     SetSelectionText();
     return 0;
 }
@@ -247,21 +228,20 @@ LRESULT DiscoveryDlg::OnColumnClick(NMHDR& header) {
 }
 
 std::wstring DiscoveryDlg::GetDriverForSelection() const {
-    const InstallSettings& settings = InstallSettings::GetInstance();
     const std::wstring name = deviceList.SelectedName();
     if (auto driver = OverridingDriver(settings.GetString(Tag::MODEL_DEFAULT_OVERRIDE), name)) return *driver;
-    return settings.GetDefaultDriver(DiscoveredDevices::GetInstance().FindColourBySeries(name));
+    return GetDefaultDriver(settings, discovered.FindColourBySeries(name));
 }
 
 // Goes by the address as it is shown: with the marks of a language that reads from right to left no device is
 // found, and this is meant.
 DiscoveredDevice DiscoveryDlg::SelectedDevice() const {
-    return DiscoveredDevices::GetInstance().LastWithAddress(deviceList.SelectedAddress());
+    return discovered.LastWithAddress(deviceList.SelectedAddress());
 }
 
 void DiscoveryDlg::SetSelectionText() {
     const DiscoveredDevice device = SelectedDevice();
-    SetLocalizedText(selectionTextId, SelectionTextKey(device.isMultiFunction, device.hasFax));
+    SetLocalizedText(IDC_DISCOVERY_SELECTION_TEXT, SelectionTextKey(device.isMultiFunction, device.hasFax));
 }
 
 void DiscoveryDlg::SelectDriver(const std::wstring& driverId) {
@@ -270,16 +250,17 @@ void DiscoveryDlg::SelectDriver(const std::wstring& driverId) {
 }
 
 void DiscoveryDlg::OnDriverChanged() {
-    DropConfiguration();
+    configuration.DropConfiguration();
     const std::wstring driverId = driverList.SelectedId();
-    const bool isV4OnUsb = IsV4Driver(driverId) && IsDlgButtonChecked(GetSafeHwnd(), usbId) == BST_CHECKED;
-    EnableControl(configureId, CanConfigureDriver(driverId) && !isV4OnUsb);
+    const bool isV4OnUsb =
+        IsV4Driver(driverId) && IsDlgButtonChecked(GetSafeHwnd(), IDC_DISCOVERY_USB) == BST_CHECKED;
+    EnableControl(IDC_DISCOVERY_CONFIGURE, configuration.CanConfigureDriver(driverId) && !isV4OnUsb);
 }
 
 void DiscoveryDlg::OnRefresh() {
-    if (IsWindowEnabled(GetDlgItem(refreshId)) == FALSE) return;
+    if (IsWindowEnabled(GetDlgItem(IDC_DISCOVERY_REFRESH)) == FALSE) return;
     deviceList.ShowMessage(GetLocalizedText(TextKey::DISCOVERED_LIST_COLUMN_SEARCHING));
-    Controller::GetInstance().RunCurrentService();
+    controller.RunCurrentService();
 }
 
 bool DiscoveryDlg::PreTranslateMessage(MSG* message) {
@@ -291,16 +272,16 @@ bool DiscoveryDlg::PreTranslateMessage(MSG* message) {
 }
 
 void DiscoveryDlg::OnModifySearch() {
-    modifySearchDlg = std::make_unique<ModifySearchDlg>(this);
+    modifySearchDlg = std::make_unique<ModifySearchDlg>(Context(), *this);
     if (modifySearchDlg->DoModal() == IDOK) OnRefresh();
 }
 
 void DiscoveryDlg::OnConfigureDriver() {
-    OpenDriverConfiguration(*this, driverList.SelectedId(), driverConfigDlg);
+    OpenDriverConfiguration(*this, Context(), configuration, driverList.SelectedId(), driverConfigDlg);
 }
 
 void DiscoveryDlg::OnUsb() {
-    if (IsV4Driver(driverList.SelectedId())) EnableControl(configureId, false);
+    if (IsV4Driver(driverList.SelectedId())) EnableControl(IDC_DISCOVERY_CONFIGURE, false);
     PickConnection();
 }
 
@@ -311,11 +292,13 @@ void DiscoveryDlg::OnNimbojet() {
 void DiscoveryDlg::PickConnection() {
     EnableControl(IDOK, true);
     EnableSearch(false);
-    SelectDriver(InstallSettings::GetInstance().GetDefaultDriver({}));
+    SelectDriver(GetDefaultDriver(settings, {}));
 }
 
 void DiscoveryDlg::EnableSearch(bool enabled) {
-    for (const int id : {listId, refreshId, modifySearchId, addPortId}) EnableControl(id, enabled);
+    for (const int id :
+         {IDC_DISCOVERY_LIST, IDC_DISCOVERY_REFRESH, IDC_DISCOVERY_MODIFY_SEARCH, IDC_DISCOVERY_ADD_PORT})
+        EnableControl(id, enabled);
 }
 
 void DiscoveryDlg::OnBackToList() {
@@ -331,38 +314,20 @@ void DiscoveryDlg::OnBackToList() {
 }
 
 void DiscoveryDlg::OnAddPort() {
-    InstallSettings::GetInstance().SetBool(Tag::DIALOG_ADD_PORT, true);
-    Controller::GetInstance().UpdateHideFlags();
-    Controller::GetInstance().Next({});
+    settings.SetBool(Tag::DIALOG_ADD_PORT, true);
+    controller.UpdateHideFlags();
+    controller.Next({});
+}
+
+std::optional<ChosenDevice> DiscoveryDlg::ChosenRow() const {
+    if (deviceList.SelectedRow() < 0) return std::nullopt;
+    return DeviceOfRow(discovered, deviceList.SelectedName(), SelectedDevice().hasFax);
 }
 
 // A selected row decides alone, whatever radio button was clicked.
 void DiscoveryDlg::OnOK() {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    settings.SetBools({{Tag::USB, false}, {Tag::NIMBOJET, false}, {Tag::DISCOVERED_DEVICE, true}});
-    if (deviceList.SelectedRow() >= 0) TakeDevice(deviceList.SelectedName(), SelectedDevice().hasFax);
-    std::wstring printerName;
-    std::wstring modelName;
-    if (!settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
-        DriverInfo& drivers = DriverInfo::GetInstance();
-        const std::wstring driverId = driverList.SelectedId();
-        drivers.SelectDriver(driverId);
-        const std::wstring path = drivers.GetDriverPath(driverId);
-        LogBasic(L"Selected driver: " + path);
-        settings.SetString(Tag::SELECTED_DRIVER, path);
-        printerName = settings.GetString(Tag::PRINTER_NAME);
-        modelName = settings.GetString(Tag::DRIVER_MODEL_NAME);
-    } else if (const auto series = settings.GetDeviceValues(Tag::PRINTER_SERIES_NAME); !series.empty()) {
-        const auto models = settings.GetDeviceValues(Tag::PRINTER_MODEL_NAME);
-        printerName = series.front();
-        if (!models.empty()) modelName = models.front();
-    }
-    settings.SetBool(Tag::DIALOG_ADD_PORT, false);
-    settings.BuildInfoCenterLinks(modelName, printerName);
-    Controller::GetInstance().UpdateHideFlags();
-    Controller::GetInstance().Next({});
-}
-
-void DiscoveryDlg::OnCancel() {
-    Controller::GetInstance().Cancel(false);
+    ApplyChoice(ChooseDevice(ChosenRow(), MakeChoiceInputs(settings, drivers, driverList.SelectedId())),
+                {settings, applications, drivers, localizer});
+    controller.UpdateHideFlags();
+    controller.Next({});
 }

@@ -5,14 +5,20 @@
 #include <list>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
+#include "catalogue/AppCatalogue.h"
+#include "catalogue/DriverInfo.h"
+#include "discovery/DiscoveredDevices.h"
 #include "discovery/DiscoveryListCtrl.h"
 #include "discovery/IDiscoveryDialog.h"
 #include "framework/Handles.h"
-#include "ports/DriverList.h"
+#include "printer/DriverConfiguration.h"
+#include "printer/PrinterChoice.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/CQorLinkButton.h"
+#include "wizard/DriverList.h"
 #include "wizard/InstallDialogEx.h"
 
 class DriverConfigDlg;
@@ -20,7 +26,8 @@ class ModifySearchDlg;
 
 class DiscoveryDlg : public InstallDialogEx, public IDiscoveryDialog {
 public:
-    DiscoveryDlg();
+    DiscoveryDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue,
+                 DiscoveredDevices& delivered);
     DiscoveryDlg(const DiscoveryDlg&) = delete;
     DiscoveryDlg& operator=(const DiscoveryDlg&) = delete;
     ~DiscoveryDlg() override;
@@ -38,7 +45,6 @@ public:
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:
@@ -69,8 +75,13 @@ private:
     void SelectDriver(const std::wstring& driverId);
     std::wstring GetDriverForSelection() const;
     DiscoveredDevice SelectedDevice() const;
+    std::optional<ChosenDevice> ChosenRow() const;
     void SetSelectionText();
 
+    AppCatalogue& applications;
+    DriverInfo& drivers;
+    DiscoveredDevices& discovered;
+    DriverConfiguration configuration;
     DiscoveryListCtrl deviceList;
     DriverList driverList;
     CQorFlatButton modifySearchButton;

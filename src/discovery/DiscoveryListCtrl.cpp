@@ -10,7 +10,6 @@
 #include "CommonLib/SystemLibrary.h"
 #include "discovery/RowOrder.h"
 #include "framework/CImage.h"
-#include "settings/Localizer.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
 
@@ -29,18 +28,8 @@ constexpr int ascendingImage = 1;
 constexpr int descendingImage = 0;
 constexpr int unsortedImage = 2;
 
-std::wstring Text(std::wstring_view key) {
-    return Localizer::GetInstance().GetString(key);
-}
-
 std::wstring ShownAddress(const std::wstring& address) {
     return IsRightToLeftLocale() ? OverrideLeftToRight(address) : address;
-}
-
-std::wstring ShownColour(const std::wstring& colour) {
-    if (colour == L"color") return Text(TextKey::COLOR);
-    if (colour == L"mono") return Text(TextKey::MONO);
-    return {};
 }
 
 int Scaled(int pixels, HWND window) {
@@ -86,6 +75,12 @@ const MessageMap& DiscoveryListCtrl::GetMessageMap() const {
     return map;
 }
 
+std::wstring DiscoveryListCtrl::ShownColour(const std::wstring& colour) const {
+    if (colour == L"color") return localizer.GetString(TextKey::COLOR);
+    if (colour == L"mono") return localizer.GetString(TextKey::MONO);
+    return {};
+}
+
 void DiscoveryListCtrl::ShowMessage(const std::wstring& heading) {
     DeleteAllItems();
     DeleteAllColumns();
@@ -112,9 +107,9 @@ void DiscoveryListCtrl::ShowDevices(const std::list<DiscoveredDevice>& devices) 
 }
 
 void DiscoveryListCtrl::InsertColumns() {
-    InsertColumn(nameColumn, Text(TextKey::DISCOVERED_LIST_COLUMN_MODEL));
-    InsertColumn(addressColumn, Text(TextKey::DISCOVERED_LIST_COLUMN_IPADDRESS));
-    InsertColumn(lastColumn, Text(TextKey::DISCOVERED_LIST_COLUMN_PRINTER));
+    InsertColumn(nameColumn, localizer.GetString(TextKey::DISCOVERED_LIST_COLUMN_MODEL));
+    InsertColumn(addressColumn, localizer.GetString(TextKey::DISCOVERED_LIST_COLUMN_IPADDRESS));
+    InsertColumn(lastColumn, localizer.GetString(TextKey::DISCOVERED_LIST_COLUMN_PRINTER));
     SetColumnWidth(nameColumn, Scaled(nameWidth, GetSafeHwnd()));
     FitColumnToHeading(addressColumn);
     SetColumnWidth(addressColumn, GetColumnWidth(addressColumn) + Scaled(addedWidth, GetSafeHwnd()));

@@ -10,9 +10,13 @@
 #include "discovery/DiscoveredDevice.h"
 #include "framework/CListCtrl.h"
 #include "framework/Handles.h"
+#include "settings/Localizer.h"
 
 class DiscoveryListCtrl : public CListCtrl {
 public:
+    // The texts must outlive the list.
+    explicit DiscoveryListCtrl(const Localizer& texts) : localizer(texts) {}
+
     // Replaces everything by one column with that heading and no rows.
     void ShowMessage(const std::wstring& heading);
     // Replaces everything by the devices, in the order that the user chose last.
@@ -39,6 +43,9 @@ private:
     void LoadImages();
     void ShowOrder();
 
+    std::wstring ShownColour(const std::wstring& colour) const;
+
+    const Localizer& localizer;
     int sortColumn = 0;
     bool sortAscending = true;
     ImageList images;

@@ -5,14 +5,11 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
-#include "catalogue/DriverInfo.h"
-#include "catalogue/MsiCodes.h"
-#include "framework/AfxBeginThread.h"
-#include "framework/CWnd.h"
-#include "settings/InstallSettings.h"
+#include "CommonLib/MsiCodes.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
+#include "wizard/CountedWorker.h"
 
 namespace {
 
@@ -33,17 +30,8 @@ void CallIfExported(const Library& library, const char* name) {
     if (function != nullptr) function();
 }
 
-// Takes the worker off the count however its run ends: the program waits for what counts.
-struct CountedRun {
-    CountedRun() = default;
-    CountedRun(const CountedRun&) = delete;
-    CountedRun& operator=(const CountedRun&) = delete;
-    ~CountedRun() { Controller::GetInstance().UpdateThreadCount(false); }
-};
-
 // The series of this package's models, for a package that installs nothing but them.
-std::wstring SeriesList() {
-    const InstallSettings& settings = InstallSettings::GetInstance();
+std::wstring SeriesList(const InstallSettings& settings) {
     std::wstring list;
     if (settings.GetString(Tag::UPD) != L"0") return list;
     for (const auto& [brand, series] : settings.GetKeyedValues(Tag::MODEL_NAME, L":")) {
@@ -54,8 +42,7 @@ std::wstring SeriesList() {
 
 }  // namespace
 
-std::wstring BuildSearchDocument() {
-    InstallSettings& settings = InstallSettings::GetInstance();
+std::wstring BuildSearchDocument(const InstallSettings& settings) {
     std::wstring document = settings.GetString(Tag::DISCOVER_PARAMS);
     if (!document.empty()) return document;
     const std::wstring address = settings.GetString(Tag::IPADDRESS);
@@ -67,14 +54,17 @@ std::wstring BuildSearchDocument() {
         LogBasic(L"Filter for Subnet Address: " + subnet);
         document = TagDocument::MakeElement(Tag::REMOTE_SUBNETS, subnet + L";");
     }
-    settings.SetString(Tag::DISCOVER_PARAMS, document);
     return document;
 }
 
-DiscoveryService::DiscoveryService(CWnd* pageObject)
+DiscoveryService::DiscoveryService(IDiscoveryDialog* discoveryPage, InstallSettings& store,
+                                   const DriverInfo& driverCatalogue, Controller& walk)
     : sondrixModule(LoadLibraryW((GetExeDirectory() + L"\\Sondrix.dll").c_str())),
       quelmarModule(LoadLibraryW((GetExeDirectory() + L"\\Quelmar.dll").c_str())),
-      page(dynamic_cast<IDiscoveryDialog*>(pageObject)),
+      page(discoveryPage),
+      settings(store),
+      drivers(driverCatalogue),
+      controller(walk),
       firewall(GetExePath(), L"Kestrune") {
     CallIfExported(sondrixModule, "Initialize");
     CallIfExported(quelmarModule, "BidiInitialize");
@@ -91,24 +81,19 @@ DiscoveryService::~DiscoveryService() {
 }
 
 std::uint32_t DiscoveryService::DoRun() {
-    if (!InstallSettings::GetInstance().GetBool(Tag::INSTALL_FROM_CONFIG)) OfferDrivers();
+    if (!settings.GetBool(Tag::INSTALL_FROM_CONFIG)) OfferDrivers();
     if (page == nullptr) return 0;
-    Controller& controller = Controller::GetInstance();
-    controller.UpdateThreadCount(true);
-    const bool started = AfxBeginThread([this] {
+    static_cast<void>(StartCountedWorker(controller, [this] {
         const std::lock_guard guard(discoveryLock);
-        const CountedRun run;
         return DoDiscovery();
-    });
-    if (!started) controller.UpdateThreadCount(false);
+    }));
     return 0;
 }
 
 void DiscoveryService::OfferDrivers() const {
-    const std::vector<MSI_APP> drivers = DriverInfo::GetInstance().GetDrivers();
     if (page == nullptr) return;
     page->ClearDrivers();
-    for (const MSI_APP& driver : drivers) {
+    for (const MSI_APP& driver : drivers.GetDrivers()) {
         if (driver.isPrinterDriver) page->AddDriver(driver);
     }
 }
@@ -118,8 +103,7 @@ std::uint32_t DiscoveryService::DoDiscovery() {
     LogBasic(L"Discovering network devices.");
     LogAdvanced(L"DiscoveryService::DoDiscovery() Start");
     const std::uint32_t code = Discover();
-    std::list<DiscoveredDevice> found;
-    ProcessDevices(found);
+    std::list<DiscoveredDevice> found = ProcessDevices();
     if (cancelled) return MsiCode::UserCancelled;
     page->SetDevices(std::move(found));
     LogAdvanced(L"DiscoveryService::DoDiscovery() Complete errorCode= " + std::to_wstring(code));
@@ -130,7 +114,10 @@ std::uint32_t DiscoveryService::Discover() {
     const auto discover =
         sondrixModule ? FindExport<DiscoverFunction>(sondrixModule.get(), "DiscoverW") : nullptr;
     if (discover == nullptr) return MsiCode::Success;
-    const std::uint32_t code = discover(BuildSearchDocument().c_str());
+    const std::wstring search = BuildSearchDocument(settings);
+    // A preset stays the search until the user chooses another.
+    if (settings.GetString(Tag::DISCOVER_PARAMS).empty()) settings.SetString(Tag::DISCOVER_PARAMS, search);
+    const std::uint32_t code = discover(search.c_str());
     if (cancelled) return MsiCode::UserCancelled;
     return code == MsiCode::Success ? Enumerate() : code;
 }
@@ -139,8 +126,7 @@ std::uint32_t DiscoveryService::Discover() {
 std::uint32_t DiscoveryService::Enumerate() {
     const auto enumerate = FindExport<EnumerateFunction>(sondrixModule.get(), "EnumerateW");
     if (enumerate == nullptr) return MsiCode::Success;
-    const std::wstring document =
-        EnumerationDocument(InstallSettings::GetInstance().GetString(Tag::OEMBYTE), SeriesList());
+    const std::wstring document = EnumerationDocument(settings.GetString(Tag::OEMBYTE), SeriesList(settings));
     std::wstring listing(1, L'\0');
     std::uint32_t required = 0;
     std::uint32_t code = enumerate(listing.data(), 1, &required, document.c_str());
@@ -159,21 +145,21 @@ std::uint32_t DiscoveryService::Enumerate() {
     return code;
 }
 
-void DiscoveryService::ProcessDevices(std::list<DiscoveredDevice>& found) {
-    if (cancelled) return;
+std::list<DiscoveredDevice> DiscoveryService::ProcessDevices() {
+    std::list<DiscoveredDevice> found;
+    if (cancelled) return found;
     if (devices.empty()) {
         LogBasic(L"No printer found.");
         page->NoPrinterFound();
-        return;
+        return found;
     }
     const std::wstring addresses = AddressList(devices);
     DeviceIndex index(devices);
     // Each asks nothing once the run is cancelled.
     ExchangeColours(addresses, index);
     ExchangeFax(addresses, index);
-    if (cancelled) return;
+    if (cancelled) return found;
     const std::wstring message = page->GetReceivedMessage();
-    found.clear();
     for (const std::wstring& document : devices) {
         DiscoveredDevice device = ReadDevice(document);
         const std::wstring address = device.address;
@@ -184,4 +170,5 @@ void DiscoveryService::ProcessDevices(std::list<DiscoveredDevice>& found) {
         LogBasic(L"No filtered printer found.");
         page->NoPrinterFound();
     }
+    return found;
 }

@@ -6,23 +6,12 @@
 #include "CommonLib/IpAddress.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/SystemVersion.h"
+#include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 
 namespace {
-
-constexpr UINT dialogTemplate = 138;
-constexpr DWORD topic = 1569;
-constexpr int localId = 1026;
-constexpr int hostRadioId = 1027;
-constexpr int subnetRadioId = 1028;
-constexpr int hostId = 1029;
-constexpr int addressLabelId = 1030;
-constexpr int addressId = 1031;
-constexpr int maskLabelId = 1032;
-constexpr int maskId = 1033;
-constexpr int helpId = 1057;
 
 constexpr UINT_PTR checkTimer = 0;
 constexpr UINT pauseInMilliseconds = 300;
@@ -47,21 +36,22 @@ bool IsAcceptedAddress(const std::wstring& text) {
 
 const MessageMap& ModifySearchDlg::GetMessageMap() const {
     using On = EventsOf<ModifySearchDlg>;
-    static const MessageMap map(&Events(),
-                                {
-                                    On::Message(WM_SHOWWINDOW, &ModifySearchDlg::OnShowWindow),
-                                    On::Message(WM_TIMER, &ModifySearchDlg::OnTimer),
-                                    On::Control(hostId, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
-                                    On::Control(addressId, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
-                                    On::Control(maskId, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
-                                    On::Click(localId, &ModifySearchDlg::OnRadio),
-                                    On::Click(hostRadioId, &ModifySearchDlg::OnRadio),
-                                    On::Click(subnetRadioId, &ModifySearchDlg::OnRadio),
-                                });
+    static const MessageMap map(
+        &Events(), {
+                       On::Message(WM_SHOWWINDOW, &ModifySearchDlg::OnShowWindow),
+                       On::Message(WM_TIMER, &ModifySearchDlg::OnTimer),
+                       On::Control(IDC_MODIFY_SEARCH_HOST, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
+                       On::Control(IDC_MODIFY_SEARCH_ADDRESS, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
+                       On::Control(IDC_MODIFY_SEARCH_MASK, EN_CHANGE, &ModifySearchDlg::ScheduleCheck),
+                       On::Click(IDC_MODIFY_SEARCH_LOCAL, &ModifySearchDlg::OnRadio),
+                       On::Click(IDC_MODIFY_SEARCH_BY_HOST, &ModifySearchDlg::OnRadio),
+                       On::Click(IDC_MODIFY_SEARCH_BY_SUBNET, &ModifySearchDlg::OnRadio),
+                   });
     return map;
 }
 
-ModifySearchDlg::ModifySearchDlg(CWnd* parentWindow) : InstallDialogEx(dialogTemplate, parentWindow) {
+ModifySearchDlg::ModifySearchDlg(const PageContext& context, CWnd& page)
+    : InstallDialogEx(context, IDD_MODIFY_SEARCH, HIDD_MODIFY_SEARCH, &page) {
     addressField.limitText = TextKey::MSG_IP_LIMIT;
     addressField.invalidText = TextKey::MSG_INVALID_IP;
     maskField.limitText = TextKey::MSG_SUBNET_LIMIT;
@@ -70,17 +60,19 @@ ModifySearchDlg::ModifySearchDlg(CWnd* parentWindow) : InstallDialogEx(dialogTem
 
 bool ModifySearchDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
-    hostEdit.SubclassDlgItem(hostId, *this);
-    addressField.edit.SubclassDlgItem(addressId, *this);
-    maskField.edit.SubclassDlgItem(maskId, *this);
+    hostEdit.SubclassDlgItem(IDC_MODIFY_SEARCH_HOST, *this);
+    addressField.edit.SubclassDlgItem(IDC_MODIFY_SEARCH_ADDRESS, *this);
+    maskField.edit.SubclassDlgItem(IDC_MODIFY_SEARCH_MASK, *this);
     okButton.SubclassDlgItem(IDOK, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
-    helpButton.SubclassDlgItem(helpId, *this);
-    helpTopic = topic;
+    helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
     SetUpTexts();
-    toolTips.AddTool(GetDlgItem(localId), GetLocalizedText(TextKey::LOCAL_SUBNET_SEARCH_TOOLTIP));
-    toolTips.AddTool(GetDlgItem(hostRadioId), GetLocalizedText(TextKey::IP_HOSTNAME_SEARCH_TOOLTIP));
-    toolTips.AddTool(GetDlgItem(subnetRadioId), GetLocalizedText(TextKey::SUBNET_SEARCH_TOOLTIP));
+    toolTips.AddTool(GetDlgItem(IDC_MODIFY_SEARCH_LOCAL),
+                     GetLocalizedText(TextKey::LOCAL_SUBNET_SEARCH_TOOLTIP));
+    toolTips.AddTool(GetDlgItem(IDC_MODIFY_SEARCH_BY_HOST),
+                     GetLocalizedText(TextKey::IP_HOSTNAME_SEARCH_TOOLTIP));
+    toolTips.AddTool(GetDlgItem(IDC_MODIFY_SEARCH_BY_SUBNET),
+                     GetLocalizedText(TextKey::SUBNET_SEARCH_TOOLTIP));
     toolTips.Activate(true);
     helpButton.SetImagePath(helpImagePath);
     okButton.SetPrimary();
@@ -89,37 +81,38 @@ bool ModifySearchDlg::OnInitDialog() {
 
 void ModifySearchDlg::SetUpTexts() {
     SetWindowText(GetLocalizedText(TextKey::ADD_NETWORK_PRINTER));
-    SetUpControl(localId, TextKey::LOCAL_SUBNET_SEARCH, fontBody);
-    SetUpControl(hostRadioId, TextKey::IP_HOSTNAME_SEARCH, fontBody);
-    SetUpControl(subnetRadioId, TextKey::SUBNET_SEARCH, fontBody);
-    SetUpControl(addressLabelId, TextKey::IP_ADDRESS, fontBody);
-    SetUpControl(maskLabelId, TextKey::SUBNET_MASK, fontBody);
-    for (const int id : {hostId, addressId, maskId}) SetControlFont(id, fontBody);
+    SetUpControl(IDC_MODIFY_SEARCH_LOCAL, TextKey::LOCAL_SUBNET_SEARCH, fontBody);
+    SetUpControl(IDC_MODIFY_SEARCH_BY_HOST, TextKey::IP_HOSTNAME_SEARCH, fontBody);
+    SetUpControl(IDC_MODIFY_SEARCH_BY_SUBNET, TextKey::SUBNET_SEARCH, fontBody);
+    SetUpControl(IDC_MODIFY_SEARCH_ADDRESS_LABEL, TextKey::IP_ADDRESS, fontBody);
+    SetUpControl(IDC_MODIFY_SEARCH_MASK_LABEL, TextKey::SUBNET_MASK, fontBody);
+    for (const int id : {IDC_MODIFY_SEARCH_HOST, IDC_MODIFY_SEARCH_ADDRESS, IDC_MODIFY_SEARCH_MASK})
+        SetControlFont(id, fontBody);
     SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
-    SetUpControl(helpId, TextKey::HELP_BUTTON, fontButton);
+    SetUpControl(IDC_HELP_BUTTON, TextKey::HELP_BUTTON, fontButton);
 }
 
 // Restores the fields from the search that is in place.
 LRESULT ModifySearchDlg::OnShowWindow(WPARAM, LPARAM) {
-    const std::wstring search = InstallSettings::GetInstance().GetString(Tag::DISCOVER_PARAMS);
+    const std::wstring search = settings.GetString(Tag::DISCOVER_PARAMS);
     const std::wstring host = TagDocument::ValueOf(search, Tag::UNICAST_ADDRESS);
     const std::wstring subnet = TagDocument::ValueOf(search, Tag::REMOTE_SUBNETS);
     if (search.empty()) {
-        CheckRadio(localId);
-        FocusControl(localId);
+        CheckRadio(IDC_MODIFY_SEARCH_LOCAL);
+        FocusControl(IDC_MODIFY_SEARCH_LOCAL);
         OnRadio();
     } else if (!host.empty()) {
         EnableFields(true, false);
         Fill(hostEdit, host);
-        CheckRadio(hostRadioId);
+        CheckRadio(IDC_MODIFY_SEARCH_BY_HOST);
         EnableControl(IDOK, true);
     } else if (!subnet.empty()) {
         RestoreSubnet(subnet);
     } else {
         LogBasic(L"No control is checked");
     }
-    ShowControl(helpId, false);
+    ShowControl(IDC_HELP_BUTTON, false);
     return Default();
 }
 
@@ -134,7 +127,7 @@ void ModifySearchDlg::RestoreSubnet(const std::wstring& subnet) {
     if (!mask.empty()) mask.pop_back();
     maskField.edit.SetWindowText(mask);
     Fill(addressField.edit, subnet.substr(0, colon));
-    CheckRadio(subnetRadioId);
+    CheckRadio(IDC_MODIFY_SEARCH_BY_SUBNET);
     EnableControl(IDOK, true);
 }
 
@@ -149,22 +142,22 @@ bool ModifySearchDlg::IsChecked(int radioId) const {
 }
 
 void ModifySearchDlg::CheckRadio(int radioId) {
-    CheckRadioButton(GetSafeHwnd(), localId, subnetRadioId, radioId);
+    CheckRadioButton(GetSafeHwnd(), IDC_MODIFY_SEARCH_LOCAL, IDC_MODIFY_SEARCH_BY_SUBNET, radioId);
 }
 
 void ModifySearchDlg::EnableFields(bool host, bool subnet) {
-    EnableControl(hostId, host);
-    EnableControl(addressId, subnet);
-    EnableControl(maskId, subnet);
+    EnableControl(IDC_MODIFY_SEARCH_HOST, host);
+    EnableControl(IDC_MODIFY_SEARCH_ADDRESS, subnet);
+    EnableControl(IDC_MODIFY_SEARCH_MASK, subnet);
 }
 
 void ModifySearchDlg::OnRadio() {
-    if (IsChecked(localId)) {
+    if (IsChecked(IDC_MODIFY_SEARCH_LOCAL)) {
         EnableFields(false, false);
-    } else if (IsChecked(hostRadioId)) {
+    } else if (IsChecked(IDC_MODIFY_SEARCH_BY_HOST)) {
         EnableFields(true, false);
         hostEdit.SetFocus();
-    } else if (IsChecked(subnetRadioId)) {
+    } else if (IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET)) {
         EnableFields(false, true);
         addressField.edit.SetFocus();
     }
@@ -190,9 +183,9 @@ LRESULT ModifySearchDlg::OnTimer(WPARAM timer, LPARAM) {
 
 void ModifySearchDlg::Check() {
     EnableControl(IDOK, false);
-    if (IsChecked(localId) || (IsChecked(hostRadioId) && CheckHost())) {
+    if (IsChecked(IDC_MODIFY_SEARCH_LOCAL) || (IsChecked(IDC_MODIFY_SEARCH_BY_HOST) && CheckHost())) {
         EnableControl(IDOK, true);
-    } else if (IsChecked(subnetRadioId)) {
+    } else if (IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET)) {
         const bool isAddressGood = CheckAddress(addressField);
         const bool isMaskGood = CheckAddress(maskField);
         if (isAddressGood && isMaskGood) EnableControl(IDOK, true);
@@ -263,12 +256,11 @@ bool ModifySearchDlg::PreTranslateMessage(MSG* message) {
 }
 
 void ModifySearchDlg::OnOK() {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    if (IsChecked(hostRadioId)) {
+    if (IsChecked(IDC_MODIFY_SEARCH_BY_HOST)) {
         const std::wstring host = hostEdit.GetText(longestHost);
         settings.SetString(Tag::DISCOVER_PARAMS, TagDocument::MakeElement(Tag::UNICAST_ADDRESS, host));
         LogBasic(L"Filter for Hostname: " + host);
-    } else if (IsChecked(subnetRadioId)) {
+    } else if (IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET)) {
         const std::wstring subnet =
             addressField.edit.GetText(longestAddress) + L":" + maskField.edit.GetText(longestAddress) + L";";
         settings.SetString(Tag::DISCOVER_PARAMS, TagDocument::MakeElement(Tag::REMOTE_SUBNETS, subnet));

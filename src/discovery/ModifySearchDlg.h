@@ -12,7 +12,7 @@
 // Leaves the search document in the settings when it ends with OK; it starts no search.
 class ModifySearchDlg : public InstallDialogEx {
 public:
-    explicit ModifySearchDlg(CWnd* parentWindow);
+    ModifySearchDlg(const PageContext& context, CWnd& page);
 
     bool PreTranslateMessage(MSG* message) override;
 

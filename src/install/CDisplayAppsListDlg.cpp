@@ -4,44 +4,38 @@
 
 #include <commctrl.h>
 
+#include "resources/resource.h"
 #include "settings/TagNames.h"
-
-namespace {
-
-constexpr UINT dialogTemplate = 1176;
-constexpr int headerId = 1006;
-constexpr int listId = 1078;
-
-}  // namespace
 
 const MessageMap& CDisplayAppsListDlg::GetMessageMap() const {
     using On = EventsOf<CDisplayAppsListDlg>;
-    static const MessageMap map(&Events(),
-                                {
-                                    On::Message(WM_SHOWWINDOW, &CDisplayAppsListDlg::OnShowWindow),
-                                    On::Notify(listId, LVN_ITEMCHANGED, &CDisplayAppsListDlg::OnListChanged),
-                                });
+    static const MessageMap map(
+        &Events(), {
+                       On::Message(WM_SHOWWINDOW, &CDisplayAppsListDlg::OnShowWindow),
+                       On::Notify(IDC_STATUS_LIST, LVN_ITEMCHANGED, &CDisplayAppsListDlg::OnListChanged),
+                   });
     return map;
 }
 
-CDisplayAppsListDlg::CDisplayAppsListDlg(CWnd* parentWindow)
-    : InstallDialogEx(dialogTemplate, parentWindow) {}
+CDisplayAppsListDlg::CDisplayAppsListDlg(const PageContext& context, CWnd& page)
+    : InstallDialogEx(context, IDD_SOFTWARE_LIST, HIDD_DEFAULT, &page),
+      statusList(context.settings, context.localizer) {}
 
 bool CDisplayAppsListDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     okButton.SubclassDlgItem(IDOK, *this);
-    SetUpControl(headerId, TextKey::SOFTWARE_LIST_DISPLAY_TITLE, fontHeading);
+    SetUpControl(IDC_OUTCOME_TITLE, TextKey::SOFTWARE_LIST_DISPLAY_TITLE, fontHeading);
     SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);
-    SetControlFont(listId, fontBody);
+    SetControlFont(IDC_STATUS_LIST, fontBody);
     SetWindowText(GetLocalizedText(TextKey::SOFTWARE_LIST_DISPLAY_WINDOW_TITLE));
-    statusList.Attach(GetDlgItem(listId));
+    statusList.Attach(GetDlgItem(IDC_STATUS_LIST));
     okButton.SetPrimary();
     return true;
 }
 
 LRESULT CDisplayAppsListDlg::OnShowWindow(WPARAM, LPARAM) {
     statusList.Fill();
-    ShowControl(listId, true);
+    ShowControl(IDC_STATUS_LIST, true);
     return Default();
 }
 

@@ -7,7 +7,7 @@
 
 class CDisplayAppsListDlg : public InstallDialogEx {
 public:
-    explicit CDisplayAppsListDlg(CWnd* parentWindow);
+    CDisplayAppsListDlg(const PageContext& context, CWnd& page);
 
 protected:
     bool OnInitDialog() override;

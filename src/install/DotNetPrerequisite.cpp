@@ -5,11 +5,10 @@
 #include "CommonLib/DotNetSetup.h"
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
+#include "CommonLib/MsiCodes.h"
 #include "CommonLib/TextUtilities.h"
-#include "catalogue/MsiCodes.h"
 #include "install/InstallMessages.h"
 #include "install/InstallService.h"
-#include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
 
@@ -35,7 +34,7 @@ bool InstallService::NeedsDotNet(const std::vector<MSI_APP>& list) const {
 
 std::uint32_t InstallService::InstallDotNet() {
     if (IsFrameworkPresent()) return MsiCode::Success;
-    if (InstallSettings::GetInstance().GetBool(Tag::SILENT_INSTALL)) {
+    if (settings.GetBool(Tag::SILENT_INSTALL)) {
         LogBasic(
             L"!!!! Install .Net 4.0 Framework is required to run this package. Please install .Net 4.0 "
             L"Framework "
@@ -51,7 +50,6 @@ std::uint32_t InstallService::InstallDotNet() {
 }
 
 std::uint32_t InstallService::ReadDotNetResult(std::uint32_t code) {
-    InstallSettings& settings = InstallSettings::GetInstance();
     switch (code) {
         case MsiCode::Success:
             LogBasic(L".Net Installation Successful");
@@ -62,13 +60,13 @@ std::uint32_t InstallService::ReadDotNetResult(std::uint32_t code) {
         case restartWanted:
             LogBasic(L".Net installation successful, reboot required");
             settings.SetBool(Tag::REBOOT, true);
-            Controller::GetInstance().UpdateHideFlags();
+            controller.UpdateHideFlags();
             break;
         case MsiCode::UserCancelled:
             LogBasic(L"User cancelled or got error during .net installation");
             LogBasic(L"Cancelling installation");
             settings.SetBool(Tag::DOTNET_FAILED, true);
-            if (!settings.GetBool(Tag::OPTIONAL_INSTALL)) Controller::GetInstance().Cancel(true);
+            if (!settings.GetBool(Tag::OPTIONAL_INSTALL)) controller.Cancel(true);
             break;
         default:
             ReportDotNetError(code);
@@ -78,12 +76,12 @@ std::uint32_t InstallService::ReadDotNetResult(std::uint32_t code) {
 }
 
 void InstallService::ReportDotNetError(std::uint32_t code) {
-    if (!ShowErrorDialog(code)) return;
+    if (!ShowErrorDialog(page, settings, code)) return;
     LogBasic(L"Unknown error code during .net installation", LogLevel::Error);
     // The two blanks are meant.
     LogBasic(L"InstallService::InstallDotNet:  Unknown error code: " + ToDecimalString(code),
              LogLevel::Error);
-    InstallSettings::GetInstance().SetBool(Tag::DOTNET_FAILED, true);
+    settings.SetBool(Tag::DOTNET_FAILED, true);
     LogBasic(L"Cancelling installation");
-    Controller::GetInstance().Cancel(true);
+    controller.Cancel(true);
 }

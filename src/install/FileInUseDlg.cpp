@@ -1,44 +1,34 @@
 #include "install/FileInUseDlg.h"
 
+#include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
 
-namespace {
-
-constexpr UINT dialogTemplate = 142;
-constexpr int headerId = 1090;
-constexpr int textId = 1065;
-constexpr int applicationsId = 1093;
-constexpr int ignoreId = 1067;
-constexpr int retryId = 1066;
-
-}  // namespace
-
 const MessageMap& FileInUseDlg::GetMessageMap() const {
     using On = EventsOf<FileInUseDlg>;
     static const MessageMap map(&Events(), {
-                                               On::Click(retryId, &FileInUseDlg::OnRetry),
-                                               On::Click(ignoreId, &FileInUseDlg::OnIgnore),
+                                               On::Click(IDC_FILES_IN_USE_RETRY, &FileInUseDlg::OnRetry),
+                                               On::Click(IDC_FILES_IN_USE_IGNORE, &FileInUseDlg::OnIgnore),
                                            });
     return map;
 }
 
-FileInUseDlg::FileInUseDlg() : InstallDialogEx(dialogTemplate) {}
+FileInUseDlg::FileInUseDlg(const PageContext& context) : InstallDialogEx(context, IDD_FILES_IN_USE) {}
 
 bool FileInUseDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
-    ignoreButton.SubclassDlgItem(ignoreId, *this);
-    retryButton.SubclassDlgItem(retryId, *this);
+    ignoreButton.SubclassDlgItem(IDC_FILES_IN_USE_IGNORE, *this);
+    retryButton.SubclassDlgItem(IDC_FILES_IN_USE_RETRY, *this);
     SetWindowText(GetLocalizedText(TextKey::FILES_IN_USE_HEADER));
-    SetUpControl(headerId, TextKey::FILES_IN_USE_HEADER, fontHeading);
-    SetUpControl(textId, TextKey::FILE_IN_USE_TEXT, fontBody);
+    SetUpControl(IDC_FILES_IN_USE_TITLE, TextKey::FILES_IN_USE_HEADER, fontHeading);
+    SetUpControl(IDC_FILES_IN_USE_TEXT, TextKey::FILE_IN_USE_TEXT, fontBody);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
-    SetUpControl(retryId, TextKey::RETRY_BUTTON, fontButton);
-    SetControlFont(applicationsId, fontBody);
-    ::SetWindowTextW(GetDlgItem(applicationsId), applicationName.c_str());
-    ShowControl(ignoreId, false);
+    SetUpControl(IDC_FILES_IN_USE_RETRY, TextKey::RETRY_BUTTON, fontButton);
+    SetControlFont(IDC_FILES_IN_USE_APPLICATIONS, fontBody);
+    ::SetWindowTextW(GetDlgItem(IDC_FILES_IN_USE_APPLICATIONS), applicationName.c_str());
+    ShowControl(IDC_FILES_IN_USE_IGNORE, false);
     retryButton.SetPrimary();
     return true;
 }
@@ -48,7 +38,7 @@ void FileInUseDlg::OnRetry() {
 }
 
 void FileInUseDlg::OnIgnore() {
-    InstallSettings::GetInstance().SetBool(Tag::REBOOT, true);
-    Controller::GetInstance().UpdateHideFlags();
+    settings.SetBool(Tag::REBOOT, true);
+    controller.UpdateHideFlags();
     EndDialog(IDIGNORE);
 }

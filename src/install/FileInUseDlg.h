@@ -9,7 +9,7 @@
 // DoModal gives IDRETRY, IDIGNORE or IDCANCEL. Runs on the library's thread.
 class FileInUseDlg : public InstallDialogEx {
 public:
-    FileInUseDlg();
+    explicit FileInUseDlg(const PageContext& context);
 
     // The programs to name; kept from question to question.
     void SetApplicationName(const std::wstring& name) { applicationName = name; }

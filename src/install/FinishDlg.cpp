@@ -9,29 +9,14 @@
 #include "CommonLib/Logger.h"
 #include "framework/CImage.h"
 #include "install/CDisplayAppsListDlg.h"
-#include "install/EndOfRun.h"
+#include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
+#include "wizard/EndOfRun.h"
 
 namespace {
-
-constexpr UINT dialogTemplate = 131;
-constexpr DWORD topic = 1542;
-constexpr int headerId = 1006;
-constexpr int secondTextId = 1167;
-constexpr int optionalTextId = 1111;
-constexpr int hiddenTextId = 1143;
-constexpr int finishId = 1116;
-constexpr int helpId = 1057;
-constexpr int listId = 1078;
-constexpr int hiddenLinkId = 1100;
-constexpr int errorLinkId = 1121;
-constexpr int infoCenterLinkId = 1178;
-constexpr int registrationLinkId = 1179;
-constexpr int softwareListLinkId = 1169;
-constexpr int picturePlaceId = 1175;
 
 void Open(const std::wstring& target) {
     ShellExecuteW(nullptr, L"open", target.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
@@ -41,51 +26,52 @@ void Open(const std::wstring& target) {
 
 const MessageMap& FinishDlg::GetMessageMap() const {
     using On = EventsOf<FinishDlg>;
-    static const MessageMap map(&Events(), {
-                                               On::Message(WM_SHOWWINDOW, &FinishDlg::OnShowWindow),
-                                               On::Message(WM_SETCURSOR, &FinishDlg::OnSetCursor),
-                                               On::Notify(listId, LVN_ITEMCHANGED, &FinishDlg::OnListChanged),
-                                               On::Click(finishId, &FinishDlg::OnFinish),
-                                               On::Click(errorLinkId, &FinishDlg::OnErrorLink),
-                                               On::Click(softwareListLinkId, &FinishDlg::OnSoftwareList),
-                                               On::Click(infoCenterLinkId, &FinishDlg::OnInfoCenterLink),
-                                               On::Click(registrationLinkId, &FinishDlg::OnRegistrationLink),
-                                           });
+    static const MessageMap map(&Events(),
+                                {
+                                    On::Message(WM_SHOWWINDOW, &FinishDlg::OnShowWindow),
+                                    On::Message(WM_SETCURSOR, &FinishDlg::OnSetCursor),
+                                    On::Notify(IDC_STATUS_LIST, LVN_ITEMCHANGED, &FinishDlg::OnListChanged),
+                                    On::Click(IDC_FINISH, &FinishDlg::OnFinish),
+                                    On::Click(IDC_FINISH_ERROR_LINK, &FinishDlg::OnErrorLink),
+                                    On::Click(IDC_FINISH_SOFTWARE_LIST_LINK, &FinishDlg::OnSoftwareList),
+                                    On::Click(IDC_FINISH_INFORMATION_LINK, &FinishDlg::OnInfoCenterLink),
+                                    On::Click(IDC_FINISH_REGISTRATION_LINK, &FinishDlg::OnRegistrationLink),
+                                });
     return map;
 }
 
-FinishDlg::FinishDlg(const wchar_t* name) : InstallDialogEx(dialogTemplate) {
+FinishDlg::FinishDlg(const PageContext& context, const wchar_t* name)
+    : InstallDialogEx(context, IDD_FINISH, HIDD_FINISH), statusList(context.settings, context.localizer) {
     dialogName = name;
 }
 
 bool FinishDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
-    finishButton.SubclassDlgItem(finishId, *this);
+    finishButton.SubclassDlgItem(IDC_FINISH, *this);
     optionalButton.SubclassDlgItem(IDOK, *this);
-    helpButton.SubclassDlgItem(helpId, *this);
-    errorLink.SubclassDlgItem(errorLinkId, *this);
-    infoCenterLink.SubclassDlgItem(infoCenterLinkId, *this);
-    registrationLink.SubclassDlgItem(registrationLinkId, *this);
-    softwareListLink.SubclassDlgItem(softwareListLinkId, *this);
-    const bool reboot = InstallSettings::GetInstance().GetBool(Tag::REBOOT);
-    SetUpControl(finishId, reboot ? TextKey::NEXT_BUTTON : TextKey::FINISH_BUTTON, fontButton);
-    SetUpControl(hiddenLinkId, TextKey::REGISTRATION_LINK, fontButton);
-    SetUpControl(errorLinkId, TextKey::ERROR_LINK, fontButton);
-    SetUpControl(infoCenterLinkId, TextKey::INFOCENTER_LINK_LABEL, fontButton);
-    SetUpControl(registrationLinkId, TextKey::PRODUCT_REGISTRATION_LINK_LABEL, fontButton);
-    SetUpControl(softwareListLinkId, TextKey::LIST_DISPLAY_LINK, fontButton);
-    SetControlFont(headerId, fontHeading);
-    SetControlFont(secondTextId, fontBody);
-    ShowControl(listId, false);
-    ShowControl(helpId, false);
-    statusList.Attach(GetDlgItem(listId));
+    helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
+    errorLink.SubclassDlgItem(IDC_FINISH_ERROR_LINK, *this);
+    infoCenterLink.SubclassDlgItem(IDC_FINISH_INFORMATION_LINK, *this);
+    registrationLink.SubclassDlgItem(IDC_FINISH_REGISTRATION_LINK, *this);
+    softwareListLink.SubclassDlgItem(IDC_FINISH_SOFTWARE_LIST_LINK, *this);
+    const bool reboot = settings.GetBool(Tag::REBOOT);
+    SetUpControl(IDC_FINISH, reboot ? TextKey::NEXT_BUTTON : TextKey::FINISH_BUTTON, fontButton);
+    SetUpControl(IDC_WEB_LINK, TextKey::REGISTRATION_LINK, fontButton);
+    SetUpControl(IDC_FINISH_ERROR_LINK, TextKey::ERROR_LINK, fontButton);
+    SetUpControl(IDC_FINISH_INFORMATION_LINK, TextKey::INFOCENTER_LINK_LABEL, fontButton);
+    SetUpControl(IDC_FINISH_REGISTRATION_LINK, TextKey::PRODUCT_REGISTRATION_LINK_LABEL, fontButton);
+    SetUpControl(IDC_FINISH_SOFTWARE_LIST_LINK, TextKey::LIST_DISPLAY_LINK, fontButton);
+    SetControlFont(IDC_OUTCOME_TITLE, fontHeading);
+    SetControlFont(IDC_FINISH_SECOND_TEXT, fontBody);
+    ShowControl(IDC_STATUS_LIST, false);
+    ShowControl(IDC_HELP_BUTTON, false);
+    statusList.Attach(GetDlgItem(IDC_STATUS_LIST));
     finishButton.SetPrimary();
     return true;
 }
 
 LRESULT FinishDlg::OnShowWindow(WPARAM shown, LPARAM) {
     if (shown != FALSE) {
-        helpTopic = topic;
         HideWhatIsNotOffered();
         FillStatusList();
         ShowOutcome();
@@ -95,10 +81,11 @@ LRESULT FinishDlg::OnShowWindow(WPARAM shown, LPARAM) {
 }
 
 void FinishDlg::HideWhatIsNotOffered() {
-    for (const int id : {errorLinkId, hiddenTextId, static_cast<int>(IDOK), optionalTextId, hiddenLinkId}) {
+    for (const int id : {IDC_FINISH_ERROR_LINK, IDC_FINISH_HIDDEN_TEXT, static_cast<int>(IDOK),
+                         IDC_FINISH_OPTIONAL_TEXT, IDC_WEB_LINK}) {
         ShowControl(id, false);
     }
-    EnableControl(hiddenTextId, false);
+    EnableControl(IDC_FINISH_HIDDEN_TEXT, false);
     EnableControl(IDOK, false);
 }
 
@@ -108,12 +95,11 @@ void FinishDlg::FillStatusList() {
     for (const StatusLine& line : statusList.Fill()) {
         if (line.code == 1) allSucceeded = false;
         const std::wstring_view status = InstallStatusOf(line.code);
-        if (!status.empty()) InstallSettings::GetInstance().SetString(Tag::INSTALL_STATUS, status);
+        if (!status.empty()) settings.SetString(Tag::INSTALL_STATUS, status);
     }
 }
 
 RunOutcome FinishDlg::Outcome() const {
-    const InstallSettings& settings = InstallSettings::GetInstance();
     return {.installStatus = settings.GetString(Tag::INSTALL_STATUS),
             .dotNetFailed = settings.GetBool(Tag::DOTNET_FAILED),
             .usb = settings.GetBool(Tag::USB),
@@ -127,40 +113,39 @@ void FinishDlg::ShowOutcome() {
     const HeaderKeys header = FinishHeader(outcome);
     std::wstring text = GetLocalizedText(header.first);
     if (!header.second.empty()) text += L"  " + GetLocalizedText(header.second);
-    ::SetWindowTextW(GetDlgItem(headerId), text.c_str());
+    ::SetWindowTextW(GetDlgItem(IDC_OUTCOME_TITLE), text.c_str());
     if (IsUsbFinish(outcome)) usbFinish = true;
 
     const std::wstring_view second = FinishSecondText(outcome);
-    if (!second.empty()) SetLocalizedText(secondTextId, second);
-    ShowControl(secondTextId, !second.empty());
+    if (!second.empty()) SetLocalizedText(IDC_FINISH_SECOND_TEXT, second);
+    ShowControl(IDC_FINISH_SECOND_TEXT, !second.empty());
 }
 
 void FinishDlg::ShowLinks() {
-    const InstallSettings& settings = InstallSettings::GetInstance();
-    ShowControl(softwareListLinkId, settings.IsAmazonSupported());
-    if (settings.GetBool(Tag::REBOOT)) SetLocalizedText(finishId, TextKey::NEXT_BUTTON);
-    ShowControl(infoCenterLinkId, !settings.GetString(Tag::INFOCENTER_LINK).empty());
-    ShowControl(registrationLinkId, !settings.GetString(Tag::PRODUCT_REGISTRATION_LINK).empty());
-    if (!allSucceeded) ShowControl(errorLinkId, true);
+    ShowControl(IDC_FINISH_SOFTWARE_LIST_LINK, settings.IsAmazonSupported());
+    if (settings.GetBool(Tag::REBOOT)) SetLocalizedText(IDC_FINISH, TextKey::NEXT_BUTTON);
+    ShowControl(IDC_FINISH_INFORMATION_LINK, !settings.GetString(Tag::INFOCENTER_LINK).empty());
+    ShowControl(IDC_FINISH_REGISTRATION_LINK, !settings.GetString(Tag::PRODUCT_REGISTRATION_LINK).empty());
+    if (!allSucceeded) ShowControl(IDC_FINISH_ERROR_LINK, true);
 }
 
 void FinishDlg::PaintGround(HDC context) {
     InstallDialogEx::PaintGround(context);
-    const std::wstring status = InstallSettings::GetInstance().GetString(Tag::INSTALL_STATUS);
+    const std::wstring status = settings.GetString(Tag::INSTALL_STATUS);
     ATL::CImage picture;
     picture.Load(GetExeDirectory() + L"\\..\\res\\images\\" + std::wstring(FinishPicture(status, usbFinish)));
     RECT place{};
-    GetWindowRect(GetDlgItem(picturePlaceId), &place);
+    GetWindowRect(GetDlgItem(IDC_FINISH_PICTURE_PLACE), &place);
     MapWindowPoints(nullptr, GetSafeHwnd(), reinterpret_cast<POINT*>(&place), 2);
     picture.AlphaBlend(context, place.left, place.top);
 }
 
 LRESULT FinishDlg::OnSetCursor(WPARAM window, LPARAM) {
     switch (GetDlgCtrlID(reinterpret_cast<HWND>(window))) {
-        case softwareListLinkId:
-        case errorLinkId:
-        case infoCenterLinkId:
-        case registrationLinkId:
+        case IDC_FINISH_SOFTWARE_LIST_LINK:
+        case IDC_FINISH_ERROR_LINK:
+        case IDC_FINISH_INFORMATION_LINK:
+        case IDC_FINISH_REGISTRATION_LINK:
             SetCursor(LoadCursorW(nullptr, IDC_HAND));
             return TRUE;
         default:
@@ -174,44 +159,39 @@ LRESULT FinishDlg::OnListChanged(NMHDR& header) {
 }
 
 void FinishDlg::OnFinish() {
-    LeaveForTheEnd();
+    LeaveForTheEnd(Context());
 }
 
 void FinishDlg::OnOK() {
-    InstallSettings::GetInstance().SetBool(Tag::OPTIONAL_INSTALL, true);
-    Controller::GetInstance().UpdateHideFlags();
-    Controller::GetInstance().Next({});
-}
-
-void FinishDlg::OnCancel() {
-    Controller::GetInstance().Cancel(false);
+    settings.SetBool(Tag::OPTIONAL_INSTALL, true);
+    controller.UpdateHideFlags();
+    controller.Next({});
 }
 
 void FinishDlg::OnErrorLink() {
     if (allSucceeded) return;
     Open(Logger::GetInstance().GetLogFolder());
-    ShowControl(errorLinkId, true);
+    ShowControl(IDC_FINISH_ERROR_LINK, true);
 }
 
 void FinishDlg::OnSoftwareList() {
-    const bool wasEnabled = IsWindowEnabled(GetDlgItem(finishId)) != FALSE;
-    EnableControl(finishId, false);
-    CDisplayAppsListDlg(this).DoModal();
-    if (wasEnabled) EnableControl(finishId, true);
+    const bool wasEnabled = IsWindowEnabled(GetDlgItem(IDC_FINISH)) != FALSE;
+    EnableControl(IDC_FINISH, false);
+    CDisplayAppsListDlg(Context(), *this).DoModal();
+    if (wasEnabled) EnableControl(IDC_FINISH, true);
 }
 
 void FinishDlg::OnInfoCenterLink() {
-    const InstallSettings& settings = InstallSettings::GetInstance();
     const std::wstring base = settings.GetString(Tag::INFOCENTER_LINK);
     if (!base.empty()) {
         Open(settings.GetBool(Tag::INSTALL_FROM_CONFIG) ? settings.GetString(Tag::EXACT_INFOCENTER_LINK)
                                                         : base + L"?loc=" + GetLanguageCode());
     }
-    ShowControl(infoCenterLinkId, !base.empty());
+    ShowControl(IDC_FINISH_INFORMATION_LINK, !base.empty());
 }
 
 void FinishDlg::OnRegistrationLink() {
-    const std::wstring target = InstallSettings::GetInstance().GetString(Tag::PRODUCT_REGISTRATION_LINK);
+    const std::wstring target = settings.GetString(Tag::PRODUCT_REGISTRATION_LINK);
     if (!target.empty()) Open(target);
-    ShowControl(registrationLinkId, !target.empty());
+    ShowControl(IDC_FINISH_REGISTRATION_LINK, !target.empty());
 }

@@ -10,13 +10,12 @@
 
 class FinishDlg : public InstallDialogEx {
 public:
-    explicit FinishDlg(const wchar_t* name);
+    FinishDlg(const PageContext& context, const wchar_t* name);
 
 protected:
     bool OnInitDialog() override;
     // The button with id 1, which is hidden: goes on to the optional software.
     void OnOK() override;
-    void OnCancel() override;
     void PaintGround(HDC context) override;
     const MessageMap& GetMessageMap() const override;
 

@@ -7,11 +7,9 @@
 #include "CommonLib/Application.h"
 #include "CommonLib/Exception.h"
 #include "CommonLib/TextUtilities.h"
-#include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
 
 std::uint32_t FinishService::DoRun() {
-    const InstallSettings& settings = InstallSettings::GetInstance();
     const std::wstring folder = settings.GetString(Tag::TARGET_DIR);
     try {
         for (const std::wstring& program : SplitClosed(settings.GetStartApp(), L';')) {

@@ -1,6 +1,6 @@
 #include "install/InstallDecision.h"
 
-#include "catalogue/MsiCodes.h"
+#include "CommonLib/MsiCodes.h"
 
 bool ReportsNewer(const MSI_APP& app) {
     return app.installed && app.newerInstalled;

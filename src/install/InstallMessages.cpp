@@ -2,57 +2,52 @@
 
 #include <windows.h>
 
-#include <memory>
+#include <atomic>
+#include <optional>
 #include <string>
-#include <utility>
 
 #include "CommonLib/TextUtilities.h"
 #include "framework/CWinApp.h"
-#include "install/FileInUseDlg.h"
 #include "install/InstallDecision.h"
-#include "install/ProgressDialog.h"
-#include "install/RMFileInUseDlg.h"
-#include "settings/InstallSettings.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
-#include "wizard/LocalizedMessage.h"
 
 namespace {
 
 constexpr DWORD promptPollInMilliseconds = 50;
 
-void TellProgress(const std::wstring& document) {
-    auto update = std::make_unique<ProgressUpdate>();
-    std::wstring percent;
-    if (TagDocument::FindValue(document, Tag::PERCENT, percent)) update->percent = LeadingInteger(percent);
-    const CWnd* const mainWindow = AfxGetMainWnd();
-    if (mainWindow != nullptr && mainWindow->GetSafeHwnd() != nullptr)
-        ProgressDialog::Post(std::move(update));
+std::atomic<IInstallProgress*> progress = nullptr;
+
+std::optional<std::wstring> ValueIn(const std::wstring& document, std::wstring_view tag) {
+    std::wstring value;
+    return TagDocument::FindValue(document, tag, value) ? std::optional(value) : std::nullopt;
 }
 
 bool IsQuestion(const std::wstring& document, std::wstring_view tag) {
     return TagDocument::ValueOf(document, tag) == L"true";
 }
 
-// The dialog is made for the first question of its kind and then kept, with the names that it showed last.
-template <class Dialog>
-std::int32_t Ask(const std::wstring& document) {
-    static Dialog dialog;
-    std::wstring names;
-    if (TagDocument::FindValue(document, Tag::APPLICATION_NAME, names)) dialog.SetApplicationName(names);
-    return static_cast<std::int32_t>(dialog.DoModal());
+std::int32_t Answer(IInstallProgress& page, const std::wstring& document) {
+    const std::optional<std::wstring> programs = ValueIn(document, Tag::APPLICATION_NAME);
+    if (IsQuestion(document, Tag::RM_FILE_IN_USE)) return page.AskToClosePrograms(programs);
+    if (IsQuestion(document, Tag::FILE_IN_USE)) return page.AskAboutFilesInUse(programs);
+    page.Tell(LeadingInteger(ValueIn(document, Tag::PERCENT).value_or(L"")));
+    return IDOK;
 }
 
 }  // namespace
 
+void DeliverMessagesTo(IInstallProgress* receiver) {
+    progress = receiver;
+}
+
 std::int32_t OnInstallMessage(const wchar_t* message) {
+    IInstallProgress* const page = progress;
+    if (page == nullptr) return IDOK;
     try {
         // The library stands still as long as the user is asked whether to cancel.
-        while (ProgressDialog::IsCancelPromptOpen()) Sleep(promptPollInMilliseconds);
-        const std::wstring document = message;
-        if (IsQuestion(document, Tag::RM_FILE_IN_USE)) return Ask<RMFileInUseDlg>(document);
-        if (IsQuestion(document, Tag::FILE_IN_USE)) return Ask<FileInUseDlg>(document);
-        TellProgress(document);
+        while (page->IsCancelPromptOpen()) Sleep(promptPollInMilliseconds);
+        return Answer(*page, message);
     } catch (...) {
         // The library's own frames lie below this one.
         CWinApp::ReportUnhandledException(L"install message");
@@ -60,11 +55,9 @@ std::int32_t OnInstallMessage(const wchar_t* message) {
     return IDOK;
 }
 
-bool ShowErrorDialog(std::uint32_t code) {
-    if (InstallSettings::GetInstance().GetBool(Tag::OPTIONAL_INSTALL)) return false;
+bool ShowErrorDialog(IInstallProgress* page, const InstallSettings& settings, std::uint32_t code) {
+    if (settings.GetBool(Tag::OPTIONAL_INSTALL)) return false;
     const ErrorDialogTexts texts = ErrorDialogFor(code);
-    if (const CWnd* const mainWindow = AfxGetMainWnd()) {
-        ShowLocalizedMessage(mainWindow->GetSafeHwnd(), texts.textKey, texts.titleKey);
-    }
+    if (page != nullptr) page->ShowError(texts.textKey, texts.titleKey);
     return texts.stopsRun;
 }

@@ -10,21 +10,16 @@
 #include <list>
 
 #include "CommonLib/Logger.h"
+#include "CommonLib/MsiCodes.h"
 #include "CommonLib/SystemVersion.h"
 #include "CommonLib/TextUtilities.h"
-#include "catalogue/AppCatalogue.h"
-#include "catalogue/DriverInfo.h"
-#include "catalogue/MsiCodes.h"
-#include "framework/AfxBeginThread.h"
 #include "install/CommandDocument.h"
-#include "install/InstallDecision.h"
 #include "install/InstallMessages.h"
-#include "install/ProgressDialog.h"
 #include "install/StatusDocument.h"
-#include "settings/InstallSettings.h"
-#include "settings/Localizer.h"
+#include "printer/SystemPorts.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
+#include "wizard/CountedWorker.h"
 
 namespace {
 
@@ -32,28 +27,15 @@ constexpr std::uint16_t windowsVista = 0;
 constexpr unsigned threadExitCode = 31;
 
 // The folder into which the packages install: the vendor's, below the system's folder of programs.
-std::wstring TargetFolder() {
+std::wstring TargetFolder(std::wstring vendor) {
     std::array<wchar_t, MAX_PATH> folder{};
     if (FAILED(SHGetFolderPathW(nullptr, CSIDL_PROGRAM_FILES | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT,
                                 folder.data()))) {
         return {};
     }
-    std::wstring vendor = InstallSettings::GetInstance().GetString(Tag::OEM);
     if (vendor.empty()) vendor = L"Printer";
     PathAppendW(folder.data(), (vendor + L"\\").c_str());
     return folder.data();
-}
-
-std::wstring CommandDocumentFor(const MSI_APP& record, const std::wstring& targetDir,
-                                const std::wstring& language, bool reinstall) {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    return BuildCommandDocument({.printerInfo = settings.BuildPrinterInfo(record),
-                                 .targetDir = targetDir,
-                                 .language = language,
-                                 .friendlyName = settings.GetString(Tag::PRINTER_NAME),
-                                 .infocenterShortcut = settings.GetString(Tag::INFOCENTER_SHORTCUT),
-                                 .infocenterLink = settings.GetString(Tag::EXACT_INFOCENTER_LINK),
-                                 .reinstall = reinstall});
 }
 
 bool HasDependentsToRun(const MSI_APP& record) {
@@ -70,14 +52,27 @@ void LogAction(InstallAction action) {
 
 }  // namespace
 
+InstallService::InstallService(IInstallProgress* progressPage, IMsiInterface* gateway,
+                               const PageContext& context, AppCatalogue& appCatalogue,
+                               DriverInfo& driverCatalogue)
+    : page(progressPage),
+      msi(gateway),
+      controller(context.controller),
+      settings(context.settings),
+      localizer(context.localizer),
+      applications(appCatalogue),
+      drivers(driverCatalogue),
+      printers(context.settings, &IsSystemPort) {}
+
 std::uint32_t InstallService::DoRun() {
+    DeliverMessagesTo(page);
     statusList.clear();
     statusIndexByName.clear();
-    InstallSettings::GetInstance().SetBools({{Tag::DOTNET_INSTALLED, false}, {Tag::DOTNET_FAILED, false}});
+    settings.SetBools({{Tag::DOTNET_INSTALLED, false}, {Tag::DOTNET_FAILED, false}});
     // Applications always run before drivers.
     installList = SelectApps();
-    const std::vector<MSI_APP> drivers = SelectDrivers();
-    installList.insert(installList.end(), drivers.begin(), drivers.end());
+    const std::vector<MSI_APP> selectedDrivers = SelectDrivers();
+    installList.insert(installList.end(), selectedDrivers.begin(), selectedDrivers.end());
     if (NeedsDotNet(installList) && InstallDotNet() == MsiCode::InstallFailure)
         return MsiCode::InstallFailure;
 
@@ -91,12 +86,8 @@ std::uint32_t InstallService::DoRun() {
 }
 
 bool InstallService::StartThread() {
-    Controller& controller = Controller::GetInstance();
-    controller.UpdateThreadCount(true);
-    if (AfxBeginThread([this] { return InstallThread(); })) return true;
-    // The count must not wait for a thread that never runs.
+    if (StartCountedWorker(controller, [this] { return InstallThread(); })) return true;
     LogBasic(L"The install thread could not be started", LogLevel::Error);
-    controller.UpdateThreadCount(false);
     return false;
 }
 
@@ -107,21 +98,19 @@ void InstallService::Cancel() {
 }
 
 std::vector<MSI_APP> InstallService::SelectApps() const {
-    const InstallSettings& settings = InstallSettings::GetInstance();
     std::wstring_view filter = L"<ISOPTIONAL>false</ISOPTIONAL><ISSELECTED>true</ISSELECTED>";
     if (settings.GetBool(Tag::OPTIONAL_INSTALL))
         filter = L"<ISOPTIONAL>true</ISOPTIONAL><ISSELECTED>true</ISSELECTED>";
     if (settings.IsAmazonSupported()) filter = L"<ISSELECTED>true</ISSELECTED>";
-    const std::list<MSI_APP> selected = AppCatalogue::GetInstance().Select(filter);
+    const std::list<MSI_APP> selected = applications.Select(filter);
     return {selected.begin(), selected.end()};
 }
 
 std::vector<MSI_APP> InstallService::SelectDrivers() const {
-    std::vector<MSI_APP> drivers;
-    if (InstallSettings::GetInstance().GetBool(Tag::OPTIONAL_INSTALL)) return drivers;
-    drivers = DriverInfo::GetInstance().GetDrivers();
-    std::erase_if(drivers, [](const MSI_APP& driver) { return !driver.isSelected; });
-    return drivers;
+    if (settings.GetBool(Tag::OPTIONAL_INSTALL)) return {};
+    std::vector<MSI_APP> selected = drivers.GetDrivers();
+    std::erase_if(selected, [](const MSI_APP& driver) { return !driver.isSelected; });
+    return selected;
 }
 
 unsigned InstallService::InstallThread() {
@@ -130,17 +119,20 @@ unsigned InstallService::InstallThread() {
         if (page != nullptr) page->BeginUninstalling();
         RollBack();
     }
-    InstallSettings& settings = InstallSettings::GetInstance();
     settings.SetString(Tag::APP_INSTALLATION_STATUS, BuildStatusDocument());
-    if (!settings.GetBool(Tag::SILENT_INSTALL)) Controller::GetInstance().Next({});
-    Controller::GetInstance().UpdateThreadCount(false);
+    if (!settings.GetBool(Tag::SILENT_INSTALL)) controller.Next({});
     return threadExitCode;
 }
 
 void InstallService::RunInstalls() {
     LogAdvanced(L"Final Install Settings Values");
-    LogAdvanced(InstallSettings::GetInstance().StripMarker());
+    LogAdvanced(settings.StripMarker());
     LogBasic(L"Installing Applications");
+    if (!installList.empty()) {
+        targetDir = TargetFolder(settings.GetString(Tag::OEM));
+        settings.SetString(Tag::TARGET_DIR, targetDir);
+        language = localizer.GetString(TextKey::LANGUAGE_ID);
+    }
     InstallList(installList);
 }
 
@@ -149,19 +141,15 @@ void InstallService::InstallList(std::vector<MSI_APP>& list) {
         LogBasic(L"There were no applications found to install", LogLevel::Error);
         return;
     }
-    InstallSettings& settings = InstallSettings::GetInstance();
-    const std::wstring targetDir = TargetFolder();
-    settings.SetString(Tag::TARGET_DIR, targetDir);
-    const std::wstring language = Localizer::GetInstance().GetString(TextKey::LANGUAGE_ID);
     for (MSI_APP& record : list) {
         if (cancelled) break;
         // Also for a record that is passed over below: its programs may lie on the system already.
         settings.AppendStartApp(record.startApp);
-        RunRecord(record, targetDir, language);
+        RunRecord(record);
     }
 }
 
-void InstallService::RunRecord(MSI_APP& record, const std::wstring& targetDir, const std::wstring& language) {
+void InstallService::RunRecord(MSI_APP& record) {
     if (ReportsNewer(record)) {
         LogBasic(L"A newer version of " + record.productName +
                  L" is already installed. To install an older version of the product, please remove the "
@@ -175,8 +163,8 @@ void InstallService::RunRecord(MSI_APP& record, const std::wstring& targetDir, c
         RecordStatus(record);
         return;
     }
-    const std::wstring command =
-        CommandDocumentFor(record, targetDir, language, action == InstallAction::MinorUpgrade);
+    // Made also for a record that is left out below: what one driver sets stays for the next.
+    const std::wstring command = CommandDocumentFor(record, action == InstallAction::MinorUpgrade);
     if (action == InstallAction::RunDependentsOnly) {
         LogAdvanced(L"Only dependent applications selected, no parent application will be installed");
         InstallList(record.dependents);
@@ -185,6 +173,16 @@ void InstallService::RunRecord(MSI_APP& record, const std::wstring& targetDir, c
     LogAction(action);
     if (action == InstallAction::AskAgain && IsUpToDateByNow(record)) return;
     Install(record, command);
+}
+
+std::wstring InstallService::CommandDocumentFor(const MSI_APP& record, bool reinstall) {
+    return BuildCommandDocument({.printerInfo = printers.BuildPrinterInfo(record),
+                                 .targetDir = targetDir,
+                                 .language = language,
+                                 .friendlyName = settings.GetString(Tag::PRINTER_NAME),
+                                 .infocenterShortcut = settings.GetString(Tag::INFOCENTER_SHORTCUT),
+                                 .infocenterLink = settings.GetString(Tag::EXACT_INFOCENTER_LINK),
+                                 .reinstall = reinstall});
 }
 
 // A package may have come onto the system since the catalogue was built, as the dependent of another one.
@@ -201,44 +199,43 @@ void InstallService::Install(MSI_APP& record, const std::wstring& command) {
     // The record stands in the status list before its outcome is known.
     RecordStatus(record);
     MakeStep();
-    bool stopsRun = false;
-    TakeResult(record, code, stopsRun);
+    const InstallOutcome outcome =
+        ReadReturnCode(code, record.isScanDriver, !IsWindowsVersionOrGreater(windowsVista));
+    record.status = StatusFor(outcome, record);
+    const bool stopsRun = ActOnOutcome(record, outcome, code);
     const bool dependentFailed = HasDependentsToRun(record) &&
                                  std::any_of(record.dependents.begin(), record.dependents.end(),
                                              [](const MSI_APP& dependent) { return dependent.status == 1; });
     if (dependentFailed) record.status = 1;
     RecordStatus(record);
-    if (InstallSettings::GetInstance().GetBool(Tag::OPTIONAL_INSTALL)) {
+    if (settings.GetBool(Tag::OPTIONAL_INSTALL)) {
         if (dependentFailed) RemoveAfterDependentFailed(record);
     } else if (stopsRun) {
-        Controller::GetInstance().Cancel(true);
+        controller.Cancel(true);
     }
 }
 
-void InstallService::TakeResult(MSI_APP& record, std::uint32_t code, bool& stopsRun) {
-    const InstallOutcome outcome =
-        ReadReturnCode(code, record.isScanDriver, !IsWindowsVersionOrGreater(windowsVista));
-    if (outcome == InstallOutcome::RebootRequired) InstallSettings::GetInstance().SetBool(Tag::REBOOT, true);
-    record.status = StatusFor(outcome, record);
+bool InstallService::ActOnOutcome(MSI_APP& record, InstallOutcome outcome, std::uint32_t code) {
     switch (outcome) {
         case InstallOutcome::Done:
             if (HasDependentsToRun(record)) InstallList(record.dependents);
             record.isInstalled = true;
-            break;
+            return false;
         case InstallOutcome::Cancelled:
             LogBasic(L"MSI Installer returned user canceled.", LogLevel::Success);
-            break;
+            return false;
         case InstallOutcome::RebootRequired:
+            settings.SetBool(Tag::REBOOT, true);
             LogBasic(L"MSI Installer returned reboot requires.", LogLevel::Success);
-            break;
+            return false;
         case InstallOutcome::Failed:
             LogBasic(L"MSI Installer returned an error", LogLevel::Error);
-            stopsRun = ShowErrorDialog(code);
-            break;
+            return ShowErrorDialog(page, settings, code);
         case InstallOutcome::NotSupported:
             LogBasic(L"MSI Installer returned an error", LogLevel::Error);
-            break;
+            return false;
     }
+    return false;
 }
 
 void InstallService::RemoveAfterDependentFailed(const MSI_APP& record) {
@@ -256,9 +253,9 @@ void InstallService::RecordStatus(const MSI_APP& record) {
         statusList.at(line->second).status = record.status;
     }
     if (record.msiPath.find(L"Drivers") == std::wstring::npos) {
-        AppCatalogue::GetInstance().RecordOutcome(record);
+        applications.RecordOutcome(record);
     } else {
-        DriverInfo::GetInstance().RecordOutcome(record);
+        drivers.RecordOutcome(record);
     }
 }
 
@@ -292,10 +289,9 @@ void InstallService::Remove(MSI_APP record) {
 }
 
 std::wstring InstallService::BuildStatusDocument() const {
-    const InstallSettings& settings = InstallSettings::GetInstance();
     return ::BuildStatusDocument({.installed = settings.GetBool(Tag::DOTNET_INSTALLED),
                                   .failed = settings.GetBool(Tag::DOTNET_FAILED),
-                                  .name = Localizer::GetInstance().GetString(TextKey::DOTNET)},
+                                  .name = localizer.GetString(TextKey::DOTNET)},
                                  statusList);
 }
 

@@ -7,18 +7,27 @@
 #include <unordered_map>
 #include <vector>
 
+#include "catalogue/AppCatalogue.h"
+#include "catalogue/DriverInfo.h"
 #include "catalogue/IMsiInterface.h"
 #include "catalogue/MSI_APP.h"
+#include "install/IInstallProgress.h"
+#include "install/InstallDecision.h"
+#include "printer/PrinterDescription.h"
+#include "wizard/PageContext.h"
 #include "wizard/Service.h"
 
-class ProgressDialog;
-
+// Reads AMAZON_SUPPORTED, DOTNET_FAILED, DOTNET_INSTALLED, EXACT_INFOCENTER_LINK, INFOCENTER_SHORTCUT, OEM,
+// OPTIONAL_INSTALL, PRINTER_NAME, SILENT_INSTALL and what describes a printer; writes
+// APP_INSTALLATION_STATUS, DOTNET_FAILED, DOTNET_INSTALLED, REBOOT, STARTAPP and TARGET_DIR.
+//
 // DoRun and Cancel belong to the main thread (a forced cancel comes from the install thread), everything else
 // to the install thread that DoRun starts.
 class InstallService : public Service {
 public:
-    // Neither is owned; the page may be null.
-    InstallService(ProgressDialog* progressPage, IMsiInterface* gateway) : page(progressPage), msi(gateway) {}
+    // None is owned, and all outlive the service; the page may be null.
+    InstallService(IInstallProgress* progressPage, IMsiInterface* gateway, const PageContext& context,
+                   AppCatalogue& appCatalogue, DriverInfo& driverCatalogue);
 
     // Chooses the packages, sees to the .NET prerequisite and starts the install thread. Gives 0, or 1603 if
     // the prerequisite has stopped the run before it began.
@@ -45,10 +54,12 @@ private:
     void RunInstalls();
     // Runs the records in order. Dependents come through here too, inside their parent's turn.
     void InstallList(std::vector<MSI_APP>& list);
-    void RunRecord(MSI_APP& record, const std::wstring& targetDir, const std::wstring& language);
+    void RunRecord(MSI_APP& record);
+    std::wstring CommandDocumentFor(const MSI_APP& record, bool reinstall);
     bool IsUpToDateByNow(const MSI_APP& record) const;
     void Install(MSI_APP& record, const std::wstring& command);
-    void TakeResult(MSI_APP& record, std::uint32_t code, bool& stopsRun);
+    // Returns whether the outcome stops the run.
+    bool ActOnOutcome(MSI_APP& record, InstallOutcome outcome, std::uint32_t code);
     void RemoveAfterDependentFailed(const MSI_APP& record);
     void RollBack();
     void Remove(MSI_APP record);
@@ -57,10 +68,19 @@ private:
     void NameOnPage(const MSI_APP& record);
     void MakeStep();
 
-    ProgressDialog* page;
+    IInstallProgress* page;
+    IMsiInterface* msi;
+    Controller& controller;
+    InstallSettings& settings;
+    const Localizer& localizer;
+    AppCatalogue& applications;
+    DriverInfo& drivers;
+    PrinterDescription printers;
+    // Of this run, for every command document.
+    std::wstring targetDir;
+    std::wstring language;
     std::atomic<bool> cancelled = false;
     std::vector<MSI_APP> statusList;
     std::unordered_map<std::wstring, size_t> statusIndexByName;
     std::vector<MSI_APP> installList;
-    IMsiInterface* msi;
 };

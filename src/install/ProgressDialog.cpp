@@ -3,20 +3,28 @@
 #include <utility>
 
 #include "CommonLib/Logger.h"
+#include "framework/CWinApp.h"
+#include "install/FileInUseDlg.h"
 #include "install/ProgressPosition.h"
+#include "install/RMFileInUseDlg.h"
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
+#include "wizard/LocalizedMessage.h"
 #include "wizard/RegisteredMessages.h"
 
 namespace {
 
-constexpr int statusLineId = 1000;
-constexpr int barId = 1001;
 constexpr int stepWidth = 100;
 
-std::atomic<HWND> progressWindow = nullptr;
-std::atomic<bool> cancelPromptOpen = false;
-std::atomic<bool> cancelRequested = false;
+// The names stay those of the question before where a new one has none.
+template <class Dialog>
+std::int32_t Ask(std::unique_ptr<Dialog>& dialog, const PageContext& context,
+                 const std::optional<std::wstring>& programs) {
+    if (!dialog) dialog = std::make_unique<Dialog>(context);
+    if (programs) dialog->SetApplicationName(*programs);
+    return static_cast<std::int32_t>(dialog->DoModal());
+}
 
 }  // namespace
 
@@ -32,18 +40,20 @@ const MessageMap& ProgressDialog::GetMessageMap() const {
     return map;
 }
 
-ProgressDialog::ProgressDialog() : InstallDialogEx(dialogTemplate) {
+ProgressDialog::~ProgressDialog() = default;
+
+ProgressDialog::ProgressDialog(const PageContext& context) : InstallDialogEx(context, IDD_PROGRESS) {
     dialogName = L"Progress Dialog";
 }
 
 bool ProgressDialog::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
-    statusLine = GetDlgItem(statusLineId);
-    bar.SubclassDlgItem(barId, *this);
+    statusLine = GetDlgItem(IDC_PROGRESS_STATUS_LINE);
+    bar.SubclassDlgItem(IDC_PROGRESS_BAR, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
-    SetUpControl(statusLineId, TextKey::PREPARE_INSTALL_TEXT, fontBody);
+    SetUpControl(IDC_PROGRESS_STATUS_LINE, TextKey::PREPARE_INSTALL_TEXT, fontBody);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
-    progressWindow = GetSafeHwnd();
+    window = GetSafeHwnd();
     return true;
 }
 
@@ -63,7 +73,7 @@ LRESULT ProgressDialog::OnPaint(WPARAM, LPARAM) {
 
 void ProgressDialog::OnCancel() {
     cancelPromptOpen = true;
-    Controller::GetInstance().Cancel(false);
+    controller.Cancel(false);
     cancelPromptOpen = false;
     // The next paint settles the button's state, and nobody else asks for one.
     InvalidateRect(GetSafeHwnd(), nullptr, FALSE);
@@ -137,16 +147,26 @@ void ProgressDialog::Cancel() {
     cancelRequested = true;
 }
 
-bool ProgressDialog::IsCancelPromptOpen() {
-    return cancelPromptOpen;
-}
-
-bool ProgressDialog::Post(std::unique_ptr<ProgressUpdate> update) {
-    if (::PostMessageW(progressWindow, MYUPDATEPROGRESS, 0, reinterpret_cast<LPARAM>(update.get())) ==
-        FALSE) {
-        return false;
-    }
+void ProgressDialog::Tell(std::int32_t percent) {
+    const HWND target = window;
+    if (target == nullptr || AfxGetMainWnd() == nullptr || AfxGetMainWnd()->GetSafeHwnd() == nullptr) return;
+    auto update = std::make_unique<ProgressUpdate>();
+    update->percent = percent;
+    if (::PostMessageW(target, MYUPDATEPROGRESS, 0, reinterpret_cast<LPARAM>(update.get())) == FALSE) return;
     // The message owns the update now, and its handler takes it up again.
     static_cast<void>(update.release());
-    return true;
+}
+
+std::int32_t ProgressDialog::AskAboutFilesInUse(const std::optional<std::wstring>& programs) {
+    return Ask(fileInUseDlg, Context(), programs);
+}
+
+std::int32_t ProgressDialog::AskToClosePrograms(const std::optional<std::wstring>& programs) {
+    return Ask(rmFileInUseDlg, Context(), programs);
+}
+
+void ProgressDialog::ShowError(std::wstring_view textKey, std::wstring_view titleKey) {
+    if (const CWnd* const mainWindow = AfxGetMainWnd()) {
+        ShowLocalizedMessage(localizer, mainWindow->GetSafeHwnd(), textKey, titleKey);
+    }
 }

@@ -7,8 +7,12 @@
 #include <string>
 
 #include "framework/CProgressCtrl.h"
+#include "install/IInstallProgress.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
+
+class FileInUseDlg;
+class RMFileInUseDlg;
 
 // What the library's callback tells the page; the page's handler takes it over with the posted message.
 struct ProgressUpdate {
@@ -19,27 +23,26 @@ struct ProgressUpdate {
 
 // The install thread says which package is at work and how many steps are done; the main thread moves the
 // bar.
-class ProgressDialog : public InstallDialogEx {
+class ProgressDialog : public InstallDialogEx, public IInstallProgress {
 public:
-    static constexpr UINT dialogTemplate = 129;
+    explicit ProgressDialog(const PageContext& context);
 
-    ProgressDialog();
+    ProgressDialog(const ProgressDialog&) = delete;
+    ProgressDialog& operator=(const ProgressDialog&) = delete;
+    ~ProgressDialog() override;
 
-    // Prepares the bar for a run of that many steps. Main thread.
-    void BeginRun(int steps);
-    // The run turns into a roll-back. Install thread.
-    void BeginUninstalling() { uninstalling = true; }
-    // Names the package at work; the status line shows it with the next progress. Install thread.
-    void SetApplication(const std::wstring& productName);
-    // One package more is done. Install thread.
-    void MakeStep();
-    // Says on the page that the run is being cancelled, and keeps Cancel disabled from then on. Any thread.
-    void Cancel();
-
-    // The question whether to cancel is open, on any thread's view: the library waits meanwhile.
-    static bool IsCancelPromptOpen();
-    // Hands the update to the page; false, with the update dropped, if there is no page.
-    static bool Post(std::unique_ptr<ProgressUpdate> update);
+    // IInstallProgress.
+    void BeginRun(int steps) override;
+    void BeginUninstalling() override { uninstalling = true; }
+    void SetApplication(const std::wstring& productName) override;
+    void MakeStep() override;
+    void Tell(std::int32_t percent) override;
+    bool IsCancelPromptOpen() const override { return cancelPromptOpen; }
+    std::int32_t AskAboutFilesInUse(const std::optional<std::wstring>& programs) override;
+    std::int32_t AskToClosePrograms(const std::optional<std::wstring>& programs) override;
+    // Says on the page that the run is being cancelled, and keeps Cancel disabled from then on.
+    void Cancel() override;
+    void ShowError(std::wstring_view textKey, std::wstring_view titleKey) override;
 
 protected:
     bool OnInitDialog() override;
@@ -60,6 +63,14 @@ private:
     // The furthest position in the present direction; the main thread's own.
     int highestPosition = 0;
 
+    // Each is made for the first question of its kind and then kept; the library's thread's own.
+    std::unique_ptr<FileInUseDlg> fileInUseDlg;
+    std::unique_ptr<RMFileInUseDlg> rmFileInUseDlg;
+
+    // The window that workers post to; null before it is made.
+    std::atomic<HWND> window = nullptr;
+    std::atomic<bool> cancelPromptOpen = false;
+    std::atomic<bool> cancelRequested = false;
     std::atomic<int> totalSteps = 0;
     std::atomic<int> currentStep = 0;
     std::atomic<bool> uninstalling = false;

@@ -1,30 +1,22 @@
 #include "install/RMFileInUseDlg.h"
 
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 
-namespace {
-
-constexpr UINT dialogTemplate = 141;
-constexpr int textId = 1061;
-constexpr int applicationsId = 1096;
-constexpr int restartId = 1063;
-constexpr int doNotCloseId = 1064;
-
-}  // namespace
-
-RMFileInUseDlg::RMFileInUseDlg() : InstallDialogEx(dialogTemplate) {}
+RMFileInUseDlg::RMFileInUseDlg(const PageContext& context) : InstallDialogEx(context, IDD_CLOSABLE_FILES) {}
 
 bool RMFileInUseDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     okButton.SubclassDlgItem(IDOK, *this);
     SetWindowText(GetLocalizedText(TextKey::FILES_IN_USE_HEADER));
-    SetUpControl(textId, TextKey::RM_FILE_IN_USE_TEXT, fontBody);
-    SetUpControl(restartId, TextKey::AUTO_RESTART_TEXT, fontBody);
-    SetUpControl(doNotCloseId, TextKey::DO_NOT_CLOSE_TEXT, fontBody);
+    SetUpControl(IDC_CLOSABLE_FILES_TEXT, TextKey::RM_FILE_IN_USE_TEXT, fontBody);
+    SetUpControl(IDC_CLOSABLE_FILES_RESTART, TextKey::AUTO_RESTART_TEXT, fontBody);
+    SetUpControl(IDC_CLOSABLE_FILES_DO_NOT_CLOSE, TextKey::DO_NOT_CLOSE_TEXT, fontBody);
     SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);
-    SetControlFont(applicationsId, fontBody);
-    ::SetWindowTextW(GetDlgItem(applicationsId), applicationName.c_str());
-    CheckRadioButton(GetSafeHwnd(), restartId, doNotCloseId, restartId);
+    SetControlFont(IDC_CLOSABLE_FILES_APPLICATIONS, fontBody);
+    ::SetWindowTextW(GetDlgItem(IDC_CLOSABLE_FILES_APPLICATIONS), applicationName.c_str());
+    CheckRadioButton(GetSafeHwnd(), IDC_CLOSABLE_FILES_RESTART, IDC_CLOSABLE_FILES_DO_NOT_CLOSE,
+                     IDC_CLOSABLE_FILES_RESTART);
     okButton.SetPrimary();
     return true;
 }
@@ -38,5 +30,5 @@ bool RMFileInUseDlg::PreTranslateMessage(MSG* message) {
 }
 
 void RMFileInUseDlg::OnOK() {
-    EndDialog(IsDlgButtonChecked(GetSafeHwnd(), restartId) == BST_CHECKED ? IDOK : IDCANCEL);
+    EndDialog(IsDlgButtonChecked(GetSafeHwnd(), IDC_CLOSABLE_FILES_RESTART) == BST_CHECKED ? IDOK : IDCANCEL);
 }

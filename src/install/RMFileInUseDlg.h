@@ -9,7 +9,7 @@
 // DoModal gives IDOK if it may, else IDCANCEL. Runs on the library's thread.
 class RMFileInUseDlg : public InstallDialogEx {
 public:
-    RMFileInUseDlg();
+    explicit RMFileInUseDlg(const PageContext& context);
 
     // The programs to name; kept from question to question.
     void SetApplicationName(const std::wstring& name) { applicationName = name; }

@@ -8,12 +8,11 @@
 
 class RebootDlg : public InstallDialogEx {
 public:
-    RebootDlg();
+    explicit RebootDlg(const PageContext& context);
 
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:

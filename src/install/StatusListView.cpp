@@ -6,8 +6,6 @@
 
 #include "CommonLib/SystemVersion.h"
 #include "framework/CImage.h"
-#include "settings/InstallSettings.h"
-#include "settings/Localizer.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
 
@@ -38,7 +36,7 @@ void StatusListView::LoadPictures() {
     ATL::CImage check;
     ATL::CImage cross;
     if (!check.Load(L"..\\res\\images\\check.png") || !cross.Load(L"..\\res\\images\\x.png")) return;
-    const UINT mirrored = IsRightToLeft() ? ILC_MIRROR : 0;
+    const UINT mirrored = IsRightToLeft(localizer) ? ILC_MIRROR : 0;
     pictures.reset(ImageList_Create(check.GetWidth(), check.GetHeight(), ILC_COLOR32 | mirrored, 2, 0));
     ImageList_Add(pictures.get(), check.GetBitmap(), nullptr);
     ImageList_Add(pictures.get(), cross.GetBitmap(), nullptr);
@@ -50,8 +48,7 @@ std::vector<StatusLine> StatusListView::Fill() {
     while (ListView_DeleteColumn(list, 0) != FALSE) continue;
     InsertColumns();
     SizeColumns();
-    std::vector<StatusLine> lines =
-        ReadStatusDocument(InstallSettings::GetInstance().GetString(Tag::APP_INSTALLATION_STATUS));
+    std::vector<StatusLine> lines = ReadStatusDocument(settings.GetString(Tag::APP_INSTALLATION_STATUS));
     for (size_t row = 0; row < lines.size(); ++row) InsertLine(static_cast<int>(row), lines[row]);
     SizeColumns();
     LVCOLUMNW last{.mask = LVCF_FMT, .fmt = LVCFMT_CENTER};
@@ -81,7 +78,7 @@ void StatusListView::InsertLine(int row, const StatusLine& line) const {
     if (!IsWindowsVersionOrGreater(windowsVista)) item.iImage = noPicture;
     ::SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     SetText(row, 1, ShownName(line.name));
-    SetText(row, 2, Localizer::GetInstance().GetString(StatusTextKey(line.code)));
+    SetText(row, 2, localizer.GetString(StatusTextKey(line.code)));
 }
 
 void StatusListView::SetText(int row, int column, std::wstring text) const {

@@ -7,10 +7,16 @@
 
 #include "framework/Handles.h"
 #include "install/FinishTexts.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
 
 // Belongs to the thread of the list view; the control is not owned.
 class StatusListView {
 public:
+    // Reads APP_INSTALLATION_STATUS of the settings; both must outlive the object.
+    StatusListView(const InstallSettings& store, const Localizer& texts)
+        : settings(store), localizer(texts) {}
+
     // Gives the list view its look and its pictures, if both can be loaded.
     void Attach(HWND listView);
     // Replaces the rows by the lines of the run's status document, and gives those.
@@ -25,6 +31,8 @@ private:
     void InsertLine(int row, const StatusLine& line) const;
     void SetText(int row, int column, std::wstring text) const;
 
+    const InstallSettings& settings;
+    const Localizer& localizer;
     HWND list = nullptr;
     ImageList pictures;
 };

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "catalogue/AppCatalogue.h"
+#include "catalogue/DriverInfo.h"
 #include "framework/Handles.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/CQorLinkButton.h"
@@ -10,12 +12,11 @@
 
 class ConnectivityDlg : public InstallDialogEx {
 public:
-    ConnectivityDlg();
+    ConnectivityDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue);
 
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:
@@ -23,8 +24,9 @@ private:
     void OnNetworkChoice();
     void OnUsbChoice();
     void SetChoicePicture(int controlId, const std::wstring& path, Icon& icon);
-    void SelectForUsb();
 
+    AppCatalogue& applications;
+    DriverInfo& drivers;
     bool usbSelected = false;
     CQorFlatButton nextButton;
     CQorFlatButton cancelButton;

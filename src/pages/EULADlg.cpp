@@ -13,6 +13,7 @@
 #include "CommonLib/SystemText.h"
 #include "CommonLib/TextFile.h"
 #include "CommonLib/TextUtilities.h"
+#include "resources/resource.h"
 #include "settings/LanguageTable.h"
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
@@ -20,10 +21,6 @@
 
 namespace {
 
-constexpr UINT dialogTemplate = 137;
-constexpr int licenceTextId = 1024;
-constexpr int headingId = 1025;
-constexpr int scrollHintId = 1073;
 // Makes the control report every kind of scrolling.
 constexpr LPARAM scrollEvents = 0xBD;
 // Comes back to the page when the control has done what it reports.
@@ -36,14 +33,15 @@ const MessageMap& EULADlg::GetMessageMap() const {
     static const MessageMap map(&Events(),
                                 {
                                     On::Message(WM_SHOWWINDOW, &EULADlg::OnShowWindow),
-                                    On::Control(licenceTextId, EN_VSCROLL, &EULADlg::OnScroll),
-                                    On::Notify(licenceTextId, EN_MSGFILTER, &EULADlg::OnMessageFilter),
+                                    On::Control(IDC_LICENCE_TEXT, EN_VSCROLL, &EULADlg::OnScroll),
+                                    On::Notify(IDC_LICENCE_TEXT, EN_MSGFILTER, &EULADlg::OnMessageFilter),
                                     On::Message(scrollDone, &EULADlg::OnScrollDone),
                                 });
     return map;
 }
 
-EULADlg::EULADlg() : InstallDialogEx(dialogTemplate), richEdit(LoadSystemLibrary(L"riched20.dll")) {}
+EULADlg::EULADlg(const PageContext& context)
+    : InstallDialogEx(context, IDD_LICENCE), richEdit(LoadSystemLibrary(L"riched20.dll")) {}
 
 // The text's window goes before the library that holds its procedure.
 EULADlg::~EULADlg() {
@@ -54,12 +52,12 @@ bool EULADlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     agreeButton.SubclassDlgItem(IDOK, *this);
     disagreeButton.SubclassDlgItem(IDCANCEL, *this);
-    SetUpControl(headingId, TextKey::LICENSE_AGREEMENT, fontHeading);
-    SetUpControl(scrollHintId, TextKey::LICENSE_SCROLL_TEXT, fontSmall);
+    SetUpControl(IDC_LICENCE_TITLE, TextKey::LICENSE_AGREEMENT, fontHeading);
+    SetUpControl(IDC_LICENCE_SCROLL_HINT, TextKey::LICENSE_SCROLL_TEXT, fontSmall);
     SetUpControl(IDOK, TextKey::AGREE_BUTTON, fontButton);
     SetUpControl(IDCANCEL, TextKey::DISAGREE_BUTTON, fontButton);
     // The font comes before the text, whose length in lines the scroll test asks for.
-    SetControlFont(licenceTextId, fontBody);
+    SetControlFont(IDC_LICENCE_TEXT, fontBody);
     ShowLicence();
     EnableControl(IDOK, false);
     OnScroll();
@@ -68,7 +66,7 @@ bool EULADlg::OnInitDialog() {
 }
 
 void EULADlg::ShowLicence() {
-    const HWND licence = GetDlgItem(licenceTextId);
+    const HWND licence = GetDlgItem(IDC_LICENCE_TEXT);
     const std::wstring text = ReadEULAFile(GetEULAPath());
     const LRESULT events = ::SendMessageW(licence, EM_GETEVENTMASK, 0, 0);
     ::SendMessageW(licence, EM_SETEVENTMASK, 0, events | scrollEvents);
@@ -106,8 +104,8 @@ std::wstring EULADlg::ReadEULAFile(const std::wstring& path) const {
 }
 
 LRESULT EULADlg::OnShowWindow(WPARAM, LPARAM) {
-    FocusControl(licenceTextId);
-    ::SendMessageW(GetDlgItem(licenceTextId), EM_SETSEL, 0, 0);
+    FocusControl(IDC_LICENCE_TEXT);
+    ::SendMessageW(GetDlgItem(IDC_LICENCE_TEXT), EM_SETSEL, 0, 0);
     return Default();
 }
 
@@ -128,7 +126,7 @@ LRESULT EULADlg::OnScrollDone(WPARAM, LPARAM) {
 // maximum is the text's height, which the last position does not reach, unlike that of other controls.
 void EULADlg::OnScroll() {
     SCROLLINFO scroll{.cbSize = sizeof(SCROLLINFO), .fMask = SIF_ALL};
-    GetScrollInfo(GetDlgItem(licenceTextId), SB_VERT, &scroll);
+    GetScrollInfo(GetDlgItem(IDC_LICENCE_TEXT), SB_VERT, &scroll);
     const int end = scroll.nMax - static_cast<int>(scroll.nPage);
     if (scroll.nPos + 1 < end) return;
     EnableControl(IDOK, true);
@@ -137,9 +135,5 @@ void EULADlg::OnScroll() {
 
 void EULADlg::OnOK() {
     LogBasic(L"User agreed to the EULA ");
-    Controller::GetInstance().Next({});
-}
-
-void EULADlg::OnCancel() {
-    Controller::GetInstance().Cancel(false);
+    controller.Next({});
 }

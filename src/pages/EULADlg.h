@@ -9,7 +9,7 @@
 
 class EULADlg : public InstallDialogEx {
 public:
-    EULADlg();
+    explicit EULADlg(const PageContext& context);
     EULADlg(const EULADlg&) = delete;
     EULADlg& operator=(const EULADlg&) = delete;
     ~EULADlg() override;
@@ -17,7 +17,6 @@ public:
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:

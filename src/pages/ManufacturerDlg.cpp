@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "CommonLib/Logger.h"
+#include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
@@ -10,15 +11,7 @@
 
 namespace {
 
-constexpr UINT dialogTemplate = 144;
-constexpr DWORD topic = 1625;
-constexpr int helpId = 1057;
-constexpr int headingId = 1068;
-constexpr int labelId = 1128;
-constexpr int listId = 1069;
-
-void ApplyBrand(const std::wstring& chosen) {
-    InstallSettings& settings = InstallSettings::GetInstance();
+void ApplyBrand(InstallSettings& settings, const std::wstring& chosen) {
     settings.SetString(Tag::OEM_NAME, BrandFor(settings.GetString(Tag::OEM), chosen));
 }
 
@@ -26,28 +19,29 @@ void ApplyBrand(const std::wstring& chosen) {
 
 const MessageMap& ManufacturerDlg::GetMessageMap() const {
     using On = EventsOf<ManufacturerDlg>;
-    static const MessageMap map(&Events(),
-                                {
-                                    On::Message(WM_SHOWWINDOW, &ManufacturerDlg::OnShowWindow),
-                                    On::Control(listId, CBN_SELCHANGE, &ManufacturerDlg::OnSelectionChange),
-                                });
+    static const MessageMap map(
+        &Events(), {
+                       On::Message(WM_SHOWWINDOW, &ManufacturerDlg::OnShowWindow),
+                       On::Control(IDC_MANUFACTURER_LIST, CBN_SELCHANGE, &ManufacturerDlg::OnSelectionChange),
+                   });
     return map;
 }
 
-ManufacturerDlg::ManufacturerDlg() : InstallDialogEx(dialogTemplate) {}
+ManufacturerDlg::ManufacturerDlg(const PageContext& context)
+    : InstallDialogEx(context, IDD_MANUFACTURER, HIDD_MANUFACTURER) {}
 
 bool ManufacturerDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     nextButton.SubclassDlgItem(IDOK, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
-    helpButton.SubclassDlgItem(helpId, *this);
+    helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
     SetUpControl(IDOK, TextKey::NEXT_BUTTON, fontButton);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
-    SetUpControl(helpId, TextKey::HELP_BUTTON, fontButton);
-    SetUpControl(headingId, TextKey::MANUFACTURER_TEXT, fontHeading);
-    SetUpControl(labelId, TextKey::MANUFACTURER_LABEL, fontBody);
-    SetControlFont(listId, fontBody);
-    if (!InstallSettings::GetInstance().GetBool(Tag::SILENT_INSTALL)) BuildList();
+    SetUpControl(IDC_HELP_BUTTON, TextKey::HELP_BUTTON, fontButton);
+    SetUpControl(IDC_MANUFACTURER_TITLE, TextKey::MANUFACTURER_TEXT, fontHeading);
+    SetUpControl(IDC_MANUFACTURER_LABEL, TextKey::MANUFACTURER_LABEL, fontBody);
+    SetControlFont(IDC_MANUFACTURER_LIST, fontBody);
+    if (!settings.GetBool(Tag::SILENT_INSTALL)) BuildList();
     EnableControl(IDOK, false);
     helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.get()));
     nextButton.SetPrimary();
@@ -55,7 +49,7 @@ bool ManufacturerDlg::OnInitDialog() {
 }
 
 void ManufacturerDlg::GetManufacturers() {
-    manufacturers = ParseManufacturers(InstallSettings::GetInstance().GetString(Tag::MANUFACTURERS));
+    manufacturers = ParseManufacturers(settings.GetString(Tag::MANUFACTURERS));
     for (const Manufacturer& found : manufacturers) {
         LogAdvanced(L"ManufacturerDlg::GetManufacturers:  Found manufacturer: " + found.name + L" OEMByte: " +
                         found.oemByte,
@@ -65,16 +59,15 @@ void ManufacturerDlg::GetManufacturers() {
 
 // With one entry or none there is nothing to pick, and the page hides itself.
 void ManufacturerDlg::BuildList() {
-    InstallSettings& settings = InstallSettings::GetInstance();
     GetManufacturers();
-    ::SendMessageW(GetDlgItem(listId), CB_RESETCONTENT, 0, 0);
+    ::SendMessageW(GetDlgItem(IDC_MANUFACTURER_LIST), CB_RESETCONTENT, 0, 0);
     settings.SetBool(Tag::SHOW_MANUFACTURERS, manufacturers.size() > 1);
     if (manufacturers.empty()) {
-        ApplyBrand({});
+        ApplyBrand(settings, {});
         return;
     }
     if (manufacturers.size() == 1) {
-        ApplyBrand(manufacturers.front().name);
+        ApplyBrand(settings, manufacturers.front().name);
         settings.SetString(Tag::OEMBYTE, manufacturers.front().oemByte);
         return;
     }
@@ -82,14 +75,14 @@ void ManufacturerDlg::BuildList() {
     for (Manufacturer& entry : manufacturers) {
         if (rightToLeft) entry.name = MarkFinalPoint(entry.name);
         if (entry.name.empty()) continue;
-        ::SendMessageW(GetDlgItem(listId), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.name.c_str()));
+        ::SendMessageW(GetDlgItem(IDC_MANUFACTURER_LIST), CB_ADDSTRING, 0,
+                       reinterpret_cast<LPARAM>(entry.name.c_str()));
     }
 }
 
 LRESULT ManufacturerDlg::OnShowWindow(WPARAM shown, LPARAM) {
     if (shown != FALSE) {
-        helpTopic = topic;
-        FocusControl(listId);
+        FocusControl(IDC_MANUFACTURER_LIST);
         SelectDefault();
     }
     return Default();
@@ -97,34 +90,31 @@ LRESULT ManufacturerDlg::OnShowWindow(WPARAM shown, LPARAM) {
 
 // The index counts the entries, also those without a name, which the box does not hold; this is meant.
 void ManufacturerDlg::SelectDefault() {
-    const std::wstring wanted = InstallSettings::GetInstance().GetString(Tag::DEFAULT_MANUFACTURER);
+    const std::wstring wanted = settings.GetString(Tag::DEFAULT_MANUFACTURER);
     const auto match = std::find_if(manufacturers.begin(), manufacturers.end(),
                                     [&](const Manufacturer& entry) { return entry.name == wanted; });
     if (match == manufacturers.end()) return;
-    ::SendMessageW(GetDlgItem(listId), CB_SETCURSEL, static_cast<WPARAM>(match - manufacturers.begin()), 0);
+    ::SendMessageW(GetDlgItem(IDC_MANUFACTURER_LIST), CB_SETCURSEL,
+                   static_cast<WPARAM>(match - manufacturers.begin()), 0);
     OnSelectionChange();
     EnableControl(IDOK, true);
 }
 
 void ManufacturerDlg::OnSelectionChange() {
-    const HWND list = GetDlgItem(listId);
+    const HWND list = GetDlgItem(IDC_MANUFACTURER_LIST);
     const LRESULT selected = ::SendMessageW(list, CB_GETCURSEL, 0, 0);
     if (selected == CB_ERR) return;
     std::wstring name(
         static_cast<size_t>(::SendMessageW(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(selected), 0)), L'\0');
     ::SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(name.data()));
-    ApplyBrand(name);
+    ApplyBrand(settings, name);
     const auto match = std::find_if(manufacturers.begin(), manufacturers.end(),
                                     [&](const Manufacturer& entry) { return entry.name == name; });
-    if (match != manufacturers.end()) InstallSettings::GetInstance().SetString(Tag::OEMBYTE, match->oemByte);
+    if (match != manufacturers.end()) settings.SetString(Tag::OEMBYTE, match->oemByte);
     EnableControl(IDOK, true);
 }
 
 void ManufacturerDlg::OnOK() {
-    LogBasic(InstallSettings::GetInstance().GetString(Tag::OEM_NAME) + L" was chosen for Manufacturer");
-    Controller::GetInstance().Next({});
-}
-
-void ManufacturerDlg::OnCancel() {
-    Controller::GetInstance().Cancel(false);
+    LogBasic(settings.GetString(Tag::OEM_NAME) + L" was chosen for Manufacturer");
+    controller.Next({});
 }

@@ -10,12 +10,11 @@
 
 class ManufacturerDlg : public InstallDialogEx {
 public:
-    ManufacturerDlg();
+    explicit ManufacturerDlg(const PageContext& context);
 
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:

@@ -1,26 +1,18 @@
 #include "pages/OptionalSoftwareBypassDlg.h"
 
 #include "CommonLib/Logger.h"
-#include "catalogue/DriverInfo.h"
-#include "install/EndOfRun.h"
+#include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
+#include "wizard/EndOfRun.h"
 
 namespace {
 
-constexpr UINT dialogTemplate = 5;
-constexpr int helpId = 1057;
-constexpr int finishId = 1116;
-constexpr int titleId = 1103;
-constexpr int textId = 1104;
-constexpr int reinstallId = 1101;
-constexpr int skipId = 1102;
-
 // One printer driver that the package upgrades rules the way out, whatever stands before or behind it.
-bool IsPrinterSoftwareUpToDate() {
+bool IsPrinterSoftwareUpToDate(const DriverInfo& drivers) {
     bool upToDate = false;
-    for (const MSI_APP& driver : DriverInfo::GetInstance().GetDrivers()) {
+    for (const MSI_APP& driver : drivers.GetDrivers()) {
         if (!driver.isPrinterDriver) continue;
         if (driver.upgradable) return false;
         upToDate = upToDate || driver.upToDate || driver.newerInstalled;
@@ -32,43 +24,45 @@ bool IsPrinterSoftwareUpToDate() {
 
 const MessageMap& OptionalSoftwareBypassDlg::GetMessageMap() const {
     using On = EventsOf<OptionalSoftwareBypassDlg>;
-    static const MessageMap map(&Events(),
-                                {
-                                    On::Message(WM_SHOWWINDOW, &OptionalSoftwareBypassDlg::OnShowWindow),
-                                    On::Click(reinstallId, &OptionalSoftwareBypassDlg::OnReinstallChoice),
-                                    On::Click(skipId, &OptionalSoftwareBypassDlg::OnSkipChoice),
-                                    On::Click(finishId, &OptionalSoftwareBypassDlg::OnFinish),
-                                });
+    static const MessageMap map(
+        &Events(), {
+                       On::Message(WM_SHOWWINDOW, &OptionalSoftwareBypassDlg::OnShowWindow),
+                       On::Click(IDC_BYPASS_REINSTALL, &OptionalSoftwareBypassDlg::OnReinstallChoice),
+                       On::Click(IDC_BYPASS_SKIP, &OptionalSoftwareBypassDlg::OnSkipChoice),
+                       On::Click(IDC_FINISH, &OptionalSoftwareBypassDlg::OnFinish),
+                   });
     return map;
 }
 
-OptionalSoftwareBypassDlg::OptionalSoftwareBypassDlg() : InstallDialogEx(dialogTemplate) {}
+OptionalSoftwareBypassDlg::OptionalSoftwareBypassDlg(const PageContext& context,
+                                                     const DriverInfo& driverCatalogue)
+    : InstallDialogEx(context, IDD_BYPASS), drivers(driverCatalogue) {}
 
 bool OptionalSoftwareBypassDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     nextButton.SubclassDlgItem(IDOK, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
-    finishButton.SubclassDlgItem(finishId, *this);
-    helpButton.SubclassDlgItem(helpId, *this);
+    finishButton.SubclassDlgItem(IDC_FINISH, *this);
+    helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
     SetUpControl(IDOK, TextKey::NEXT_BUTTON, fontButton);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
-    SetUpControl(helpId, TextKey::HELP_BUTTON, fontButton);
-    SetUpControl(finishId, TextKey::FINISH_BUTTON, fontButton);
-    SetUpControl(titleId, TextKey::SW_BYPASS_TITLE, fontHeading);
-    SetUpControl(textId, TextKey::SW_BYPASS_TEXT, fontBody);
-    SetUpControl(reinstallId, TextKey::SW_BYPASS_REINSTALL, fontHeading);
-    SetUpControl(skipId, TextKey::SW_BYPASS_OPTIONAL, fontHeading);
+    SetUpControl(IDC_HELP_BUTTON, TextKey::HELP_BUTTON, fontButton);
+    SetUpControl(IDC_FINISH, TextKey::FINISH_BUTTON, fontButton);
+    SetUpControl(IDC_BYPASS_TITLE, TextKey::SW_BYPASS_TITLE, fontHeading);
+    SetUpControl(IDC_BYPASS_TEXT, TextKey::SW_BYPASS_TEXT, fontBody);
+    SetUpControl(IDC_BYPASS_REINSTALL, TextKey::SW_BYPASS_REINSTALL, fontHeading);
+    SetUpControl(IDC_BYPASS_SKIP, TextKey::SW_BYPASS_OPTIONAL, fontHeading);
     EnableControl(IDOK, false);
     nextButton.SetPrimary();
-    ShowControl(helpId, false);
-    ShowControl(finishId, false);
-    if (!InstallSettings::GetInstance().GetBool(Tag::SILENT_INSTALL)) UpdateDialogStatus();
+    ShowControl(IDC_HELP_BUTTON, false);
+    ShowControl(IDC_FINISH, false);
+    if (!settings.GetBool(Tag::SILENT_INSTALL)) UpdateDialogStatus();
     return true;
 }
 
 void OptionalSoftwareBypassDlg::UpdateDialogStatus() {
-    if (IsPrinterSoftwareUpToDate()) {
-        InstallSettings::GetInstance().SetBool(Tag::TAG_DIALOG_SHOW_BYPASS, true);
+    if (IsPrinterSoftwareUpToDate(drivers)) {
+        settings.SetBool(Tag::TAG_DIALOG_SHOW_BYPASS, true);
         LogAdvanced(L"OptionalSoftwareBypassDlg::UpdateDialogStatus: Showing Optional Software Bypass");
     } else {
         LogAdvanced(L"OptionalSoftwareBypassDlg::UpdateDialogStatus: No Optional Software Bypass");
@@ -76,7 +70,7 @@ void OptionalSoftwareBypassDlg::UpdateDialogStatus() {
 }
 
 LRESULT OptionalSoftwareBypassDlg::OnShowWindow(WPARAM, LPARAM) {
-    FocusControl(reinstallId);
+    FocusControl(IDC_BYPASS_REINSTALL);
     return Default();
 }
 
@@ -89,32 +83,28 @@ void OptionalSoftwareBypassDlg::OfferWayOut(bool skip) {
         ShowControl(id, !skip);
         EnableControl(id, !skip);
     }
-    ShowControl(finishId, skip);
-    EnableControl(finishId, skip);
+    ShowControl(IDC_FINISH, skip);
+    EnableControl(IDC_FINISH, skip);
     (skip ? finishButton : nextButton).SetPrimary();
 }
 
 void OptionalSoftwareBypassDlg::OnReinstallChoice() {
-    if (IsChecked(reinstallId)) OfferWayOut(false);
+    if (IsChecked(IDC_BYPASS_REINSTALL)) OfferWayOut(false);
 }
 
 void OptionalSoftwareBypassDlg::OnSkipChoice() {
-    if (IsChecked(skipId)) OfferWayOut(true);
+    if (IsChecked(IDC_BYPASS_SKIP)) OfferWayOut(true);
 }
 
 void OptionalSoftwareBypassDlg::OnOK() {
-    if (IsChecked(skipId)) {
+    if (IsChecked(IDC_BYPASS_SKIP)) {
         LogBasic(L"User selected to Skip the Installation of Software");
         return;
     }
     LogBasic(L"User selected to reinstall/add driver");
-    Controller::GetInstance().Next({});
-}
-
-void OptionalSoftwareBypassDlg::OnCancel() {
-    Controller::GetInstance().Cancel(false);
+    controller.Next({});
 }
 
 void OptionalSoftwareBypassDlg::OnFinish() {
-    LeaveForTheEnd();
+    LeaveForTheEnd(Context());
 }

@@ -1,18 +1,18 @@
 // The page that offers the way past an installation that is up to date.
 #pragma once
 
+#include "catalogue/DriverInfo.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/CQorLinkButton.h"
 #include "wizard/InstallDialogEx.h"
 
 class OptionalSoftwareBypassDlg : public InstallDialogEx {
 public:
-    OptionalSoftwareBypassDlg();
+    OptionalSoftwareBypassDlg(const PageContext& context, const DriverInfo& driverCatalogue);
 
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:
@@ -25,6 +25,7 @@ private:
     bool IsChecked(int controlId) const;
     void OfferWayOut(bool skip);
 
+    const DriverInfo& drivers;
     CQorFlatButton nextButton;
     CQorFlatButton cancelButton;
     CQorFlatButton finishButton;

@@ -7,12 +7,11 @@
 
 class StartDlg : public InstallDialogEx {
 public:
-    StartDlg();
+    explicit StartDlg(const PageContext& context);
 
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:

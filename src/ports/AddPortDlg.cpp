@@ -4,40 +4,19 @@
 
 #include <utility>
 
-#include "catalogue/AppCatalogue.h"
-#include "catalogue/DriverInfo.h"
 #include "ports/DriverConfigDlg.h"
-#include "ports/DriverConfiguration.h"
 #include "ports/PortText.h"
 #include "ports/SharedPrinter.h"
+#include "printer/ApplyChoice.h"
+#include "printer/DefaultDriver.h"
+#include "resources/resource.h"
 #include "settings/DeviceDocument.h"
-#include "settings/InstallSettings.h"
-#include "settings/Localizer.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
 #include "wizard/LocalizedMessage.h"
 
 namespace {
-
-constexpr UINT dialogTemplate = 139;
-constexpr DWORD topic = 1624;
-constexpr int titleId = 1200;
-constexpr int headingId = 1201;
-constexpr int kindId = 1202;
-constexpr int portListId = 1203;
-constexpr int portNameLabelId = 1204;
-constexpr int portNameId = 1205;
-constexpr int addressLabelId = 1206;
-constexpr int addressId = 1207;
-constexpr int pathLabelId = 1208;
-constexpr int pathId = 1209;
-constexpr int driverFrameId = 1210;
-constexpr int driverLabelId = 1211;
-constexpr int driverListId = 1212;
-constexpr int configureId = 1213;
-constexpr int backId = 1214;
-constexpr int helpId = 1057;
 
 constexpr WPARAM sharedKindIndex = 2;
 
@@ -49,9 +28,10 @@ constexpr size_t pathRead = 255;
 constexpr wchar_t localPortType[] = L"Local Port";
 
 // Which controls describe a port of each kind.
-constexpr int existingControls[] = {portListId};
-constexpr int networkControls[] = {portNameLabelId, portNameId, addressLabelId, addressId};
-constexpr int sharedControls[] = {pathLabelId, pathId};
+constexpr int existingControls[] = {IDC_ADD_PORT_LIST};
+constexpr int networkControls[] = {IDC_ADD_PORT_NAME_LABEL, IDC_ADD_PORT_NAME, IDC_ADD_PORT_ADDRESS_LABEL,
+                                   IDC_ADD_PORT_ADDRESS};
+constexpr int sharedControls[] = {IDC_ADD_PORT_PATH_LABEL, IDC_ADD_PORT_PATH};
 
 std::wstring WithoutMnemonic(std::wstring text) {
     const size_t place = text.find(L'&');
@@ -59,60 +39,30 @@ std::wstring WithoutMnemonic(std::wstring text) {
     return text;
 }
 
-// A port as the settings describe it; a host is told for a new network port only.
-struct ChosenPort {
-    std::wstring name;
-    std::optional<std::wstring> host;
-    std::wstring type;
-    bool add = false;
-};
-
-// The devices of a predefined configuration take the port over.
-void WritePort(const ChosenPort& port) {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    settings.SetString(Tag::PORT_NAME, port.name);
-    if (port.host) settings.SetString(Tag::HOST_NAME, *port.host);
-    settings.SetString(Tag::PORT_TYPE, port.type);
-    settings.SetBool(Tag::ADD_PORT, port.add);
-    if (!settings.GetBool(Tag::INSTALL_FROM_CONFIG)) return;
-    settings.SetDeviceValue(Tag::PORT_NAME, port.name);
-    if (port.host) settings.SetDeviceValue(Tag::HOST_NAME, *port.host);
-    settings.SetDeviceValue(Tag::ADD_PORT, port.add ? L"true" : L"false");
-    settings.SetDeviceValue(Tag::PORT_TYPE, port.type);
-}
-
-void SelectScanDrivers() {
-    DriverInfo::GetInstance().SelectDriver(L"SCAN");
-}
-
-void SelectForAmazon() {
-    AppCatalogue::GetInstance().Update([](MSI_APP& record) {
-        if (record.deviceType == L"FAX" || record.deviceType == L"SCANNER") record.isOptional = false;
-        if (record.driverId.find(L"Fax") != std::wstring::npos) record.isSelected = true;
-    });
-    SelectScanDrivers();
-}
-
 }  // namespace
 
 const MessageMap& AddPortDlg::GetMessageMap() const {
     using On = EventsOf<AddPortDlg>;
-    static const MessageMap map(&Events(),
-                                {
-                                    On::Message(WM_SHOWWINDOW, &AddPortDlg::OnShowWindow),
-                                    On::Control(kindId, CBN_SELCHANGE, &AddPortDlg::OnKindChanged),
-                                    On::Notify(portListId, LVN_ITEMCHANGED, &AddPortDlg::OnPortChanged),
-                                    On::Control(portNameId, EN_CHANGE, &AddPortDlg::UpdateNext),
-                                    On::Control(addressId, EN_CHANGE, &AddPortDlg::UpdateNext),
-                                    On::Control(pathId, EN_CHANGE, &AddPortDlg::UpdateNext),
-                                    On::Control(driverListId, CBN_SELCHANGE, &AddPortDlg::OnDriverChanged),
-                                    On::Click(configureId, &AddPortDlg::OnConfigureDriver),
-                                    On::Click(backId, &AddPortDlg::OnBack),
-                                });
+    static const MessageMap map(
+        &Events(), {
+                       On::Message(WM_SHOWWINDOW, &AddPortDlg::OnShowWindow),
+                       On::Control(IDC_ADD_PORT_KIND, CBN_SELCHANGE, &AddPortDlg::OnKindChanged),
+                       On::Notify(IDC_ADD_PORT_LIST, LVN_ITEMCHANGED, &AddPortDlg::OnPortChanged),
+                       On::Control(IDC_ADD_PORT_NAME, EN_CHANGE, &AddPortDlg::UpdateNext),
+                       On::Control(IDC_ADD_PORT_ADDRESS, EN_CHANGE, &AddPortDlg::UpdateNext),
+                       On::Control(IDC_ADD_PORT_PATH, EN_CHANGE, &AddPortDlg::UpdateNext),
+                       On::Control(IDC_ADD_PORT_DRIVER_LIST, CBN_SELCHANGE, &AddPortDlg::OnDriverChanged),
+                       On::Click(IDC_ADD_PORT_CONFIGURE, &AddPortDlg::OnConfigureDriver),
+                       On::Click(IDC_ADD_PORT_BACK, &AddPortDlg::OnBack),
+                   });
     return map;
 }
 
-AddPortDlg::AddPortDlg() : InstallDialogEx(dialogTemplate) {
+AddPortDlg::AddPortDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue)
+    : InstallDialogEx(context, IDD_ADD_PORT, HIDD_ADD_PORT),
+      applications(appCatalogue),
+      drivers(driverCatalogue),
+      configuration(context.settings, appCatalogue, driverCatalogue) {
     dialogName = L"Add Port Dialog";
 }
 
@@ -131,50 +81,52 @@ bool AddPortDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     // An address is read from left to right in every language; the mirrored layout would turn it round too.
     constexpr LONG_PTR rightToLeft = WS_EX_RTLREADING | WS_EX_LAYOUTRTL;
-    const HWND address = GetDlgItem(addressId);
+    const HWND address = GetDlgItem(IDC_ADD_PORT_ADDRESS);
     SetWindowLongPtrW(address, GWL_EXSTYLE, GetWindowLongPtrW(address, GWL_EXSTYLE) & ~rightToLeft);
-    const HWND kinds = GetDlgItem(kindId);
+    const HWND kinds = GetDlgItem(IDC_ADD_PORT_KIND);
     InsertLocalizedString(kinds, 0, TextKey::DISCOVERED_PORTS);
     InsertLocalizedString(kinds, 1, TextKey::IP_PORT);
     InsertLocalizedString(kinds, sharedKindIndex, TextKey::UNC_PORT);
     ::SendMessageW(kinds, CB_SETCURSEL, 0, 0);
-    portList.SubclassDlgItem(portListId, *this);
+    portList.SubclassDlgItem(IDC_ADD_PORT_LIST, *this);
     portList.SetExtendedStyle(LVS_EX_FULLROWSELECT);
-    driverList.Attach(GetDlgItem(driverListId));
+    driverList.Attach(GetDlgItem(IDC_ADD_PORT_DRIVER_LIST));
     SetUpButtons();
     OnKindChanged();
     SetUpTexts();
-    ::SendMessageW(GetDlgItem(portNameId), EM_SETLIMITTEXT, portNameRead + 1, 0);
+    ::SendMessageW(GetDlgItem(IDC_ADD_PORT_NAME), EM_SETLIMITTEXT, portNameRead + 1, 0);
     ::SendMessageW(address, EM_SETLIMITTEXT, addressRead + 1, 0);
-    ::SendMessageW(GetDlgItem(pathId), EM_SETLIMITTEXT, pathRead + 1, 0);
+    ::SendMessageW(GetDlgItem(IDC_ADD_PORT_PATH), EM_SETLIMITTEXT, pathRead + 1, 0);
     MakeColumns();
     return true;
 }
 
 void AddPortDlg::SetUpButtons() {
-    configureButton.SubclassDlgItem(configureId, *this);
-    backButton.SubclassDlgItem(backId, *this);
+    configureButton.SubclassDlgItem(IDC_ADD_PORT_CONFIGURE, *this);
+    backButton.SubclassDlgItem(IDC_ADD_PORT_BACK, *this);
     nextButton.SubclassDlgItem(IDOK, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
-    helpButton.SubclassDlgItem(helpId, *this);
+    helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
     helpButton.SetImagePath(helpImagePath);
     nextButton.SetPrimary();
 }
 
 void AddPortDlg::SetUpTexts() {
-    SetUpControl(titleId, TextKey::DISCOVERY_TITLE, fontHeading);
-    SetUpControl(headingId, TextKey::SELECT_PORT_TITLE, fontHeading);
-    SetUpControl(portNameLabelId, TextKey::PORT_NAME_TEXT, fontBody);
-    SetUpControl(addressLabelId, TextKey::IP_ADDRESS_TEXT, fontBody);
-    SetUpControl(pathLabelId, TextKey::NETWORK_PATH_TEXT, fontBody);
-    SetUpControl(driverLabelId, TextKey::PRINT_DRIVER_TEXT, fontBody);
-    SetUpControl(driverListId, TextKey::PRINT_DRIVER_TEXT, fontBody);
-    SetUpControl(configureId, TextKey::CONFIG_SETTINGS_BUTTON, fontButton);
-    SetUpControl(backId, TextKey::BASIC_TEXT, fontButton);
+    SetUpControl(IDC_ADD_PORT_TITLE, TextKey::DISCOVERY_TITLE, fontHeading);
+    SetUpControl(IDC_ADD_PORT_HEADING, TextKey::SELECT_PORT_TITLE, fontHeading);
+    SetUpControl(IDC_ADD_PORT_NAME_LABEL, TextKey::PORT_NAME_TEXT, fontBody);
+    SetUpControl(IDC_ADD_PORT_ADDRESS_LABEL, TextKey::IP_ADDRESS_TEXT, fontBody);
+    SetUpControl(IDC_ADD_PORT_PATH_LABEL, TextKey::NETWORK_PATH_TEXT, fontBody);
+    SetUpControl(IDC_ADD_PORT_DRIVER_LABEL, TextKey::PRINT_DRIVER_TEXT, fontBody);
+    SetUpControl(IDC_ADD_PORT_DRIVER_LIST, TextKey::PRINT_DRIVER_TEXT, fontBody);
+    SetUpControl(IDC_ADD_PORT_CONFIGURE, TextKey::CONFIG_SETTINGS_BUTTON, fontButton);
+    SetUpControl(IDC_ADD_PORT_BACK, TextKey::BASIC_TEXT, fontButton);
     SetUpControl(IDOK, TextKey::NEXT_BUTTON, fontButton);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
-    SetUpControl(helpId, TextKey::HELP_BUTTON, fontButton);
-    for (const int id : {kindId, portListId, portNameId, addressId, pathId}) SetControlFont(id, fontBody);
+    SetUpControl(IDC_HELP_BUTTON, TextKey::HELP_BUTTON, fontButton);
+    for (const int id :
+         {IDC_ADD_PORT_KIND, IDC_ADD_PORT_LIST, IDC_ADD_PORT_NAME, IDC_ADD_PORT_ADDRESS, IDC_ADD_PORT_PATH})
+        SetControlFont(id, fontBody);
 }
 
 void AddPortDlg::MakeColumns() {
@@ -195,10 +147,10 @@ void AddPortDlg::FitColumns() {
 }
 
 std::optional<AddPortDlg::PortKind> AddPortDlg::SelectedKind() const {
-    const HWND kinds = GetDlgItem(kindId);
+    const HWND kinds = GetDlgItem(IDC_ADD_PORT_KIND);
     if (::SendMessageW(kinds, CB_GETCURSEL, 0, 0) == CB_ERR) return std::nullopt;
     constexpr size_t longestText = 400;
-    const std::wstring shown = TextOf(kindId, longestText);
+    const std::wstring shown = TextOf(IDC_ADD_PORT_KIND, longestText);
     if (shown == GetLocalizedText(TextKey::DISCOVERED_PORTS)) return PortKind::Existing;
     if (shown == GetLocalizedText(TextKey::UNC_PORT)) return PortKind::Shared;
     if (shown == GetLocalizedText(TextKey::IP_PORT)) return PortKind::Network;
@@ -226,9 +178,9 @@ bool AddPortDlg::IsComplete() const {
         case PortKind::Existing:
             return portList.SelectedRow() >= 0;
         case PortKind::Network:
-            return isFilled(portNameId) && isFilled(addressId);
+            return isFilled(IDC_ADD_PORT_NAME) && isFilled(IDC_ADD_PORT_ADDRESS);
         case PortKind::Shared:
-            return isFilled(pathId);
+            return isFilled(IDC_ADD_PORT_PATH);
     }
     return false;
 }
@@ -240,34 +192,36 @@ LRESULT AddPortDlg::OnPortChanged(NMHDR&) {
 
 LRESULT AddPortDlg::OnShowWindow(WPARAM shown, LPARAM) {
     if (shown == FALSE) return Default();
-    const InstallSettings& settings = InstallSettings::GetInstance();
-    helpTopic = topic;
-    ShowControl(helpId, false);
-    if (settings.GetBool(Tag::APPS_ONLY_PACKAGE)) EnableControl(titleId, false);
-    ShowControl(titleId, false);
+    ShowControl(IDC_HELP_BUTTON, false);
+    if (settings.GetBool(Tag::APPS_ONLY_PACKAGE)) EnableControl(IDC_ADD_PORT_TITLE, false);
+    ShowControl(IDC_ADD_PORT_TITLE, false);
     if (driverList.IsEmpty()) {
-        for (const int id : {driverListId, configureId, driverFrameId, driverLabelId}) ShowControl(id, false);
+        for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_CONFIGURE, IDC_ADD_PORT_DRIVER_FRAME,
+                             IDC_ADD_PORT_DRIVER_LABEL})
+            ShowControl(id, false);
     }
     if (!receivedMessage.empty()) ObeyMessage();
-    FocusControl(kindId);
+    FocusControl(IDC_ADD_PORT_KIND);
     if (SelectedKind() == PortKind::Existing)
         ListView_SetItemState(portList.GetSafeHwnd(), -1, 0, LVIS_SELECTED);
     if (settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
-        for (const int id : {driverListId, configureId}) ShowControl(id, false);
+        for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_CONFIGURE}) ShowControl(id, false);
     }
     if (settings.IsAmazonSupported()) {
-        EnableControl(driverLabelId, false);
-        for (const int id : {driverListId, driverLabelId, configureId}) ShowControl(id, false);
+        EnableControl(IDC_ADD_PORT_DRIVER_LABEL, false);
+        for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_DRIVER_LABEL, IDC_ADD_PORT_CONFIGURE})
+            ShowControl(id, false);
     }
     return Default();
 }
 
 void AddPortDlg::ObeyMessage() {
     if (Received(Tag::SHOW_UNC) == L"false") {
-        ::SendMessageW(GetDlgItem(kindId), CB_DELETESTRING, sharedKindIndex, 0);
+        ::SendMessageW(GetDlgItem(IDC_ADD_PORT_KIND), CB_DELETESTRING, sharedKindIndex, 0);
     }
     if (Received(Tag::SHOW_DRIVER_LIST) == L"false") {
-        for (const int id : {driverListId, configureId, driverFrameId}) ShowControl(id, false);
+        for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_CONFIGURE, IDC_ADD_PORT_DRIVER_FRAME})
+            ShowControl(id, false);
     }
 }
 
@@ -278,30 +232,31 @@ void AddPortDlg::ClearDrivers() {
 // The button is not shown here, unlike on the page of the discovered printers, and this is meant.
 void AddPortDlg::AddDriver(const MSI_APP& driver) {
     if (Received(Tag::SHOW_DRIVER_LIST) == L"false") return;
-    const InstallSettings& settings = InstallSettings::GetInstance();
     if (driverList.IsEmpty() && !settings.IsAmazonSupported()) {
-        for (const int id : {driverFrameId, driverListId, driverLabelId}) ShowControl(id, true);
+        for (const int id : {IDC_ADD_PORT_DRIVER_FRAME, IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_DRIVER_LABEL})
+            ShowControl(id, true);
     }
-    driverList.Add(driver);
-    if (IsWindowVisible(GetDlgItem(configureId)) == FALSE && IsConfigToolAvailable(driver.driverName)) {
-        SetLocalizedText(configureId, TextKey::CONFIG_SETTINGS_BUTTON);
+    driverList.Add(driver.driverId, driver.driverName);
+    if (IsWindowVisible(GetDlgItem(IDC_ADD_PORT_CONFIGURE)) == FALSE &&
+        configuration.IsConfigToolAvailable(driver.driverName)) {
+        SetLocalizedText(IDC_ADD_PORT_CONFIGURE, TextKey::CONFIG_SETTINGS_BUTTON);
     }
-    driverList.Select(settings.GetDefaultDriver({}));
+    driverList.Select(GetDefaultDriver(settings, {}));
     OnDriverChanged();
 }
 
 void AddPortDlg::OnDriverChanged() {
-    DropConfiguration();
-    EnableControl(configureId, CanConfigureDriver(driverList.SelectedId()));
+    configuration.DropConfiguration();
+    EnableControl(IDC_ADD_PORT_CONFIGURE, configuration.CanConfigureDriver(driverList.SelectedId()));
 }
 
 void AddPortDlg::OnConfigureDriver() {
-    OpenDriverConfiguration(*this, driverList.SelectedId(), driverConfigDlg);
+    OpenDriverConfiguration(*this, Context(), configuration, driverList.SelectedId(), driverConfigDlg);
 }
 
 void AddPortDlg::FillPortList(const std::vector<PortEntry>& ports) {
     portList.DeleteAllItems();
-    const bool rightToLeftTexts = IsRightToLeft();
+    const bool rightToLeftTexts = IsRightToLeft(localizer);
     const bool rightToLeftLocale = IsRightToLeftLocale();
     int row = 0;
     for (const PortEntry& port : ports) {
@@ -313,19 +268,16 @@ void AddPortDlg::FillPortList(const std::vector<PortEntry>& ports) {
 }
 
 void AddPortDlg::OnOK() {
-    if (!TakePort()) return;
-    InstallSettings& settings = InstallSettings::GetInstance();
-    if (!settings.GetBool(Tag::INSTALL_FROM_CONFIG)) TakeDriver();
-    settings.BuildInfoCenterLinks(settings.GetString(Tag::DRIVER_MODEL_NAME),
-                                  settings.GetString(Tag::PRINTER_NAME));
-    SelectScanDrivers();
-    if (settings.IsAmazonSupported()) SelectForAmazon();
-    Controller::GetInstance().Next({});
+    const std::optional<ChosenPort> port = TakePort();
+    if (!port) return;
+    ApplyChoice(ChoosePort(*port, MakeChoiceInputs(settings, drivers, driverList.SelectedId())),
+                {settings, applications, drivers, localizer});
+    controller.Next({});
 }
 
-bool AddPortDlg::TakePort() {
+std::optional<ChosenPort> AddPortDlg::TakePort() {
     const std::optional<PortKind> kind = SelectedKind();
-    if (!kind) return false;
+    if (!kind) return std::nullopt;
     switch (*kind) {
         case PortKind::Existing:
             return TakeExistingPort();
@@ -334,35 +286,32 @@ bool AddPortDlg::TakePort() {
         case PortKind::Shared:
             return TakeSharedPrinter();
     }
-    return false;
+    return std::nullopt;
 }
 
-bool AddPortDlg::TakeExistingPort() {
+std::optional<ChosenPort> AddPortDlg::TakeExistingPort() {
     const int row = portList.SelectedRow();
-    if (row < 0) return false;
-    WritePort({.name = ChosenPortName(portList.GetItemText(row, 0), IsRightToLeftLocale()),
-               .type = portList.GetItemText(row, 1),
-               .add = false});
-    return true;
+    if (row < 0) return std::nullopt;
+    return ChosenPort{.name = ChosenPortName(portList.GetItemText(row, 0), IsRightToLeftLocale()),
+                      .type = portList.GetItemText(row, 1),
+                      .add = false};
 }
 
 // The address may be anything; the port's monitor tells what it makes of it.
-bool AddPortDlg::TakeNetworkPort() {
-    const std::wstring name = TextOf(portNameId, portNameRead);
-    if (IsInPortList(name)) return Refuse(TextKey::DUP_PORT_TEXT, portNameId);
-    WritePort({.name = name,
-               .host = TextOf(addressId, addressRead),
-               .type = std::wstring(networkPortType),
-               .add = true});
-    return true;
+std::optional<ChosenPort> AddPortDlg::TakeNetworkPort() {
+    const std::wstring name = TextOf(IDC_ADD_PORT_NAME, portNameRead);
+    if (IsInPortList(name)) return Refuse(TextKey::DUP_PORT_TEXT, IDC_ADD_PORT_NAME);
+    return ChosenPort{.name = name,
+                      .host = TextOf(IDC_ADD_PORT_ADDRESS, addressRead),
+                      .type = std::wstring(networkPortType),
+                      .add = true};
 }
 
-bool AddPortDlg::TakeSharedPrinter() {
-    const std::wstring path = TextOf(pathId, pathRead);
-    if (IsInPortList(path)) return Refuse(TextKey::DUP_PORT_TEXT, pathId);
-    if (!IsSharedPrinter(path)) return Refuse(TextKey::INVALID_NET_PATH_TEXT, pathId);
-    WritePort({.name = path, .type = localPortType, .add = true});
-    return true;
+std::optional<ChosenPort> AddPortDlg::TakeSharedPrinter() {
+    const std::wstring path = TextOf(IDC_ADD_PORT_PATH, pathRead);
+    if (IsInPortList(path)) return Refuse(TextKey::DUP_PORT_TEXT, IDC_ADD_PORT_PATH);
+    if (!IsSharedPrinter(path)) return Refuse(TextKey::INVALID_NET_PATH_TEXT, IDC_ADD_PORT_PATH);
+    return ChosenPort{.name = path, .type = localPortType, .add = true};
 }
 
 // What the list shows counts, with the marks that it may have put into a name; this is meant.
@@ -373,37 +322,20 @@ bool AddPortDlg::IsInPortList(const std::wstring& name) const {
     return false;
 }
 
-bool AddPortDlg::Refuse(std::wstring_view textKey, int field) {
-    ShowLocalizedMessage(GetSafeHwnd(), textKey, TextKey::GEN_ERROR_TITLE);
+std::nullopt_t AddPortDlg::Refuse(std::wstring_view textKey, int field) {
+    ShowLocalizedMessage(localizer, GetSafeHwnd(), textKey, TextKey::GEN_ERROR_TITLE);
     SelectAll(field);
     ::SendMessageW(GetDlgItem(field), WM_CLEAR, 0, 0);
     FocusControl(field);
     EnableControl(IDOK, false);
-    return false;
-}
-
-void AddPortDlg::TakeDriver() const {
-    const std::wstring driverId = driverList.SelectedId();
-    DriverInfo& drivers = DriverInfo::GetInstance();
-    drivers.SelectDriver(driverId);
-    InstallSettings& settings = InstallSettings::GetInstance();
-    settings.SetString(Tag::SELECTED_DRIVER, drivers.GetDriverPath(driverId));
-    settings.SetBool(Tag::SET_DEFAULT, true);
-    AppCatalogue::GetInstance().Update([](MSI_APP& record) {
-        if (record.deviceType == L"FAX") record.isOptional = true;
-    });
+    return std::nullopt;
 }
 
 void AddPortDlg::OnBack() {
-    Controller& controller = Controller::GetInstance();
     const std::wstring page = Received(Tag::FROM_DIALOG);
     if (page.empty()) {
         controller.Back({});
     } else {
         controller.GoToSpecifiedDlg(page, receivedMessage);
     }
-}
-
-void AddPortDlg::OnCancel() {
-    Controller::GetInstance().Cancel(false);
 }

@@ -7,20 +7,24 @@
 #include <string_view>
 #include <vector>
 
-#include "catalogue/MSI_APP.h"
+#include "catalogue/AppCatalogue.h"
+#include "catalogue/DriverInfo.h"
 #include "framework/CListCtrl.h"
-#include "ports/DriverList.h"
-#include "ports/PortEntry.h"
+#include "ports/IAddPortDialog.h"
+#include "printer/DriverConfiguration.h"
+#include "printer/PrinterChoice.h"
+#include "printer/SystemPorts.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/CQorLinkButton.h"
+#include "wizard/DriverList.h"
 #include "wizard/InstallDialogEx.h"
 
 class DriverConfigDlg;
 
 // Describes the port in the settings; the run makes it.
-class AddPortDlg : public InstallDialogEx {
+class AddPortDlg : public InstallDialogEx, public IAddPortDialog {
 public:
-    AddPortDlg();
+    AddPortDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue);
     AddPortDlg(const AddPortDlg&) = delete;
     AddPortDlg& operator=(const AddPortDlg&) = delete;
     ~AddPortDlg() override;
@@ -28,16 +32,14 @@ public:
     // Takes a tag document that may hide the shared printers and the drivers, and name the page behind Back.
     std::uint32_t ReceiveMessage(std::wstring message) override;
 
-    // What the page's service fills it with, on the page's thread.
-    void ClearDrivers();
-    // Adds the driver and selects the package's default, if the list holds it by now.
-    void AddDriver(const MSI_APP& driver);
-    void FillPortList(const std::vector<PortEntry>& ports);
+    // IAddPortDialog.
+    void ClearDrivers() override;
+    void AddDriver(const MSI_APP& driver) override;
+    void FillPortList(const std::vector<PortEntry>& ports) override;
 
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    void OnCancel() override;
     const MessageMap& GetMessageMap() const override;
 
 private:
@@ -60,15 +62,18 @@ private:
 
     std::optional<PortKind> SelectedKind() const;
     bool IsComplete() const;
-    bool TakePort();
-    bool TakeExistingPort();
-    bool TakeNetworkPort();
-    bool TakeSharedPrinter();
+    // The port that the page describes; nothing, with the user told why, where it cannot be taken.
+    std::optional<ChosenPort> TakePort();
+    std::optional<ChosenPort> TakeExistingPort();
+    std::optional<ChosenPort> TakeNetworkPort();
+    std::optional<ChosenPort> TakeSharedPrinter();
     bool IsInPortList(const std::wstring& name) const;
-    // Answers what was entered with that text and empties the field. Gives false.
-    bool Refuse(std::wstring_view textKey, int field);
-    void TakeDriver() const;
+    // Answers what was entered with that text and empties the field. Returns nothing.
+    std::nullopt_t Refuse(std::wstring_view textKey, int field);
 
+    AppCatalogue& applications;
+    DriverInfo& drivers;
+    DriverConfiguration configuration;
     std::wstring receivedMessage;
     CListCtrl portList;
     DriverList driverList;

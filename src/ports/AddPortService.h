@@ -3,15 +3,17 @@
 
 #include <vector>
 
-#include "ports/PortEntry.h"
+#include "catalogue/DriverInfo.h"
+#include "ports/IAddPortDialog.h"
+#include "settings/InstallSettings.h"
 #include "wizard/Service.h"
-
-class AddPortDlg;
 
 class AddPortService : public Service {
 public:
-    // The page is not owned; without one only the ports are read.
-    explicit AddPortService(AddPortDlg* addPortPage) : page(addPortPage) {}
+    // None is owned; without a page only the ports are read. Reads INSTALL_FROM_CONFIG.
+    AddPortService(IAddPortDialog* addPortPage, const InstallSettings& store,
+                   const DriverInfo& driverCatalogue)
+        : page(addPortPage), settings(store), drivers(driverCatalogue) {}
 
     // Fills the page's lists anew, on the page's thread. Gives 0. A system that does not tell its ports has
     // none.
@@ -22,5 +24,7 @@ private:
     void FillDrivers() const;
 
     std::vector<PortEntry> ports;
-    AddPortDlg* page;
+    IAddPortDialog* page;
+    const InstallSettings& settings;
+    const DriverInfo& drivers;
 };

@@ -12,24 +12,14 @@
 #include "CommonLib/XmlAttributeReader.h"
 #include "framework/CFileDialog.h"
 #include "framework/Handles.h"
-#include "ports/ConfigTool.h"
-#include "ports/DriverConfiguration.h"
-#include "settings/InstallSettings.h"
+#include "printer/ConfigTool.h"
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "wizard/LocalizedMessage.h"
 #include "wizard/RegisteredMessages.h"
 
 namespace {
 
-constexpr UINT dialogTemplate = 152;
-constexpr DWORD topic = 1606;
-constexpr int headingId = 1220;
-constexpr int pathId = 1221;
-constexpr int newId = 1222;
-constexpr int loadId = 1223;
-constexpr int resetId = 1224;
-constexpr int applyFutureId = 1225;
-constexpr int helpId = 1057;
 constexpr WPARAM longestPath = 260;
 // One less than can be typed, and this is meant.
 constexpr size_t charactersRead = 259;
@@ -79,14 +69,17 @@ const MessageMap& DriverConfigDlg::GetMessageMap() const {
     using On = EventsOf<DriverConfigDlg>;
     static const MessageMap map(&Events(), {
                                                On::Message(WM_SHOWWINDOW, &DriverConfigDlg::OnShowWindow),
-                                               On::Click(newId, &DriverConfigDlg::OnNew),
-                                               On::Click(loadId, &DriverConfigDlg::OnLoad),
-                                               On::Click(resetId, &DriverConfigDlg::OnReset),
+                                               On::Click(IDC_DRIVER_CONFIG_NEW, &DriverConfigDlg::OnNew),
+                                               On::Click(IDC_DRIVER_CONFIG_LOAD, &DriverConfigDlg::OnLoad),
+                                               On::Click(IDC_DRIVER_CONFIG_RESET, &DriverConfigDlg::OnReset),
                                            });
     return map;
 }
 
-DriverConfigDlg::DriverConfigDlg(CWnd* parentWindow) : InstallDialogEx(dialogTemplate, parentWindow) {}
+DriverConfigDlg::DriverConfigDlg(const PageContext& context, DriverConfiguration& driverConfiguration,
+                                 CWnd& page)
+    : InstallDialogEx(context, IDD_DRIVER_CONFIG, HIDD_DRIVER_CONFIG, &page),
+      configuration(driverConfiguration) {}
 
 std::uint32_t DriverConfigDlg::ReceiveMessage(std::wstring message) {
     driverId = std::move(message);
@@ -95,34 +88,32 @@ std::uint32_t DriverConfigDlg::ReceiveMessage(std::wstring message) {
 
 bool DriverConfigDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
-    newButton.SubclassDlgItem(newId, *this);
-    loadButton.SubclassDlgItem(loadId, *this);
-    resetButton.SubclassDlgItem(resetId, *this);
-    helpButton.SubclassDlgItem(helpId, *this);
+    newButton.SubclassDlgItem(IDC_DRIVER_CONFIG_NEW, *this);
+    loadButton.SubclassDlgItem(IDC_DRIVER_CONFIG_LOAD, *this);
+    resetButton.SubclassDlgItem(IDC_DRIVER_CONFIG_RESET, *this);
+    helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
     okButton.SubclassDlgItem(IDOK, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
     SetWindowText(GetLocalizedText(TextKey::CONFIG_SETTINGS_TEXT));
-    SetUpControl(headingId, TextKey::CONFIG_SETTINGS_TEXT, fontHeading);
-    SetUpControl(newId, TextKey::NEW_FILE, fontButton);
-    SetUpControl(loadId, TextKey::LOAD_FILE, fontButton);
-    SetUpControl(resetId, TextKey::RESET_TEXT, fontButton);
-    SetUpControl(applyFutureId, TextKey::CONFIG_APPLY_FUTURE_TEXT, fontBody);
-    SetUpControl(helpId, TextKey::HELP_BUTTON, fontButton);
+    SetUpControl(IDC_DRIVER_CONFIG_TITLE, TextKey::CONFIG_SETTINGS_TEXT, fontHeading);
+    SetUpControl(IDC_DRIVER_CONFIG_NEW, TextKey::NEW_FILE, fontButton);
+    SetUpControl(IDC_DRIVER_CONFIG_LOAD, TextKey::LOAD_FILE, fontButton);
+    SetUpControl(IDC_DRIVER_CONFIG_RESET, TextKey::RESET_TEXT, fontButton);
+    SetUpControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, TextKey::CONFIG_APPLY_FUTURE_TEXT, fontBody);
+    SetUpControl(IDC_HELP_BUTTON, TextKey::HELP_BUTTON, fontButton);
     SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
-    SetControlFont(pathId, fontBody);
-    ::SendMessageW(GetDlgItem(pathId), EM_SETLIMITTEXT, longestPath, 0);
+    SetControlFont(IDC_DRIVER_CONFIG_PATH, fontBody);
+    ::SendMessageW(GetDlgItem(IDC_DRIVER_CONFIG_PATH), EM_SETLIMITTEXT, longestPath, 0);
     // The choice is never offered, but its state is still kept.
-    EnableControl(applyFutureId, false);
-    ShowControl(applyFutureId, false);
+    EnableControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, false);
+    ShowControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, false);
     helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.get()));
     okButton.SetPrimary();
     return true;
 }
 
 LRESULT DriverConfigDlg::OnShowWindow(WPARAM, LPARAM) {
-    helpTopic = topic;
-    const InstallSettings& settings = InstallSettings::GetInstance();
     const std::wstring path = settings.GetString(Tag::DRIVERCONFIG_PATH);
     if (path.empty()) return Default();
     if (PathFileExistsW(path.c_str()) == FALSE) {
@@ -151,9 +142,9 @@ void DriverConfigDlg::OnNew() {
 
 void DriverConfigDlg::MakeConfiguration() {
     LogAdvanced(L"DriverConfigDlg::OnBnClickedNewButton(), Creating command line for Driver Configuration");
-    const std::wstring commandLine = MakeConfigCommand(driverId);
-    const std::wstring file = MakeConfigFileName(driverId);
-    const std::wstring toolPath = FindConfigTool(driverId);
+    const std::wstring commandLine = configuration.MakeConfigCommand(driverId);
+    const std::wstring file = configuration.MakeConfigFileName(driverId);
+    const std::wstring toolPath = configuration.FindConfigTool(driverId);
     // The unpacking may not be done yet; the user presses New again.
     if (!IsReady(toolPath)) return;
     const KernelHandle process = StartTool(toolPath, commandLine);
@@ -198,12 +189,12 @@ void DriverConfigDlg::ChooseFile() {
 
 // The tags stay until OK.
 void DriverConfigDlg::OnReset() {
-    ::SetWindowTextW(GetDlgItem(pathId), L"");
+    ::SetWindowTextW(GetDlgItem(IDC_DRIVER_CONFIG_PATH), L"");
     CheckApplyFuture(false);
 }
 
 void DriverConfigDlg::OnOK() {
-    const std::wstring path = TextOf(pathId, charactersRead);
+    const std::wstring path = TextOf(IDC_DRIVER_CONFIG_PATH, charactersRead);
     if (path.empty()) return Refuse(TextKey::EMPTY_DRIVERCONFIG_PATH);
     const std::wstring_view extension = PathFindExtensionW(path.c_str());
     const bool isOlder = extension == olderConfigTool.fileExtension;
@@ -211,24 +202,31 @@ void DriverConfigDlg::OnOK() {
         return Refuse(TextKey::INVALID_PATH_TEXT);
     }
     const std::wstring description = isOlder ? ProfileName(path) : std::wstring();
-    InstallSettings& settings = InstallSettings::GetInstance();
     settings.SetStrings({{Tag::OMBREL_DESC, description},
                          {Tag::DRIVERCONFIG_PATH, path},
-                         {Tag::CONFIG_EXE_PATH, FindConfigTool(driverId)}});
+                         {Tag::CONFIG_EXE_PATH, configuration.FindConfigTool(driverId)}});
     settings.SetBool(Tag::CONFIG_APPLY_FUTURE,
-                     IsDlgButtonChecked(GetSafeHwnd(), applyFutureId) == BST_CHECKED);
+                     IsDlgButtonChecked(GetSafeHwnd(), IDC_DRIVER_CONFIG_APPLY_FUTURE) == BST_CHECKED);
     EndDialog(IDOK);
 }
 
 void DriverConfigDlg::Refuse(std::wstring_view textKey) {
-    ShowLocalizedMessage(GetSafeHwnd(), textKey, TextKey::GEN_ERROR_TITLE);
+    ShowLocalizedMessage(localizer, GetSafeHwnd(), textKey, TextKey::GEN_ERROR_TITLE);
 }
 
 void DriverConfigDlg::ShowPath(const std::wstring& path) {
-    ::SetWindowTextW(GetDlgItem(pathId), path.c_str());
-    SelectAll(pathId);
+    ::SetWindowTextW(GetDlgItem(IDC_DRIVER_CONFIG_PATH), path.c_str());
+    SelectAll(IDC_DRIVER_CONFIG_PATH);
 }
 
 void DriverConfigDlg::CheckApplyFuture(bool checked) {
-    CheckDlgButton(GetSafeHwnd(), applyFutureId, checked ? BST_CHECKED : BST_UNCHECKED);
+    CheckDlgButton(GetSafeHwnd(), IDC_DRIVER_CONFIG_APPLY_FUTURE, checked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void OpenDriverConfiguration(CWnd& page, const PageContext& context, DriverConfiguration& configuration,
+                             const std::wstring& driverId, std::unique_ptr<DriverConfigDlg>& dialog) {
+    configuration.UnpackTool(driverId);
+    dialog = std::make_unique<DriverConfigDlg>(context, configuration, page);
+    dialog->ReceiveMessage(driverId);
+    dialog->DoModal();
 }

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cwctype>
 
+#include "CommonLib/Singleton.h"
 #include "settings/DeviceDocument.h"
 #include "settings/KeyedValues.h"
+#include "settings/SettingsMerge.h"
 #include "settings/StartMarker.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
@@ -109,4 +111,23 @@ std::wstring InstallSettings::GetStartApp() const {
 std::wstring InstallSettings::StripMarker() const {
     const std::lock_guard guard(lock);
     return StripStartMarker(document);
+}
+
+std::wstring InstallSettings::FileValues() const {
+    const std::lock_guard guard(lock);
+    return HoldsStartMarker(document) ? StripStartMarker(document) : document;
+}
+
+void InstallSettings::Append(std::wstring_view text) {
+    const std::lock_guard guard(lock);
+    document += text;
+}
+
+void InstallSettings::Merge(std::wstring_view incoming) {
+    const std::lock_guard guard(lock);
+    MergeDocument(document, mergedRecord, incoming);
+}
+
+bool InstallSettings::IsAmazonSupported() const {
+    return GetString(Tag::AMAZON_SUPPORTED) == L"TRUE";
 }

@@ -9,10 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "CommonLib/Singleton.h"
-
-struct MSI_APP;
-
 // Holds one tag document, filled at start from the package's settings files and never saved. Each operation
 // is safe on any thread; what several operations mean together rests on the order of the wizard: a page
 // leaves alone what a running service writes. A missing tag is no error anywhere: it reads as empty or false.
@@ -23,6 +19,8 @@ public:
 
     static InstallSettings& GetInstance();
     static void DestroyInstance();
+
+    InstallSettings() = default;
 
     std::wstring GetString(std::wstring_view tag) const;
     // True for "true" in any case and for "1".
@@ -51,65 +49,28 @@ public:
     void SetDeviceValue(std::wstring_view tag, std::wstring_view value);
     // Puts each device on a network port; an empty port name stands for the address.
     void SetNetworkPort(std::wstring_view address, std::wstring_view portName);
-    // Names the devices that asked for the detected name, and lets none ask again.
-    void ApplyDetectedName(const std::wstring& printerName);
 
     // Appends to STARTAPP, with nothing between.
     void AppendStartApp(std::wstring_view text);
     std::wstring GetStartApp() const;
     // The whole document without the start marker, for the log.
     std::wstring StripMarker() const;
+    // The same, but a document that does not hold the marker as it stands.
+    std::wstring FileValues() const;
 
-    // Reads defaultInstallSettings.xml into the document. Gives 0, or the error number of a file that cannot
-    // be opened; the document then stays empty.
-    int LoadDefaults();
-    // Lays the file's elements over the document. Gives 0, or the error number of a file that cannot be
-    // opened.
-    int MergeFile(const std::wstring& path);
+    // Takes the text of the package's own settings file into the document.
+    void Append(std::wstring_view text);
+    // Lays the elements of a second settings file over the document.
+    void Merge(std::wstring_view incoming);
 
     // True only for the exact word "TRUE", unlike GetBool, and this is meant.
     bool IsAmazonSupported() const;
-    // The driver proposed for "mono", "color" or any other word, on this system.
-    std::wstring GetDefaultDriver(const std::wstring& colourClass) const;
-
-    // The document that tells the installation of this driver what to set up. Called by the install thread
-    // alone: what one driver set stays for the next.
-    std::wstring BuildPrinterInfo(const MSI_APP& driver);
-    std::wstring GetPrinterName(const MSI_APP& driver) const;
-    std::wstring GetDriverProductName(const MSI_APP& driver) const;
-    // False for a port that exists already or that needs none.
-    bool PortNeedsAdding(const std::wstring& portType, const std::wstring& portName) const;
-
-    // Copies the configuration files of the devices to free names in the machine-wide folder.
-    void ResolveDriverConfigPaths();
-    // Unpacks the configuration tools that the devices name. Takes at least five seconds per device.
-    void ResolveConfigExePaths();
-
-    // Sets the help link and its label, from the devices' common series or for the given printer.
-    void DeriveInfoCenterLinks();
-    void BuildInfoCenterLinks(const std::wstring& model, const std::wstring& series);
 
 private:
-    friend class Singleton<InstallSettings>;
-    InstallSettings() = default;
-
-    static int ReadFromFile(const std::wstring& path, std::wstring& text);
-    void ApplyVendor();
-
-    std::wstring GetModelName(bool fax) const;
-    std::wstring GetDevicesForDriver(const std::wstring& driverId) const;
-    std::wstring BuildDeviceElement(std::wstring device) const;
-    void FillCurrentDevice(const MSI_APP& driver);
-    void CopyToCurrentDevice(std::initializer_list<std::wstring_view> tags);
-    std::wstring GetProductCode(const std::wstring& model, const std::wstring& series) const;
-    std::wstring FormatCodeForLink(const std::wstring& code) const;
-
     // Guards the texts below.
     mutable std::mutex lock;
     std::wstring document;
     // What the merged files have set so far, to tell the first occurrence of a tag from a repeated one.
     std::wstring mergedRecord;
     std::vector<std::wstring> devices;
-    // Of the driver being installed; the install thread's own.
-    std::wstring currentDevice;
 };

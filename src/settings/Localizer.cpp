@@ -13,12 +13,10 @@
 #include "CommonLib/TextFile.h"
 #include "CommonLib/TextUtilities.h"
 #include "framework/Handles.h"
-#include "settings/InstallSettings.h"
 #include "settings/LanguageTable.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
-#include "wizard/CmdLineHelper.h"
 
 namespace {
 
@@ -63,7 +61,9 @@ void Localizer::DestroyInstance() {
     singleton.Destroy();
 }
 
-Localizer::Localizer() {
+Localizer::Localizer() : Localizer(InstallSettings::GetInstance()) {}
+
+void Localizer::Load() const {
     const std::wstring folder = GetExeDirectory() + L"\\..\\res\\";
     std::wstring path = folder + GetXmlFileName(GetUserDefaultUILanguage());
     if (!Exists(path)) path = folder + L"en_strings.xml";
@@ -72,9 +72,9 @@ Localizer::Localizer() {
     }
 }
 
-std::wstring Localizer::GetXmlFileName(std::uint16_t languageId) {
+std::wstring Localizer::GetXmlFileName(std::uint16_t languageId) const {
     const std::uint32_t primaryId = languageId & primaryLanguageBits;
-    std::wstring code = CmdLineHelper::GetInstance().GetValue(CmdLineHelper::Option::Language);
+    std::wstring code = languageOption;
     if (code.empty()) code = MapLanguage(primaryId, languageId);
     std::wstring name = LanguageFileName(code);
     LogAdvanced(L"Localizer::GetXmlFileName(), currentLangId = " + ToDecimalString(languageId) +
@@ -84,15 +84,15 @@ std::wstring Localizer::GetXmlFileName(std::uint16_t languageId) {
 }
 
 std::wstring Localizer::GetString(std::wstring_view key) const {
+    std::call_once(loaded, [this] { Load(); });
     int surplus = 0;
     std::wstring value = ReduceAccessKeys(TagDocument::ValueOf(text, key), surplus);
     for (; surplus > 0; --surplus) {
         LogAdvanced(std::wstring(L"Localizer::GetString, multiple access keys found: ").append(key),
                     LogLevel::Error);
     }
-    TagExpansion expansion = ExpandTags(std::move(value), [](std::wstring_view tag) {
-        return InstallSettings::GetInstance().GetString(tag);
-    });
+    TagExpansion expansion =
+        ExpandTags(std::move(value), [this](std::wstring_view tag) { return settings.GetString(tag); });
     if (expansion.endless) {
         LogAdvanced(
             std::wstring(L"Localizer::GetString, the settings values in a text never end: ").append(key),
@@ -106,8 +106,8 @@ std::wstring GetLanguageCode() {
     return MapLanguage(languageId & primaryLanguageBits, languageId);
 }
 
-bool IsRightToLeft() {
-    return Localizer::GetInstance().GetString(TextKey::READING_ORDER) == L"RTL";
+bool IsRightToLeft(const Localizer& localizer) {
+    return localizer.GetString(TextKey::READING_ORDER) == L"RTL";
 }
 
 bool IsRightToLeftLocale() {

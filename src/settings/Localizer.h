@@ -2,35 +2,49 @@
 #pragma once
 
 #include <cstdint>
+#include <mutex>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "CommonLib/Singleton.h"
+#include "settings/InstallSettings.h"
 
-// The language is settled when the instance is made. Any thread may ask for texts.
+// The language is settled at the first question for a text. Any thread may ask for texts; the option belongs
+// to the start of the program, before that question.
 class Localizer {
 public:
     static Localizer& GetInstance();
     static void DestroyInstance();
 
+    // Texts name tags of these settings, which must outlive the object.
+    explicit Localizer(const InstallSettings& store) : settings(store) {}
+
+    // The code of the language whose texts are wanted; empty for the user's own.
+    void SetLanguageOption(std::wstring code) { languageOption = std::move(code); }
+
     // The text of a key as it reads with the settings of this moment; empty for a key that the file lacks.
     std::wstring GetString(std::wstring_view key) const;
 
-    // The name of the language file for a system language, which the option "lang" overrules.
-    static std::wstring GetXmlFileName(std::uint16_t languageId);
+    // The name of the language file for a system language, which the option overrules.
+    std::wstring GetXmlFileName(std::uint16_t languageId) const;
 
 private:
     friend class Singleton<Localizer>;
     Localizer();
+    void Load() const;
 
-    std::wstring text;
+    const InstallSettings& settings;
+    std::wstring languageOption;
+    mutable std::once_flag loaded;
+    mutable std::wstring text;
 };
 
 // The code of the system's language. The option "lang" plays no part in it.
 std::wstring GetLanguageCode();
 
 // Whether the texts read from right to left.
-bool IsRightToLeft();
+bool IsRightToLeft(const Localizer& localizer);
 
 // Whether the user's own language is Arabic or Hebrew, whatever the texts are.
 bool IsRightToLeftLocale();

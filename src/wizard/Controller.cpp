@@ -1,46 +1,24 @@
 #include "wizard/Controller.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
-#include "CommonLib/TextUtilities.h"
-#include "catalogue/AppCatalogue.h"
-#include "catalogue/DriverInfo.h"
-#include "catalogue/MsiCodes.h"
-#include "catalogue/MsiInfoService.h"
-#include "catalogue/MsiInterface.h"
-#include "discovery/DiscoveryDlg.h"
-#include "discovery/DiscoveryService.h"
+#include "CommonLib/MsiCodes.h"
 #include "framework/CWinApp.h"
-#include "install/FinishDlg.h"
-#include "install/FinishService.h"
-#include "install/InstallService.h"
-#include "install/ProgressDialog.h"
-#include "install/RebootDlg.h"
-#include "install/RebootService.h"
-#include "pages/ConnectivityDlg.h"
-#include "pages/EULADlg.h"
-#include "pages/ManufacturerDlg.h"
-#include "pages/OptionalSoftwareBypassDlg.h"
-#include "pages/StartDlg.h"
-#include "ports/AddPortDlg.h"
-#include "ports/AddPortService.h"
-#include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
-#include "wizard/CmdLineHelper.h"
 #include "wizard/FolderCleanUp.h"
 #include "wizard/LocalizedMessage.h"
 
 namespace {
 
-constexpr int lastPageIndex = 11;
 constexpr DWORD pollIntervalInMilliseconds = 500;
 
 Singleton<Controller> singleton;
 
-std::wstring Decimal(int number) {
-    return std::to_wstring(number);
+void CallIfSet(const std::function<void()>& end) {
+    if (end) end();
 }
 
 // Sleeps, but answers what other threads send to this thread's windows, such as the disabling of a message
@@ -61,117 +39,45 @@ Controller& Controller::GetInstance() {
     return singleton.Get();
 }
 
-Controller::Controller() = default;
+Controller::Controller() : Controller(InstallSettings::GetInstance(), Localizer::GetInstance()) {}
 
-Controller::~Controller() = default;
-
-bool Controller::Initialize() {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    MergeUserSettings();
-    LogBasic(L"Starting Installer");
-    settings.SetBool(Tag::OPTIONAL_INSTALL, false);
-    TakePrinterFromCommandLine();
-    silent = settings.GetBool(Tag::SILENT_INSTALL);
-    msiInfoService = std::make_unique<MsiInfoService>(*MsiInterface::GetInstance());
-    if (!msiInfoService->disabled) msiInfoService->DoRun();
-    if (settings.GetBool(Tag::INSTALL_FROM_CONFIG)) settings.ResolveConfigExePaths();
-    SettleChainTags();
-    return true;
-}
-
-void Controller::MergeUserSettings() {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    packageUserSettingsPath = GetExeDirectory() + L"\\..\\PackageUserSettings.xml";
-    if (settings.MergeFile(packageUserSettingsPath) != 0) return;
-    settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
-    settings.SetDevices(settings.GetAllValues(Tag::DEVICE));
-    settings.ResolveDriverConfigPaths();
-    settings.DeriveInfoCenterLinks();
-}
-
-void Controller::TakePrinterFromCommandLine() {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    if (settings.GetBool(Tag::HIDE_DISCOVERY)) return;
-    const CmdLineHelper& commandLine = CmdLineHelper::GetInstance();
-    const std::wstring address = commandLine.GetValue(CmdLineHelper::Option::Address);
-    if (address.empty()) return;
-    settings.SetBool(Tag::HIDE_DISCOVERY, true);
-    settings.SetNetworkPort(address, commandLine.GetValue(CmdLineHelper::Option::Port));
-}
-
-void Controller::SettleChainTags() {
-    InstallSettings& settings = InstallSettings::GetInstance();
-    settings.SetBool(settings.IsAmazonSupported() ? Tag::HIDE_SECURITY : Tag::HIDE_CONNECTIVITY, true);
-    settings.SetBool(Tag::APPS_ONLY_PACKAGE, false);
-    if (DriverInfo::GetInstance().GetDrivers().empty() && !settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
-        settings.SetBool(Tag::APPS_ONLY_PACKAGE, true);
+void Controller::BuildDialogs() {
+    for (Place& place : places) {
+        place.page = place.row.makePage();
+        place.isAdded = AddDialog(place);
+        if (!place.isAdded) LogBasic(place.row.failure, LogLevel::Error);
+        if (place.row.makeService) place.service = place.row.makeService(*place.page);
     }
 }
 
-int Controller::BuildDialogs() {
-    const InstallSettings& settings = InstallSettings::GetInstance();
-    const auto add = [&](auto& field, auto page, size_t index, bool isHidden, const wchar_t* failure) {
-        field = std::move(page);
-        if (!AddDialog(*field, isHidden, index)) LogBasic(failure, LogLevel::Error);
-    };
-    const bool hideFinal = settings.GetBool(Tag::HIDE_FINAL);
-    add(startDlg, std::make_unique<StartDlg>(), 0, settings.GetBool(Tag::HIDE_START),
-        L"Add Start dialog failed.");
-    add(eulaDlg, std::make_unique<EULADlg>(), 1, settings.GetBool(Tag::HIDE_EULA),
-        L"Add Eula dialog failed.");
-    add(manufacturerDlg, std::make_unique<ManufacturerDlg>(), 2, true, L"Add Manufacturer dialog failed.");
-    add(bypassDlg, std::make_unique<OptionalSoftwareBypassDlg>(), 3, true,
-        L"Add Optional Software Bypass dialog failed.");
-    add(connectivityDlg, std::make_unique<ConnectivityDlg>(), 4, settings.GetBool(Tag::HIDE_CONNECTIVITY),
-        L"Add Connectivity dialog failed.");
-    add(discoveryDlg, std::make_unique<DiscoveryDlg>(), 5, true, L"Add Disocovery dialog failed.");
-    services.at(5) = std::make_unique<DiscoveryService>(discoveryDlg.get());
-    add(addPortDlg, std::make_unique<AddPortDlg>(), 6, true, L"Add AddPort dialog failed.");
-    services.at(6) = std::make_unique<AddPortService>(addPortDlg.get());
-    add(progressDlg, std::make_unique<ProgressDialog>(), 7, settings.GetBool(Tag::HIDE_PROGRESS),
-        L"Add Progress dialog failed.");
-    services.at(7) = std::make_unique<InstallService>(progressDlg.get(), MsiInterface::GetInstance());
-    add(coreFinishDlg, std::make_unique<FinishDlg>(L"Core Finish Dialog"), 8, hideFinal,
-        L"Add Core Finish dialog failed.");
-    add(coreRebootDlg, std::make_unique<RebootDlg>(), 9, true, L"Add Core Reboot dialog failed.");
-    add(finishDlg, std::make_unique<FinishDlg>(L"Finish Dialog"), 10, hideFinal,
-        L"Add Optional software Finish dialog failed.");
-    add(rebootDlg, std::make_unique<RebootDlg>(), 11, true, L"Add Reboot dialog failed.");
-    return lastPageIndex;
-}
-
-bool Controller::AddDialog(InstallDialogEx& page, bool isHidden, size_t index) {
+bool Controller::AddDialog(Place& place) const {
     if (AfxGetApp() == nullptr) return false;
     CWnd* const mainWindow = AfxGetMainWnd();
+    InstallDialogEx& page = *place.page;
     if (!page.Create(page.TemplateId(), mainWindow)) return false;
     page.SetParent(*mainWindow);
     // The right and bottom edges serve as width and height, and this is meant: pages get their size so.
     page.MoveWindow(pageRect.left, pageRect.top, pageRect.right, pageRect.bottom);
-    dialogs.at(index) = &page;
-    page.hidden = isHidden;
+    page.hidden = place.row.hiddenAtFirst;
     return true;
 }
 
 void Controller::UpdateHideFlags() {
-    const InstallSettings& settings = InstallSettings::GetInstance();
-    const auto hide = [](InstallDialogEx* page, bool isHidden) {
-        if (page != nullptr) page->hidden = isHidden;
-    };
-    hide(addPortDlg.get(), !settings.GetBool(Tag::DIALOG_ADD_PORT));
-    hide(manufacturerDlg.get(), !settings.GetBool(Tag::SHOW_MANUFACTURERS));
-    hide(bypassDlg.get(), !settings.GetBool(Tag::TAG_DIALOG_SHOW_BYPASS));
-    hide(rebootDlg.get(), !settings.GetBool(Tag::REBOOT));
-    hide(coreRebootDlg.get(), !settings.GetBool(Tag::REBOOT));
-    hide(discoveryDlg.get(), settings.GetBool(Tag::HIDE_DISCOVERY));
-    hide(connectivityDlg.get(), settings.GetBool(Tag::HIDE_CONNECTIVITY));
+    for (const Place& place : places) {
+        if (place.page && place.row.isHidden) place.page->hidden = place.row.isHidden();
+    }
 }
 
-bool Controller::Start() {
-    lastDialog = BuildDialogs();
+bool Controller::Start(Chain pages, bool silentRun) {
+    silent = silentRun;
+    ends = std::move(pages.ends);
+    places.clear();
+    for (ChainRow& row : pages.rows) places.push_back({.row = std::move(row)});
+    BuildDialogs();
     UpdateHideFlags();
-    if (silent || discoveryDlg->hidden) DisableDiscovery();
+    DisableDiscovery();
     currentDialog = 0;
-    InstallDialogEx* const first = dialogs.front();
+    InstallDialogEx* const first = CurrentPage();
     if (first == nullptr) {
         LogBasic(L"Controller::Start, Starting Dialog is NULL", LogLevel::Error);
         Close();
@@ -186,24 +92,41 @@ bool Controller::Start() {
 }
 
 void Controller::DisableDiscovery() {
-    for (size_t index = 0; index <= static_cast<size_t>(lastDialog); ++index) {
-        if (dialogs.at(index) != discoveryDlg.get() || !services.at(index)) continue;
-        services.at(index)->disabled = true;
-        return;
+    for (const Place& place : places) {
+        if (place.row.role == PageRole::Discovery && place.isAdded && place.service) {
+            place.service->disabled = silent || place.page->hidden;
+        }
     }
 }
 
-InstallDialogEx* Controller::CurrentPage() const {
-    return dialogs.at(static_cast<size_t>(currentDialog.load()));
+const Controller::Place* Controller::CurrentPlace() const {
+    const auto index = static_cast<std::size_t>(currentDialog.load());
+    return index < places.size() ? &places[index] : nullptr;
 }
 
-Service* Controller::EnabledService(int index) const {
-    Service* const service = services.at(static_cast<size_t>(index)).get();
+InstallDialogEx* Controller::CurrentPage() const {
+    const Place* const place = CurrentPlace();
+    return place != nullptr && place->isAdded ? place->page.get() : nullptr;
+}
+
+bool Controller::IsCurrentRole(PageRole role) const {
+    return CurrentPage() != nullptr && CurrentPlace()->row.role == role;
+}
+
+void Controller::HidePages(PageRole role) {
+    for (const Place& place : places) {
+        if (place.row.role == role) place.page->hidden = true;
+    }
+}
+
+Service* Controller::EnabledService() const {
+    const Place* const place = CurrentPlace();
+    Service* const service = place == nullptr ? nullptr : place->service.get();
     return service != nullptr && !service->disabled ? service : nullptr;
 }
 
 void Controller::RunCurrentService() {
-    if (Service* const service = EnabledService(currentDialog)) service->DoRun();
+    if (Service* const service = EnabledService()) service->DoRun();
 }
 
 void Controller::HideCurrentPage() {
@@ -220,11 +143,10 @@ bool Controller::Next(std::wstring message) {
     for (;; message.clear()) {
         HideCurrentPage();
         // A reboot that the core run asks for waits for the end of the optional run.
-        if (CurrentPage() == coreFinishDlg.get() && coreFinishDlg &&
-            InstallSettings::GetInstance().GetBool(Tag::OPTIONAL_INSTALL)) {
-            coreRebootDlg->hidden = true;
+        if (IsCurrentRole(PageRole::CoreFinish) && settings.GetBool(Tag::OPTIONAL_INSTALL)) {
+            HidePages(PageRole::CoreReboot);
         }
-        if (currentDialog >= lastDialog) {
+        if (currentDialog >= LastIndex()) {
             if (silent) LogBasic(L"End of silent mode install");
             Finish(false);
             return true;
@@ -235,15 +157,16 @@ bool Controller::Next(std::wstring message) {
             Close();
             return false;
         }
-        LogAdvanced(L"Controller::Next, Moving from " + Decimal(former) + L" to " + Decimal(former + 1));
-        Service* const service = EnabledService(former + 1);
+        LogAdvanced(L"Controller::Next, Moving from " + std::to_wstring(former) + L" to " +
+                    std::to_wstring(former + 1));
+        Service* const service = EnabledService();
         if (!CurrentPage()->hidden && !silent) {
             ShowCurrentPage(std::move(message));
             if (service != nullptr) service->DoRun();
             return true;
         }
         if (service != nullptr && service->DoRun() == MsiCode::InstallFailure) {
-            CopyLogToPackage();
+            CallIfSet(ends.copyLogToPackage);
             Finish(false);
             return true;
         }
@@ -254,7 +177,8 @@ bool Controller::Back(std::wstring message) {
     HideCurrentPage();
     const int former = currentDialog;
     if (former > 0) --currentDialog;
-    LogAdvanced(L"Controller::Back, Moving from " + Decimal(former) + L" to " + Decimal(currentDialog));
+    LogAdvanced(L"Controller::Back, Moving from " + std::to_wstring(former) + L" to " +
+                std::to_wstring(currentDialog));
     if (CurrentPage() == nullptr) {
         LogBasic(L"Controller::Back, Cannot switch to previous dialog", LogLevel::Error);
         Close();
@@ -266,15 +190,13 @@ bool Controller::Back(std::wstring message) {
 
 bool Controller::GoToSpecifiedDlg(const std::wstring& name, std::wstring message) {
     HideCurrentPage();
-    for (int index = 0; index <= lastDialog; ++index) {
-        const InstallDialogEx* const page = dialogs.at(static_cast<size_t>(index));
-        if (page == nullptr || page->dialogName != name) continue;
-        currentDialog = index;
-        break;
-    }
-    LogAdvanced(L"Controller::GoToSpecifiedDlg, Move to " + Decimal(currentDialog));
+    const auto named = std::find_if(places.begin(), places.end(), [&](const Place& place) {
+        return place.isAdded && place.page->dialogName == name;
+    });
+    if (named != places.end()) currentDialog = static_cast<int>(named - places.begin());
+    LogAdvanced(L"Controller::GoToSpecifiedDlg, Move to " + std::to_wstring(currentDialog));
     if (CurrentPage() == nullptr) return false;
-    Service* const service = EnabledService(currentDialog);
+    Service* const service = EnabledService();
     if (CurrentPage()->hidden || silent) {
         if (service != nullptr) service->DoRun();
         Next(std::move(message));
@@ -301,8 +223,7 @@ bool Controller::Cancel(bool force) {
     }
     LogBasic(L"User chose to cancel the installation.");
     LogAdvanced(L"Controller::Cancel Yes on Are You Sure", LogLevel::Success);
-    InstallSettings::GetInstance().SetStrings(
-        {{Tag::SHOW_REGISTRATION, L"0"}, {Tag::INSTALL_STATUS, L"CANCELED"}});
+    settings.SetStrings({{Tag::SHOW_REGISTRATION, L"0"}, {Tag::INSTALL_STATUS, L"CANCELED"}});
     CancelServices();
     if (!IsInstallThreadMovingOn()) Finish(false);
     return true;
@@ -311,23 +232,19 @@ bool Controller::Cancel(bool force) {
 // The install thread winds down by itself. From the Progress page it then moves the walk; in a silent run the
 // walk stands at its end already and waits for the thread, which must not wait there for itself.
 bool Controller::IsInstallThreadMovingOn() const {
-    const InstallDialogEx* const page = CurrentPage();
-    return (page != nullptr && page == progressDlg.get()) || (silent && threadCount > 0);
+    return IsCurrentRole(PageRole::Progress) || (silent && threadCount > 0);
 }
 
 bool Controller::IsClosingPage() const {
-    const InstallDialogEx* const page = CurrentPage();
-    return page != nullptr && (page == rebootDlg.get() || page == coreRebootDlg.get() ||
-                               page == finishDlg.get() || page == coreFinishDlg.get());
+    return IsCurrentRole(PageRole::CoreFinish) || IsCurrentRole(PageRole::CoreReboot) ||
+           IsCurrentRole(PageRole::Finish) || IsCurrentRole(PageRole::Reboot);
 }
 
 bool Controller::ConfirmCancel() const {
-    const bool asksForOptional = InstallSettings::GetInstance().GetBool(Tag::OPTIONAL_INSTALL) &&
-                                 !AppCatalogue::GetInstance()
-                                      .Select(L"<ISOPTIONAL>false</ISOPTIONAL><ISSELECTED>true</ISSELECTED>")
-                                      .empty();
+    const bool asksForOptional = settings.GetBool(Tag::OPTIONAL_INSTALL) && ends.isCoreSoftwareSelected &&
+                                 ends.isCoreSoftwareSelected();
     const int answer =
-        ShowLocalizedMessage(AfxGetMainWnd()->GetSafeHwnd(),
+        ShowLocalizedMessage(localizer, AfxGetMainWnd()->GetSafeHwnd(),
                              asksForOptional ? TextKey::OPTIONAL_SOFTWARE_CANCEL_CONFIRMATION_TEXT
                                              : TextKey::CANCEL_CONFIRMATION_TEXT,
                              TextKey::INSTALL_TITLE, MB_YESNO | MB_ICONWARNING);
@@ -335,20 +252,23 @@ bool Controller::ConfirmCancel() const {
 }
 
 void Controller::CancelServices() {
-    for (int index = currentDialog; index >= 0; --index) {
-        if (Service* const service = services.at(static_cast<size_t>(index)).get()) service->Cancel();
+    for (std::size_t count = std::min(places.size(), static_cast<std::size_t>(currentDialog) + 1); count > 0;
+         --count) {
+        if (Service* const service = places[count - 1].service.get()) service->Cancel();
     }
 }
 
+// Waits on the main thread, which owns the windows that a worker may still need: a message box of the install
+// thread disables its owner by a sent message. Posted messages wait, so that no click starts anything here.
 bool Controller::Finish(bool reboot) {
     LogBasic(L"Installation is Finished");
     while (threadCount > 0) SleepAnsweringSentMessages(pollIntervalInMilliseconds);
     Close();
     if (reboot) {
         LogBasic(L"System reboot is required to complete installation. Rebooting..");
-        RebootService().DoRun();
+        CallIfSet(ends.restart);
     } else {
-        FinishService().DoRun();
+        CallIfSet(ends.startPrograms);
     }
     return true;
 }
@@ -368,19 +288,11 @@ void Controller::UpdateThreadCount(bool increment) {
     const int count = threadCount;
     if (increment) {
         ++threadCount;
-        LogAdvanced(L"Thread Count incremented " + Decimal(count + 1));
+        LogAdvanced(L"Thread Count incremented " + std::to_wstring(count + 1));
     } else if (count < 1) {
-        LogAdvanced(L"Attempted to decrement below 0 " + Decimal(count));
+        LogAdvanced(L"Attempted to decrement below 0 " + std::to_wstring(count));
     } else {
-        LogAdvanced(L"Thread Count decremented " + Decimal(count - 1));
+        LogAdvanced(L"Thread Count decremented " + std::to_wstring(count - 1));
         --threadCount;
     }
-}
-
-void Controller::CopyLogToPackage() const {
-    const std::wstring log = Logger::GetInstance().GetBasicLogPath();
-    std::wstring folder = CmdLineHelper::GetInstance().GetValue(CmdLineHelper::Option::PackageDirectory);
-    if (folder.empty()) folder = GetExeDirectory();
-    if (log.find(L'\\') == std::wstring::npos) return;
-    CopyFileTo(folder + L"\\" + std::wstring(FileNameOf(log)), log);
 }

@@ -3,42 +3,36 @@
 
 #include <windows.h>
 
-#include <array>
 #include <atomic>
+#include <cstddef>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "CommonLib/Singleton.h"
-#include "wizard/Service.h"
-
-class AddPortDlg;
-class ConnectivityDlg;
-class DiscoveryDlg;
-class EULADlg;
-class FinishDlg;
-class InstallDialogEx;
-class ManufacturerDlg;
-class OptionalSoftwareBypassDlg;
-class ProgressDialog;
-class RebootDlg;
-class StartDlg;
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
+#include "wizard/Chain.h"
 
 // Pages are reached by their index in the chain; a page knows the Controller and no other page. The main
 // thread calls everything here; the install thread calls Next at its end, Cancel with force, and
 // UpdateThreadCount.
+//
+// Reads OPTIONAL_INSTALL; writes INSTALL_STATUS and SHOW_REGISTRATION.
 class Controller {
 public:
     static Controller& GetInstance();
+
+    // Both must outlive the object.
+    Controller(InstallSettings& store, const Localizer& texts) : settings(store), localizer(texts) {}
     Controller(const Controller&) = delete;
     Controller& operator=(const Controller&) = delete;
-    ~Controller();
+    ~Controller() = default;
 
-    // Merges the user's settings, builds the catalogues and settles the tags that the chain reads.
-    bool Initialize();
-    // Creates the pages and shows the first that is not hidden. A silent run is over when this returns. False
-    // if there is no first page.
-    bool Start();
+    // Creates the pages of the chain and shows the first that is not hidden. A silent run is over when this
+    // returns. False if there is no first page.
+    bool Start(Chain pages, bool silentRun);
 
     // Moves on to the next page that is to be shown, running the services of those passed over. False if a
     // page of the chain is missing; the wizard closes then.
@@ -72,48 +66,37 @@ public:
 
 private:
     friend class Singleton<Controller>;
-    static constexpr size_t slotCount = 20;
-
     Controller();
 
-    int BuildDialogs();
-    bool AddDialog(InstallDialogEx& page, bool isHidden, size_t index);
-    void MergeUserSettings();
-    void TakePrinterFromCommandLine();
-    void SettleChainTags();
+    // A page of the chain with its service. The page stays without a window where that cannot be made.
+    struct Place {
+        ChainRow row;
+        std::unique_ptr<InstallDialogEx> page;
+        std::unique_ptr<Service> service;
+        bool isAdded = false;
+    };
+
+    void BuildDialogs();
+    bool AddDialog(Place& place) const;
     void DisableDiscovery();
-    Service* EnabledService(int index) const;
+    int LastIndex() const { return static_cast<int>(places.size()) - 1; }
+    const Place* CurrentPlace() const;
+    bool IsCurrentRole(PageRole role) const;
+    void HidePages(PageRole role);
+    Service* EnabledService() const;
     void HideCurrentPage();
     void ShowCurrentPage(std::wstring message);
     bool IsClosingPage() const;
     bool IsInstallThreadMovingOn() const;
     bool ConfirmCancel() const;
     void CancelServices();
-    void CopyLogToPackage() const;
 
+    InstallSettings& settings;
+    const Localizer& localizer;
     bool silent = false;
-    std::wstring packageUserSettingsPath;
-
+    WalkEnds ends;
     // Pages and services are made once and stay until the process ends.
-    std::unique_ptr<StartDlg> startDlg;
-    std::unique_ptr<EULADlg> eulaDlg;
-    std::unique_ptr<ManufacturerDlg> manufacturerDlg;
-    std::unique_ptr<OptionalSoftwareBypassDlg> bypassDlg;
-    std::unique_ptr<ConnectivityDlg> connectivityDlg;
-    std::unique_ptr<DiscoveryDlg> discoveryDlg;
-    std::unique_ptr<AddPortDlg> addPortDlg;
-    std::unique_ptr<ProgressDialog> progressDlg;
-    std::unique_ptr<FinishDlg> coreFinishDlg;
-    std::unique_ptr<RebootDlg> coreRebootDlg;
-    std::unique_ptr<FinishDlg> finishDlg;
-    std::unique_ptr<RebootDlg> rebootDlg;
-
-    // The chain by page index, and the service of the page with the same index.
-    std::array<InstallDialogEx*, slotCount> dialogs{};
-    std::array<std::unique_ptr<Service>, slotCount> services;
-    std::unique_ptr<Service> msiInfoService;
-
-    int lastDialog = 0;
+    std::vector<Place> places;
     std::atomic<int> currentDialog = 0;
     RECT pageRect{};
     // Makes a change of the count and its record one step; the count itself is read without it.

@@ -10,6 +10,7 @@
 #include "CommonLib/Files.h"
 #include "framework/CImage.h"
 #include "framework/CMFCLinkCtrl.h"
+#include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "wizard/Controller.h"
 #include "wizard/Help.h"
@@ -18,18 +19,15 @@
 
 namespace {
 
-constexpr WORD fontResourceId = 1174;
 constexpr wchar_t fontFace[] = L"Velmora";
 constexpr int light = 300;
 constexpr int regular = 400;
 constexpr int heavy = 600;
 
-constexpr int helpButtonId = 1057;
-constexpr int refreshButtonIds[] = {1019, 1123};
 // The program's own font, for this process alone.
 HANDLE InstallFont() {
     const HMODULE module = GetModuleHandleW(nullptr);
-    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(fontResourceId), L"BINARY");
+    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(IDR_FONT), L"BINARY");
     const HGLOBAL loaded = resource == nullptr ? nullptr : LoadResource(module, resource);
     if (loaded == nullptr) return nullptr;
     DWORD installed = 0;
@@ -63,14 +61,20 @@ const MessageMap& InstallDialogEx::Events() {
                                     On::Message(WM_ERASEBKGND, &InstallDialogEx::OnEraseBackground),
                                     On::Message(WM_DESTROY, &InstallDialogEx::OnDestroy),
                                     On::Message(WM_UPDATEUISTATE, &InstallDialogEx::OnUpdateUiState),
-                                    On::Click(helpButtonId, &InstallDialogEx::ShowHelp),
+                                    On::Click(IDC_HELP_BUTTON, &InstallDialogEx::ShowHelp),
                                     On::Message(WM_HELP, &InstallDialogEx::OnHelp),
                                 });
     return map;
 }
 
-InstallDialogEx::InstallDialogEx(UINT dialogTemplate, CWnd* parentWindow)
-    : CDialogEx(dialogTemplate, parentWindow), fontResource(InstallFont()) {}
+InstallDialogEx::InstallDialogEx(const PageContext& context, UINT dialogTemplate, DWORD topic,
+                                 CWnd* parentWindow)
+    : CDialogEx(dialogTemplate, parentWindow),
+      controller(context.controller),
+      settings(context.settings),
+      localizer(context.localizer),
+      helpTopic(topic),
+      fontResource(InstallFont()) {}
 
 std::uint32_t InstallDialogEx::ReceiveMessage(std::wstring) {
     return 0;
@@ -119,7 +123,7 @@ void InstallDialogEx::MakeFonts() {
 }
 
 DWORD InstallDialogEx::ExtendedStyle(DWORD ofTemplate) const {
-    return ReadingStyle(ofTemplate);
+    return ReadingStyle(localizer, ofTemplate);
 }
 
 void InstallDialogEx::SetLocalizedText(HWND window, std::wstring_view key) {
@@ -132,7 +136,7 @@ void InstallDialogEx::InsertLocalizedString(HWND comboBox, int index, std::wstri
 }
 
 std::wstring InstallDialogEx::GetLocalizedText(std::wstring_view key) const {
-    return Localizer::GetInstance().GetString(key);
+    return localizer.GetString(key);
 }
 
 void InstallDialogEx::SetControlFont(int controlId, const Font& font) {
@@ -177,10 +181,20 @@ bool InstallDialogEx::PreTranslateMessage(MSG* message) {
     return CDialogEx::PreTranslateMessage(message);
 }
 
+// A page is a child of the main window, a sub-dialog a window of its own.
+void InstallDialogEx::OnCancel() {
+    const bool isPage = (GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE) & WS_CHILD) != 0;
+    if (isPage) {
+        controller.Cancel(false);
+    } else {
+        CDialogEx::OnCancel();
+    }
+}
+
 bool InstallDialogEx::OnEscape() {
     const HWND cancel = GetDlgItem(IDCANCEL);
     if (cancel == nullptr) {
-        Controller::GetInstance().Cancel(false);
+        controller.Cancel(false);
     } else if (IsWindowEnabled(cancel) != FALSE) {
         SendMessage(WM_COMMAND, IDCANCEL);
     }
@@ -214,8 +228,9 @@ void InstallDialogEx::PutContrastIcons(HICON help, HICON refresh) {
             ::SendMessageW(control, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
         }
     };
-    put(helpButtonId, help);
-    for (const int id : refreshButtonIds) put(id, refresh);
+    put(IDC_HELP_BUTTON, help);
+    put(IDC_DISCOVERY_SECOND_REFRESH, refresh);
+    put(IDC_DISCOVERY_REFRESH, refresh);
 }
 
 LRESULT InstallDialogEx::OnControlColour(WPARAM context, LPARAM control) {

@@ -8,12 +8,16 @@
 #include "framework/CDialogEx.h"
 #include "framework/CToolTipCtrl.h"
 #include "framework/Handles.h"
+#include "resources/resource.h"
+#include "wizard/PageContext.h"
 
 // A page is created once, hidden, and lives until the process ends; a sub-dialog is shown by DoModal. The
 // windows belong to the thread that made them.
 class InstallDialogEx : public CDialogEx {
 public:
-    explicit InstallDialogEx(UINT dialogTemplate, CWnd* parentWindow = nullptr);
+    // The topic is the page's context number in the help file.
+    InstallDialogEx(const PageContext& context, UINT dialogTemplate, DWORD topic = HIDD_DEFAULT,
+                    CWnd* parentWindow = nullptr);
 
     // Takes the message that the Controller hands on before the page is shown. Pages that need it keep it.
     virtual std::uint32_t ReceiveMessage(std::wstring message);
@@ -27,6 +31,8 @@ public:
 
 protected:
     bool OnInitDialog() override;
+    // A page's Cancel is the wizard's; a sub-dialog ends.
+    void OnCancel() override;
     DWORD ExtendedStyle(DWORD ofTemplate) const override;
     const MessageMap& GetMessageMap() const override { return Events(); }
     static const MessageMap& Events();
@@ -60,6 +66,12 @@ protected:
     // Fills the page's ground: white, or the system's colour with high contrast on.
     virtual void PaintGround(HDC context);
 
+    // For the sub-dialogs of a page.
+    PageContext Context() const { return {controller, settings, localizer}; }
+
+    Controller& controller;
+    InstallSettings& settings;
+    const Localizer& localizer;
     Font fontBody;
     Font fontLarge;
     Font fontHeading;
@@ -71,8 +83,6 @@ protected:
     Icon helpIconHighContrast;
     Icon refreshIcon;
     Icon refreshIconHighContrast;
-    // The page's context number in the help file.
-    DWORD helpTopic = 1629;
     // Full path of the help picture, for link buttons.
     std::wstring helpImagePath;
     CToolTipCtrl toolTips;
@@ -90,6 +100,7 @@ private:
     bool OnEscape();
     bool OnEnter();
 
+    DWORD helpTopic;
     bool highContrast = false;
     std::wstring helpFile;
     FontResource fontResource;

@@ -1,5 +1,6 @@
 #include "wizard/KestruneDlg.h"
 
+#include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
@@ -9,9 +10,6 @@
 
 namespace {
 
-constexpr WORD iconId = 128;
-constexpr int pagePlaceId = 1002;
-constexpr int logoId = 1072;
 constexpr WPARAM systemCommandBits = 0xFFF0;
 
 }  // namespace
@@ -30,20 +28,20 @@ const MessageMap& KestruneDlg::GetMessageMap() const {
 }
 
 DWORD KestruneDlg::ExtendedStyle(DWORD ofTemplate) const {
-    return ReadingStyle(ofTemplate);
+    return ReadingStyle(localizer, ofTemplate);
 }
 
 bool KestruneDlg::OnInitDialog() {
-    icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconId));
+    icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_KESTRUNE));
     SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
 
     RECT pageArea{};
-    GetWindowRect(GetDlgItem(pagePlaceId), &pageArea);
+    GetWindowRect(GetDlgItem(IDC_MAIN_PAGE_PLACE), &pageArea);
     MapWindowPoints(nullptr, GetSafeHwnd(), reinterpret_cast<POINT*>(&pageArea), 2);
-    SetWindowText(Localizer::GetInstance().GetString(TextKey::INSTALL_TITLE));
+    SetWindowText(localizer.GetString(TextKey::INSTALL_TITLE));
     ShowLogo();
-    Controller::GetInstance().SetPageRect(pageArea);
+    controller.SetPageRect(pageArea);
     return true;
 }
 
@@ -51,7 +49,7 @@ void KestruneDlg::ShowLogo() {
     logo.reset(static_cast<HBITMAP>(LoadImageW(nullptr, L"..\\res\\images\\logo.bmp", IMAGE_BITMAP, 0, 0,
                                                LR_LOADFROMFILE | LR_DEFAULTSIZE)));
     if (!logo) return;
-    const HWND place = GetDlgItem(logoId);
+    const HWND place = GetDlgItem(IDC_MAIN_LOGO);
     // A logo holds a name, which must not be mirrored with the window.
     SetWindowLongPtrW(place, GWL_EXSTYLE, 0);
     ::SendMessageW(place, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(logo.get()));
@@ -74,10 +72,10 @@ void KestruneDlg::KeepLogoBeginningInView(HWND place) const {
 
 LRESULT KestruneDlg::OnSysCommand(WPARAM command, LPARAM) {
     if ((command & systemCommandBits) != SC_CLOSE) return Default();
-    const InstallDialogEx* const page = Controller::GetInstance().CurrentPage();
+    const InstallDialogEx* const page = controller.CurrentPage();
     const HWND cancel = page == nullptr ? nullptr : page->GetDlgItem(IDCANCEL);
     if (cancel == nullptr) {
-        Controller::GetInstance().Cancel(false);
+        controller.Cancel(false);
     } else if (IsWindowEnabled(cancel) != FALSE) {
         page->SendMessage(WM_COMMAND, IDCANCEL);
     }

@@ -3,10 +3,14 @@
 
 #include "framework/CDialogEx.h"
 #include "framework/Handles.h"
+#include "settings/Localizer.h"
+
+class Controller;
 
 class KestruneDlg : public CDialogEx {
 public:
-    static constexpr UINT templateId = 102;
+    // Both outlive the window.
+    KestruneDlg(Controller& walk, const Localizer& texts) : controller(walk), localizer(texts) {}
 
 protected:
     bool OnInitDialog() override;
@@ -26,6 +30,9 @@ private:
     LRESULT OnHelp(WPARAM, LPARAM);
     void ShowLogo();
     void KeepLogoBeginningInView(HWND place) const;
+
+    Controller& controller;
+    const Localizer& localizer;
 
     // The system's copy of the program's icon.
     HICON icon = nullptr;

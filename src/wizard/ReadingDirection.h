@@ -7,6 +7,6 @@
 
 // The extended style of a window of the wizard: in a language that reads from right to left exactly that
 // layout, with nothing of what the template gives, and this is meant.
-inline DWORD ReadingStyle(DWORD ofTemplate) {
-    return IsRightToLeft() ? WS_EX_LAYOUTRTL : ofTemplate;
+inline DWORD ReadingStyle(const Localizer& localizer, DWORD ofTemplate) {
+    return IsRightToLeft(localizer) ? WS_EX_LAYOUTRTL : ofTemplate;
 }

@@ -27,12 +27,14 @@
 #include "CommonLib/InterProcessLock.h"
 #include "CommonLib/LogRecord.h"
 #include "CommonLib/Logger.h"
+#include "app/Collaborators.h"
 #include "catalogue/MsiInfoService.h"
 #include "catalogue/MsiInterface.h"
 #include "discovery/DiscoveryListCtrl.h"
 #include "framework/Handles.h"
-#include "settings/InstallSettings.h"
+#include "resources/resource.h"
 #include "settings/Localizer.h"
+#include "settings/SettingsFiles.h"
 #include "settings/TagNames.h"
 #include "standins/Brevanto/Brevanto.h"
 
@@ -79,10 +81,13 @@ long long MeasureLibrary() {
 }
 
 long long MeasureCatalogue() {
-    InstallSettings::GetInstance().LoadDefaults();
-    Localizer::GetInstance();
-    MsiInterface& msi = *MsiInterface::GetInstance();
-    return MicrosecondsOf([&] { MsiInfoService(msi).DoRun(); });
+    const Collaborators shared = TheCollaborators();
+    LoadDefaults(shared.settings);
+    // The texts are loaded with the first one that is asked for.
+    static_cast<void>(shared.localizer.GetString(TextKey::LANGUAGE_ID));
+    MsiInfoService service(*MsiInterface::GetInstance(), shared.settings, shared.localizer,
+                           shared.applications, shared.drivers);
+    return MicrosecondsOf([&] { service.DoRun(); });
 }
 
 void WriteBare(InterProcessLock& lock, const std::wstring& path, const std::wstring& record) {
@@ -97,8 +102,7 @@ void WriteBare(InterProcessLock& lock, const std::wstring& path, const std::wstr
 }
 
 BOOL CALLBACK LookForPage(HWND window, LPARAM found) {
-    constexpr int firstPageControl = 1082;
-    if (GetDlgCtrlID(window) != firstPageControl || IsWindowVisible(window) == FALSE) return TRUE;
+    if (GetDlgCtrlID(window) != IDC_START_TITLE || IsWindowVisible(window) == FALSE) return TRUE;
     *reinterpret_cast<bool*>(found) = true;
     return FALSE;
 }
@@ -153,7 +157,7 @@ void MeasureList(int count) {
              .colour = L"color"});
     }
     const ListWindow window;
-    DiscoveryListCtrl list;
+    DiscoveryListCtrl list{Localizer::GetInstance()};
     list.SubclassDlgItem(ListWindow::listId, window);
     const long long shown = MicrosecondsOf([&] { list.ShowDevices(devices); });
     const long long sorted = MicrosecondsOf([&] {

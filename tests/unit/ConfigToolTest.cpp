@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ports/ConfigTool.h"
+#include "printer/ConfigTool.h"
 
 namespace {
 

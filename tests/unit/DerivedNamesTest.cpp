@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "settings/DerivedNames.h"
+#include "printer/DerivedNames.h"
 #include "settings/KeyedValues.h"
 
 namespace {

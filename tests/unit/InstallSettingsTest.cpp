@@ -45,6 +45,15 @@ TEST_F(InstallSettingsTest, WritesFlagsInLowerCase) {
     EXPECT_EQ(Document(), L"<A>true</A><B>false</B>");
 }
 
+TEST_F(InstallSettingsTest, CountsAsTheSecondVariantForTheExactWordOnly) {
+    for (const wchar_t* text : {L"true", L"True", L"1", L"TRUE "}) {
+        Settings().SetString(L"AMAZON_SUPPORTED", text);
+        EXPECT_FALSE(Settings().IsAmazonSupported());
+    }
+    Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
+    EXPECT_TRUE(Settings().IsAmazonSupported());
+}
+
 struct FlagCase {
     std::wstring text;
     bool flag;

@@ -2,6 +2,7 @@
 
 #include "PageTest.h"
 #include "TestNetwork.h"
+#include "resources/resource.h"
 #include "settings/TagDocument.h"
 
 using testing::HasSubstr;
@@ -42,16 +43,16 @@ protected:
     }
 
     void StartOnPage(Kind kind) {
-        const HWND kinds = StartOn(Control::portKinds);
+        const HWND kinds = StartOn(IDC_ADD_PORT_KIND);
         SendMessageW(kinds, CB_SETCURSEL, static_cast<WPARAM>(kind), 0);
-        PostMessageW(GetParent(kinds), WM_COMMAND, MAKEWPARAM(Control::portKinds, CBN_SELCHANGE),
+        PostMessageW(GetParent(kinds), WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_KIND, CBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(kinds));
     }
     void Enter(int field, const std::wstring& text) const {
         SendMessageW(wizard.WaitForControl(field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
     void SelectPort(const std::wstring& name) const {
-        const HWND list = wizard.WaitForControl(Control::portList);
+        const HWND list = wizard.WaitForControl(IDC_ADD_PORT_LIST);
         EXPECT_TRUE(WaitUntil([&] { return RowOf(list, name) >= 0; })) << "no such port";
         wizard.SelectRow(list, RowOf(list, name));
     }
@@ -67,7 +68,7 @@ protected:
         return TagDocument::ValueOf(TagDocument::ValueOf(CommandOf(L"mono.msi"), L"DEVICE"), tag);
     }
     void GoOn() {
-        wizard.Press(Control::next);
+        wizard.Press(IDOK);
         CloseOnFinishPage();
     }
 
@@ -79,7 +80,7 @@ protected:
 TEST_F(AddPortPageTest, HandsAPortOfTheSystemToTheDriver) {
     const SystemPort port(L"Workroom");
     StartOnPage(Kind::Existing);
-    EXPECT_EQ(wizard.Focus(), wizard.FindControl(Control::portKinds));
+    EXPECT_EQ(wizard.Focus(), wizard.FindControl(IDC_ADD_PORT_KIND));
     SelectPort(L"Workroom");
     GoOn();
     EXPECT_EQ(Told(L"PORT_NAME"), L"Workroom");
@@ -91,8 +92,8 @@ TEST_F(AddPortPageTest, HandsAPortOfTheSystemToTheDriver) {
 
 TEST_F(AddPortPageTest, HandsANewNetworkPortToTheDriver) {
     StartOnPage(Kind::Network);
-    Enter(Control::portName, L"Office & \"100%\" <1>");
-    Enter(Control::portAddress, L"192.0.2.7");
+    Enter(IDC_ADD_PORT_NAME, L"Office & \"100%\" <1>");
+    Enter(IDC_ADD_PORT_ADDRESS, L"192.0.2.7");
     GoOn();
     EXPECT_EQ(Told(L"PORT_NAME"), L"Office & \"100%\" <1>");
     EXPECT_EQ(Told(L"HOST_NAME"), L"192.0.2.7");
@@ -104,7 +105,7 @@ TEST_F(AddPortPageTest, HandsASharedPrinterToTheDriver) {
     const TestNetwork network;
     network.Add(L"\\\\Server\\Printer");
     StartOnPage(Kind::Shared);
-    Enter(Control::sharePath, L"\\\\Server\\Printer");
+    Enter(IDC_ADD_PORT_PATH, L"\\\\Server\\Printer");
     GoOn();
     EXPECT_EQ(Told(L"PORT_NAME"), L"\\\\Server\\Printer");
     EXPECT_EQ(Told(L"PORT_TYPE"), L"Local Port");
@@ -122,11 +123,11 @@ TEST_P(NoSharePageTest, AsksForAnotherPath) {
     const TestNetwork network;
     network.Add(L"\\\\Server\\Share", GetParam().type);
     StartOnPage(Kind::Shared);
-    Enter(Control::sharePath, GetParam().path);
-    wizard.Press(Control::next);
+    Enter(IDC_ADD_PORT_PATH, GetParam().path);
+    wizard.Press(IDOK);
     EXPECT_EQ(wizard.Answer(IDOK).text, L"No such printer.");
-    EXPECT_EQ(TextOf(Control::sharePath), L"");
-    EXPECT_FALSE(IsEnabled(Control::next));
+    EXPECT_EQ(TextOf(IDC_ADD_PORT_PATH), L"");
+    EXPECT_FALSE(IsEnabled(IDOK));
     EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Controller::Next, Moving from 6 to 7")));
 }
 
@@ -142,20 +143,20 @@ INSTANTIATE_TEST_SUITE_P(Shares, NoSharePageTest, testing::ValuesIn(kShares));
 
 TEST_F(AddPortPageTest, KnowsNoSharedPrinterWithoutANetwork) {
     StartOnPage(Kind::Shared);
-    Enter(Control::sharePath, L"\\\\Server\\Share");
-    wizard.Press(Control::next);
+    Enter(IDC_ADD_PORT_PATH, L"\\\\Server\\Share");
+    wizard.Press(IDOK);
     EXPECT_EQ(wizard.Answer(IDOK).text, L"No such printer.");
 }
 
 TEST_F(AddPortPageTest, TakesAnotherNameForOneThatIsTaken) {
     const SystemPort port(L"Workroom");
     StartOnPage(Kind::Network);
-    Enter(Control::portName, L"Workroom");
-    Enter(Control::portAddress, L"192.0.2.7");
-    wizard.Press(Control::next);
+    Enter(IDC_ADD_PORT_NAME, L"Workroom");
+    Enter(IDC_ADD_PORT_ADDRESS, L"192.0.2.7");
+    wizard.Press(IDOK);
     EXPECT_EQ(wizard.Answer(IDOK).text, L"There is one.");
-    EXPECT_EQ(TextOf(Control::portName), L"");
-    Enter(Control::portName, L"workroom");
+    EXPECT_EQ(TextOf(IDC_ADD_PORT_NAME), L"");
+    Enter(IDC_ADD_PORT_NAME, L"workroom");
     GoOn();
     EXPECT_EQ(Told(L"PORT_NAME"), L"workroom");
 }
@@ -164,7 +165,7 @@ TEST_F(AddPortPageTest, HandsThePortToThePredefinedDevices) {
     const SystemPort port(L"Workroom");
     tree.SetUserSettings(L"<DEVICE><DRIVER_ID>MONO</DRIVER_ID></DEVICE>");
     StartOnPage(Kind::Existing);
-    EXPECT_FALSE(IsShown(Control::portDrivers));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_LIST));
     SelectPort(L"Workroom");
     GoOn();
     EXPECT_EQ(Told(L"PORT_NAME"), L"Workroom");
@@ -179,37 +180,37 @@ protected:
         tree.SetSettings(further);
     }
     void StartFromDiscovery() {
-        StartOn(Control::addPort);
-        wizard.Press(Control::addPort);
-        wizard.WaitForControl(Control::portKinds);
+        StartOn(IDC_DISCOVERY_ADD_PORT);
+        wizard.Press(IDC_DISCOVERY_ADD_PORT);
+        wizard.WaitForControl(IDC_ADD_PORT_KIND);
     }
 };
 
 TEST_F(AddPortWayTest, LeadsBackToTheDiscoveredPrinters) {
     StartFromDiscovery();
-    wizard.Press(Control::portBack);
-    wizard.WaitForControl(Control::addPort);
+    wizard.Press(IDC_ADD_PORT_BACK);
+    wizard.WaitForControl(IDC_DISCOVERY_ADD_PORT);
     EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::Back, Moving from 6 to 5"));
 }
 
 TEST_F(AddPortWayTest, ShowsAPortThatWasAddedMeanwhileAndKeepsWhatWasTyped) {
     StartFromDiscovery();
-    const HWND list = wizard.WaitForControl(Control::portList);
+    const HWND list = wizard.WaitForControl(IDC_ADD_PORT_LIST);
     EXPECT_EQ(RowOf(list, L"Workroom"), -1);
-    SendMessageW(GetDlgItem(GetParent(list), Control::portName), WM_SETTEXT, 0,
+    SendMessageW(GetDlgItem(GetParent(list), IDC_ADD_PORT_NAME), WM_SETTEXT, 0,
                  reinterpret_cast<LPARAM>(L"typed"));
-    wizard.Press(Control::portBack);
+    wizard.Press(IDC_ADD_PORT_BACK);
     const SystemPort port(L"Workroom");
-    wizard.Press(Control::addPort);
+    wizard.Press(IDC_DISCOVERY_ADD_PORT);
     EXPECT_TRUE(WaitUntil([&] { return RowOf(list, L"Workroom") >= 0; }));
-    EXPECT_EQ(WizardDriver::TextOf(GetDlgItem(GetParent(list), Control::portName)), L"typed");
+    EXPECT_EQ(WizardDriver::TextOf(GetDlgItem(GetParent(list), IDC_ADD_PORT_NAME)), L"typed");
 }
 
 TEST_F(AddPortWayTest, AsksBeforeItCancels) {
     StartFromDiscovery();
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     AnswerCancel(IDNO);
-    EXPECT_TRUE(IsShown(Control::portKinds));
+    EXPECT_TRUE(IsShown(IDC_ADD_PORT_KIND));
 }
 
 }  // namespace

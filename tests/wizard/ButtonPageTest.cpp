@@ -2,6 +2,7 @@
 
 #include "PageTest.h"
 #include "RealInput.h"
+#include "resources/resource.h"
 
 namespace {
 
@@ -69,15 +70,15 @@ protected:
 };
 
 TEST_F(ButtonPageTest, IsGreenForThePagesMainButtonAndGreyForTheOther) {
-    StartOn(Control::welcomeHeader);
-    EXPECT_TRUE(ShowsColour(wizard.FindControl(Control::next), green));
-    EXPECT_TRUE(ShowsColour(wizard.FindControl(Control::cancel), grey));
+    StartOn(IDC_START_TITLE);
+    EXPECT_TRUE(ShowsColour(wizard.FindControl(IDOK), green));
+    EXPECT_TRUE(ShowsColour(wizard.FindControl(IDCANCEL), grey));
 }
 
 TEST_F(ButtonPageTest, DarkensUnderTheMouseAndComesBack) {
-    StartOn(Control::welcomeHeader);
-    const HWND install = wizard.FindControl(Control::next);
-    const HWND cancel = wizard.FindControl(Control::cancel);
+    StartOn(IDC_START_TITLE);
+    const HWND install = wizard.FindControl(IDOK);
+    const HWND cancel = wizard.FindControl(IDCANCEL);
     EXPECT_TRUE(ShowsColour(install, green));
     EXPECT_TRUE(DarkensUnderMouse(install, hotGreen));
     EXPECT_TRUE(DarkensUnderMouse(cancel, hotGrey));
@@ -85,8 +86,8 @@ TEST_F(ButtonPageTest, DarkensUnderTheMouseAndComesBack) {
 }
 
 TEST_F(ButtonPageTest, StaysDarkWhenItIsPaintedUnderTheMouse) {
-    StartOn(Control::welcomeHeader);
-    const HWND install = wizard.FindControl(Control::next);
+    StartOn(IDC_START_TITLE);
+    const HWND install = wizard.FindControl(IDOK);
     EXPECT_TRUE(DarkensUnderMouse(install, hotGreen));
     RedrawWindow(install, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
     // By its answer the wizard has painted.
@@ -96,17 +97,17 @@ TEST_F(ButtonPageTest, StaysDarkWhenItIsPaintedUnderTheMouse) {
 
 TEST_F(ButtonPageTest, MovesTheTextOfAGreyButtonAloneWhenItIsPressed) {
     for (const wchar_t* key : {L"INSTALL_BUTTON", L"CANCEL_BUTTON"}) tree.SetText(key, L"I");
-    StartOn(Control::welcomeHeader);
+    StartOn(IDC_START_TITLE);
     // A pressed button is as bright as an untouched one, and a green one keeps its text in place; both are
     // meant.
-    EXPECT_EQ(CaptionShift(wizard.FindControl(Control::cancel), hotGrey, grey), 1);
-    EXPECT_EQ(CaptionShift(wizard.FindControl(Control::next), hotGreen, green), 0);
+    EXPECT_EQ(CaptionShift(wizard.FindControl(IDCANCEL), hotGrey, grey), 1);
+    EXPECT_EQ(CaptionShift(wizard.FindControl(IDOK), hotGreen, green), 0);
     EXPECT_TRUE(StaysQuiet());
 }
 
 TEST_F(ButtonPageTest, ShowsTheFocusInsideItsFace) {
-    StartOn(Control::welcomeHeader);
-    const HWND install = wizard.FindControl(Control::next);
+    StartOn(IDC_START_TITLE);
+    const HWND install = wizard.FindControl(IDOK);
     EXPECT_TRUE(ShowsColour(install, green));
     EXPECT_FALSE(ShowsFocus(install, green));
     wizard.PressKey(VK_TAB);
@@ -117,24 +118,24 @@ TEST_F(ButtonPageTest, ShowsTheFocusInsideItsFace) {
 TEST_F(ButtonPageTest, PalesWhileItIsDisabled) {
     UseSettings(L"<HIDE_START>true</HIDE_START>");
     tree.WriteFile(L"Notices\\EULA\\eula_en.txt", std::string(200, '\n'));
-    const HWND licence = StartOn(Control::licence);
-    EXPECT_TRUE(ShowsColour(wizard.FindControl(Control::next), paleGreen));
+    const HWND licence = StartOn(IDC_LICENCE_TEXT);
+    EXPECT_TRUE(ShowsColour(wizard.FindControl(IDOK), paleGreen));
     SendMessageW(licence, WM_VSCROLL, SB_BOTTOM, 0);
-    EXPECT_TRUE(ShowsColour(wizard.FindControl(Control::next), green));
-    EnableWindow(wizard.FindControl(Control::cancel), FALSE);
-    EXPECT_TRUE(ShowsColour(wizard.FindControl(Control::cancel), paleGrey));
+    EXPECT_TRUE(ShowsColour(wizard.FindControl(IDOK), green));
+    EnableWindow(wizard.FindControl(IDCANCEL), FALSE);
+    EXPECT_TRUE(ShowsColour(wizard.FindControl(IDCANCEL), paleGrey));
 }
 
 TEST_F(ButtonPageTest, StaysGreenWhenItWasDisabledInBetween) {
     UseSettings(
         L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
         L"<TAG_DIALOG_SHOW_BYPASS>true</TAG_DIALOG_SHOW_BYPASS>");
-    StartOn(Control::reinstall);
-    EXPECT_TRUE(ShowsColour(wizard.FindControl(Control::next), paleGreen));
-    wizard.Press(Control::skip);
-    EXPECT_TRUE(ShowsColour(wizard.WaitForControl(Control::finish), green));
-    wizard.Press(Control::reinstall);
-    EXPECT_TRUE(ShowsColour(wizard.WaitForControl(Control::next), green));
+    StartOn(IDC_BYPASS_REINSTALL);
+    EXPECT_TRUE(ShowsColour(wizard.FindControl(IDOK), paleGreen));
+    wizard.Press(IDC_BYPASS_SKIP);
+    EXPECT_TRUE(ShowsColour(wizard.WaitForControl(IDC_FINISH), green));
+    wizard.Press(IDC_BYPASS_REINSTALL);
+    EXPECT_TRUE(ShowsColour(wizard.WaitForControl(IDOK), green));
 }
 
 TEST_F(ButtonPageTest, ShowsItsPictureInPlaceOfItsText) {
@@ -142,8 +143,8 @@ TEST_F(ButtonPageTest, ShowsItsPictureInPlaceOfItsText) {
     AddPicture(L"help.png", pictureColour);
     UseSettings(
         L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA><MANUFACTURERS>A|B</MANUFACTURERS>");
-    StartOn(Control::manufacturers);
-    EXPECT_TRUE(ShowsColour(wizard.FindControl(Control::help), pictureColour));
+    StartOn(IDC_MANUFACTURER_LIST);
+    EXPECT_TRUE(ShowsColour(wizard.FindControl(IDC_HELP_BUTTON), pictureColour));
 }
 
 }  // namespace

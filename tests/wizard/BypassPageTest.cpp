@@ -1,6 +1,7 @@
 // The way out for who has the printer software already.
 
 #include "PageTest.h"
+#include "resources/resource.h"
 
 using testing::IsEmpty;
 using testing::Not;
@@ -42,12 +43,12 @@ protected:
     }
 
     void ExpectState(bool next, bool cancel, bool finish) {
-        EXPECT_TRUE(WaitUntil([&] { return IsEnabled(Control::finish) == finish; }));
-        EXPECT_EQ(IsEnabled(Control::next), next);
-        EXPECT_EQ(IsEnabled(Control::cancel), cancel);
-        EXPECT_EQ(IsShown(Control::next), !finish);
-        EXPECT_EQ(IsShown(Control::cancel), !finish);
-        EXPECT_EQ(IsShown(Control::finish), finish);
+        EXPECT_TRUE(WaitUntil([&] { return IsEnabled(IDC_FINISH) == finish; }));
+        EXPECT_EQ(IsEnabled(IDOK), next);
+        EXPECT_EQ(IsEnabled(IDCANCEL), cancel);
+        EXPECT_EQ(IsShown(IDOK), !finish);
+        EXPECT_EQ(IsShown(IDCANCEL), !finish);
+        EXPECT_EQ(IsShown(IDC_FINISH), finish);
     }
 };
 
@@ -70,7 +71,7 @@ TEST_F(BypassPageTest, IsNotShownForADriverThatPrintsNothing) {
 
 TEST_F(BypassPageTest, IsShownWhereANewerDriverIsInstalled) {
     AddDriver(L"A", newer);
-    StartOn(Control::reinstall);
+    StartOn(IDC_BYPASS_REINSTALL);
     EXPECT_THAT(AdvancedLog(),
                 HasRecord(L"",
                           L"OptionalSoftwareBypassDlg::UpdateDialogStatus: Showing Optional Software "
@@ -79,7 +80,7 @@ TEST_F(BypassPageTest, IsShownWhereANewerDriverIsInstalled) {
 
 TEST_F(BypassPageTest, IsShownWhereTheSettingsSaySo) {
     Use(L"<TAG_DIALOG_SHOW_BYPASS>true</TAG_DIALOG_SHOW_BYPASS>");
-    StartOn(Control::reinstall);
+    StartOn(IDC_BYPASS_REINSTALL);
     EXPECT_THAT(
         AdvancedLog(),
         HasRecord(L"", L"OptionalSoftwareBypassDlg::UpdateDialogStatus: No Optional Software Bypass"));
@@ -87,29 +88,29 @@ TEST_F(BypassPageTest, IsShownWhereTheSettingsSaySo) {
 
 TEST_F(BypassPageTest, OffersTheButtonsOfTheChoice) {
     AddDriver(L"A", upToDate);
-    StartOn(Control::reinstall);
-    EXPECT_TRUE(IsShown(Control::next));
+    StartOn(IDC_BYPASS_REINSTALL);
+    EXPECT_TRUE(IsShown(IDOK));
     ExpectState(false, true, false);
-    wizard.Press(Control::skip);
+    wizard.Press(IDC_BYPASS_SKIP);
     ExpectState(false, false, true);
-    wizard.Press(Control::reinstall);
+    wizard.Press(IDC_BYPASS_REINSTALL);
     ExpectState(true, true, false);
 }
 
 TEST_F(BypassPageTest, GoesOnWithTheReinstallation) {
     AddDriver(L"A", upToDate);
-    StartOn(Control::reinstall);
-    wizard.Press(Control::reinstall);
-    wizard.Press(Control::next);
+    StartOn(IDC_BYPASS_REINSTALL);
+    wizard.Press(IDC_BYPASS_REINSTALL);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"User selected to reinstall/add driver"));
 }
 
 TEST_F(BypassPageTest, EndsTheRunAtOnceOnSkip) {
     AddDriver(L"A", upToDate);
-    StartOn(Control::reinstall);
-    wizard.Press(Control::skip);
-    wizard.Press(Control::finish);
+    StartOn(IDC_BYPASS_REINSTALL);
+    wizard.Press(IDC_BYPASS_SKIP);
+    wizard.Press(IDC_FINISH);
     wizard.WaitForEnd();
     EXPECT_EQ(wizard.ExitCode(), 0U);
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"Installation is Finished"));
@@ -119,14 +120,14 @@ TEST_F(BypassPageTest, EndsTheRunAtOnceOnSkip) {
 
 TEST_F(BypassPageTest, IsDeafToEscapeAndTheCloseBoxWhileSkipIsChosen) {
     AddDriver(L"A", upToDate);
-    StartOn(Control::reinstall);
-    wizard.Press(Control::skip);
-    EXPECT_TRUE(WaitUntilEnabled(Control::finish));
+    StartOn(IDC_BYPASS_REINSTALL);
+    wizard.Press(IDC_BYPASS_SKIP);
+    EXPECT_TRUE(WaitUntilEnabled(IDC_FINISH));
     wizard.PressKey(VK_ESCAPE);
     wizard.CloseMainWindow();
     EXPECT_TRUE(StaysQuiet());
-    wizard.Press(Control::reinstall);
-    EXPECT_TRUE(WaitUntilEnabled(Control::cancel));
+    wizard.Press(IDC_BYPASS_REINSTALL);
+    EXPECT_TRUE(WaitUntilEnabled(IDCANCEL));
     wizard.PressKey(VK_ESCAPE);
     AnswerCancel(IDNO);
 }

@@ -1,6 +1,7 @@
 // How the printer is attached, and what follows from it.
 
 #include "PageTest.h"
+#include "resources/resource.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -37,11 +38,11 @@ protected:
 
 TEST_F(ConnectivityPageTest, TakesTheNetworkWithoutAChoice) {
     tree.Add({.path = L"Applications\\a.msi"});
-    const HWND network = StartOn(Control::network);
+    const HWND network = StartOn(IDC_CONNECTIVITY_NETWORK);
     EXPECT_EQ(SendMessageW(network, BM_GETCHECK, 0, 0), BST_CHECKED);
     EXPECT_EQ(wizard.Focus(), network);
-    EXPECT_FALSE(IsShown(Control::help));
-    wizard.Press(Control::next);
+    EXPECT_FALSE(IsShown(IDC_HELP_BUTTON));
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::Next, Moving from 4 to 5"));
     EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L"Selected Port Type: USB")));
@@ -49,9 +50,9 @@ TEST_F(ConnectivityPageTest, TakesTheNetworkWithoutAChoice) {
 
 TEST_F(ConnectivityPageTest, GoesStraightToTheInstallationOnUsb) {
     AddDriver(L"X");
-    StartOn(Control::network);
-    wizard.Press(Control::usb);
-    wizard.Press(Control::next);
+    StartOn(IDC_CONNECTIVITY_NETWORK);
+    wizard.Press(IDC_CONNECTIVITY_USB);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"Selected Port Type: USB"));
     EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::GoToSpecifiedDlg, Move to 7"));
@@ -63,12 +64,12 @@ TEST_F(ConnectivityPageTest, GoesStraightToTheInstallationOnUsb) {
 }
 
 TEST_F(ConnectivityPageTest, TakesBackUsbForTheNetwork) {
-    const HWND network = StartOn(Control::network);
-    wizard.Press(Control::usb);
+    const HWND network = StartOn(IDC_CONNECTIVITY_NETWORK);
+    wizard.Press(IDC_CONNECTIVITY_USB);
     EXPECT_TRUE(WaitUntil([&] { return SendMessageW(network, BM_GETCHECK, 0, 0) == BST_UNCHECKED; }));
-    wizard.Press(Control::network);
+    wizard.Press(IDC_CONNECTIVITY_NETWORK);
     EXPECT_TRUE(WaitUntil([&] { return SendMessageW(network, BM_GETCHECK, 0, 0) == BST_CHECKED; }));
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L"Selected Port Type: USB")));
 }
@@ -76,9 +77,9 @@ TEST_F(ConnectivityPageTest, TakesBackUsbForTheNetwork) {
 TEST_F(ConnectivityPageTest, HandsTheUsbPortToTheDriver) {
     tree.SetUserSettings(L"<DEVICE><DRIVER_ID>X</DRIVER_ID></DEVICE>");
     AddDriver(L"X");
-    StartOn(Control::network);
-    wizard.Press(Control::usb);
-    wizard.Press(Control::next);
+    StartOn(IDC_CONNECTIVITY_NETWORK);
+    wizard.Press(IDC_CONNECTIVITY_USB);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(CommandOf(L"X.msi"), HasSubstr(L"<PORT_TYPE>USB</PORT_TYPE>"));
     EXPECT_THAT(Installs(), ElementsAre(L"X.msi"));
@@ -86,9 +87,9 @@ TEST_F(ConnectivityPageTest, HandsTheUsbPortToTheDriver) {
 
 TEST_F(ConnectivityPageTest, AddsTheScannersDriverOnUsb) {
     AddDriver(L"SCAN");
-    StartOn(Control::network);
-    wizard.Press(Control::usb);
-    wizard.Press(Control::next);
+    StartOn(IDC_CONNECTIVITY_NETWORK);
+    wizard.Press(IDC_CONNECTIVITY_USB);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(Installs(), ElementsAre(L"SCAN.msi"));
 }

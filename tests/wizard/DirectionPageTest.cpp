@@ -2,6 +2,7 @@
 
 #include "BitmapFile.h"
 #include "PageTest.h"
+#include "resources/resource.h"
 
 namespace {
 
@@ -14,20 +15,20 @@ protected:
 
     void StartIn(const std::wstring& direction) {
         tree.SetText(L"READING_ORDER", direction);
-        StartOn(Control::welcomeHeader);
+        StartOn(IDC_START_TITLE);
     }
 
     static bool IsMirrored(HWND window) {
         return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
     }
 
-    HWND Page() const { return GetParent(wizard.FindControl(Control::welcomeHeader)); }
+    HWND Page() const { return GetParent(wizard.FindControl(IDC_START_TITLE)); }
 
     bool IsCancelOnTheRight() const {
         RECT next{};
         RECT cancel{};
-        GetWindowRect(wizard.FindControl(Control::next), &next);
-        GetWindowRect(wizard.FindControl(Control::cancel), &cancel);
+        GetWindowRect(wizard.FindControl(IDOK), &next);
+        GetWindowRect(wizard.FindControl(IDCANCEL), &cancel);
         return next.left < cancel.left;
     }
 };
@@ -50,11 +51,10 @@ TEST_F(DirectionPageTest, IsMirroredForALanguageFromTheRight) {
 class LogoTest : public DirectionPageTest, public testing::WithParamInterface<const wchar_t*> {
 protected:
     LONG LogoOffset(int width) {
-        constexpr int logo = 1072;
         tree.WriteFile(L"Setup\\res\\images\\logo.bmp", BitmapFile(RGB(0, 0, 255), width));
         StartIn(GetParam());
         RECT place{};
-        GetWindowRect(wizard.FindControl(logo), &place);
+        GetWindowRect(wizard.FindControl(IDC_MAIN_LOGO), &place);
         EXPECT_EQ(place.right - place.left, width);
         RECT ground{};
         GetClientRect(wizard.MainWindow(), &ground);
@@ -82,7 +82,7 @@ TEST_F(DirectionPageTest, GoesToTheEndInALanguageFromTheRight) {
     StartIn(L"RTL");
     wizard.PressKey(VK_ESCAPE);
     AnswerCancel(IDNO);
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_EQ(wizard.ExitCode(), 0U);
 }

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include "NetworkPageTest.h"
+#include "resources/resource.h"
 #include "tests/fakes/NpaPacket.h"
 
 using testing::Contains;
@@ -26,7 +27,7 @@ TEST_F(DiscoveryPageTest, InstallsTheDriverForThePrinterThatWasPicked) {
     Script({L"reply", L"10.0.0.2:color;10.0.0.4:mono;"});
     StartWithRows(4);
     SelectRow(1);
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     // Drivers are selected until somebody says otherwise, and the page only adds to them; this is meant.
     EXPECT_THAT(Installs(), UnorderedElementsAre(L"COLOR1.msi", L"MONO1.msi"));
@@ -49,9 +50,9 @@ TEST_F(DiscoveryPageTest, ProposesTheFourthRowWithItsDriver) {
     AddFourDevices();
     Script({L"reply", L"10.0.0.4:color;"});
     StartWithRows(4);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     EXPECT_EQ(SelectedRow(), 3);
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(BasicLog(),
                 HasRecord(L"", L"Selected driver: " + ProgramPathOf(L"Drivers\\x64\\COLOR1.msi")));
@@ -65,7 +66,7 @@ TEST_F(DiscoveryPageTest, TakesThePortOfTheLastOfASeriesWhicheverRowWasPicked) {
     StartWithRows(2);
     SelectRow(0);
     EXPECT_EQ(Column(1).front(), L"10.0.0.1");
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(CommandOf(L"NONE1.msi"), HasSubstr(L"<HOST_NAME>second</HOST_NAME>"));
 }
@@ -76,9 +77,9 @@ TEST_F(DiscoveryPageTest, SaysWhatWillBeInstalledForADeviceWithFax) {
     AddDevice(L"10.0.0.2", L"B");
     StartWithRows(2);
     SelectRow(0);
-    EXPECT_EQ(TextOf(Control::selectionText), L"DOWNLOAD_INSTALL_TITLE");
+    EXPECT_EQ(TextOf(IDC_DISCOVERY_SELECTION_TEXT), L"DOWNLOAD_INSTALL_TITLE");
     SelectRow(1);
-    EXPECT_EQ(TextOf(Control::selectionText), L"SELECT_PRINT_TEXT");
+    EXPECT_EQ(TextOf(IDC_DISCOVERY_SELECTION_TEXT), L"SELECT_PRINT_TEXT");
 }
 
 TEST_F(DiscoveryPageTest, SearchesAgainByTheButton) {
@@ -86,10 +87,10 @@ TEST_F(DiscoveryPageTest, SearchesAgainByTheButton) {
     Script({L"run"});
     AddDevice(L"10.0.0.9", L"New");
     StartWithRows(4);
-    wizard.Press(Control::refresh);
+    wizard.Press(IDC_DISCOVERY_REFRESH);
     EXPECT_TRUE(WaitForRows(1));
     EXPECT_THAT(Column(0), ElementsAre(L"New"));
-    EXPECT_FALSE(IsEnabled(Control::next));
+    EXPECT_FALSE(IsEnabled(IDOK));
 }
 
 TEST_F(DiscoveryPageTest, SearchesAgainByTheKey) {
@@ -104,14 +105,14 @@ TEST_F(DiscoveryPageTest, SearchesAgainByTheKey) {
 
 TEST_F(DiscoveryPageTest, SaysThatItSearchesAndThatNothingWasFound) {
     Script({L"discover", L"untilFile", Gate(L"gate")});
-    StartOn(Control::devices);
+    StartOn(IDC_DISCOVERY_LIST);
     EXPECT_TRUE(WaitForHeading(L"DISCOVERED_LIST_COLUMN_SEARCHING"));
-    EXPECT_FALSE(IsEnabled(Control::next));
+    EXPECT_FALSE(IsEnabled(IDOK));
     Open(L"gate");
     EXPECT_TRUE(WaitForHeading(L"NO_PRINTER_FOUND"));
-    EXPECT_FALSE(IsEnabled(Control::next));
-    EXPECT_TRUE(IsEnabled(Control::refresh) && IsEnabled(Control::modifySearch) &&
-                IsEnabled(Control::addPort));
+    EXPECT_FALSE(IsEnabled(IDOK));
+    EXPECT_TRUE(IsEnabled(IDC_DISCOVERY_REFRESH) && IsEnabled(IDC_DISCOVERY_MODIFY_SEARCH) &&
+                IsEnabled(IDC_DISCOVERY_ADD_PORT));
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"No printer found."));
 }
 
@@ -139,27 +140,27 @@ TEST_F(DiscoveryPageTest, ReplacesTheListUnderTheUserWhenALaterSearchEnds) {
     Script({L"run"});
     Script({L"discover", L"untilFile", Gate(L"second")});
     AddDevice(L"10.0.0.9", L"New");
-    StartOn(Control::devices);
-    wizard.Press(Control::refresh);
+    StartOn(IDC_DISCOVERY_LIST);
+    wizard.Press(IDC_DISCOVERY_REFRESH);
     Open(L"first");
     EXPECT_TRUE(WaitForRows(4));
     SelectRow(2);
     Open(L"second");
     EXPECT_TRUE(WaitForRows(1));
     EXPECT_EQ(SelectedRow(), -1);
-    EXPECT_FALSE(IsEnabled(Control::next));
+    EXPECT_FALSE(IsEnabled(IDOK));
 }
 
 TEST_F(DiscoveryPageTest, WalksPastWithUsbAndTakesTheDefaultDriver) {
     AddDriver(L"MONO1");
     AddDriver(L"NONE1");
-    StartOn(Control::usbRadio);
+    StartOn(IDC_DISCOVERY_USB);
     EXPECT_TRUE(WaitForHeading(L"NO_PRINTER_FOUND"));
-    wizard.Press(Control::usbRadio);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
-    EXPECT_FALSE(IsEnabled(Control::devices) || IsEnabled(Control::refresh) ||
-                 IsEnabled(Control::modifySearch) || IsEnabled(Control::addPort));
-    wizard.Press(Control::next);
+    wizard.Press(IDC_DISCOVERY_USB);
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
+    EXPECT_FALSE(IsEnabled(IDC_DISCOVERY_LIST) || IsEnabled(IDC_DISCOVERY_REFRESH) ||
+                 IsEnabled(IDC_DISCOVERY_MODIFY_SEARCH) || IsEnabled(IDC_DISCOVERY_ADD_PORT));
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"Selected driver: " + ProgramPathOf(L"Drivers\\x64\\NONE1.msi")));
     // The radio button only opens the way; it leaves no mark in the settings.
@@ -171,8 +172,8 @@ TEST_F(DiscoveryPageTest, TakesTheSelectedRowWhateverRadioButtonWasClicked) {
     AddDriver(L"NONE1");
     AddFourDevices();
     StartWithRows(4);
-    wizard.Press(Control::usbRadio);
-    wizard.Press(Control::next);
+    wizard.Press(IDC_DISCOVERY_USB);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(CommandOf(L"NONE1.msi"), HasSubstr(L"<HOST_NAME>host4</HOST_NAME>"));
 }
@@ -180,10 +181,10 @@ TEST_F(DiscoveryPageTest, TakesTheSelectedRowWhateverRadioButtonWasClicked) {
 TEST_F(DiscoveryPageTest, ShowsTheSameRowsToWhoComesBack) {
     AddFourDevices();
     StartWithRows(4);
-    wizard.Press(Control::addPort);
-    wizard.WaitForControl(Control::portBack);
-    wizard.Press(Control::portBack);
-    wizard.WaitForControl(Control::devices);
+    wizard.Press(IDC_DISCOVERY_ADD_PORT);
+    wizard.WaitForControl(IDC_ADD_PORT_BACK);
+    wizard.Press(IDC_ADD_PORT_BACK);
+    wizard.WaitForControl(IDC_DISCOVERY_LIST);
     EXPECT_EQ(Column(0).size(), 4u);
     EXPECT_EQ(SelectedRow(), 3);
     EXPECT_EQ(Searches().size(), 1u);
@@ -192,9 +193,9 @@ TEST_F(DiscoveryPageTest, ShowsTheSameRowsToWhoComesBack) {
 TEST_F(DiscoveryPageTest, EndsBehindASearchThatTakesLong) {
     Script({L"discover", L"untilFile", Gate(L"gate")});
     AddFourDevices();
-    StartOn(Control::devices);
+    StartOn(IDC_DISCOVERY_LIST);
     EXPECT_TRUE(WaitForSearches(1));
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     AnswerCancel(IDYES);
     EXPECT_TRUE(WaitUntil(
         [this] { return testing::Value(BasicLog(), HasRecord(L"", L"Installation is Finished")); }));
@@ -207,11 +208,11 @@ TEST_F(DiscoveryPageTest, EndsBehindASearchThatTakesLong) {
 
 TEST_F(DiscoveryPageTest, StaysAliveWhileItSearches) {
     Script({L"discover", L"untilFile", Gate(L"gate")});
-    StartOn(Control::devices);
+    StartOn(IDC_DISCOVERY_LIST);
     EXPECT_TRUE(WaitForSearches(1));
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     AnswerCancel(IDNO);
-    EXPECT_TRUE(IsShown(Control::devices));
+    EXPECT_TRUE(IsShown(IDC_DISCOVERY_LIST));
     Open(L"gate");
     EXPECT_TRUE(WaitForHeading(L"NO_PRINTER_FOUND"));
 }
@@ -219,10 +220,10 @@ TEST_F(DiscoveryPageTest, StaysAliveWhileItSearches) {
 TEST_F(DiscoveryPageTest, GoesOnWithoutTheLibraries) {
     UseNetwork(L"", L"");
     AddDriver(L"NONE1");
-    StartOn(Control::devices);
+    StartOn(IDC_DISCOVERY_LIST);
     EXPECT_TRUE(WaitForHeading(L"NO_PRINTER_FOUND"));
-    wizard.Press(Control::usbRadio);
-    wizard.Press(Control::next);
+    wizard.Press(IDC_DISCOVERY_USB);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(Installs(), ElementsAre(L"NONE1.msi"));
 }
@@ -232,7 +233,7 @@ TEST_F(DiscoveryPageTest, TellsOfAReplyThatCannotBeReadAndGoesOn) {
     Script({L"device", L"10.0.0.1", L"npa", L"A5000100FF"});
     StartWithRows(1);
     SelectRow(0);
-    EXPECT_EQ(TextOf(Control::selectionText), L"SELECT_PRINTSCAN_TEXT");
+    EXPECT_EQ(TextOf(IDC_DISCOVERY_SELECTION_TEXT), L"SELECT_PRINTSCAN_TEXT");
     EXPECT_THAT(BasicLog(), HasRecord(L"ERROR", L"The reply of the device 10.0.0.1 cannot be read"));
 }
 
@@ -241,20 +242,20 @@ TEST_F(DiscoveryPageTest, ShowsAThousandDevices) {
         AddDevice(L"10.0." + std::to_wstring(number / 256) + L"." + std::to_wstring(number % 256),
                   L"Series " + std::to_wstring(number % 50));
     }
-    StartOn(Control::devices);
+    StartOn(IDC_DISCOVERY_LIST);
     EXPECT_TRUE(WaitUntil([this] {
-        return SendMessageW(wizard.FindControl(Control::devices), LVM_GETITEMCOUNT, 0, 0) == 1000;
+        return SendMessageW(wizard.FindControl(IDC_DISCOVERY_LIST), LVM_GETITEMCOUNT, 0, 0) == 1000;
     }));
     ClickHeading(1);
-    EXPECT_EQ(wizard.CellOf(wizard.FindControl(Control::devices), 999, 1), L"10.0.3.231");
-    EXPECT_EQ(SelectedRow() >= 0, IsEnabled(Control::next));
+    EXPECT_EQ(wizard.CellOf(wizard.FindControl(IDC_DISCOVERY_LIST), 999, 1), L"10.0.3.231");
+    EXPECT_EQ(SelectedRow() >= 0, IsEnabled(IDOK));
 }
 
 TEST_F(DiscoveryPageTest, SearchesForThePresetOfThePackage) {
     UseDiscovery(L"<SUBNETADDRESS>10.2.0.0:255.255.0.0</SUBNETADDRESS>");
-    StartOn(Control::devices);
+    StartOn(IDC_DISCOVERY_LIST);
     EXPECT_TRUE(WaitForHeading(L"NO_PRINTER_FOUND"));
-    wizard.Press(Control::refresh);
+    wizard.Press(IDC_DISCOVERY_REFRESH);
     EXPECT_TRUE(WaitForSearches(2));
     EXPECT_THAT(Searches(), testing::Each(L"<RemoteSubnets>10.2.0.0:255.255.0.0;</RemoteSubnets>"));
     const std::vector<std::wstring> messages = BasicMessages(L"");
@@ -268,7 +269,7 @@ TEST_F(DiscoveryPageTest, GivesTheFoundPortToThePrintersOfAConfiguration) {
     tree.SetUserSettings(L"<DEVICE><DRIVER_ID>MONO1</DRIVER_ID><DETECT_PRINTER>1</DETECT_PRINTER></DEVICE>");
     StartWithRows(1);
     SelectRow(0);
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(CommandOf(L"MONO1.msi"), HasSubstr(L"<HOST_NAME>host7</HOST_NAME>"));
     EXPECT_THAT(CommandOf(L"MONO1.msi"), HasSubstr(L"<PORT_NAME>host7</PORT_NAME>"));

@@ -5,6 +5,7 @@
 
 #include "CommonLib/Files.h"
 #include "PageTest.h"
+#include "resources/resource.h"
 #include "settings/TagDocument.h"
 #include "tests/fakes/TextLines.h"
 
@@ -61,30 +62,30 @@ protected:
     void OpenConfiguration(int connection) {
         StartOn(connection);
         wizard.Press(connection);
-        wizard.Press(Control::configureDriver);
-        wizard.WaitForControl(Control::configPath);
+        wizard.Press(IDC_DISCOVERY_CONFIGURE);
+        wizard.WaitForControl(IDC_DRIVER_CONFIG_PATH);
     }
-    void OpenOlder() { OpenConfiguration(Control::usbRadio); }
+    void OpenOlder() { OpenConfiguration(IDC_DISCOVERY_USB); }
     void OpenNewer() {
         UseMaker(maker, L"MONOV4");
-        OpenConfiguration(Control::nimbojetRadio);
+        OpenConfiguration(IDC_DISCOVERY_NIMBOJET);
     }
     // Presses New until the tool is there, and waits for what it makes.
     void MakeConfiguration() const {
         EXPECT_TRUE(WaitUntil([this] {
-            wizard.Press(Control::configNew);
-            return WaitUntil([this] { return !TextOf(Control::configPath).empty(); },
+            wizard.Press(IDC_DRIVER_CONFIG_NEW);
+            return WaitUntil([this] { return !TextOf(IDC_DRIVER_CONFIG_PATH).empty(); },
                              std::chrono::milliseconds(500));
         }));
     }
     void EnterPath(const std::wstring& path) const {
-        SendMessageW(wizard.FindControl(Control::configPath), WM_SETTEXT, 0,
+        SendMessageW(wizard.FindControl(IDC_DRIVER_CONFIG_PATH), WM_SETTEXT, 0,
                      reinterpret_cast<LPARAM>(path.c_str()));
     }
     void AcceptAndInstall() {
-        wizard.Press(Control::next);
-        EXPECT_TRUE(WaitUntil([this] { return !IsShown(Control::configPath); }));
-        wizard.Press(Control::next);
+        wizard.Press(IDOK);
+        EXPECT_TRUE(WaitUntil([this] { return !IsShown(IDC_DRIVER_CONFIG_PATH); }));
+        wizard.Press(IDOK);
         CloseOnFinishPage();
     }
     // The value that the driver's installation is told.
@@ -123,7 +124,7 @@ TEST_F(DriverConfigPageTest, HandsWhatTheOlderToolHasMadeToTheDriver) {
     AddKit(olderKit);
     OpenOlder();
     MakeConfiguration();
-    EXPECT_EQ(TextOf(Control::configPath), MadeFile(L"Halvenny.zdc").wstring());
+    EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), MadeFile(L"Halvenny.zdc").wstring());
     AcceptAndInstall();
     EXPECT_EQ(Told(L"CONFIG_EXE_PATH"), OlderTool().wstring());
     EXPECT_EQ(Told(L"OMBREL_DESC"), L"Two-sided, saving toner");
@@ -137,7 +138,7 @@ TEST_F(DriverConfigPageTest, HandsWhatTheNewerToolHasMadeToTheDriver) {
     AddKit(newerKit);
     OpenNewer();
     MakeConfiguration();
-    EXPECT_EQ(TextOf(Control::configPath), MadeFile(L"Halvenny.xdc").wstring());
+    EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), MadeFile(L"Halvenny.xdc").wstring());
     AcceptAndInstall();
     EXPECT_EQ(Told(L"CONFIG_EXE_PATH", L"monov4.msi"), NewerTool().wstring());
     EXPECT_EQ(Told(L"OMBREL_DESC", L"monov4.msi"), L"");
@@ -162,7 +163,7 @@ TEST_F(DriverConfigPageTest, CountsTheNamesOfFilesUp) {
     MakeConfiguration();
     EnterPath({});
     MakeConfiguration();
-    EXPECT_EQ(TextOf(Control::configPath), MadeFile(L"Halvenny_1.zdc").wstring());
+    EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), MadeFile(L"Halvenny_1.zdc").wstring());
 }
 
 constexpr int profileName = 101;
@@ -181,7 +182,7 @@ protected:
         AddKit(olderKit);
         OpenOlder();
         EXPECT_TRUE(WaitUntil([this] {
-            wizard.Press(Control::configNew);
+            wizard.Press(IDC_DRIVER_CONFIG_NEW);
             return WaitUntil([] { return FindTool() != nullptr; }, std::chrono::milliseconds(500));
         }));
         return FindTool();
@@ -196,7 +197,7 @@ TEST_F(ToolWindowTest, MakesTheProfileThatTheUserNames) {
     const HWND tool = OpenTool();
     SendDlgItemMessageW(tool, profileName, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Draft & <grey>"));
     Click(tool, IDOK);
-    EXPECT_TRUE(WaitUntil([this] { return !TextOf(Control::configPath).empty(); }));
+    EXPECT_TRUE(WaitUntil([this] { return !TextOf(IDC_DRIVER_CONFIG_PATH).empty(); }));
     AcceptAndInstall();
     EXPECT_EQ(Told(L"OMBREL_DESC"), L"Draft & <grey>");
 }
@@ -206,7 +207,7 @@ TEST_F(ToolWindowTest, LeavesTheFieldAsItWasIfTheUserCancelsIt) {
     EnterPath(L"before");
     Click(tool, IDCANCEL);
     EXPECT_TRUE(WaitForMessage(L"Returning from Driver Configuration"));
-    EXPECT_EQ(TextOf(Control::configPath), L"before");
+    EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), L"before");
     EXPECT_THAT(BasicLog(), HasRecord(L"ERROR", L"No Driver Configuration file found: " +
                                                     MadeFile(L"Halvenny.zdc").wstring()));
 }
@@ -215,20 +216,20 @@ TEST_F(DriverConfigPageTest, SaysNothingWhereTheKitDoesNotUnpack) {
     tree.Add({.path = L"Common\\x64\\broken.msi",
               .properties = Element(L"ProductName", L"broken") + Element(L"APPTYPE", L"DRIVERCONFIG")});
     OpenOlder();
-    wizard.Press(Control::configNew);
+    wizard.Press(IDC_DRIVER_CONFIG_NEW);
     EXPECT_TRUE(WaitForMessage(
         L"DriverConfigDlg::OnBnClickedNewButton(), Creating command line for Driver Configuration"));
-    wizard.Press(Control::cancel);
-    EXPECT_TRUE(WaitUntil([this] { return !IsShown(Control::configPath); }));
+    wizard.Press(IDCANCEL);
+    EXPECT_TRUE(WaitUntil([this] { return !IsShown(IDC_DRIVER_CONFIG_PATH); }));
     EXPECT_THAT(BasicMessages(L"ERROR"), Not(testing::Contains(HasSubstr(L"Driver Config"))));
     EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Returning from Driver Configuration")));
 }
 
 TEST_F(DriverConfigPageTest, OffersNothingWithoutATool) {
-    StartOn(Control::usbRadio);
-    wizard.Press(Control::usbRadio);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
-    EXPECT_FALSE(IsShown(Control::configureDriver));
+    StartOn(IDC_DISCOVERY_USB);
+    wizard.Press(IDC_DISCOVERY_USB);
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
+    EXPECT_FALSE(IsShown(IDC_DISCOVERY_CONFIGURE));
 }
 
 TEST_F(DriverConfigPageTest, AsksAnewForAnotherDriver) {
@@ -236,19 +237,20 @@ TEST_F(DriverConfigPageTest, AsksAnewForAnotherDriver) {
     AddKit(olderKit);
     OpenOlder();
     EnterPath((tree.Root() / L"presets" / L"a.zdc").wstring());
-    wizard.Press(Control::next);
-    EXPECT_TRUE(WaitUntil([this] { return !IsShown(Control::configPath); }));
-    wizard.Press(Control::configureDriver);
-    EXPECT_TRUE(WaitUntil([this] { return !TextOf(Control::configPath).empty(); }));
-    wizard.Press(Control::cancel);
-    EXPECT_TRUE(WaitUntil(
-        [this] { return !IsShown(Control::configPath) && IsWindowEnabled(wizard.MainWindow()) != FALSE; }));
-    const HWND drivers = wizard.FindControl(Control::drivers);
-    SendMessageW(GetParent(drivers), WM_COMMAND, MAKEWPARAM(Control::drivers, CBN_SELCHANGE),
+    wizard.Press(IDOK);
+    EXPECT_TRUE(WaitUntil([this] { return !IsShown(IDC_DRIVER_CONFIG_PATH); }));
+    wizard.Press(IDC_DISCOVERY_CONFIGURE);
+    EXPECT_TRUE(WaitUntil([this] { return !TextOf(IDC_DRIVER_CONFIG_PATH).empty(); }));
+    wizard.Press(IDCANCEL);
+    EXPECT_TRUE(WaitUntil([this] {
+        return !IsShown(IDC_DRIVER_CONFIG_PATH) && IsWindowEnabled(wizard.MainWindow()) != FALSE;
+    }));
+    const HWND drivers = wizard.FindControl(IDC_DISCOVERY_DRIVER_LIST);
+    SendMessageW(GetParent(drivers), WM_COMMAND, MAKEWPARAM(IDC_DISCOVERY_DRIVER_LIST, CBN_SELCHANGE),
                  reinterpret_cast<LPARAM>(drivers));
-    wizard.Press(Control::configureDriver);
-    wizard.WaitForControl(Control::configPath);
-    EXPECT_EQ(TextOf(Control::configPath), L"");
+    wizard.Press(IDC_DISCOVERY_CONFIGURE);
+    wizard.WaitForControl(IDC_DRIVER_CONFIG_PATH);
+    EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), L"");
 }
 
 TEST_F(DriverConfigPageTest, LoadsAFileOfTheUser) {
@@ -256,15 +258,15 @@ TEST_F(DriverConfigPageTest, LoadsAFileOfTheUser) {
     const std::wstring path = (tree.Root() / L"presets" / L"my own.zdc").wstring();
     AddKit(olderKit);
     OpenOlder();
-    wizard.Press(Control::configLoad);
+    wizard.Press(IDC_DRIVER_CONFIG_LOAD);
     constexpr int fileNameField = 1148;
     const HWND field = wizard.WaitForControl(fileNameField);
     SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
     // The list of files has the same id as the button.
     PostMessageW(GetDlgItem(GetAncestor(field, GA_ROOT), IDOK), BM_CLICK, 0, 0);
-    EXPECT_TRUE(WaitUntil([&] { return TextOf(Control::configPath) == path; }));
-    wizard.Press(Control::configReset);
-    EXPECT_TRUE(WaitUntil([&] { return TextOf(Control::configPath).empty(); }));
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(IDC_DRIVER_CONFIG_PATH) == path; }));
+    wizard.Press(IDC_DRIVER_CONFIG_RESET);
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(IDC_DRIVER_CONFIG_PATH).empty(); }));
 }
 
 TEST_F(DriverConfigPageTest, RefusesAFileOfAnotherKind) {
@@ -272,9 +274,9 @@ TEST_F(DriverConfigPageTest, RefusesAFileOfAnotherKind) {
     tree.WriteFile(L"presets\\a.txt", {});
     OpenOlder();
     EnterPath((tree.Root() / L"presets" / L"a.txt").wstring());
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     EXPECT_EQ(wizard.Answer(IDOK).text, L"No such file.");
-    EXPECT_TRUE(IsShown(Control::configPath));
+    EXPECT_TRUE(IsShown(IDC_DRIVER_CONFIG_PATH));
 }
 
 TEST_F(DriverConfigPageTest, UnpacksAKitWhateverItsNameHolds) {
@@ -294,7 +296,7 @@ TEST_F(DriverConfigPageTest, StartsTheToolAloneWhateverTheMakerIsCalled) {
     fs::create_directories(OlderTool(brand).parent_path());
     fs::copy_file(fs::path(GetExeDirectory()) / L"Probe.exe", OlderTool(brand));
     OpenOlder();
-    wizard.Press(Control::configNew);
+    wizard.Press(IDC_DRIVER_CONFIG_NEW);
     EXPECT_TRUE(WaitForMessage(L"Returning from Driver Configuration"));
     const auto calls = ReadLines(OlderTool(brand).wstring() + L".calls");
     ASSERT_EQ(calls.size(), 1U);
@@ -314,7 +316,7 @@ TEST_F(DriverConfigPageTest, StartsTheToolAndNotTheFirstWordOfItsPath) {
     fs::copy_file(fs::path(GetExeDirectory()) / L"Probe.exe", OlderTool(brand));
     fs::copy_file(fs::path(GetExeDirectory()) / L"Probe.exe", decoy);
     OpenOlder();
-    wizard.Press(Control::configNew);
+    wizard.Press(IDC_DRIVER_CONFIG_NEW);
     EXPECT_TRUE(WaitForMessage(L"Returning from Driver Configuration"));
     EXPECT_TRUE(fs::exists(OlderTool(brand).wstring() + L".calls"));
     EXPECT_FALSE(fs::exists(decoy.wstring() + L".calls"));

@@ -1,17 +1,11 @@
 // The questions about files in use, and what the library hears of the answer.
 
 #include "PageTest.h"
+#include "resources/resource.h"
 
 using testing::Not;
 
 namespace {
-
-constexpr int names = 1093;
-constexpr int cannotIgnore = 1067;
-constexpr int retry = 1066;
-constexpr int closableNames = 1096;
-constexpr int closeAndRestart = 1063;
-constexpr int doNotClose = 1064;
 
 constexpr wchar_t question[] = L"<FILE_IN_USE>true</FILE_IN_USE><APPLICATION_NAME>Editor</APPLICATION_NAME>";
 constexpr wchar_t questionOfManager[] =
@@ -43,85 +37,87 @@ protected:
 
 TEST_F(FilesInUsePageTest, NamesTheApplicationsAndTriesAgain) {
     StartWith({question});
-    const HWND applications = wizard.WaitForControl(names);
+    const HWND applications = wizard.WaitForControl(IDC_FILES_IN_USE_APPLICATIONS);
     EXPECT_EQ(WizardDriver::TextOf(applications), L"Editor");
     EXPECT_EQ(WizardDriver::TextOf(GetParent(applications)), L"Files in use");
-    EXPECT_FALSE(IsShown(cannotIgnore));
-    wizard.Press(retry);
+    EXPECT_FALSE(IsShown(IDC_FILES_IN_USE_IGNORE));
+    wizard.Press(IDC_FILES_IN_USE_RETRY);
     ExpectAnswers({L"4"});
 }
 
 TEST_F(FilesInUsePageTest, CancelsByTheButton) {
     StartWith({question});
-    wizard.WaitForControl(names);
-    wizard.Press(Control::cancel);
+    wizard.WaitForControl(IDC_FILES_IN_USE_APPLICATIONS);
+    wizard.Press(IDCANCEL);
     ExpectAnswers({L"2"});
     EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"SUCCESS", L"Controller::Cancel Yes on Are You Sure")));
 }
 
 TEST_F(FilesInUsePageTest, CancelsByEscape) {
     StartWith({question});
-    wizard.WaitForControl(names);
+    wizard.WaitForControl(IDC_FILES_IN_USE_APPLICATIONS);
     wizard.PressKey(VK_ESCAPE);
     ExpectAnswers({L"2"});
 }
 
 TEST_F(FilesInUsePageTest, CancelsByTheCloseBox) {
     StartWith({question});
-    PostMessageW(GetParent(wizard.WaitForControl(names)), WM_SYSCOMMAND, SC_CLOSE, 0);
+    PostMessageW(GetParent(wizard.WaitForControl(IDC_FILES_IN_USE_APPLICATIONS)), WM_SYSCOMMAND, SC_CLOSE, 0);
     ExpectAnswers({L"2"});
 }
 
 // The button is hidden for good, but its answer is there, as for a click that a script sends.
 TEST_F(FilesInUsePageTest, IgnoresWithARestartAtTheEnd) {
     StartWith({question});
-    const HWND dialog = GetParent(wizard.WaitForControl(names));
-    PostMessageW(dialog, WM_COMMAND, cannotIgnore,
-                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, cannotIgnore)));
-    wizard.Press(Control::finish);
-    wizard.WaitForControl(Control::restartLater);
+    const HWND dialog = GetParent(wizard.WaitForControl(IDC_FILES_IN_USE_APPLICATIONS));
+    PostMessageW(dialog, WM_COMMAND, IDC_FILES_IN_USE_IGNORE,
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDC_FILES_IN_USE_IGNORE)));
+    wizard.Press(IDC_FINISH);
+    wizard.WaitForControl(IDC_REBOOT_LATER);
     EXPECT_EQ(Calls(L"answer").front().Argument(L"answer"), L"5");
 }
 
 TEST_F(FilesInUsePageTest, ShowsTheOldNamesWhereAQuestionBringsNone) {
     StartWith({question, L"<FILE_IN_USE>true</FILE_IN_USE>"});
-    const HWND first = wizard.WaitForControl(names);
-    wizard.Press(retry);
+    const HWND first = wizard.WaitForControl(IDC_FILES_IN_USE_APPLICATIONS);
+    wizard.Press(IDC_FILES_IN_USE_RETRY);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(first); }));
-    EXPECT_EQ(WizardDriver::TextOf(wizard.WaitForControl(names)), L"Editor");
-    wizard.Press(Control::cancel);
+    EXPECT_EQ(WizardDriver::TextOf(wizard.WaitForControl(IDC_FILES_IN_USE_APPLICATIONS)), L"Editor");
+    wizard.Press(IDCANCEL);
     ExpectAnswers({L"4", L"2"});
 }
 
 TEST_F(FilesInUsePageTest, LetsTheSystemCloseTheApplications) {
     StartWith({questionOfManager});
-    EXPECT_EQ(WizardDriver::TextOf(wizard.WaitForControl(closableNames)), L"Viewer");
-    EXPECT_EQ(SendMessageW(wizard.FindControl(closeAndRestart), BM_GETCHECK, 0, 0), BST_CHECKED);
-    wizard.Press(Control::next);
+    EXPECT_EQ(WizardDriver::TextOf(wizard.WaitForControl(IDC_CLOSABLE_FILES_APPLICATIONS)), L"Viewer");
+    EXPECT_EQ(SendMessageW(wizard.FindControl(IDC_CLOSABLE_FILES_RESTART), BM_GETCHECK, 0, 0), BST_CHECKED);
+    wizard.Press(IDOK);
     ExpectAnswers({L"1"});
 }
 
 TEST_F(FilesInUsePageTest, ClosesNothingWhereTheUserDoesNotWantIt) {
     StartWith({questionOfManager});
-    wizard.WaitForControl(closableNames);
-    wizard.Press(doNotClose);
-    EXPECT_TRUE(WaitUntil(
-        [this] { return SendMessageW(wizard.FindControl(doNotClose), BM_GETCHECK, 0, 0) == BST_CHECKED; }));
-    wizard.Press(Control::next);
+    wizard.WaitForControl(IDC_CLOSABLE_FILES_APPLICATIONS);
+    wizard.Press(IDC_CLOSABLE_FILES_DO_NOT_CLOSE);
+    EXPECT_TRUE(WaitUntil([this] {
+        return SendMessageW(wizard.FindControl(IDC_CLOSABLE_FILES_DO_NOT_CLOSE), BM_GETCHECK, 0, 0) ==
+               BST_CHECKED;
+    }));
+    wizard.Press(IDOK);
     ExpectAnswers({L"2"});
 }
 
 TEST_F(FilesInUsePageTest, ClosesNothingOnEscape) {
     StartWith({questionOfManager});
-    wizard.WaitForControl(closableNames);
+    wizard.WaitForControl(IDC_CLOSABLE_FILES_APPLICATIONS);
     wizard.PressKey(VK_ESCAPE);
     ExpectAnswers({L"2"});
 }
 
 TEST_F(FilesInUsePageTest, PutsTheQuestionOfTheManagerFirst) {
     StartWith({std::wstring(question) + questionOfManager});
-    wizard.WaitForControl(closableNames);
-    wizard.Press(Control::next);
+    wizard.WaitForControl(IDC_CLOSABLE_FILES_APPLICATIONS);
+    wizard.Press(IDOK);
     ExpectAnswers({L"1"});
 }
 

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include "PageTest.h"
+#include "resources/resource.h"
 
 using testing::Not;
 
@@ -13,7 +14,6 @@ namespace {
 constexpr COLORREF failureColour = RGB(255, 0, 0);
 constexpr COLORREF successColour = RGB(0, 255, 0);
 constexpr COLORREF usbColour = RGB(0, 0, 255);
-constexpr int picturePlace = 1175;
 
 // Each text of the page is its own key.
 class FinishPageTest : public PageTest {
@@ -41,7 +41,7 @@ protected:
 
     // The static that keeps the picture's place is hidden, so it is found by the page.
     HWND PicturePlace() const {
-        return GetDlgItem(GetParent(wizard.FindControl(Control::finishHeader)), picturePlace);
+        return GetDlgItem(GetParent(wizard.FindControl(IDC_OUTCOME_TITLE)), IDC_FINISH_PICTURE_PLACE);
     }
 
     void Fail(const std::wstring& name) {
@@ -68,15 +68,15 @@ TEST_P(FinishHeaderTest, SaysHowTheRunWent) {
     const OutcomeCase& given = GetParam();
     Use(given.settings);
     if (given.fromConfig) tree.SetUserSettings(L"<OTHER>x</OTHER>");
-    StartOn(Control::finishHeader);
-    EXPECT_EQ(TextOf(Control::finishHeader), given.header);
+    StartOn(IDC_OUTCOME_TITLE);
+    EXPECT_EQ(TextOf(IDC_OUTCOME_TITLE), given.header);
     const std::wstring text = given.text;
-    EXPECT_EQ(IsShown(Control::finishText), !text.empty());
+    EXPECT_EQ(IsShown(IDC_FINISH_SECOND_TEXT), !text.empty());
     if (!text.empty()) {
-        EXPECT_EQ(TextOf(Control::finishText), text);
+        EXPECT_EQ(TextOf(IDC_FINISH_SECOND_TEXT), text);
     }
     EXPECT_TRUE(ShowsColour(PicturePlace(), given.picture));
-    EXPECT_EQ(TextOf(Control::finish), L"FINISH_BUTTON");
+    EXPECT_EQ(TextOf(IDC_FINISH), L"FINISH_BUTTON");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -104,15 +104,15 @@ TEST_F(FinishPageTest, OffersTheLogsAfterAFailure) {
     Fail(L"a.msi");
     wizard.Start();
     wizard.Answer(IDOK);
-    wizard.WaitForControl(Control::errorLink);
-    EXPECT_EQ(TextOf(Control::finishHeader), L"INSTALLATION_FAILED_TEXT");
+    wizard.WaitForControl(IDC_FINISH_ERROR_LINK);
+    EXPECT_EQ(TextOf(IDC_OUTCOME_TITLE), L"INSTALLATION_FAILED_TEXT");
     EXPECT_TRUE(ShowsColour(PicturePlace(), failureColour));
 }
 
 TEST_F(FinishPageTest, OffersNoLinkWithoutAReason) {
-    StartOn(Control::finishHeader);
-    for (const int link : {Control::errorLink, Control::finishHelpLink, Control::finishProductLink,
-                           Control::softwareList, Control::webLink, Control::help, Control::next}) {
+    StartOn(IDC_OUTCOME_TITLE);
+    for (const int link : {IDC_FINISH_ERROR_LINK, IDC_FINISH_INFORMATION_LINK, IDC_FINISH_REGISTRATION_LINK,
+                           IDC_FINISH_SOFTWARE_LIST_LINK, IDC_WEB_LINK, IDC_HELP_BUTTON, IDOK}) {
         EXPECT_FALSE(IsShown(link)) << link;
     }
 }
@@ -120,9 +120,9 @@ TEST_F(FinishPageTest, OffersNoLinkWithoutAReason) {
 TEST_F(FinishPageTest, OffersTheLinksThatHaveAnAddress) {
     Use(L"<INFOCENTER_LINK>http://help.test</INFOCENTER_LINK>"
         L"<PRODUCT_REGISTRATION_LINK>http://register.test</PRODUCT_REGISTRATION_LINK>");
-    StartOn(Control::finishHeader);
-    EXPECT_TRUE(IsShown(Control::finishHelpLink));
-    EXPECT_TRUE(IsShown(Control::finishProductLink));
+    StartOn(IDC_OUTCOME_TITLE);
+    EXPECT_TRUE(IsShown(IDC_FINISH_INFORMATION_LINK));
+    EXPECT_TRUE(IsShown(IDC_FINISH_REGISTRATION_LINK));
 }
 
 TEST_F(FinishPageTest, ListsTheSoftwareWithItsOutcome) {
@@ -131,18 +131,18 @@ TEST_F(FinishPageTest, ListsTheSoftwareWithItsOutcome) {
     Fail(L"b.msi");
     wizard.Start();
     wizard.Answer(IDOK);
-    wizard.WaitForControl(Control::finishHeader);
-    wizard.Press(Control::softwareList);
-    const HWND list = wizard.WaitForControl(Control::statusList);
+    wizard.WaitForControl(IDC_OUTCOME_TITLE);
+    wizard.Press(IDC_FINISH_SOFTWARE_LIST_LINK);
+    const HWND list = wizard.WaitForControl(IDC_STATUS_LIST);
     EXPECT_EQ(WizardDriver::TextOf(wizard.MainWindow()), L"SOFTWARE_LIST_DISPLAY_WINDOW_TITLE");
     EXPECT_EQ(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0), 2);
     EXPECT_EQ(wizard.CellOf(list, 0, 1), L"a");
     EXPECT_EQ(wizard.CellOf(list, 0, 2), L"COMPLETED_TEXT");
     EXPECT_EQ(wizard.CellOf(list, 1, 1), L"b");
     EXPECT_EQ(wizard.CellOf(list, 1, 2), L"FAILED_TEXT");
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(list); }));
-    EXPECT_TRUE(WaitUntilEnabled(Control::finish));
+    EXPECT_TRUE(WaitUntilEnabled(IDC_FINISH));
 }
 
 // A system that can be told to report another version shows what an old one says of a scanner's driver.
@@ -158,8 +158,8 @@ TEST_F(FinishPageTest, ShowsAGoodHeaderWithABadPictureWhereTheLastLineIsNotSuppo
               .install = {.steps = {}, .code = 1603}});
     wizard.Start();
     wizard.Answer(IDOK);
-    wizard.WaitForControl(Control::errorLink);
-    EXPECT_EQ(TextOf(Control::finishHeader), L"DRIVER_INSTALL_COMPLETE_TEXT");
+    wizard.WaitForControl(IDC_FINISH_ERROR_LINK);
+    EXPECT_EQ(TextOf(IDC_OUTCOME_TITLE), L"DRIVER_INSTALL_COMPLETE_TEXT");
     EXPECT_TRUE(ShowsColour(PicturePlace(), failureColour));
     RegDeleteKeyW(HKEY_CURRENT_USER, versionKey);
 }
@@ -172,23 +172,23 @@ TEST_F(FinishPageTest, LooksAtAHundredLinesAndNoMore) {
     Fail(L"200.msi");
     wizard.Start();
     wizard.Answer(IDOK);
-    wizard.WaitForControl(Control::finishHeader);
-    EXPECT_EQ(TextOf(Control::finishHeader), L"AMAZON_INSTALL_COMPLETE_HEADER");
-    EXPECT_FALSE(IsShown(Control::errorLink));
-    wizard.Press(Control::softwareList);
-    EXPECT_EQ(SendMessageW(wizard.WaitForControl(Control::statusList), LVM_GETITEMCOUNT, 0, 0), 100);
+    wizard.WaitForControl(IDC_OUTCOME_TITLE);
+    EXPECT_EQ(TextOf(IDC_OUTCOME_TITLE), L"AMAZON_INSTALL_COMPLETE_HEADER");
+    EXPECT_FALSE(IsShown(IDC_FINISH_ERROR_LINK));
+    wizard.Press(IDC_FINISH_SOFTWARE_LIST_LINK);
+    EXPECT_EQ(SendMessageW(wizard.WaitForControl(IDC_STATUS_LIST), LVM_GETITEMCOUNT, 0, 0), 100);
 }
 
 TEST_F(FinishPageTest, ClosesByItsButton) {
-    StartOn(Control::finishHeader);
-    wizard.Press(Control::finish);
+    StartOn(IDC_OUTCOME_TITLE);
+    wizard.Press(IDC_FINISH);
     wizard.WaitForEnd();
     EXPECT_EQ(wizard.ExitCode(), 0U);
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"Installation is Finished"));
 }
 
 TEST_F(FinishPageTest, ClosesByEscapeWithoutAQuestion) {
-    StartOn(Control::finishHeader);
+    StartOn(IDC_OUTCOME_TITLE);
     wizard.PressKey(VK_ESCAPE);
     wizard.WaitForEnd();
     EXPECT_EQ(wizard.ExitCode(), 0U);

@@ -2,6 +2,7 @@
 
 #include "PageTest.h"
 #include "RealInput.h"
+#include "resources/resource.h"
 
 using testing::Contains;
 
@@ -40,42 +41,42 @@ protected:
 };
 
 TEST_F(KeyboardTest, GoesThroughThePageInTheOrderOfItsControls) {
-    StartInFront(Control::welcomeHeader);
-    for (const int control : {Control::informationLink, Control::productLink, Control::next, Control::cancel,
-                              Control::informationLink}) {
+    StartInFront(IDC_START_TITLE);
+    for (const int control : {IDC_START_INFORMATION_LINK, IDC_START_REGISTRATION_LINK, IDOK, IDCANCEL,
+                              IDC_START_INFORMATION_LINK}) {
         EXPECT_EQ(FocusBehind({VK_TAB}, control), control);
     }
-    for (const int control : {Control::cancel, Control::next, Control::productLink}) {
+    for (const int control : {IDCANCEL, IDOK, IDC_START_REGISTRATION_LINK}) {
         EXPECT_EQ(FocusBehind({VK_SHIFT, VK_TAB}, control), control);
     }
 }
 
 TEST_F(KeyboardTest, ClicksWithEnterAndWithSpaceWhatHasTheFocus) {
-    StartInFront(Control::welcomeHeader);
-    EXPECT_EQ(FocusBehind({VK_SHIFT, VK_TAB}, Control::cancel), Control::cancel);
+    StartInFront(IDC_START_TITLE);
+    EXPECT_EQ(FocusBehind({VK_SHIFT, VK_TAB}, IDCANCEL), IDCANCEL);
     for (const WORD key : {WORD{VK_RETURN}, WORD{VK_SPACE}}) {
         PressKeys({key});
         AnswerCancel(IDNO);
         wizard.BringToFront();
-        EXPECT_EQ(FocusBehind({}, Control::cancel), Control::cancel);
+        EXPECT_EQ(FocusBehind({}, IDCANCEL), IDCANCEL);
     }
-    EXPECT_EQ(FocusBehind({VK_SHIFT, VK_TAB}, Control::next), Control::next);
+    EXPECT_EQ(FocusBehind({VK_SHIFT, VK_TAB}, IDOK), IDOK);
     PressKeys({VK_RETURN});
     CloseOnFinishPage();
 }
 
 TEST_F(KeyboardTest, AsksOnEscapeAndTakesTheAnswerByItsKey) {
-    StartInFront(Control::welcomeHeader);
+    StartInFront(IDC_START_TITLE);
     PressKeys({VK_ESCAPE});
     const HWND question = wizard.WaitForBox().window;
     EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == question; }));
     PressKeys({'N'});
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(question); }));
-    EXPECT_TRUE(IsShown(Control::welcomeHeader));
+    EXPECT_TRUE(IsShown(IDC_START_TITLE));
 }
 
 TEST_F(KeyboardTest, ClicksByTheAccessKeys) {
-    StartInFront(Control::welcomeHeader);
+    StartInFront(IDC_START_TITLE);
     PressKeys({VK_MENU, 'L'});
     AnswerCancel(IDNO);
     wizard.BringToFront();
@@ -87,12 +88,12 @@ TEST_F(KeyboardTest, PicksAManufacturerWithTheArrows) {
     UseSettings(
         L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA><MANUFACTURERS>A:1|B:2</MANUFACTURERS>");
     tree.Add({.path = L"Applications\\a.msi"});
-    StartInFront(Control::manufacturers);
-    EXPECT_EQ(FocusBehind({}, Control::manufacturers), Control::manufacturers);
+    StartInFront(IDC_MANUFACTURER_LIST);
+    EXPECT_EQ(FocusBehind({}, IDC_MANUFACTURER_LIST), IDC_MANUFACTURER_LIST);
     for (int step = 0; step < 2; ++step) PressKeys({VK_DOWN});
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     PressKeys({VK_TAB});
-    EXPECT_EQ(FocusBehind({VK_TAB}, Control::next), Control::next);
+    EXPECT_EQ(FocusBehind({VK_TAB}, IDOK), IDOK);
     PressKeys({VK_RETURN});
     CloseOnFinishPage();
     EXPECT_EQ(FinalSetting(L"OEMBYTE"), L"2");
@@ -103,10 +104,10 @@ TEST_F(KeyboardTest, ChoosesTheConnectionWithTheArrows) {
         L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
         L"<AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>");
     tree.Add({.path = L"Applications\\a.msi"});
-    StartInFront(Control::network);
-    EXPECT_EQ(FocusBehind({}, Control::network), Control::network);
-    EXPECT_EQ(FocusBehind({VK_DOWN}, Control::usb), Control::usb);
-    EXPECT_EQ(FocusBehind({VK_TAB}, Control::next), Control::next);
+    StartInFront(IDC_CONNECTIVITY_NETWORK);
+    EXPECT_EQ(FocusBehind({}, IDC_CONNECTIVITY_NETWORK), IDC_CONNECTIVITY_NETWORK);
+    EXPECT_EQ(FocusBehind({VK_DOWN}, IDC_CONNECTIVITY_USB), IDC_CONNECTIVITY_USB);
+    EXPECT_EQ(FocusBehind({VK_TAB}, IDOK), IDOK);
     PressKeys({VK_RETURN});
     CloseOnFinishPage();
     EXPECT_EQ(FinalSetting(L"USB"), L"true");

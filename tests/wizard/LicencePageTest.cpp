@@ -1,6 +1,7 @@
 // The licence: which text it shows, and what the agreement leaves behind.
 
 #include "PageTest.h"
+#include "resources/resource.h"
 
 using testing::HasSubstr;
 using testing::Not;
@@ -16,13 +17,13 @@ protected:
 
     HWND StartWith(const std::string& text) {
         tree.WriteFile(L"Notices\\EULA\\eula_en.txt", text);
-        return StartOn(Control::licence);
+        return StartOn(IDC_LICENCE_TEXT);
     }
 };
 
 TEST_F(LicencePageTest, CanBeAgreedToAtOnceWhereTheTextIsShort) {
     const HWND licence = StartWith("Be kind.\n");
-    EXPECT_TRUE(IsEnabled(Control::next));
+    EXPECT_TRUE(IsEnabled(IDOK));
     // The shown text begins with an empty line, and this is meant.
     EXPECT_THAT(WizardDriver::TextOf(licence), testing::StartsWith(L"\r"));
     EXPECT_THAT(WizardDriver::TextOf(licence), HasSubstr(L"Be kind."));
@@ -30,19 +31,19 @@ TEST_F(LicencePageTest, CanBeAgreedToAtOnceWhereTheTextIsShort) {
 
 TEST_F(LicencePageTest, IgnoresEnterInTheText) {
     StartWith("Be kind.\n");
-    EXPECT_EQ(wizard.Focus(), wizard.FindControl(Control::licence));
+    EXPECT_EQ(wizard.Focus(), wizard.FindControl(IDC_LICENCE_TEXT));
     wizard.PressKey(VK_RETURN);
     EXPECT_TRUE(StaysQuiet());
-    EXPECT_TRUE(IsShown(Control::licence));
+    EXPECT_TRUE(IsShown(IDC_LICENCE_TEXT));
 }
 
 TEST_F(LicencePageTest, ShowsAnEmptyTextWhereNoFileIsThere) {
-    StartOn(Control::licence);
-    EXPECT_TRUE(IsEnabled(Control::next));
+    StartOn(IDC_LICENCE_TEXT);
+    EXPECT_TRUE(IsEnabled(IDOK));
     EXPECT_THAT(AdvancedLog(), HasRecord(L"ERROR", L"EULADlg::ReadEULAFile(), Loading EULA file failed! " +
                                                        tree.ProgramFolder().wstring() +
                                                        L"\\..\\..\\Notices\\EULA\\EULA_en.txt"));
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
 }
 
@@ -50,7 +51,7 @@ TEST_F(LicencePageTest, TakesTheFirstFileOfTheUsersLanguage) {
     tree.WriteFile(L"Notices\\EULA\\1_EULA_en.txt", "first");
     tree.WriteFile(L"Notices\\EULA\\2_eula_english.txt", "second");
     tree.WriteFile(L"Notices\\EULA\\0_eula_de.txt", "other");
-    const HWND licence = StartOn(Control::licence);
+    const HWND licence = StartOn(IDC_LICENCE_TEXT);
     EXPECT_THAT(WizardDriver::TextOf(licence), HasSubstr(L"first"));
     EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"EULA path being used: " + tree.ProgramFolder().wstring() +
                                                   L"\\..\\..\\Notices\\EULA\\1_EULA_en.txt"));
@@ -64,7 +65,7 @@ TEST_F(LicencePageTest, ReadsTheTextInTheLanguagesCodePage) {
 
 TEST_F(LicencePageTest, LogsTheAgreement) {
     StartWith("Be kind.\n");
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     CloseOnFinishPage();
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"User agreed to the EULA "));
 }

@@ -2,6 +2,7 @@
 
 #include "PageTest.h"
 #include "RealInput.h"
+#include "resources/resource.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ protected:
     }
 
     // The control can be asked while the wizard waits for messages only, so a sent message comes behind it.
-    void Scroll(WPARAM how) const { SendMessageW(wizard.FindControl(Control::licence), WM_VSCROLL, how, 0); }
+    void Scroll(WPARAM how) const { SendMessageW(wizard.FindControl(IDC_LICENCE_TEXT), WM_VSCROLL, how, 0); }
 
     // Whether the deed enables the button. A window that is activated late takes the mouse and the keys away,
     // and a user then tries again.
@@ -30,47 +31,47 @@ protected:
         const auto takes = [&] {
             ReleaseMouse();
             deed();
-            return WaitUntil([this] { return IsEnabled(Control::next); }, std::chrono::seconds(1));
+            return WaitUntil([this] { return IsEnabled(IDOK); }, std::chrono::seconds(1));
         };
         return WaitUntil(takes);
     }
 
     bool StaysDisabled() const {
-        return !WaitUntil([this] { return IsEnabled(Control::next); }, std::chrono::milliseconds(300));
+        return !WaitUntil([this] { return IsEnabled(IDOK); }, std::chrono::milliseconds(300));
     }
 };
 
 TEST_F(LicenceScrollTest, WaitsForTheEndOfALongText) {
-    StartOn(Control::licence);
-    EXPECT_FALSE(IsEnabled(Control::next));
+    StartOn(IDC_LICENCE_TEXT);
+    EXPECT_FALSE(IsEnabled(IDOK));
     Scroll(SB_PAGEDOWN);
     EXPECT_TRUE(StaysDisabled());
     Scroll(SB_BOTTOM);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
 }
 
 TEST_F(LicenceScrollTest, TakesOneUnitAboveTheEndForTheEnd) {
-    const HWND first = StartOn(Control::licence);
+    const HWND first = StartOn(IDC_LICENCE_TEXT);
     Scroll(SB_BOTTOM);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     const int end = wizard.ScrollPositionOf(first);
     wizard.Kill();
-    const HWND licence = StartOn(Control::licence);
+    const HWND licence = StartOn(IDC_LICENCE_TEXT);
     Scroll(MAKEWPARAM(SB_THUMBPOSITION, end - 2));
     EXPECT_EQ(wizard.ScrollPositionOf(licence), end - 2);
     EXPECT_TRUE(StaysDisabled());
     Scroll(MAKEWPARAM(SB_THUMBPOSITION, end - 1));
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     EXPECT_EQ(wizard.ScrollPositionOf(licence), end - 1);
 }
 
 TEST_F(LicenceScrollTest, StaysAgreeableWhenTheUserScrollsBack) {
-    StartOn(Control::licence);
+    StartOn(IDC_LICENCE_TEXT);
     Scroll(SB_BOTTOM);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     Scroll(SB_TOP);
-    EXPECT_EQ(SendMessageW(wizard.FindControl(Control::licence), EM_GETFIRSTVISIBLELINE, 0, 0), 0);
-    EXPECT_TRUE(IsEnabled(Control::next));
+    EXPECT_EQ(SendMessageW(wizard.FindControl(IDC_LICENCE_TEXT), EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+    EXPECT_TRUE(IsEnabled(IDOK));
 }
 
 // Where the thumb of the text's scroll bar can be taken while the text stands at its beginning, and where it
@@ -90,7 +91,7 @@ ThumbWay ThumbWayOf(HWND licence) {
 }
 
 TEST_F(LicenceScrollTest, CountsTheEndWhileTheThumbIsStillHeld) {
-    const ThumbWay way = ThumbWayOf(StartOn(Control::licence));
+    const ThumbWay way = ThumbWayOf(StartOn(IDC_LICENCE_TEXT));
     wizard.BringToFront();
     EXPECT_TRUE(TakesEffect([&] {
         HoldMouse(way.top);
@@ -121,9 +122,9 @@ void PressOften(WORD key, int times) {
 class LicenceWayTest : public LicenceScrollTest, public testing::WithParamInterface<ScrollWay> {};
 
 TEST_P(LicenceWayTest, LeadsToTheAgreement) {
-    const HWND licence = StartOn(Control::licence);
+    const HWND licence = StartOn(IDC_LICENCE_TEXT);
     wizard.BringToFront();
-    EXPECT_FALSE(IsEnabled(Control::next));
+    EXPECT_FALSE(IsEnabled(IDOK));
     EXPECT_TRUE(TakesEffect([&] { GetParam().toTheEnd(licence); }));
 }
 

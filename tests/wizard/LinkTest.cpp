@@ -1,6 +1,7 @@
 // The links: which address goes to the browser, and which folder is opened.
 
 #include "PageTest.h"
+#include "resources/resource.h"
 #include "tests/fakes/TextLines.h"
 
 namespace {
@@ -93,14 +94,15 @@ constexpr wchar_t toTheFinish[] = L"<HIDE_START>true</HIDE_START><HIDE_EULA>true
 INSTANTIATE_TEST_SUITE_P(
     Pages, PageLinkTest,
     testing::Values(
-        LinkCase{"StartHelp", toTheStart, false, Control::informationLink, L"http://help.test?loc=en"},
-        LinkCase{"StartHelpFromConfiguration", toTheStart, true, Control::informationLink,
+        LinkCase{"StartHelp", toTheStart, false, IDC_START_INFORMATION_LINK, L"http://help.test?loc=en"},
+        LinkCase{"StartHelpFromConfiguration", toTheStart, true, IDC_START_INFORMATION_LINK,
                  L"http://help.test?productCode=Brand_M2&loc=en"},
-        LinkCase{"StartRegistration", toTheStart, false, Control::productLink, L"http://register.test"},
-        LinkCase{"FinishHelp", toTheFinish, false, Control::finishHelpLink, L"http://help.test?loc=en"},
-        LinkCase{"FinishHelpFromConfiguration", toTheFinish, true, Control::finishHelpLink,
+        LinkCase{"StartRegistration", toTheStart, false, IDC_START_REGISTRATION_LINK,
+                 L"http://register.test"},
+        LinkCase{"FinishHelp", toTheFinish, false, IDC_FINISH_INFORMATION_LINK, L"http://help.test?loc=en"},
+        LinkCase{"FinishHelpFromConfiguration", toTheFinish, true, IDC_FINISH_INFORMATION_LINK,
                  L"http://help.test?productCode=Brand_M2&loc=en"},
-        LinkCase{"FinishRegistration", toTheFinish, false, Control::finishProductLink,
+        LinkCase{"FinishRegistration", toTheFinish, false, IDC_FINISH_REGISTRATION_LINK,
                  L"http://register.test"}),
     [](const testing::TestParamInfo<LinkCase>& link) { return std::string(link.param.name); });
 
@@ -109,9 +111,9 @@ TEST_F(LinkTest, OpensTheRegistrationFromTheRestartPage) {
                 L"<REBOOT>true</REBOOT><SHOW_REGISTRATION>1</SHOW_REGISTRATION>"
                 L"<REGISTRATION_LINK>http://card.test</REGISTRATION_LINK>");
     const BrowserRecorder browser(tree);
-    StartOn(Control::finish);
-    wizard.Press(Control::finish);
-    wizard.Press(Control::webLink);
+    StartOn(IDC_FINISH);
+    wizard.Press(IDC_FINISH);
+    wizard.Press(IDC_WEB_LINK);
     EXPECT_EQ(browser.WaitForAddress(), L"http://card.test");
 }
 
@@ -120,7 +122,7 @@ TEST_F(LinkTest, OpensTheFolderOfTheLogsAfterAFailure) {
     tree.Add({.path = L"Applications\\a.msi", .install = {.steps = {}, .code = 1623}});
     wizard.Start();
     wizard.Answer(IDOK);
-    wizard.Press(Control::errorLink);
+    wizard.Press(IDC_FINISH_ERROR_LINK);
     // The title of its window is the folder's name.
     const std::wstring name = std::filesystem::path(LogFolder()).parent_path().filename();
     HWND folder = nullptr;

@@ -1,6 +1,7 @@
 // The choice of a brand: when it is offered and what it settles.
 
 #include "PageTest.h"
+#include "resources/resource.h"
 
 using testing::Not;
 
@@ -29,11 +30,11 @@ protected:
 
     void ChooseByKeys(int downs) {
         for (int key = 0; key < downs; ++key) wizard.PressKey(VK_DOWN);
-        EXPECT_TRUE(WaitUntilEnabled(Control::next));
+        EXPECT_TRUE(WaitUntilEnabled(IDOK));
     }
 
     void LeaveForTheEnd() {
-        wizard.Press(Control::next);
+        wizard.Press(IDOK);
         CloseOnFinishPage();
     }
 };
@@ -58,19 +59,19 @@ TEST_F(ManufacturerPageTest, TakesTheOnlyBrandWithoutAQuestion) {
 
 TEST_F(ManufacturerPageTest, ProposesTheDefault) {
     Offer(L"A:1|B:2", L"B");
-    const HWND list = StartOn(Control::manufacturers);
+    const HWND list = StartOn(IDC_MANUFACTURER_LIST);
     EXPECT_EQ(SendMessageW(list, CB_GETCOUNT, 0, 0), 2);
     EXPECT_EQ(SendMessageW(list, CB_GETCURSEL, 0, 0), 1);
-    EXPECT_TRUE(IsEnabled(Control::next));
+    EXPECT_TRUE(IsEnabled(IDOK));
     LeaveForTheEnd();
     EXPECT_EQ(FinalSetting(L"OEMBYTE"), L"2");
 }
 
 TEST_F(ManufacturerPageTest, WaitsForAChoiceWithoutADefault) {
     OfferWithoutBrand(L"A:1|B:2");
-    const HWND list = StartOn(Control::manufacturers);
+    const HWND list = StartOn(IDC_MANUFACTURER_LIST);
     EXPECT_EQ(SendMessageW(list, CB_GETCURSEL, 0, 0), CB_ERR);
-    EXPECT_FALSE(IsEnabled(Control::next));
+    EXPECT_FALSE(IsEnabled(IDOK));
     ChooseByKeys(2);
     LeaveForTheEnd();
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"B was chosen for Manufacturer"));
@@ -80,7 +81,7 @@ TEST_F(ManufacturerPageTest, WaitsForAChoiceWithoutADefault) {
 
 TEST_F(ManufacturerPageTest, KeepsThePackagesOwnBrandWhateverIsPicked) {
     Offer(L"A:1|B:2");
-    StartOn(Control::manufacturers);
+    StartOn(IDC_MANUFACTURER_LIST);
     ChooseByKeys(1);
     LeaveForTheEnd();
     EXPECT_THAT(BasicLog(), HasRecord(L"", tree.Vendor() + L" was chosen for Manufacturer"));
@@ -89,7 +90,7 @@ TEST_F(ManufacturerPageTest, KeepsThePackagesOwnBrandWhateverIsPicked) {
 
 TEST_F(ManufacturerPageTest, TakesABrandWithoutACode) {
     UseSettings(Hidden() + L"<OEMBYTE>9</OEMBYTE><MANUFACTURERS>A|B:2</MANUFACTURERS>");
-    StartOn(Control::manufacturers);
+    StartOn(IDC_MANUFACTURER_LIST);
     ChooseByKeys(1);
     LeaveForTheEnd();
     EXPECT_EQ(FinalSetting(L"OEMBYTE"), L"");

@@ -1,6 +1,7 @@
 // The dialog that changes the search, over the page of the devices.
 
 #include "NetworkPageTest.h"
+#include "resources/resource.h"
 
 using testing::ElementsAre;
 
@@ -16,10 +17,10 @@ protected:
 
     // Opens the dialog from the page, where nothing was found.
     void OpenDialog() {
-        if (!wizard.IsRunning()) StartOn(Control::devices);
+        if (!wizard.IsRunning()) StartOn(IDC_DISCOVERY_LIST);
         EXPECT_TRUE(WaitForHeading(L"NO_PRINTER_FOUND"));
-        wizard.Press(Control::modifySearch);
-        wizard.WaitForControl(Control::localSearch);
+        wizard.Press(IDC_DISCOVERY_MODIFY_SEARCH);
+        wizard.WaitForControl(IDC_MODIFY_SEARCH_LOCAL);
     }
     void Choose(int radio, int field) const {
         wizard.Press(radio);
@@ -28,14 +29,14 @@ protected:
     void Type(int field, const std::wstring& text) const {
         SendMessageW(wizard.FindControl(field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
-    void Confirm() const { wizard.Press(Control::next); }
+    void Confirm() const { wizard.Press(IDOK); }
 };
 
 TEST_F(ModifySearchTest, SearchesForOneHost) {
     OpenDialog();
-    Choose(Control::hostSearch, Control::searchHost);
-    Type(Control::searchHost, L"printer.example");
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    Choose(IDC_MODIFY_SEARCH_BY_HOST, IDC_MODIFY_SEARCH_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer.example");
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     Confirm();
     EXPECT_TRUE(WaitForRows(1));
     EXPECT_THAT(Searches(), ElementsAre(L"", L"<UnicastAddress>printer.example</UnicastAddress>"));
@@ -44,10 +45,10 @@ TEST_F(ModifySearchTest, SearchesForOneHost) {
 
 TEST_F(ModifySearchTest, SearchesInAnotherSubnet) {
     OpenDialog();
-    Choose(Control::subnetSearch, Control::searchAddress);
-    Type(Control::searchAddress, L"10.1.0.0");
-    Type(Control::searchMask, L"255.255.0.0");
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET, IDC_MODIFY_SEARCH_ADDRESS);
+    Type(IDC_MODIFY_SEARCH_ADDRESS, L"10.1.0.0");
+    Type(IDC_MODIFY_SEARCH_MASK, L"255.255.0.0");
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     Confirm();
     EXPECT_TRUE(WaitForRows(1));
     EXPECT_THAT(Searches(), ElementsAre(L"", L"<RemoteSubnets>10.1.0.0:255.255.0.0;</RemoteSubnets>"));
@@ -55,18 +56,18 @@ TEST_F(ModifySearchTest, SearchesInAnotherSubnet) {
 
 TEST_F(ModifySearchTest, KeepsOkShutForAMaskInPrefixForm) {
     OpenDialog();
-    Choose(Control::subnetSearch, Control::searchAddress);
-    Type(Control::searchAddress, L"10.1.0.0");
-    EXPECT_TRUE(WaitUntil([this] { return !IsEnabled(Control::next); }));
-    Type(Control::searchMask, L"24");
-    EXPECT_FALSE(WaitUntil([this] { return IsEnabled(Control::next); }, std::chrono::milliseconds(700)));
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET, IDC_MODIFY_SEARCH_ADDRESS);
+    Type(IDC_MODIFY_SEARCH_ADDRESS, L"10.1.0.0");
+    EXPECT_TRUE(WaitUntil([this] { return !IsEnabled(IDOK); }));
+    Type(IDC_MODIFY_SEARCH_MASK, L"24");
+    EXPECT_FALSE(WaitUntil([this] { return IsEnabled(IDOK); }, std::chrono::milliseconds(700)));
 }
 
 TEST_F(ModifySearchTest, TakesAnyTextOnEnter) {
     OpenDialog();
-    Choose(Control::hostSearch, Control::searchHost);
-    EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() == wizard.FindControl(Control::searchHost); }));
-    Type(Control::searchHost, L"a b");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST, IDC_MODIFY_SEARCH_HOST);
+    EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() == wizard.FindControl(IDC_MODIFY_SEARCH_HOST); }));
+    Type(IDC_MODIFY_SEARCH_HOST, L"a b");
     wizard.PressKey(VK_RETURN);
     EXPECT_TRUE(WaitForSearches(2));
     EXPECT_EQ(Searches().back(), L"<UnicastAddress>a b</UnicastAddress>");
@@ -74,14 +75,14 @@ TEST_F(ModifySearchTest, TakesAnyTextOnEnter) {
 
 TEST_F(ModifySearchTest, TakesWhatIsTypedKeyByKeyAndPasted) {
     OpenDialog();
-    Choose(Control::hostSearch, Control::searchHost);
-    EXPECT_TRUE(WaitUntil([this] { return !IsEnabled(Control::next); }));
-    const HWND host = wizard.FindControl(Control::searchHost);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST, IDC_MODIFY_SEARCH_HOST);
+    EXPECT_TRUE(WaitUntil([this] { return !IsEnabled(IDOK); }));
+    const HWND host = wizard.FindControl(IDC_MODIFY_SEARCH_HOST);
     for (const wchar_t sign : std::wstring(L"10.0.0.")) PostMessageW(host, WM_CHAR, sign, 0);
     EXPECT_TRUE(WaitUntil([&] { return WizardDriver::TextOf(host) == L"10.0.0."; }));
-    EXPECT_FALSE(WaitUntil([this] { return IsEnabled(Control::next); }, std::chrono::milliseconds(500)));
+    EXPECT_FALSE(WaitUntil([this] { return IsEnabled(IDOK); }, std::chrono::milliseconds(500)));
     SendMessageW(host, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"42"));
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     Confirm();
     EXPECT_TRUE(WaitForSearches(2));
     EXPECT_EQ(Searches().back(), L"<UnicastAddress>10.0.0.42</UnicastAddress>");
@@ -89,18 +90,18 @@ TEST_F(ModifySearchTest, TakesWhatIsTypedKeyByKeyAndPasted) {
 
 TEST_F(ModifySearchTest, CutsATextThatIsTooLong) {
     OpenDialog();
-    Choose(Control::hostSearch, Control::searchHost);
-    Type(Control::searchHost, std::wstring(300, L'a'));
-    EXPECT_EQ(WizardDriver::TextOf(wizard.FindControl(Control::searchHost)), std::wstring(255, L'a'));
+    Choose(IDC_MODIFY_SEARCH_BY_HOST, IDC_MODIFY_SEARCH_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, std::wstring(300, L'a'));
+    EXPECT_EQ(WizardDriver::TextOf(wizard.FindControl(IDC_MODIFY_SEARCH_HOST)), std::wstring(255, L'a'));
 }
 
 TEST_F(ModifySearchTest, SearchesNotAgainOnCancel) {
     OpenDialog();
-    Choose(Control::hostSearch, Control::searchHost);
-    Type(Control::searchHost, L"printer");
-    wizard.Press(Control::cancel);
-    EXPECT_TRUE(WaitUntil([this] { return !IsShown(Control::localSearch); }));
-    wizard.Press(Control::refresh);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST, IDC_MODIFY_SEARCH_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer");
+    wizard.Press(IDCANCEL);
+    EXPECT_TRUE(WaitUntil([this] { return !IsShown(IDC_MODIFY_SEARCH_LOCAL); }));
+    wizard.Press(IDC_DISCOVERY_REFRESH);
     EXPECT_TRUE(WaitForSearches(2));
     EXPECT_EQ(Searches().back(), L"");
 }
@@ -108,10 +109,10 @@ TEST_F(ModifySearchTest, SearchesNotAgainOnCancel) {
 TEST_F(ModifySearchTest, ShowsTheSearchThatIsInPlace) {
     UseDiscovery(L"<DISCOVER_PARAMS><UnicastAddress>printer</UnicastAddress></DISCOVER_PARAMS>");
     OpenDialog();
-    EXPECT_EQ(WizardDriver::TextOf(wizard.FindControl(Control::searchHost)), L"printer");
-    EXPECT_TRUE(IsEnabled(Control::next));
-    wizard.Press(Control::localSearch);
-    EXPECT_TRUE(WaitUntilEnabled(Control::next));
+    EXPECT_EQ(WizardDriver::TextOf(wizard.FindControl(IDC_MODIFY_SEARCH_HOST)), L"printer");
+    EXPECT_TRUE(IsEnabled(IDOK));
+    wizard.Press(IDC_MODIFY_SEARCH_LOCAL);
+    EXPECT_TRUE(WaitUntilEnabled(IDOK));
     Confirm();
     EXPECT_TRUE(WaitForSearches(2));
     EXPECT_THAT(Searches(), ElementsAre(L"<UnicastAddress>printer</UnicastAddress>", L""));

@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 
+#include "resources/resource.h"
 #include "tests/fakes/TextLines.h"
 
 namespace fs = std::filesystem;
@@ -63,7 +64,7 @@ void NetworkPageTest::UseNetwork(const std::wstring& sondrix, const std::wstring
 }
 
 void NetworkPageTest::StartWithRows(size_t count) {
-    StartOn(Control::devices);
+    StartOn(IDC_DISCOVERY_LIST);
     EXPECT_TRUE(WaitForRows(count));
 }
 
@@ -72,11 +73,11 @@ bool NetworkPageTest::WaitForRows(size_t count) const {
 }
 
 bool NetworkPageTest::WaitForHeading(const std::wstring& heading) const {
-    return WaitUntil([&] { return wizard.HeadingOf(wizard.FindControl(Control::devices), 0) == heading; });
+    return WaitUntil([&] { return wizard.HeadingOf(wizard.FindControl(IDC_DISCOVERY_LIST), 0) == heading; });
 }
 
 std::vector<std::wstring> NetworkPageTest::Column(int column) const {
-    const HWND list = wizard.FindControl(Control::devices);
+    const HWND list = wizard.FindControl(IDC_DISCOVERY_LIST);
     std::vector<std::wstring> cells;
     const auto count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
     for (int row = 0; row < count; ++row) cells.push_back(wizard.CellOf(list, row, column));
@@ -84,18 +85,18 @@ std::vector<std::wstring> NetworkPageTest::Column(int column) const {
 }
 
 void NetworkPageTest::SelectRow(int row) const {
-    wizard.SelectRow(wizard.FindControl(Control::devices), row);
+    wizard.SelectRow(wizard.FindControl(IDC_DISCOVERY_LIST), row);
     EXPECT_EQ(SelectedRow(), row);
 }
 
 int NetworkPageTest::SelectedRow() const {
-    return static_cast<int>(SendMessageW(wizard.FindControl(Control::devices), LVM_GETNEXTITEM,
+    return static_cast<int>(SendMessageW(wizard.FindControl(IDC_DISCOVERY_LIST), LVM_GETNEXTITEM,
                                          static_cast<WPARAM>(-1), LVNI_SELECTED));
 }
 
 void NetworkPageTest::ClickHeading(int column) const {
     constexpr int insideHeading = 10;
-    const HWND list = wizard.FindControl(Control::devices);
+    const HWND list = wizard.FindControl(IDC_DISCOVERY_LIST);
     int x = insideHeading;
     for (int before = 0; before < column; ++before) {
         x += static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(before), 0));

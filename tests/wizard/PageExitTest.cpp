@@ -1,6 +1,7 @@
 // The ways out that all pages have: Cancel, Escape and the close box.
 
 #include "PageTest.h"
+#include "resources/resource.h"
 
 using testing::IsEmpty;
 using testing::Not;
@@ -30,12 +31,12 @@ protected:
     void ExpectToStay() {
         AnswerCancel(IDNO);
         EXPECT_TRUE(IsShown(GetParam().control));
-        EXPECT_TRUE(IsEnabled(Control::cancel));
+        EXPECT_TRUE(IsEnabled(IDCANCEL));
     }
 };
 
 TEST_P(PageExitTest, AsksAndStaysOnNo) {
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     ExpectToStay();
     wizard.PressKey(VK_ESCAPE);
     ExpectToStay();
@@ -54,7 +55,7 @@ TEST_P(PageExitTest, EndsTheProgramOnYes) {
 }
 
 TEST_P(PageExitTest, IsDeafWhileCancelIsDisabled) {
-    EnableWindow(wizard.FindControl(Control::cancel), FALSE);
+    EnableWindow(wizard.FindControl(IDCANCEL), FALSE);
     wizard.PressKey(VK_ESCAPE);
     wizard.CloseMainWindow();
     EXPECT_TRUE(StaysQuiet());
@@ -64,20 +65,20 @@ TEST_P(PageExitTest, IsDeafWhileCancelIsDisabled) {
 INSTANTIATE_TEST_SUITE_P(
     Pages, PageExitTest,
     testing::Values(
-        PageCase{"Start", L"<HIDE_EULA>true</HIDE_EULA>", Control::welcomeHeader},
-        PageCase{"Licence", L"<HIDE_START>true</HIDE_START>", Control::licence},
+        PageCase{"Start", L"<HIDE_EULA>true</HIDE_EULA>", IDC_START_TITLE},
+        PageCase{"Licence", L"<HIDE_START>true</HIDE_START>", IDC_LICENCE_TEXT},
         PageCase{
             "Manufacturer",
             L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA><MANUFACTURERS>A|B</MANUFACTURERS>",
-            Control::manufacturers},
+            IDC_MANUFACTURER_LIST},
         PageCase{"Bypass",
                  L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
                  L"<TAG_DIALOG_SHOW_BYPASS>true</TAG_DIALOG_SHOW_BYPASS>",
-                 Control::reinstall},
+                 IDC_BYPASS_REINSTALL},
         PageCase{"Connectivity",
                  L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
                  L"<AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>",
-                 Control::network}),
+                 IDC_CONNECTIVITY_NETWORK}),
     [](const testing::TestParamInfo<PageCase>& page) { return std::string(page.param.name); });
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include "PageTest.h"
+#include "resources/resource.h"
 
 using testing::ElementsAreArray;
 using testing::IsEmpty;
@@ -24,9 +25,7 @@ protected:
     void AddWaiting(const std::wstring& name) {
         tree.Add({.path = L"Applications\\" + name, .install = {.steps = {{L"untilFile", Sign()}}}});
     }
-    LRESULT Position() const {
-        return SendMessageW(wizard.FindControl(Control::progressBar), PBM_GETPOS, 0, 0);
-    }
+    LRESULT Position() const { return SendMessageW(wizard.FindControl(IDC_PROGRESS_BAR), PBM_GETPOS, 0, 0); }
     bool WaitForInstalls(size_t count) const {
         return WaitUntil([&] { return Installs().size() == count; });
     }
@@ -37,7 +36,7 @@ TEST_F(ProgressPageTest, NeverMovesItsBarBack) {
               .install = {.steps = {{L"message", L"<PERCENT>80</PERCENT>"},
                                     {L"message", L"<PERCENT>40</PERCENT>"},
                                     {L"untilFile", Sign()}}}});
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitUntil([this] { return Calls(L"answer").size() == 2; }));
     EXPECT_TRUE(WaitUntil([this] { return Position() == 80; }));
     EXPECT_FALSE(WaitUntil([this] { return Position() != 80; }, std::chrono::milliseconds(200)));
@@ -49,7 +48,7 @@ TEST_F(ProgressPageTest, ReachesItsEndWithTheLastPackage) {
     tree.Add({.path = L"Applications\\a.msi"});
     tree.Add({.path = L"Applications\\b.msi",
               .install = {.steps = {{L"message", L"<PERCENT>100</PERCENT>"}, {L"untilFile", Sign()}}}});
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitUntil([this] { return Position() == 200; }));
     GoOn();
     CloseOnFinishPage();
@@ -60,7 +59,7 @@ TEST_F(ProgressPageTest, TakesAQuestionInOtherLettersForNoProgress) {
               .install = {.steps = {{L"message", L"<PERCENT>30</PERCENT>"},
                                     {L"message", L"<FILE_IN_USE>TRUE</FILE_IN_USE>"},
                                     {L"untilFile", Sign()}}}});
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitUntil([this] { return Calls(L"answer").size() == 2; }));
     EXPECT_EQ(Calls(L"answer").back().Argument(L"answer"), L"1");
     EXPECT_TRUE(WaitUntil([this] { return Position() == 30; }));
@@ -70,12 +69,12 @@ TEST_F(ProgressPageTest, TakesAQuestionInOtherLettersForNoProgress) {
 
 TEST_F(ProgressPageTest, EnablesItsButtonAgainAfterNo) {
     AddWaiting(L"a.msi");
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitForInstalls(1));
     for (int question = 0; question < 2; ++question) {
-        wizard.Press(Control::cancel);
+        wizard.Press(IDCANCEL);
         AnswerCancel(IDNO);
-        EXPECT_TRUE(WaitUntilEnabled(Control::cancel));
+        EXPECT_TRUE(WaitUntilEnabled(IDCANCEL));
         EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() != nullptr; }));
     }
     GoOn();
@@ -85,14 +84,14 @@ TEST_F(ProgressPageTest, EnablesItsButtonAgainAfterNo) {
 
 TEST_F(ProgressPageTest, IsDeafAfterYes) {
     AddWaiting(L"a.msi");
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitForInstalls(1));
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     AnswerCancel(IDYES);
     EXPECT_TRUE(WaitForMessage(L"Updating Cancel Text"));
-    EXPECT_EQ(TextOf(Control::statusLine), L"Cancelling");
-    EXPECT_TRUE(WaitUntil([this] { return !IsEnabled(Control::cancel); }));
-    EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() == wizard.FindControl(Control::statusLine); }));
+    EXPECT_EQ(TextOf(IDC_PROGRESS_STATUS_LINE), L"Cancelling");
+    EXPECT_TRUE(WaitUntil([this] { return !IsEnabled(IDCANCEL); }));
+    EXPECT_TRUE(WaitUntil([this] { return wizard.Focus() == wizard.FindControl(IDC_PROGRESS_STATUS_LINE); }));
     wizard.PressKey(VK_ESCAPE);
     wizard.CloseMainWindow();
     EXPECT_FALSE(WaitUntil([this] { return wizard.FindBox().has_value(); }, std::chrono::milliseconds(300)));
@@ -102,7 +101,7 @@ TEST_F(ProgressPageTest, IsDeafAfterYes) {
 
 TEST_F(ProgressPageTest, AnswersWhileAPackageIsAtWork) {
     AddWaiting(L"a.msi");
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitForInstalls(1));
     DWORD_PTR result = 0;
     EXPECT_NE(SendMessageTimeoutW(wizard.MainWindow(), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 5000, &result), 0);
@@ -118,11 +117,11 @@ TEST_F(ProgressPageTest, PaintsAndAnswersWhileTheLibraryIsStillAtWork) {
     constexpr COLORREF paleGrey = RGB(0xC5, 0xC5, 0xC9);
     constexpr COLORREF grey = RGB(0x5A, 0x5A, 0x64);
     AddWaiting(L"a.msi");
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitForInstalls(1));
-    const HWND cancel = wizard.FindControl(Control::cancel);
+    const HWND cancel = wizard.FindControl(IDCANCEL);
     EXPECT_TRUE(ShowsColour(cancel, grey));
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     const HWND question = wizard.WaitForBox().window;
     RedrawWindow(GetParent(cancel), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     EXPECT_TRUE(ShowsColour(cancel, paleGrey));
@@ -142,12 +141,12 @@ TEST_F(ProgressPageTest, MovesItsBarBackDuringTheRollBack) {
     tree.Add(
         {.path = L"Applications\\b.msi",
          .install = {.steps = {{L"message", L"<PERCENT>50</PERCENT>"}, {L"untilCancel", {}}}, .code = 1602}});
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitUntil([this] { return Position() == 150; }));
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     AnswerCancel(IDYES);
     EXPECT_TRUE(WaitUntil([this] { return Position() < 150; }));
-    EXPECT_TRUE(WaitUntil([this] { return TextOf(Control::statusLine) == L"Removing a"; }));
+    EXPECT_TRUE(WaitUntil([this] { return TextOf(IDC_PROGRESS_STATUS_LINE) == L"Removing a"; }));
     tree.WriteFile(L"removed", {});
     CloseOnFinishPage();
 }
@@ -171,9 +170,9 @@ protected:
 
 TEST_P(CancelPointTest, TakesBackOnYesWhatTheRunHasReached) {
     AddThree(true);
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitForInstalls(GetParam() + 1));
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     AnswerCancel(IDYES);
     CloseOnFinishPage();
     const std::vector<std::wstring> reached(names.begin(), names.begin() + static_cast<int>(GetParam()) + 1);
@@ -183,9 +182,9 @@ TEST_P(CancelPointTest, TakesBackOnYesWhatTheRunHasReached) {
 
 TEST_P(CancelPointTest, GoesOnToTheEndOnNo) {
     AddThree(false);
-    StartOn(Control::progressBar);
+    StartOn(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitForInstalls(GetParam() + 1));
-    wizard.Press(Control::cancel);
+    wizard.Press(IDCANCEL);
     AnswerCancel(IDNO);
     GoOn();
     CloseOnFinishPage();

@@ -2,6 +2,7 @@
 
 #include "CommonLib/SystemText.h"
 #include "PageTest.h"
+#include "resources/resource.h"
 #include "tests/fakes/TextLines.h"
 
 using testing::Not;
@@ -66,31 +67,31 @@ protected:
 
     void StartOnRestart() {
         wizard.Start();
-        wizard.WaitForControl(Control::finishHeader);
-        wizard.Press(Control::finish);
-        wizard.WaitForControl(Control::restartNow);
+        wizard.WaitForControl(IDC_OUTCOME_TITLE);
+        wizard.Press(IDC_FINISH);
+        wizard.WaitForControl(IDC_REBOOT_NOW);
     }
 };
 
 TEST_F(RestartPageTest, FollowsTheFinishPage) {
-    StartOn(Control::finishHeader);
-    EXPECT_EQ(TextOf(Control::finish), L"NEXT_BUTTON");
-    wizard.Press(Control::finish);
-    const HWND now = wizard.WaitForControl(Control::restartNow);
+    StartOn(IDC_OUTCOME_TITLE);
+    EXPECT_EQ(TextOf(IDC_FINISH), L"NEXT_BUTTON");
+    wizard.Press(IDC_FINISH);
+    const HWND now = wizard.WaitForControl(IDC_REBOOT_NOW);
     EXPECT_TRUE(wizard.IsRunning());
     EXPECT_EQ(SendMessageW(now, BM_GETCHECK, 0, 0), BST_CHECKED);
-    EXPECT_EQ(TextOf(Control::restartText), L"REBOOT_TEXT");
-    EXPECT_FALSE(IsShown(Control::webLink));
+    EXPECT_EQ(TextOf(IDC_REBOOT_TEXT), L"REBOOT_TEXT");
+    EXPECT_FALSE(IsShown(IDC_WEB_LINK));
 }
 
 TEST_F(RestartPageTest, StartsThePackagesProgramsWhereTheRestartComesLater) {
     tree.AddProbe(TargetFolder() + L"one.exe", 0);
     StartOnRestart();
-    wizard.Press(Control::restartLater);
+    wizard.Press(IDC_REBOOT_LATER);
     EXPECT_TRUE(WaitUntil([this] {
-        return SendMessageW(wizard.FindControl(Control::restartLater), BM_GETCHECK, 0, 0) == BST_CHECKED;
+        return SendMessageW(wizard.FindControl(IDC_REBOOT_LATER), BM_GETCHECK, 0, 0) == BST_CHECKED;
     }));
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     wizard.WaitForEnd();
     EXPECT_THAT(BasicLog(), HasRecord(L"", laterText));
     EXPECT_THAT(BasicLog(), Not(HasRecordWith(L"", L"Rebooting..")));
@@ -104,7 +105,7 @@ TEST_F(RestartPageTest, RestartsTheSystemNow) {
     const RestartRecorder recorder(tree);
     tree.AddProbe(TargetFolder() + L"one.exe", 0);
     StartOnRestart();
-    wizard.Press(Control::next);
+    wizard.Press(IDOK);
     wizard.WaitForEnd();
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"User chose to allow the installer to reboot the system"));
     EXPECT_THAT(BasicLog(), HasRecordWith(L"", L"Rebooting.."));
@@ -125,7 +126,7 @@ TEST_F(RestartPageTest, ClosesByEscapeWithoutARestart) {
 TEST_F(RestartPageTest, SpeaksOfTheCableWhereThePrinterIsOnUsb) {
     Use(L"<USB>true</USB>");
     StartOnRestart();
-    EXPECT_EQ(TextOf(Control::restartText), L"USB_REBOOT_TEXT");
+    EXPECT_EQ(TextOf(IDC_REBOOT_TEXT), L"USB_REBOOT_TEXT");
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"User chose to install using USB but is required to reboot"));
     EXPECT_THAT(AdvancedLog(), HasRecord(L"SUCCESS", L"RebootDlg::updateRebootText"));
 }
@@ -134,14 +135,14 @@ TEST_F(RestartPageTest, ShowsTheRegistrationForTheValueOneOnly) {
     Use(L"<SHOW_REGISTRATION>1</SHOW_REGISTRATION><REGISTRATION_LINK>http://register.test</"
         L"REGISTRATION_LINK>");
     StartOnRestart();
-    EXPECT_TRUE(IsShown(Control::webLink));
+    EXPECT_TRUE(IsShown(IDC_WEB_LINK));
 }
 
 TEST_F(RestartPageTest, HidesTheRegistrationForAnotherValue) {
     Use(L"<SHOW_REGISTRATION>0</SHOW_REGISTRATION><REGISTRATION_LINK>http://register.test</"
         L"REGISTRATION_LINK>");
     StartOnRestart();
-    EXPECT_FALSE(IsShown(Control::webLink));
+    EXPECT_FALSE(IsShown(IDC_WEB_LINK));
 }
 
 }  // namespace

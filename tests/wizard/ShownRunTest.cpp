@@ -1,8 +1,9 @@
 #include "ShownRunTest.h"
 
+#include "resources/resource.h"
+
 namespace {
 
-constexpr int finishHeader = 1006;
 constexpr wchar_t divider = L'|';
 
 std::wstring TakePiece(std::wstring& text) {
@@ -26,7 +27,7 @@ void ShownRunTest::SetUp() {
 
 FinishedRun ShownRunTest::ReadFinishPage() {
     EXPECT_TRUE(WaitForMessage(L"Controller::Next, Moving from 7 to 8"));
-    std::wstring header = WizardDriver::TextOf(wizard.WaitForControl(finishHeader));
+    std::wstring header = WizardDriver::TextOf(wizard.WaitForControl(IDC_OUTCOME_TITLE));
     FinishedRun run;
     for (std::wstring* field : {&run.status, &run.reboot, &run.installStatus}) *field = TakePiece(header);
     wizard.CloseMainWindow();

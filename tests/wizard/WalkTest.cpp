@@ -5,15 +5,13 @@
 #include <commctrl.h>
 
 #include "WizardTest.h"
+#include "resources/resource.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
 namespace {
-
-constexpr int statusLine = 1000;
-constexpr int progressBar = 1001;
 
 class WalkTest : public WizardTest {
 protected:
@@ -31,7 +29,7 @@ protected:
 TEST_F(WalkTest, ComesToTheFirstPageThatIsNotHiddenInsideTheStart) {
     AddPackageThatWaitsForCancel(L"Applications\\a.msi");
     wizard.Start();
-    EXPECT_NE(wizard.WaitForControl(progressBar), nullptr);
+    EXPECT_NE(wizard.WaitForControl(IDC_PROGRESS_BAR), nullptr);
     EXPECT_TRUE(IsWindowVisible(wizard.MainWindow()));
     EXPECT_EQ(WizardDriver::TextOf(wizard.MainWindow()), L"Installation");
     EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Controller::Next, Moving from 6 to 7"));
@@ -54,7 +52,7 @@ TEST_F(WalkTest, GoesOnWhenTheUserDoesNotWantToCancelAfterAll) {
     const std::wstring sign = (tree.Root() / L"go on").wstring();
     tree.Add({.path = L"Applications\\a.msi", .install = {.steps = {{L"untilFile", sign}}}});
     wizard.Start();
-    wizard.WaitForControl(progressBar);
+    wizard.WaitForControl(IDC_PROGRESS_BAR);
     wizard.CloseMainWindow();
     const MessageBoxOnScreen box = wizard.Answer(IDNO);
     EXPECT_EQ(box.title, L"Installation");
@@ -83,7 +81,7 @@ TEST_F(WalkTest, CancelsTheLibraryAndRemovesWhatItHasInstalled) {
 TEST_F(WalkTest, TellsOfTheCancelInBothLogs) {
     AddPackageThatWaitsForCancel(L"Applications\\a.msi");
     wizard.Start();
-    wizard.WaitForControl(progressBar);
+    wizard.WaitForControl(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitUntil([this] { return Installs().size() == 1; }));
     wizard.CloseMainWindow();
     wizard.Answer(IDYES);
@@ -103,10 +101,10 @@ TEST_F(WalkTest, ShowsThePackageAndHowFarItIs) {
               .install = {.steps = {{L"message", L"<PERCENT>80</PERCENT>"}, {L"untilFile", sign}}}});
     tree.Add({.path = L"Applications\\b.msi"});
     wizard.Start();
-    const HWND bar = wizard.WaitForControl(progressBar);
+    const HWND bar = wizard.WaitForControl(IDC_PROGRESS_BAR);
     EXPECT_TRUE(WaitUntil([&] { return SendMessageW(bar, PBM_GETPOS, 0, 0) == 80; }));
     EXPECT_EQ(SendMessageW(bar, PBM_GETRANGE, FALSE, 0), 200);
-    EXPECT_EQ(WizardDriver::TextOf(wizard.FindControl(statusLine)), L"Installing Reader");
+    EXPECT_EQ(WizardDriver::TextOf(wizard.FindControl(IDC_PROGRESS_STATUS_LINE)), L"Installing Reader");
     tree.WriteFile(L"go on", {});
     CloseOnFinishPage();
 }

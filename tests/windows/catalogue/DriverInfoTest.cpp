@@ -1,4 +1,4 @@
-#include "catalogue/DriverInfo.h"
+#include "printer/DetectedNames.h"
 #include "tests/windows/world/CatalogueTest.h"
 
 namespace {
@@ -9,10 +9,7 @@ using testing::IsEmpty;
 using testing::Not;
 
 // The accepted types outlive a test, so each test has identifiers of its own.
-class DriverInfoTest : public CatalogueTest {
-protected:
-    static DriverInfo& Drivers() { return DriverInfo::GetInstance(); }
-};
+class DriverInfoTest : public CatalogueTest {};
 
 TEST_F(DriverInfoTest, ScansTheFoldersTheOtherWayRound) {
     AddDriver(L"second.msi", L"ORDER");
@@ -25,7 +22,7 @@ TEST_F(DriverInfoTest, ScansTheFoldersTheOtherWayRound) {
 TEST_F(DriverInfoTest, SelectsWhatItAccepts) {
     AddDriver(L"d.msi", L"SELECTED").properties[L"STREAMDISPLAYNAME"] = L"PS3";
     BuildCatalogues();
-    const MSI_APP driver = Drivers().GetDriver(L"SELECTED");
+    const MSI_APP driver = DriverRecords().GetDriver(L"SELECTED");
     EXPECT_TRUE(driver.isSelected && driver.isSupportedDriver && driver.isPrinterDriver);
     EXPECT_EQ(driver.streamDisplayName, L"PS3");
     EXPECT_EQ(driver.msiPath, ProgramTree::AsWritten(L"Drivers\\x64\\d.msi"));
@@ -62,7 +59,7 @@ TEST_F(DriverInfoTest, TakesEachTypeOfTheListAndNoBlankAway) {
 TEST_F(DriverInfoTest, KeepsAPackageWithoutAnIdentifierUnderTheEmptyOne) {
     AddPackage(L"Drivers\\x64", L"d.msi");
     BuildCatalogues();
-    const MSI_APP driver = Drivers().GetDriver(L"");
+    const MSI_APP driver = DriverRecords().GetDriver(L"");
     EXPECT_EQ(driver.productName, L"d");
     EXPECT_FALSE(driver.isPrinterDriver || driver.isScanDriver || driver.isFaxDriver);
 }
@@ -89,9 +86,9 @@ TEST_F(DriverInfoTest, SupportsTheToolForTheExactWordOnly) {
     AddDriver(L"b.msi", L"OMBRELNO").properties[L"ISOMBRELSUPPORTED"] = L"true";
     msi.packages[L"a.msi"].properties[L"DRIVERNAME"] = L"Loom";
     BuildCatalogues();
-    EXPECT_TRUE(Drivers().IsOmbrelSupported(L"OMBRELYES"));
-    EXPECT_FALSE(Drivers().IsOmbrelSupported(L"OMBRELNO"));
-    EXPECT_FALSE(Drivers().IsOmbrelSupported(L"unknown"));
+    EXPECT_TRUE(DriverRecords().IsOmbrelSupported(L"OMBRELYES"));
+    EXPECT_FALSE(DriverRecords().IsOmbrelSupported(L"OMBRELNO"));
+    EXPECT_FALSE(DriverRecords().IsOmbrelSupported(L"unknown"));
     EXPECT_THAT(AdvancedMessages(), Contains(L"Loom Supports Ombrel."));
 }
 
@@ -100,15 +97,15 @@ TEST_F(DriverInfoTest, GivesTheFirstRecordAndTheLastPathOfAnIdentifier) {
     tree.Add(L"Drivers\\x86_x64\\b.msi");
     msi.packages[L"b.msi"].properties = {{L"ProductName", L"b"}, {L"DRIVERID", L"TWICE"}};
     BuildCatalogues();
-    EXPECT_EQ(Drivers().GetDrivers().size(), 2U);
-    EXPECT_EQ(Drivers().GetDriver(L"TWICE").productName, L"a");
-    EXPECT_EQ(Drivers().GetDriverPath(L"TWICE"), ProgramTree::AsWritten(L"Drivers\\x86_x64\\b.msi"));
+    EXPECT_EQ(DriverRecords().GetDrivers().size(), 2U);
+    EXPECT_EQ(DriverRecords().GetDriver(L"TWICE").productName, L"a");
+    EXPECT_EQ(DriverRecords().GetDriverPath(L"TWICE"), ProgramTree::AsWritten(L"Drivers\\x86_x64\\b.msi"));
 }
 
 TEST_F(DriverInfoTest, KnowsNothingOfAnUnknownIdentifier) {
-    EXPECT_EQ(Drivers().GetDriverPath(L"unknown"), L"");
-    EXPECT_EQ(Drivers().GetDriver(L"unknown").status, -1);
-    EXPECT_EQ(Drivers().GetDriver(L"unknown").msiPath, L"");
+    EXPECT_EQ(DriverRecords().GetDriverPath(L"unknown"), L"");
+    EXPECT_EQ(DriverRecords().GetDriver(L"unknown").status, -1);
+    EXPECT_EQ(DriverRecords().GetDriver(L"unknown").msiPath, L"");
 }
 
 TEST_F(DriverInfoTest, ReadsTheStateAndTheCommonProperties) {
@@ -121,7 +118,7 @@ TEST_F(DriverInfoTest, ReadsTheStateAndTheCommonProperties) {
     package.properties[L"INSTALLSIZE"] = L"7 MB";
     package.properties[L"ProductVersion"] = L"2.0";
     BuildCatalogues();
-    const MSI_APP driver = Drivers().GetDriver(L"COMMON");
+    const MSI_APP driver = DriverRecords().GetDriver(L"COMMON");
     EXPECT_TRUE(driver.installed && driver.upgradable && !driver.newerInstalled);
     EXPECT_EQ(driver.deviceType + driver.startApp, L"PRINTERd.exe;");
     EXPECT_EQ(driver.secureCustomProperties, L"NETFRAMEWORK40");
@@ -136,14 +133,14 @@ TEST_F(DriverInfoTest, NamesADeviceWithTheStreamOfItsDriver) {
                            L"<DRIVER_ID>NAMED</DRIVER_ID><DETECT_PRINTER>tRUE</DETECT_PRINTER>",
                            L"<DRIVER_ID>none</DRIVER_ID><DETECT_PRINTER>TRUE</DETECT_PRINTER>",
                            L"<DRIVER_ID>NAMED</DRIVER_ID>"});
-    Settings().ApplyDetectedName(L"Loom");
+    ApplyDetectedName(Settings(), DriverRecords(), L"Loom");
     EXPECT_THAT(Settings().GetDevices(),
                 ElementsAre(L"<DRIVER_ID>NAMED</DRIVER_ID><PRINTER_NAME>Loom PS3</PRINTER_NAME>",
                             L"<DRIVER_ID>NAMED</DRIVER_ID>",
                             L"<DRIVER_ID>none</DRIVER_ID><PRINTER_NAME>Loom</PRINTER_NAME>",
                             L"<DRIVER_ID>NAMED</DRIVER_ID>"));
     const auto named = Settings().GetDevices();
-    Settings().ApplyDetectedName(L"Other");
+    ApplyDetectedName(Settings(), DriverRecords(), L"Other");
     EXPECT_EQ(Settings().GetDevices(), named);
 }
 

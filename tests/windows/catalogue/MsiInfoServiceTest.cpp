@@ -12,7 +12,7 @@ using testing::IsEmpty;
 class MsiInfoServiceTest : public CatalogueTest {};
 
 TEST_F(MsiInfoServiceTest, FindsNothingInAnEmptyTree) {
-    EXPECT_EQ(MsiInfoService(msi).DoRun(), 0U);
+    EXPECT_EQ(MsiInfoService(msi, Settings(), Texts(), AppRecords(), DriverRecords()).DoRun(), 0U);
     EXPECT_THAT(Applications(), IsEmpty());
     EXPECT_THAT(DriverNames(), IsEmpty());
     EXPECT_THAT(BasicLog(), IsEmpty());
@@ -213,7 +213,7 @@ TEST_F(MsiInfoServiceTest, BuildsAnewWithoutDoublingAnything) {
 
 TEST_F(MsiInfoServiceTest, BuildsNothingOnceItIsCancelled) {
     AddPackage(L"Applications", L"a.msi");
-    MsiInfoService service(msi);
+    MsiInfoService service(msi, Settings(), Texts(), AppRecords(), DriverRecords());
     service.Cancel();
     EXPECT_EQ(service.DoRun(), 0U);
     EXPECT_THAT(Applications(), IsEmpty());
@@ -221,7 +221,7 @@ TEST_F(MsiInfoServiceTest, BuildsNothingOnceItIsCancelled) {
 
 TEST_F(MsiInfoServiceTest, FinishesABuildThatHasBegunAndTellsOfTheCancel) {
     AddPackage(L"Applications", L"a.msi");
-    MsiInfoService service(msi);
+    MsiInfoService service(msi, Settings(), Texts(), AppRecords(), DriverRecords());
     service.Cancel();
     EXPECT_EQ(service.buildDriverInfo(), 1602U);
     EXPECT_EQ(service.buildAppInfo(), 1602U);
@@ -236,7 +236,7 @@ TEST_F(MsiInfoServiceTest, SelectsByFilter) {
     BuildCatalogues();
     const auto select = [](const wchar_t* filter) {
         std::wstring names;
-        for (const MSI_APP& app : AppCatalogue::GetInstance().Select(filter)) names += app.productName;
+        for (const MSI_APP& app : AppRecords().Select(filter)) names += app.productName;
         return names;
     };
     EXPECT_EQ(select(L""), L"ac");

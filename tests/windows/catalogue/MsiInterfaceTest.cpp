@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "CommonLib/Files.h"
-#include "catalogue/MsiCodes.h"
+#include "CommonLib/MsiCodes.h"
 #include "catalogue/MsiInterface.h"
 #include "tests/fakes/TextLines.h"
 #include "tests/windows/world/ScratchFolder.h"
@@ -40,7 +40,7 @@ protected:
         const std::wstring build = missingExport.empty() ? L"complete" : L"without_" + missingExport;
         fs::copy_file(Fakes() / build / L"Brevanto.dll", folder / L"Brevanto.dll");
         for (const auto& line : script) AppendText(folder / L"Brevanto.script", JoinFields(line));
-        return MsiInterface(folder / L"Brevanto.dll");
+        return MsiInterface(folder / L"Brevanto.dll", Settings(), Texts());
     }
     std::vector<LibraryCall> Calls() const { return ReadCalls(folder / L"Brevanto.record"); }
     std::vector<std::wstring> CallNames() const {
@@ -64,7 +64,7 @@ private:
 };
 
 TEST_F(MsiInterfaceTest, GoesOnWithoutALibraryAndTellsSoOnce) {
-    MsiInterface gateway(L"C:\\no such folder\\Brevanto.dll");
+    MsiInterface gateway(L"C:\\no such folder\\Brevanto.dll", Settings(), Texts());
     std::wstring value = L"untouched";
     bool upToDate = true;
     bool upgradable = true;

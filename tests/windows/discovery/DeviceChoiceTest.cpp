@@ -2,6 +2,7 @@
 #include "catalogue/DriverInfo.h"
 #include "discovery/DeviceChoice.h"
 #include "discovery/DiscoveredDevices.h"
+#include "printer/ApplyChoice.h"
 #include "tests/windows/world/CatalogueTest.h"
 
 namespace {
@@ -36,7 +37,7 @@ protected:
     // What is optional and what is selected of the applications and of the scan driver.
     static std::vector<std::wstring> OptionalNames() { return NamesThat(&MSI_APP::isOptional); }
     static std::vector<std::wstring> SelectedNames() { return NamesThat(&MSI_APP::isSelected); }
-    static bool IsScanSelected() { return DriverInfo::GetInstance().GetDriver(L"SCAN").isSelected; }
+    static bool IsScanSelected() { return DriverRecords().GetDriver(L"SCAN").isSelected; }
 
 private:
     void AddApplication(const std::wstring& name, const std::wstring& deviceType,
@@ -57,11 +58,18 @@ private:
     }
 
 protected:
+    // Picks the row on the page and goes on.
+    void TakeDevice(const std::wstring& rowName, bool selectedHasFax) {
+        ApplyChoice(ChooseDevice(DeviceOfRow(DiscoveredDevices::GetInstance(), rowName, selectedHasFax),
+                                 MakeChoiceInputs(Settings(), DriverRecords(), L"")),
+                    {Settings(), AppRecords(), DriverRecords(), Texts()});
+    }
+
     // The catalogues with the applications above beside what lies in the tree.
     void Prepare() {
         Settings().SetString(L"WIN8_DRVTYPES", L"SCAN");
         BuildCatalogues();
-        for (const MSI_APP& record : applications) AppCatalogue::GetInstance().Append(record);
+        for (const MSI_APP& record : applications) AppRecords().Append(record);
     }
 
 private:
@@ -147,7 +155,7 @@ TEST_F(DeviceChoiceTest, TurnsToTheDevicesOfAConfiguration) {
 TEST_F(DeviceChoiceTest, LeavesTheCatalogueToAConfiguration) {
     Prepare();
     Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
-    DriverInfo::GetInstance().SelectDriver(L"SCAN", false);
+    DriverRecords().SelectDriver(L"SCAN", false);
     TakeDevice(L"S", true);
     EXPECT_THAT(OptionalNames(), ElementsAre());
     EXPECT_FALSE(IsScanSelected());

@@ -1,11 +1,10 @@
 // What the page of the devices offers and proposes of drivers and connections.
 
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/world/DevicesPageTest.h"
 
 namespace {
-
-using namespace DeviceControl;
 
 using DeviceDriversTest = DevicesPageTest;
 
@@ -53,26 +52,29 @@ TEST_F(DeviceDriversTest, DropsAConfigurationWithTheDriver) {
 
 TEST_F(DeviceDriversTest, HidesTheDriverChoiceWhileThereAreNoDrivers) {
     page.ShowWindow(SW_SHOW);
-    for (const int id : {driverListId, driverFrame, driverLabel, configure}) EXPECT_FALSE(IsShown(id)) << id;
-    EXPECT_FALSE(IsEnabled(driverLabel));
+    for (const int id : {IDC_DISCOVERY_DRIVER_LIST, IDC_DISCOVERY_DRIVER_FRAME, IDC_DISCOVERY_DRIVER_LABEL,
+                         IDC_DISCOVERY_CONFIGURE})
+        EXPECT_FALSE(IsShown(id)) << id;
+    EXPECT_FALSE(IsEnabled(IDC_DISCOVERY_DRIVER_LABEL));
     page.AddDriver(Driver(L"X"));
-    for (const int id : {driverListId, driverFrame, driverLabel}) EXPECT_TRUE(IsShown(id)) << id;
-    EXPECT_TRUE(IsEnabled(driverLabel));
+    for (const int id : {IDC_DISCOVERY_DRIVER_LIST, IDC_DISCOVERY_DRIVER_FRAME, IDC_DISCOVERY_DRIVER_LABEL})
+        EXPECT_TRUE(IsShown(id)) << id;
+    EXPECT_TRUE(IsEnabled(IDC_DISCOVERY_DRIVER_LABEL));
 }
 
 TEST_F(DeviceDriversTest, OffersTheConfigurationWhereThePackageHasATool) {
     tree.Add(L"Install\\MakerDriverConfig.msi");
     Show();
-    EXPECT_TRUE(IsShown(configure));
+    EXPECT_TRUE(IsShown(IDC_DISCOVERY_CONFIGURE));
 }
 
 TEST_F(DeviceDriversTest, OffersTheConfigurationAsSoonAsADriverHasATool) {
     tree.Add(L"Install\\MakerDriverConfig.msi");
     page.ShowWindow(SW_SHOW);
     page.AddDriver(Driver(L"FirstV4"));
-    EXPECT_FALSE(IsShown(configure));
+    EXPECT_FALSE(IsShown(IDC_DISCOVERY_CONFIGURE));
     page.AddDriver(Driver(L"Second"));
-    EXPECT_TRUE(IsShown(configure));
+    EXPECT_TRUE(IsShown(IDC_DISCOVERY_CONFIGURE));
 }
 
 struct ConfigureCase {
@@ -93,9 +95,9 @@ TEST_P(ConfigureOnUsbTest, IsShutForTheNewerKindOfDriver) {
     Show();
     Deliver(FourDevices());
     EXPECT_EQ(SelectedDriver(), GetParam().driverId + std::wstring(L" driver"));
-    EXPECT_TRUE(IsEnabled(configure));
-    Click(usb);
-    EXPECT_EQ(IsEnabled(configure), GetParam().isEnabledOnUsb);
+    EXPECT_TRUE(IsEnabled(IDC_DISCOVERY_CONFIGURE));
+    Click(IDC_DISCOVERY_USB);
+    EXPECT_EQ(IsEnabled(IDC_DISCOVERY_CONFIGURE), GetParam().isEnabledOnUsb);
 }
 
 INSTANTIATE_TEST_SUITE_P(Drivers, ConfigureOnUsbTest,
@@ -104,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(Drivers, ConfigureOnUsbTest,
 TEST_F(DeviceDriversTest, HidesTheDriverListInARunFromConfiguration) {
     Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
     Show();
-    EXPECT_FALSE(IsShown(driverListId) || IsShown(configure));
+    EXPECT_FALSE(IsShown(IDC_DISCOVERY_DRIVER_LIST) || IsShown(IDC_DISCOVERY_CONFIGURE));
 }
 
 TEST_F(DeviceDriversTest, HidesTheChoicesInTheSecondVariant) {
@@ -112,16 +114,19 @@ TEST_F(DeviceDriversTest, HidesTheChoicesInTheSecondVariant) {
     AddPackage(L"Applications", L"n.msi").properties[L"APPTYPE"] = L"NIMBOJET";
     BuildCatalogues();
     Show();
-    for (const int id : {driverListId, driverFrame, driverLabel, configure, usb, nimbojet}) {
+    for (const int id : {IDC_DISCOVERY_DRIVER_LIST, IDC_DISCOVERY_DRIVER_FRAME, IDC_DISCOVERY_DRIVER_LABEL,
+                         IDC_DISCOVERY_CONFIGURE, IDC_DISCOVERY_USB, IDC_DISCOVERY_NIMBOJET}) {
         EXPECT_FALSE(IsShown(id)) << id;
     }
-    EXPECT_FALSE(IsEnabled(usb) || IsEnabled(nimbojet) || IsEnabled(driverLabel));
+    EXPECT_FALSE(IsEnabled(IDC_DISCOVERY_USB) || IsEnabled(IDC_DISCOVERY_NIMBOJET) ||
+                 IsEnabled(IDC_DISCOVERY_DRIVER_LABEL));
 }
 
 TEST_F(DeviceDriversTest, HidesTheChoicesAgainWheneverItIsShownInTheSecondVariant) {
     Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
     Show();
-    const std::vector<int> choices{driverListId, driverFrame, driverLabel, configure};
+    const std::vector<int> choices{IDC_DISCOVERY_DRIVER_LIST, IDC_DISCOVERY_DRIVER_FRAME,
+                                   IDC_DISCOVERY_DRIVER_LABEL, IDC_DISCOVERY_CONFIGURE};
     for (const int id : choices) ShowWindow(At(id), SW_SHOW);
     page.ShowWindow(SW_HIDE);
     page.ShowWindow(SW_SHOW);
@@ -131,21 +136,21 @@ TEST_F(DeviceDriversTest, HidesTheChoicesAgainWheneverItIsShownInTheSecondVarian
 TEST_F(DeviceDriversTest, OffersUsbToThePackagesThatAskForIt) {
     Settings().SetString(L"USB_SUPPORTED", L"1");
     Show();
-    EXPECT_TRUE(IsShown(usb) && IsEnabled(usb));
-    EXPECT_FALSE(IsShown(nimbojet) || IsEnabled(nimbojet));
+    EXPECT_TRUE(IsShown(IDC_DISCOVERY_USB) && IsEnabled(IDC_DISCOVERY_USB));
+    EXPECT_FALSE(IsShown(IDC_DISCOVERY_NIMBOJET) || IsEnabled(IDC_DISCOVERY_NIMBOJET));
 }
 
 TEST_F(DeviceDriversTest, OffersNoUsbForAnyOtherValue) {
     Settings().SetString(L"USB_SUPPORTED", L"true");
     Show();
-    EXPECT_FALSE(IsShown(usb) || IsEnabled(usb));
+    EXPECT_FALSE(IsShown(IDC_DISCOVERY_USB) || IsEnabled(IDC_DISCOVERY_USB));
 }
 
 TEST_F(DeviceDriversTest, OffersTheNimbojetThatThePackageHas) {
     AddPackage(L"Applications", L"n.msi").properties[L"APPTYPE"] = L"NIMBOJET";
     BuildCatalogues();
     Show();
-    EXPECT_TRUE(IsShown(nimbojet) && IsEnabled(nimbojet));
+    EXPECT_TRUE(IsShown(IDC_DISCOVERY_NIMBOJET) && IsEnabled(IDC_DISCOVERY_NIMBOJET));
 }
 
 class RadioTest : public DeviceDriversTest, public testing::WithParamInterface<int> {
@@ -161,7 +166,9 @@ TEST_P(RadioTest, OpensNextAndShutsTheSearch) {
     Show();
     Click(GetParam());
     EXPECT_TRUE(IsEnabled(IDOK));
-    for (const int id : {listId, refresh, modifySearch, addPort}) EXPECT_FALSE(IsEnabled(id)) << id;
+    for (const int id :
+         {IDC_DISCOVERY_LIST, IDC_DISCOVERY_REFRESH, IDC_DISCOVERY_MODIFY_SEARCH, IDC_DISCOVERY_ADD_PORT})
+        EXPECT_FALSE(IsEnabled(id)) << id;
     EXPECT_EQ(SelectedDriver(), L"NONE1 driver");
 }
 
@@ -176,18 +183,20 @@ TEST_P(RadioTest, IsNotChosenByTheFocusAlone) {
     Show();
     SetFocus(At(IDCANCEL));
     SetFocus(At(GetParam()));
-    EXPECT_TRUE(IsEnabled(listId));
+    EXPECT_TRUE(IsEnabled(IDC_DISCOVERY_LIST));
 }
 
 TEST_P(RadioTest, GivesWayToTheCommandThatHasNoControl) {
     Show();
     Deliver(FourDevices());
     Click(GetParam());
-    page.SendMessage(WM_COMMAND, MAKEWPARAM(listRadio, BN_CLICKED));
-    for (const int id : {listId, refresh, modifySearch, addPort, IDOK}) EXPECT_TRUE(IsEnabled(id)) << id;
-    EXPECT_EQ(At(listRadio), nullptr);
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_DISCOVERY_BACK_TO_LIST, BN_CLICKED));
+    for (const int id : {IDC_DISCOVERY_LIST, IDC_DISCOVERY_REFRESH, IDC_DISCOVERY_MODIFY_SEARCH,
+                         IDC_DISCOVERY_ADD_PORT, IDOK})
+        EXPECT_TRUE(IsEnabled(id)) << id;
+    EXPECT_EQ(At(IDC_DISCOVERY_BACK_TO_LIST), nullptr);
     EXPECT_EQ(SelectedDriver(), L"NONE1 driver");
-    EXPECT_EQ(GetFocus(), At(listId));
+    EXPECT_EQ(GetFocus(), At(IDC_DISCOVERY_LIST));
 }
 
 TEST_P(RadioTest, KeepsNextOpenWhenAListArrives) {
@@ -198,12 +207,12 @@ TEST_P(RadioTest, KeepsNextOpenWhenAListArrives) {
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
-INSTANTIATE_TEST_SUITE_P(Connections, RadioTest, testing::Values(usb, nimbojet));
+INSTANTIATE_TEST_SUITE_P(Connections, RadioTest, testing::Values(IDC_DISCOVERY_USB, IDC_DISCOVERY_NIMBOJET));
 
 TEST_F(DeviceDriversTest, ClosesNextForTheCommandThatHasNoControlWithoutARow) {
     Show();
     EnableWindow(At(IDOK), TRUE);
-    page.SendMessage(WM_COMMAND, MAKEWPARAM(listRadio, BN_CLICKED));
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_DISCOVERY_BACK_TO_LIST, BN_CLICKED));
     EXPECT_FALSE(IsEnabled(IDOK));
 }
 

@@ -1,4 +1,5 @@
 #include "discovery/DiscoveredDevices.h"
+#include "resources/resource.h"
 #include "tests/windows/world/ArabicUser.h"
 #include "tests/windows/world/DevicesPageTest.h"
 #include "tests/windows/world/DialogUser.h"
@@ -7,8 +8,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-using namespace DeviceControl;
 
 constexpr int ascending = 1;
 constexpr int descending = 0;
@@ -20,10 +19,12 @@ TEST_F(DiscoveryDlgTest, BeginsWithTheSearchAndNothingChosen) {
     Show();
     EXPECT_THAT(Headings(), ElementsAre(L"DISCOVERED_LIST_COLUMN_SEARCHING"));
     EXPECT_FALSE(IsEnabled(IDOK));
-    EXPECT_TRUE(IsEnabled(refresh) && IsEnabled(modifySearch) && IsEnabled(addPort) && IsEnabled(IDCANCEL));
-    EXPECT_FALSE(IsShown(firstNote) || IsShown(help) || IsShown(configure));
-    EXPECT_TRUE(IsShown(secondNote));
-    EXPECT_EQ(IsDlgButtonChecked(page.GetSafeHwnd(), usb), static_cast<UINT>(BST_UNCHECKED));
+    EXPECT_TRUE(IsEnabled(IDC_DISCOVERY_REFRESH) && IsEnabled(IDC_DISCOVERY_MODIFY_SEARCH) &&
+                IsEnabled(IDC_DISCOVERY_ADD_PORT) && IsEnabled(IDCANCEL));
+    EXPECT_FALSE(IsShown(IDC_DISCOVERY_FIRST_NOTE) || IsShown(IDC_HELP_BUTTON) ||
+                 IsShown(IDC_DISCOVERY_CONFIGURE));
+    EXPECT_TRUE(IsShown(IDC_DISCOVERY_SECOND_NOTE));
+    EXPECT_EQ(IsDlgButtonChecked(page.GetSafeHwnd(), IDC_DISCOVERY_USB), static_cast<UINT>(BST_UNCHECKED));
     EXPECT_TRUE(Settings().GetBool(L"DISCOVERY_DONE"));
 }
 
@@ -35,7 +36,7 @@ TEST_F(DiscoveryDlgTest, ShowsADeviceBySeriesAddressAndColour) {
     EXPECT_THAT(Column(0), ElementsAre(L"A", L"B", L"D", L"M"));
     EXPECT_THAT(Column(1), ElementsAre(L"10.0.0.1", L"10.0.0.9", L"10.0.0.10", L"10.0.0.2"));
     EXPECT_THAT(Column(2), ElementsAre(L"", L"MONO", L"COLOR", L"MONO"));
-    EXPECT_EQ(ListView_GetColumnWidth(At(listId), 0), 220);
+    EXPECT_EQ(ListView_GetColumnWidth(At(IDC_DISCOVERY_LIST), 0), 220);
 }
 
 TEST_F(DiscoveryDlgTest, SelectsTheFourthRow) {
@@ -43,16 +44,16 @@ TEST_F(DiscoveryDlgTest, SelectsTheFourthRow) {
     Deliver(FourDevices());
     EXPECT_EQ(SelectedRow(), 3);
     EXPECT_TRUE(IsEnabled(IDOK));
-    EXPECT_EQ(GetFocus(), At(listId));
+    EXPECT_EQ(GetFocus(), At(IDC_DISCOVERY_LIST));
 }
 
 TEST_F(DiscoveryDlgTest, FocusesTheSelectedRowForWhoComesBack) {
     Show();
     Deliver(FourDevices());
-    ListView_SetItemState(At(listId), 3, 0, LVIS_FOCUSED);
+    ListView_SetItemState(At(IDC_DISCOVERY_LIST), 3, 0, LVIS_FOCUSED);
     page.ShowWindow(SW_HIDE);
     page.ShowWindow(SW_SHOW);
-    EXPECT_EQ(ListView_GetNextItem(At(listId), -1, LVNI_FOCUSED), 3);
+    EXPECT_EQ(ListView_GetNextItem(At(IDC_DISCOVERY_LIST), -1, LVNI_FOCUSED), 3);
 }
 
 TEST_F(DiscoveryDlgTest, SelectsNothingAmongThreeRows) {
@@ -69,7 +70,7 @@ TEST_F(DiscoveryDlgTest, SelectsNothingAmongThreeRows) {
 TEST_F(DiscoveryDlgTest, ShutsNextWhenTheUserTakesTheSelectionBack) {
     Show();
     Deliver(FourDevices());
-    ListView_SetItemState(At(listId), 3, 0, LVIS_SELECTED);
+    ListView_SetItemState(At(IDC_DISCOVERY_LIST), 3, 0, LVIS_SELECTED);
     EXPECT_FALSE(IsEnabled(IDOK));
 }
 
@@ -108,7 +109,7 @@ TEST_F(DiscoveryDlgTest, WrapsAddressesForAUserWhoReadsFromRightToLeft) {
                                        L"10.0.0.1\x202C"));
     Select(0);
     // The marked address is none of the devices', so nothing is known of this one.
-    EXPECT_EQ(TextOf(At(selectionText)), L"SELECT_PRINT_TEXT");
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_SELECTION_TEXT)), L"SELECT_PRINT_TEXT");
 }
 
 struct SelectionCase {
@@ -126,7 +127,7 @@ TEST_P(SelectionTextTest, SaysWhatWillBeInstalled) {
               .isMultiFunction = GetParam().isMultiFunction,
               .hasFax = GetParam().hasFax}});
     Select(0);
-    EXPECT_EQ(TextOf(At(selectionText)), GetParam().key);
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_SELECTION_TEXT)), GetParam().key);
 }
 
 INSTANTIATE_TEST_SUITE_P(Devices, SelectionTextTest,
@@ -140,16 +141,16 @@ TEST_F(DiscoveryDlgTest, LetsTheLastDeviceWithAnAddressSpeakForIt) {
     Deliver({{.series = L"A", .address = L"10.0.0.1", .isMultiFunction = true},
              {.series = L"B", .address = L"10.0.0.1"}});
     Select(0);
-    EXPECT_EQ(TextOf(At(selectionText)), L"SELECT_PRINT_TEXT");
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_SELECTION_TEXT)), L"SELECT_PRINT_TEXT");
 }
 
 TEST_F(DiscoveryDlgTest, SpeaksOfNoFormerDeviceWhenAListArrives) {
     Show();
     Deliver({{.series = L"A", .address = L"10.0.0.1", .isMultiFunction = true}});
     Select(0);
-    EXPECT_EQ(TextOf(At(selectionText)), L"SELECT_PRINTSCAN_TEXT");
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_SELECTION_TEXT)), L"SELECT_PRINTSCAN_TEXT");
     Deliver({{.series = L"B", .address = L"10.0.0.2"}});
-    EXPECT_EQ(TextOf(At(selectionText)), L"SELECT_PRINT_TEXT");
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_SELECTION_TEXT)), L"SELECT_PRINT_TEXT");
 }
 
 TEST_F(DiscoveryDlgTest, SortsByTheClickedColumnAndBack) {
@@ -184,11 +185,11 @@ TEST_F(DiscoveryDlgTest, TakesNoOrderFromAListWithoutRows) {
 TEST_F(DiscoveryDlgTest, SelectsTheFirstRowForWhoComesByTheTabKey) {
     Show();
     Deliver({{.series = L"B"}, {.series = L"A"}});
-    SendMessageW(At(listId), WM_KEYUP, VK_TAB, 0);
+    SendMessageW(At(IDC_DISCOVERY_LIST), WM_KEYUP, VK_TAB, 0);
     EXPECT_EQ(SelectedRow(), 0);
     Select(1);
-    SendMessageW(At(listId), WM_KEYUP, VK_TAB, 0);
-    EXPECT_EQ(ListView_GetSelectedCount(At(listId)), 1u);
+    SendMessageW(At(IDC_DISCOVERY_LIST), WM_KEYUP, VK_TAB, 0);
+    EXPECT_EQ(ListView_GetSelectedCount(At(IDC_DISCOVERY_LIST)), 1u);
     EXPECT_EQ(SelectedRow(), 1);
 }
 
@@ -212,7 +213,7 @@ TEST_F(DiscoveryDlgTest, SwallowsF5WhileRefreshIsShut) {
     Settings().SetString(L"USB_SUPPORTED", L"1");
     Show();
     Deliver(FourDevices());
-    Click(usb);
+    Click(IDC_DISCOVERY_USB);
     MSG key{.hwnd = At(IDCANCEL), .message = WM_KEYDOWN, .wParam = VK_F5};
     EXPECT_TRUE(page.PreTranslateMessage(&key));
     EXPECT_EQ(Column(0).size(), 4u);

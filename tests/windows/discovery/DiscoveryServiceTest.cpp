@@ -4,6 +4,7 @@
 #include <new>
 
 #include "discovery/DiscoveryService.h"
+#include "settings/SettingsFiles.h"
 #include "tests/windows/world/NetworkTest.h"
 #include "tests/windows/world/ThreadWatch.h"
 #include "wizard/Controller.h"
@@ -38,7 +39,7 @@ TEST_F(DiscoveryServiceTest, AsksOnAWorkerOfItsOwn) {
     EXPECT_EQ(calls[0].thread, calls[1].thread);
     EXPECT_NE(calls[1].thread, calls[2].thread);
     EXPECT_NE(page.deliveringThread, GetCurrentThreadId());
-    EXPECT_EQ(Controller::GetInstance().ThreadCount(), 0);
+    EXPECT_EQ(controller.ThreadCount(), 0);
 }
 
 TEST_F(DiscoveryServiceTest, AsksForRoomFirstAndThenForTheListing) {
@@ -58,7 +59,7 @@ TEST_F(DiscoveryServiceTest, LimitsTheListingToTheSeriesOfAPackageOfItsOwnModels
     AddDefaults(
         "<UPD>0</UPD><MODEL_NAME>A:One</MODEL_NAME><MODEL_NAME>:x</MODEL_NAME><MODEL_NAME>B:</MODEL_NAME>"
         "<MODEL_NAME>C:Two</MODEL_NAME>");
-    Settings().LoadDefaults();
+    LoadDefaults(Settings());
     Start();
     Run();
     EXPECT_EQ(Calls()[3].Argument(L"document"),
@@ -67,7 +68,7 @@ TEST_F(DiscoveryServiceTest, LimitsTheListingToTheSeriesOfAPackageOfItsOwnModels
 
 TEST_F(DiscoveryServiceTest, ListsAllSeriesForAnyOtherPackage) {
     AddDefaults("<UPD>2</UPD><MODEL_NAME>A:One</MODEL_NAME>");
-    Settings().LoadDefaults();
+    LoadDefaults(Settings());
     Start();
     Run();
     EXPECT_EQ(Calls()[3].Argument(L"document"), L"<CPDATTACHED>0</CPDATTACHED>");
@@ -276,7 +277,7 @@ TEST_F(DiscoveryServiceTest, LetsRunsFollowOneAnother) {
     const ThreadWatch threads;
     service->DoRun();
     service->DoRun();
-    EXPECT_EQ(Controller::GetInstance().ThreadCount(), 2);
+    EXPECT_EQ(controller.ThreadCount(), 2);
     tree.Add(L"gate");
     ThreadWatch::WaitForAll();
     EXPECT_THAT(page.deliveries, ElementsAre(ElementsAre(L"10.0.0.1"), ElementsAre(L"10.0.0.2")));
@@ -332,7 +333,7 @@ TEST_F(DiscoveryServiceTest, CountsAWorkerThatFailedNoMore) {
     Start(&failing);
     Run();
     EXPECT_THAT(failing.deliveries, IsEmpty());
-    EXPECT_EQ(Controller::GetInstance().ThreadCount(), 0);
+    EXPECT_EQ(controller.ThreadCount(), 0);
 }
 
 TEST_F(DiscoveryServiceTest, OffersThePrinterDriversInTheirOrder) {
@@ -356,11 +357,10 @@ TEST_F(DiscoveryServiceTest, OffersNoDriversInARunFromConfiguration) {
     EXPECT_EQ(page.deliveries.size(), 1u);
 }
 
-TEST_F(DiscoveryServiceTest, StartsNoWorkerForAPageThatTakesNoDevices) {
-    CWnd other;
-    Start(&other);
+TEST_F(DiscoveryServiceTest, StartsNoWorkerWithoutAPage) {
+    Start(nullptr);
     EXPECT_EQ(service->DoRun(), 0u);
-    EXPECT_EQ(Controller::GetInstance().ThreadCount(), 0);
+    EXPECT_EQ(controller.ThreadCount(), 0);
     EXPECT_THAT(CallNames(), ElementsAre(L"Initialize", L"BidiInitialize"));
 }
 
@@ -372,7 +372,7 @@ TEST_F(DiscoveryServiceTest, GoesOnWithoutAWorkerThatTheSystemDenies) {
             return 0;
         });
     EXPECT_EQ(service->DoRun(), 0u);
-    EXPECT_EQ(Controller::GetInstance().ThreadCount(), 0);
+    EXPECT_EQ(controller.ThreadCount(), 0);
 }
 
 }  // namespace

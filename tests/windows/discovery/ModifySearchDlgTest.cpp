@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "discovery/ModifySearchDlg.h"
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
@@ -16,18 +17,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-enum Id {
-    localRadio = 1026,
-    hostRadio,
-    subnetRadio,
-    host,
-    addressLabel,
-    address,
-    maskLabel,
-    mask,
-    help = 1057
-};
 
 // What the fields have said in balloons.
 std::vector<std::wstring> balloons;
@@ -62,7 +51,8 @@ protected:
     void Open(const std::wstring& search = {}) {
         Settings().SetString(Tag::DISCOVER_PARAMS, search);
         dialog.Create(dialog.TemplateId(), &window);
-        for (const int field : {host, address, mask}) SetWindowSubclass(At(field), &NoteBalloon, 1, 0);
+        for (const int field : {IDC_MODIFY_SEARCH_HOST, IDC_MODIFY_SEARCH_ADDRESS, IDC_MODIFY_SEARCH_MASK})
+            SetWindowSubclass(At(field), &NoteBalloon, 1, 0);
         dialog.ShowWindow(SW_SHOW);
     }
     HWND At(int id) const { return dialog.GetDlgItem(id); }
@@ -82,61 +72,65 @@ protected:
 
     TestApp app;
     CDialogEx window;
-    ModifySearchDlg dialog{&window};
+    ModifySearchDlg dialog{context, window};
 };
 
 TEST_F(ModifySearchDlgTest, OpensOnTheOwnSubnet) {
     Open();
     EXPECT_EQ(dialog.GetWindowText(), L"Where?");
-    EXPECT_TRUE(IsChecked(localRadio));
-    EXPECT_FALSE(IsEnabled(host) || IsEnabled(address) || IsEnabled(mask));
-    EXPECT_FALSE(IsWindowVisible(At(help)));
+    EXPECT_TRUE(IsChecked(IDC_MODIFY_SEARCH_LOCAL));
+    EXPECT_FALSE(IsEnabled(IDC_MODIFY_SEARCH_HOST) || IsEnabled(IDC_MODIFY_SEARCH_ADDRESS) ||
+                 IsEnabled(IDC_MODIFY_SEARCH_MASK));
+    EXPECT_FALSE(IsWindowVisible(At(IDC_HELP_BUTTON)));
     Pause();
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
 TEST_F(ModifySearchDlgTest, OpensOnTheStoredHostWithoutACheck) {
     Open(L"<UnicastAddress>not a host!</UnicastAddress>");
-    EXPECT_TRUE(IsChecked(hostRadio));
-    EXPECT_EQ(Text(host), L"not a host!");
-    EXPECT_TRUE(IsEnabled(host) && IsEnabled(IDOK));
-    EXPECT_FALSE(IsEnabled(address) || IsEnabled(mask));
+    EXPECT_TRUE(IsChecked(IDC_MODIFY_SEARCH_BY_HOST));
+    EXPECT_EQ(Text(IDC_MODIFY_SEARCH_HOST), L"not a host!");
+    EXPECT_TRUE(IsEnabled(IDC_MODIFY_SEARCH_HOST) && IsEnabled(IDOK));
+    EXPECT_FALSE(IsEnabled(IDC_MODIFY_SEARCH_ADDRESS) || IsEnabled(IDC_MODIFY_SEARCH_MASK));
     EXPECT_THAT(balloons, IsEmpty());
 }
 
 TEST_F(ModifySearchDlgTest, OpensOnTheStoredSubnet) {
     Open(L"<RemoteSubnets>10.1.0.0:255.255.0.0;</RemoteSubnets>");
-    EXPECT_TRUE(IsChecked(subnetRadio));
-    EXPECT_EQ(Text(address), L"10.1.0.0");
-    EXPECT_EQ(Text(mask), L"255.255.0.0");
-    EXPECT_TRUE(IsEnabled(address) && IsEnabled(mask) && IsEnabled(IDOK));
-    EXPECT_FALSE(IsEnabled(host));
+    EXPECT_TRUE(IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET));
+    EXPECT_EQ(Text(IDC_MODIFY_SEARCH_ADDRESS), L"10.1.0.0");
+    EXPECT_EQ(Text(IDC_MODIFY_SEARCH_MASK), L"255.255.0.0");
+    EXPECT_TRUE(IsEnabled(IDC_MODIFY_SEARCH_ADDRESS) && IsEnabled(IDC_MODIFY_SEARCH_MASK) && IsEnabled(IDOK));
+    EXPECT_FALSE(IsEnabled(IDC_MODIFY_SEARCH_HOST));
 }
 
 TEST_F(ModifySearchDlgTest, TellsOfASubnetWithoutAColonAndChecksNothing) {
     Open(L"<RemoteSubnets>10.1.0.0</RemoteSubnets>");
-    EXPECT_FALSE(IsChecked(localRadio) || IsChecked(hostRadio) || IsChecked(subnetRadio));
+    EXPECT_FALSE(IsChecked(IDC_MODIFY_SEARCH_LOCAL) || IsChecked(IDC_MODIFY_SEARCH_BY_HOST) ||
+                 IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET));
     EXPECT_THAT(BasicMessages(), Contains(L"Subnet values are not proper"));
 }
 
 TEST_F(ModifySearchDlgTest, TellsOfASearchOfNoKnownKind) {
     Open(L"<Other>x</Other>");
-    EXPECT_FALSE(IsChecked(localRadio) || IsChecked(hostRadio) || IsChecked(subnetRadio));
+    EXPECT_FALSE(IsChecked(IDC_MODIFY_SEARCH_LOCAL) || IsChecked(IDC_MODIFY_SEARCH_BY_HOST) ||
+                 IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET));
     EXPECT_THAT(BasicMessages(), Contains(L"No control is checked"));
 }
 
 TEST_F(ModifySearchDlgTest, EnablesTheFieldsOfTheChosenSearch) {
     Open();
-    Choose(hostRadio);
-    EXPECT_TRUE(IsEnabled(host));
-    EXPECT_FALSE(IsEnabled(address) || IsEnabled(mask));
-    EXPECT_EQ(GetFocus(), At(host));
-    Choose(subnetRadio);
-    EXPECT_FALSE(IsEnabled(host));
-    EXPECT_TRUE(IsEnabled(address) && IsEnabled(mask));
-    EXPECT_EQ(GetFocus(), At(address));
-    Choose(localRadio);
-    EXPECT_FALSE(IsEnabled(host) || IsEnabled(address) || IsEnabled(mask));
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    EXPECT_TRUE(IsEnabled(IDC_MODIFY_SEARCH_HOST));
+    EXPECT_FALSE(IsEnabled(IDC_MODIFY_SEARCH_ADDRESS) || IsEnabled(IDC_MODIFY_SEARCH_MASK));
+    EXPECT_EQ(GetFocus(), At(IDC_MODIFY_SEARCH_HOST));
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    EXPECT_FALSE(IsEnabled(IDC_MODIFY_SEARCH_HOST));
+    EXPECT_TRUE(IsEnabled(IDC_MODIFY_SEARCH_ADDRESS) && IsEnabled(IDC_MODIFY_SEARCH_MASK));
+    EXPECT_EQ(GetFocus(), At(IDC_MODIFY_SEARCH_ADDRESS));
+    Choose(IDC_MODIFY_SEARCH_LOCAL);
+    EXPECT_FALSE(IsEnabled(IDC_MODIFY_SEARCH_HOST) || IsEnabled(IDC_MODIFY_SEARCH_ADDRESS) ||
+                 IsEnabled(IDC_MODIFY_SEARCH_MASK));
 }
 
 struct FieldCase {
@@ -152,8 +146,8 @@ class HostFieldTest : public ModifySearchDlgTest, public testing::WithParamInter
 
 TEST_P(HostFieldTest, IsCheckedWhenTheUserPauses) {
     Open();
-    Choose(hostRadio);
-    Type(host, GetParam().text);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, GetParam().text);
     Pause();
     EXPECT_EQ(IsEnabled(IDOK), GetParam().isAccepted);
     EXPECT_EQ(balloons, GetParam().isAccepted ? std::vector<std::wstring>()
@@ -167,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, HostFieldTest,
 
 TEST_F(ModifySearchDlgTest, SaysNothingAboutAnEmptyHost) {
     Open();
-    Choose(hostRadio);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
     Pause();
     EXPECT_FALSE(IsEnabled(IDOK));
     EXPECT_THAT(balloons, IsEmpty());
@@ -175,52 +169,52 @@ TEST_F(ModifySearchDlgTest, SaysNothingAboutAnEmptyHost) {
 
 TEST_F(ModifySearchDlgTest, RefusesAGoodHostThatIsAsItWas) {
     Open();
-    Choose(hostRadio);
-    Type(host, L"printer");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer");
     Pause();
     EXPECT_TRUE(IsEnabled(IDOK));
     // A character is typed and deleted again before the check.
-    Type(host, L"printers");
-    Type(host, L"printer");
+    Type(IDC_MODIFY_SEARCH_HOST, L"printers");
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer");
     Pause();
     EXPECT_FALSE(IsEnabled(IDOK));
-    Type(host, L"printer2");
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer2");
     Pause();
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
 TEST_F(ModifySearchDlgTest, ChecksAnUnchangedHostOnceMoreBehindARadioClick) {
     Open();
-    Choose(hostRadio);
-    Type(host, L"printer");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer");
     Pause();
-    Choose(localRadio);
+    Choose(IDC_MODIFY_SEARCH_LOCAL);
     Pause();
-    Choose(hostRadio);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
     Pause();
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
 TEST_F(ModifySearchDlgTest, LetsAnEmptyHostUseUpTheExtraCheck) {
     Open();
-    Choose(hostRadio);
-    Type(host, L"printer");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer");
     Pause();
-    Type(host, L"");
-    Choose(hostRadio);
+    Type(IDC_MODIFY_SEARCH_HOST, L"");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
     Pause();
-    Type(host, L"printer");
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer");
     Pause();
     EXPECT_FALSE(IsEnabled(IDOK));
 }
 
 TEST_F(ModifySearchDlgTest, RepeatsNoBalloonForATextThatIsStillWrong) {
     Open();
-    Choose(hostRadio);
-    Type(host, L"a b");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"a b");
     Pause();
-    Choose(localRadio);
-    Choose(hostRadio);
+    Choose(IDC_MODIFY_SEARCH_LOCAL);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
     Pause();
     EXPECT_FALSE(IsEnabled(IDOK));
     EXPECT_EQ(balloons.size(), 1u);
@@ -228,8 +222,8 @@ TEST_F(ModifySearchDlgTest, RepeatsNoBalloonForATextThatIsStillWrong) {
 
 TEST_F(ModifySearchDlgTest, KeepsAHostOfTheGreatestLength) {
     Open();
-    Choose(hostRadio);
-    Type(host, std::wstring(255, L'a'));
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, std::wstring(255, L'a'));
     Pause();
     EXPECT_TRUE(IsEnabled(IDOK));
     EXPECT_THAT(balloons, IsEmpty());
@@ -237,20 +231,20 @@ TEST_F(ModifySearchDlgTest, KeepsAHostOfTheGreatestLength) {
 
 TEST_F(ModifySearchDlgTest, CutsAHostThatIsTooLongAtOnceAndTakesItUntested) {
     Open();
-    Choose(hostRadio);
-    Type(host, std::wstring(255, L'!') + L"!");
-    EXPECT_EQ(Text(host), std::wstring(255, L'!'));
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, std::wstring(255, L'!') + L"!");
+    EXPECT_EQ(Text(IDC_MODIFY_SEARCH_HOST), std::wstring(255, L'!'));
     EXPECT_THAT(balloons, ElementsAre(L"MSG_HOSTNAME_LIMIT"));
     EXPECT_TRUE(IsEnabled(IDOK));
     DWORD caret = 0;
-    SendMessageW(At(host), EM_GETSEL, reinterpret_cast<WPARAM>(&caret), 0);
+    SendMessageW(At(IDC_MODIFY_SEARCH_HOST), EM_GETSEL, reinterpret_cast<WPARAM>(&caret), 0);
     EXPECT_EQ(caret, 255u);
 }
 
 TEST_F(ModifySearchDlgTest, ForgetsThatACutHostCountedAsGood) {
     Open();
-    Choose(hostRadio);
-    Type(host, std::wstring(300, L'a'));
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, std::wstring(300, L'a'));
     EXPECT_TRUE(IsEnabled(IDOK));
     // The cut itself was a change, and the check that it sets off finds the text that it knows.
     Pause();
@@ -273,9 +267,9 @@ class SubnetFieldsTest : public ModifySearchDlgTest, public testing::WithParamIn
 
 TEST_P(SubnetFieldsTest, AreCheckedWhenTheUserPauses) {
     Open();
-    Choose(subnetRadio);
-    Type(address, GetParam().address);
-    Type(mask, GetParam().mask);
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Type(IDC_MODIFY_SEARCH_ADDRESS, GetParam().address);
+    Type(IDC_MODIFY_SEARCH_MASK, GetParam().mask);
     Pause();
     EXPECT_EQ(IsEnabled(IDOK), GetParam().isAccepted);
     EXPECT_EQ(balloons, GetParam().balloons);
@@ -292,21 +286,21 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ModifySearchDlgTest, KeepsAGoodSubnetThatIsAsItWas) {
     Open();
-    Choose(subnetRadio);
-    Type(address, L"10.1.0.0");
-    Type(mask, L"255.255.0.0");
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Type(IDC_MODIFY_SEARCH_ADDRESS, L"10.1.0.0");
+    Type(IDC_MODIFY_SEARCH_MASK, L"255.255.0.0");
     Pause();
-    Type(address, L"10.1.0.0");
+    Type(IDC_MODIFY_SEARCH_ADDRESS, L"10.1.0.0");
     Pause();
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
 TEST_F(ModifySearchDlgTest, CutsAnAddressThatIsTooLongAtOnce) {
     Open();
-    Choose(subnetRadio);
-    Type(mask, L"255.255.0.0");
-    Type(address, std::wstring(46, L'1'));
-    EXPECT_EQ(Text(address), std::wstring(45, L'1'));
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Type(IDC_MODIFY_SEARCH_MASK, L"255.255.0.0");
+    Type(IDC_MODIFY_SEARCH_ADDRESS, std::wstring(46, L'1'));
+    EXPECT_EQ(Text(IDC_MODIFY_SEARCH_ADDRESS), std::wstring(45, L'1'));
     EXPECT_THAT(balloons, ElementsAre(L"MSG_IP_LIMIT"));
     EXPECT_TRUE(IsEnabled(IDOK));
     // The next check tests the stored text, in silence.
@@ -317,18 +311,18 @@ TEST_F(ModifySearchDlgTest, CutsAnAddressThatIsTooLongAtOnce) {
 
 TEST_F(ModifySearchDlgTest, CutsAMaskThatIsTooLongAtOnce) {
     Open();
-    Choose(subnetRadio);
-    Type(address, L"10.1.0.0");
-    Type(mask, std::wstring(60, L'2'));
-    EXPECT_EQ(Text(mask), std::wstring(45, L'2'));
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Type(IDC_MODIFY_SEARCH_ADDRESS, L"10.1.0.0");
+    Type(IDC_MODIFY_SEARCH_MASK, std::wstring(60, L'2'));
+    EXPECT_EQ(Text(IDC_MODIFY_SEARCH_MASK), std::wstring(45, L'2'));
     EXPECT_THAT(balloons, ElementsAre(L"MSG_SUBNET_LIMIT"));
 }
 
 TEST_F(ModifySearchDlgTest, TestsAnAddressOfTheGreatestLength) {
     Open();
-    Choose(subnetRadio);
-    Type(mask, L"255.255.0.0");
-    Type(address, std::wstring(45, L'1'));
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Type(IDC_MODIFY_SEARCH_MASK, L"255.255.0.0");
+    Type(IDC_MODIFY_SEARCH_ADDRESS, std::wstring(45, L'1'));
     Pause();
     EXPECT_FALSE(IsEnabled(IDOK));
     EXPECT_THAT(balloons, ElementsAre(L"MSG_INVALID_IP"));
@@ -336,9 +330,9 @@ TEST_F(ModifySearchDlgTest, TestsAnAddressOfTheGreatestLength) {
 
 TEST_F(ModifySearchDlgTest, StoresTheHostOnEnterThoughOkIsDisabled) {
     Open();
-    Choose(hostRadio);
-    MSG enter{.hwnd = At(host), .message = WM_KEYDOWN, .wParam = VK_RETURN};
-    Type(host, L"not good!");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    MSG enter{.hwnd = At(IDC_MODIFY_SEARCH_HOST), .message = WM_KEYDOWN, .wParam = VK_RETURN};
+    Type(IDC_MODIFY_SEARCH_HOST, L"not good!");
     Pause();
     EXPECT_FALSE(IsEnabled(IDOK));
     EXPECT_TRUE(dialog.PreTranslateMessage(&enter));
@@ -348,7 +342,7 @@ TEST_F(ModifySearchDlgTest, StoresTheHostOnEnterThoughOkIsDisabled) {
 
 TEST_F(ModifySearchDlgTest, StoresAnEmptyHostOnEnter) {
     Open();
-    Choose(hostRadio);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
     MSG enter{.hwnd = At(IDCANCEL), .message = WM_KEYDOWN, .wParam = VK_RETURN};
     EXPECT_TRUE(dialog.PreTranslateMessage(&enter));
     EXPECT_EQ(Search(), L"<UnicastAddress></UnicastAddress>");
@@ -356,9 +350,9 @@ TEST_F(ModifySearchDlgTest, StoresAnEmptyHostOnEnter) {
 
 TEST_F(ModifySearchDlgTest, StoresTheSubnet) {
     Open();
-    Choose(subnetRadio);
-    Type(address, L"10.1.0.0");
-    Type(mask, L"255.255.0.0");
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Type(IDC_MODIFY_SEARCH_ADDRESS, L"10.1.0.0");
+    Type(IDC_MODIFY_SEARCH_MASK, L"255.255.0.0");
     Confirm();
     EXPECT_EQ(Search(), L"<RemoteSubnets>10.1.0.0:255.255.0.0;</RemoteSubnets>");
     EXPECT_THAT(BasicMessages(), Contains(L"Filter for Subnet: 10.1.0.0:255.255.0.0;"));
@@ -366,7 +360,7 @@ TEST_F(ModifySearchDlgTest, StoresTheSubnet) {
 
 TEST_F(ModifySearchDlgTest, ForgetsTheSearchForTheOwnSubnet) {
     Open(L"<UnicastAddress>a</UnicastAddress>");
-    Choose(localRadio);
+    Choose(IDC_MODIFY_SEARCH_LOCAL);
     Confirm();
     EXPECT_EQ(Search(), L"");
     EXPECT_THAT(BasicMessages(), Contains(L"No user-set filter in place"));
@@ -374,7 +368,7 @@ TEST_F(ModifySearchDlgTest, ForgetsTheSearchForTheOwnSubnet) {
 
 TEST_F(ModifySearchDlgTest, ChangesNothingOnCancel) {
     Open(L"<UnicastAddress>a</UnicastAddress>");
-    Type(host, L"b");
+    Type(IDC_MODIFY_SEARCH_HOST, L"b");
     dialog.SendMessage(WM_COMMAND, IDCANCEL);
     EXPECT_EQ(Search(), L"<UnicastAddress>a</UnicastAddress>");
 }
@@ -388,16 +382,16 @@ TEST_F(ModifySearchDlgTest, WaitsThreeTenthsOfASecondForThePause) {
             return 1;
         });
     Open();
-    Choose(hostRadio);
-    Type(host, L"a");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"a");
     EXPECT_THAT(delays, testing::Each(300u));
     EXPECT_EQ(delays.size(), 3u);
 }
 
 TEST_F(ModifySearchDlgTest, ChecksByItselfBehindThePause) {
     Open();
-    Choose(hostRadio);
-    Type(host, L"printer");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer");
     EXPECT_TRUE(WaitUntil([this] {
         PumpMessages();
         return IsEnabled(IDOK);
@@ -406,8 +400,8 @@ TEST_F(ModifySearchDlgTest, ChecksByItselfBehindThePause) {
 
 TEST_F(ModifySearchDlgTest, ChecksNothingForATimerThatIsGone) {
     Open();
-    Choose(hostRadio);
-    Type(host, L"printer");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"printer");
     Pause();
     // One more check would refuse the unchanged text.
     Pause();
@@ -423,11 +417,11 @@ TEST_F(ModifySearchDlgTest, BeepsWithEachBalloon) {
             return TRUE;
         });
     Open();
-    Choose(hostRadio);
-    Type(host, L"a b");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"a b");
     Pause();
     EXPECT_THAT(beeps, ElementsAre(UINT{MB_OK}));
-    Type(host, std::wstring(256, L'a'));
+    Type(IDC_MODIFY_SEARCH_HOST, std::wstring(256, L'a'));
     EXPECT_THAT(beeps, ElementsAre(UINT{MB_OK}, UINT{MB_OK}));
 }
 
@@ -435,8 +429,8 @@ TEST_F(ModifySearchDlgTest, TellsThatItHasNoTimerAndChecksNothing) {
     const PatchedImport denied(
         "SetTimer", +[](HWND, UINT_PTR, UINT, TIMERPROC) -> UINT_PTR { return 0; });
     Open();
-    Choose(hostRadio);
-    Type(host, L"a b");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"a b");
     EXPECT_THAT(AdvancedMessages(), Contains(L"Timer for validation could not be set"));
     EXPECT_THAT(balloons, IsEmpty());
 }
@@ -444,9 +438,9 @@ TEST_F(ModifySearchDlgTest, TellsThatItHasNoTimerAndChecksNothing) {
 TEST_F(ModifySearchDlgTest, TakesEveryAddressOnASystemThatCannotReadThem) {
     const PatchedImport older("VerifyVersionInfoW", &RefuseVersion);
     Open();
-    Choose(subnetRadio);
-    Type(address, L"anything");
-    Type(mask, L"24");
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Type(IDC_MODIFY_SEARCH_ADDRESS, L"anything");
+    Type(IDC_MODIFY_SEARCH_MASK, L"24");
     Pause();
     EXPECT_TRUE(IsEnabled(IDOK));
     EXPECT_THAT(balloons, IsEmpty());
@@ -455,12 +449,12 @@ TEST_F(ModifySearchDlgTest, TakesEveryAddressOnASystemThatCannotReadThem) {
 TEST_F(ModifySearchDlgTest, TakesHostNamesAloneOnASystemThatCannotReadAddresses) {
     const PatchedImport older("VerifyVersionInfoW", &RefuseVersion);
     Open();
-    Choose(hostRadio);
-    Type(host, L"2001:db8::1");
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"2001:db8::1");
     Pause();
     EXPECT_FALSE(IsEnabled(IDOK));
     // There the message comes again for the same text.
-    Choose(hostRadio);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
     Pause();
     EXPECT_THAT(balloons, ElementsAre(L"MSG_INVALID_IPHOST_NAME", L"MSG_INVALID_IPHOST_NAME"));
 }
@@ -487,13 +481,13 @@ LRESULT CALLBACK RefuseBalloon(HWND window, UINT message, WPARAM wParam, LPARAM 
 
 TEST_F(ModifySearchDlgTest, ShowsABalloonOfItsOwnWhereTheFieldHasNone) {
     Open();
-    SetWindowSubclass(At(host), &RefuseBalloon, 2, 0);
-    Choose(hostRadio);
-    Type(host, L"a b");
+    SetWindowSubclass(At(IDC_MODIFY_SEARCH_HOST), &RefuseBalloon, 2, 0);
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    Type(IDC_MODIFY_SEARCH_HOST, L"a b");
     EXPECT_EQ(ShownBalloon(), nullptr);
     Pause();
     EXPECT_NE(ShownBalloon(), nullptr);
-    SendMessageW(At(host), WM_KEYDOWN, VK_END, 0);
+    SendMessageW(At(IDC_MODIFY_SEARCH_HOST), WM_KEYDOWN, VK_END, 0);
     EXPECT_EQ(ShownBalloon(), nullptr);
 }
 

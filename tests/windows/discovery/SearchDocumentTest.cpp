@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "discovery/DiscoveryService.h"
 #include "tests/windows/world/NetworkTest.h"
 
@@ -14,32 +16,36 @@ using SearchDocumentTest = NetworkTest;
 TEST_F(SearchDocumentTest, IsWhatTheUserChose) {
     Settings().SetStrings(
         {{L"DISCOVER_PARAMS", L"<UnicastAddress>a</UnicastAddress>"}, {L"IPADDRESS", L"b"}});
-    EXPECT_EQ(BuildSearchDocument(), L"<UnicastAddress>a</UnicastAddress>");
+    EXPECT_EQ(BuildSearchDocument(Settings()), L"<UnicastAddress>a</UnicastAddress>");
     EXPECT_THAT(BasicMessages(), IsEmpty());
 }
 
 TEST_F(SearchDocumentTest, TakesThePresetAddressAndPassesOverTheSubnet) {
     Settings().SetStrings({{L"IPADDRESS", L"10.0.0.7"}, {L"SUBNETADDRESS", L"10.1.0.0:255.255.0.0"}});
-    EXPECT_EQ(BuildSearchDocument(), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
+    EXPECT_EQ(BuildSearchDocument(Settings()), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
     EXPECT_THAT(BasicMessages(), ElementsAre(L"Filter for IP Address: 10.0.0.7"));
 }
 
 TEST_F(SearchDocumentTest, TakesThePresetSubnetAndClosesIt) {
     Settings().SetString(L"SUBNETADDRESS", L"10.1.0.0:255.255.0.0");
-    EXPECT_EQ(BuildSearchDocument(), L"<RemoteSubnets>10.1.0.0:255.255.0.0;</RemoteSubnets>");
+    EXPECT_EQ(BuildSearchDocument(Settings()), L"<RemoteSubnets>10.1.0.0:255.255.0.0;</RemoteSubnets>");
     EXPECT_THAT(BasicMessages(), ElementsAre(L"Filter for Subnet Address: 10.1.0.0:255.255.0.0"));
 }
 
 TEST_F(SearchDocumentTest, IsEmptyForTheOwnSubnet) {
-    EXPECT_EQ(BuildSearchDocument(), L"");
+    EXPECT_EQ(BuildSearchDocument(Settings()), L"");
 }
 
 TEST_F(SearchDocumentTest, TurnsAPresetIntoASearchOnce) {
     Settings().SetString(L"IPADDRESS", L"10.0.0.7");
-    BuildSearchDocument();
-    EXPECT_EQ(BuildSearchDocument(), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
-    EXPECT_EQ(BasicMessages().size(), 1u);
+    Start();
+    Run();
     EXPECT_EQ(Settings().GetString(L"DISCOVER_PARAMS"), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
+    Settings().SetString(L"IPADDRESS", L"10.0.0.8");
+    Run();
+    EXPECT_EQ(Settings().GetString(L"DISCOVER_PARAMS"), L"<UnicastAddress>10.0.0.7</UnicastAddress>");
+    const std::vector<std::wstring> messages = BasicMessages();
+    EXPECT_EQ(std::count(messages.begin(), messages.end(), L"Filter for IP Address: 10.0.0.7"), 1);
 }
 
 TEST_F(SearchDocumentTest, TakesAnAddressThatAPageWroteForAPreset) {

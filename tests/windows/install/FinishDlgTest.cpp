@@ -1,4 +1,5 @@
 #include "install/FinishDlg.h"
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
@@ -6,8 +7,6 @@
 #include "tests/windows/world/TestApp.h"
 
 namespace {
-
-constexpr int header = 1006;
 
 // A cancelled run for which the .NET prerequisite was missing.
 class FinishDlgTest : public SettingsTest {
@@ -24,12 +23,12 @@ protected:
 
     std::wstring Header() {
         page.SendMessage(WM_SHOWWINDOW, TRUE);
-        return TextOf(page.GetDlgItem(header));
+        return TextOf(page.GetDlgItem(IDC_OUTCOME_TITLE));
     }
 
     TestApp app;
     CDialogEx window;
-    FinishDlg page{L"Finish Dialog"};
+    FinishDlg page{context, L"Finish Dialog"};
 };
 
 TEST_F(FinishDlgTest, NamesTheMissingDependencyOfACancelledRun) {

@@ -32,7 +32,7 @@ protected:
 TEST_F(FinishServiceTest, StartsEveryProgramThatASemicolonCloses) {
     Settings().AppendStartApp(Starting(L"one") + L";");
     Settings().AppendStartApp(Starting(L"two") + L";" + Starting(L"three"));
-    EXPECT_EQ(FinishService().DoRun(), 0U);
+    EXPECT_EQ(FinishService(Settings()).DoRun(), 0U);
     EXPECT_TRUE(HasStarted(L"one"));
     EXPECT_TRUE(HasStarted(L"two"));
     EXPECT_FALSE(Exists(L"three"));
@@ -41,17 +41,17 @@ TEST_F(FinishServiceTest, StartsEveryProgramThatASemicolonCloses) {
 TEST_F(FinishServiceTest, StartsNothingWithoutASemicolon) {
     Settings().AppendStartApp(Starting(L"one"));
     Settings().AppendStartApp(Starting(L"two"));
-    EXPECT_EQ(FinishService().DoRun(), 0U);
+    EXPECT_EQ(FinishService(Settings()).DoRun(), 0U);
     EXPECT_FALSE(Exists(L"one") || Exists(L"two"));
 }
 
 TEST_F(FinishServiceTest, DoesNothingWithoutPrograms) {
-    EXPECT_EQ(FinishService().DoRun(), 0U);
+    EXPECT_EQ(FinishService(Settings()).DoRun(), 0U);
 }
 
 TEST_F(FinishServiceTest, LeavesOutWhatFollowsAProgramThatCannotStart) {
     Settings().AppendStartApp(Starting(L"one") + L";missing.exe;" + Starting(L"two") + L";");
-    EXPECT_EQ(FinishService().DoRun(), DWORD{ERROR_FILE_NOT_FOUND});
+    EXPECT_EQ(FinishService(Settings()).DoRun(), DWORD{ERROR_FILE_NOT_FOUND});
     EXPECT_TRUE(HasStarted(L"one"));
     EXPECT_FALSE(Exists(L"two"));
 }

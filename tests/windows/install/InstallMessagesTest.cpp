@@ -1,5 +1,7 @@
 #include "framework/CDialogEx.h"
 #include "install/InstallMessages.h"
+#include "install/ProgressDialog.h"
+#include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/SettingsTest.h"
@@ -22,10 +24,13 @@ protected:
             "<FILES_IN_USE_HEADER>in use</FILES_IN_USE_HEADER>");
         window.Create(IDD_TEST, nullptr);
         app.SetMainWnd(&window);
+        DeliverMessagesTo(&page);
     }
+    ~DialogTest() override { DeliverMessagesTo(nullptr); }
 
     TestApp app;
     CDialogEx window;
+    ProgressDialog page{context};
 };
 
 struct ErrorBox {
@@ -44,7 +49,7 @@ TEST_P(ErrorBoxTest, ShowsItsTextsAndSaysWhetherTheRunStops) {
             shown = TextOf(box) + L": " + TextOf(GetDlgItem(box, boxText));
             ClickOn(box, IDOK);
         });
-        EXPECT_EQ(ShowErrorDialog(GetParam().code), GetParam().stops);
+        EXPECT_EQ(ShowErrorDialog(&page, Settings(), GetParam().code), GetParam().stops);
     }
     EXPECT_EQ(shown, GetParam().shown);
 }
@@ -67,13 +72,13 @@ using ErrorDialogTest = DialogTest;
 
 TEST_F(ErrorDialogTest, StaysAwayInAnOptionalRun) {
     Settings().SetBool(L"OPTIONAL_INSTALL", true);
-    EXPECT_FALSE(ShowErrorDialog(112));
+    EXPECT_FALSE(ShowErrorDialog(&page, Settings(), 112));
 }
 
 TEST_F(ErrorDialogTest, GivesTheSameAnswerWithoutAMainWindow) {
     app.SetMainWnd(nullptr);
-    EXPECT_TRUE(ShowErrorDialog(112));
-    EXPECT_FALSE(ShowErrorDialog(1623));
+    EXPECT_TRUE(ShowErrorDialog(&page, Settings(), 112));
+    EXPECT_FALSE(ShowErrorDialog(&page, Settings(), 1623));
 }
 
 // A question of the library, and what the user does with it.
@@ -84,17 +89,14 @@ struct Question {
     std::int32_t answer;
 };
 
-constexpr int closePrograms = 1063;
-constexpr int doNotClose = 1064;
-constexpr int retry = 1066;
-constexpr int ignore = 1067;
-
 class FileInUseTest : public DialogTest, public testing::WithParamInterface<Question> {
 protected:
     static std::wstring Ask(const std::wstring& kind, const std::wstring& names) {
         return L"<" + kind + L">true</" + kind + L">" + names;
     }
-    static int NamesControl(const std::wstring& kind) { return kind == L"FILE_IN_USE" ? 1093 : 1096; }
+    static int NamesControl(const std::wstring& kind) {
+        return kind == L"FILE_IN_USE" ? IDC_FILES_IN_USE_APPLICATIONS : IDC_CLOSABLE_FILES_APPLICATIONS;
+    }
 };
 
 TEST_P(FileInUseTest, IsAnsweredByTheButton) {
@@ -114,9 +116,11 @@ TEST_P(FileInUseTest, IsAnsweredByTheButton) {
 }
 
 const Question questions[] = {
-    {L"FILE_IN_USE", 0, IDCANCEL, 2},         {L"FILE_IN_USE", 0, retry, 4},
-    {L"RM_FILE_IN_USE", 0, IDOK, 1},          {L"RM_FILE_IN_USE", closePrograms, IDOK, 1},
-    {L"RM_FILE_IN_USE", doNotClose, IDOK, 2},
+    {L"FILE_IN_USE", 0, IDCANCEL, 2},
+    {L"FILE_IN_USE", 0, IDC_FILES_IN_USE_RETRY, 4},
+    {L"RM_FILE_IN_USE", 0, IDOK, 1},
+    {L"RM_FILE_IN_USE", IDC_CLOSABLE_FILES_RESTART, IDOK, 1},
+    {L"RM_FILE_IN_USE", IDC_CLOSABLE_FILES_DO_NOT_CLOSE, IDOK, 2},
 };
 
 INSTANTIATE_TEST_SUITE_P(Questions, FileInUseTest, testing::ValuesIn(questions));
@@ -127,8 +131,8 @@ TEST_F(FileInUseDialogTest, HidesTheButtonThatIgnoresTheQuestion) {
     bool visible = true;
     {
         const DialogUser user(window.GetSafeHwnd(), [&](HWND dialog) {
-            visible = IsWindowVisible(GetDlgItem(dialog, ignore)) != FALSE;
-            ClickOn(dialog, ignore);
+            visible = IsWindowVisible(GetDlgItem(dialog, IDC_FILES_IN_USE_IGNORE)) != FALSE;
+            ClickOn(dialog, IDC_FILES_IN_USE_IGNORE);
         });
         EXPECT_EQ(OnInstallMessage(L"<FILE_IN_USE>true</FILE_IN_USE>"), 5);
     }

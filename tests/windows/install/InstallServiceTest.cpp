@@ -22,7 +22,7 @@ TEST_F(InstallServiceTest, GoesOnWithoutAnyPackage) {
     EXPECT_THAT(StatusLines(), IsEmpty());
     EXPECT_THAT(BasicLog(), ElementsAre(Record(L"", L"Installing Applications"),
                                         Record(L"ERROR", L"There were no applications found to install")));
-    EXPECT_EQ(Controller::GetInstance().ThreadCount(), 0);
+    EXPECT_EQ(controller.ThreadCount(), 0);
 }
 
 TEST_F(InstallServiceTest, RunsApplicationsBeforeDrivers) {

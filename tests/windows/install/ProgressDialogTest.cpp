@@ -1,5 +1,6 @@
 #include "install/InstallMessages.h"
 #include "install/ProgressDialog.h"
+#include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/SettingsTest.h"
@@ -10,8 +11,6 @@ namespace {
 
 using testing::Contains;
 
-constexpr int statusLine = 1000;
-constexpr int bar = 1001;
 constexpr LRESULT invalidParameter = 87;
 
 // The page in a window, as the wizard puts it.
@@ -26,10 +25,12 @@ protected:
         window.Create(IDD_TEST, nullptr);
         app.SetMainWnd(&window);
         page.Create(page.TemplateId(), &window);
+        DeliverMessagesTo(&page);
     }
+    ~ProgressDialogTest() override { DeliverMessagesTo(nullptr); }
 
     std::wstring Shown(int control) const { return TextOf(page.GetDlgItem(control)); }
-    LRESULT Position() const { return SendMessageW(page.GetDlgItem(bar), PBM_GETPOS, 0, 0); }
+    LRESULT Position() const { return SendMessageW(page.GetDlgItem(IDC_PROGRESS_BAR), PBM_GETPOS, 0, 0); }
     // What the library tells, up to its arrival at the page.
     static void Tell(const wchar_t* document) {
         EXPECT_EQ(OnInstallMessage(document), 1);
@@ -43,11 +44,11 @@ protected:
 
     TestApp app;
     CDialogEx window;
-    ProgressDialog page;
+    ProgressDialog page{context};
 };
 
 TEST_F(ProgressDialogTest, BeginsWithItsTexts) {
-    EXPECT_EQ(Shown(statusLine), L"Preparing");
+    EXPECT_EQ(Shown(IDC_PROGRESS_STATUS_LINE), L"Preparing");
     EXPECT_EQ(Shown(IDCANCEL), L"&Stop");
     EXPECT_EQ(page.dialogName, L"Progress Dialog");
     EXPECT_EQ(Position(), 0);
@@ -115,13 +116,13 @@ TEST_F(ProgressDialogTest, GoesBackDuringARollBack) {
 TEST_F(ProgressDialogTest, NamesThePackageWithTheNextProgress) {
     page.BeginRun(2);
     page.SetApplication(L"Ink & Co");
-    EXPECT_EQ(Shown(statusLine), L"Preparing");
+    EXPECT_EQ(Shown(IDC_PROGRESS_STATUS_LINE), L"Preparing");
     Send(1);
-    EXPECT_EQ(Shown(statusLine), L"Installing Ink & Co");
+    EXPECT_EQ(Shown(IDC_PROGRESS_STATUS_LINE), L"Installing Ink & Co");
     page.BeginUninstalling();
     page.SetApplication(L"Loom");
     Send(1);
-    EXPECT_EQ(Shown(statusLine), L"Removing Loom");
+    EXPECT_EQ(Shown(IDC_PROGRESS_STATUS_LINE), L"Removing Loom");
 }
 
 TEST_F(ProgressDialogTest, BeginsANewRunAtTheStart) {
@@ -136,7 +137,7 @@ TEST_F(ProgressDialogTest, BeginsANewRunAtTheStart) {
 TEST_F(ProgressDialogTest, CutsTheRangeOfVeryManyPackages) {
     page.BeginRun(700);
     PBRANGE range{};
-    SendMessageW(page.GetDlgItem(bar), PBM_GETRANGE, TRUE, reinterpret_cast<LPARAM>(&range));
+    SendMessageW(page.GetDlgItem(IDC_PROGRESS_BAR), PBM_GETRANGE, TRUE, reinterpret_cast<LPARAM>(&range));
     EXPECT_EQ(range.iHigh, 70000 & 0xFFFF);
 }
 
@@ -147,12 +148,11 @@ TEST_F(ProgressDialogTest, DropsProgressWithoutAMainWindow) {
     EXPECT_EQ(Position(), 0);
 }
 
-// The cancel stays in the process for good, so everything about it stands in one test.
 TEST_F(ProgressDialogTest, SaysThatItIsCancelledAndDisablesItsButton) {
     EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDCANCEL)));
     page.Cancel();
     PumpMessages();
-    EXPECT_EQ(Shown(statusLine), L"Cancelling");
+    EXPECT_EQ(Shown(IDC_PROGRESS_STATUS_LINE), L"Cancelling");
     EXPECT_THAT(AdvancedMessages(),
                 testing::IsSupersetOf({L"ProgressDialog::Cancel called", L"Updating Cancel Text"}));
     page.SendMessage(WM_PAINT);

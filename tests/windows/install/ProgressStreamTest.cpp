@@ -11,6 +11,7 @@
 
 #include "install/InstallMessages.h"
 #include "install/ProgressDialog.h"
+#include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/ObjectCounts.h"
 #include "tests/windows/world/SettingsTest.h"
@@ -19,7 +20,6 @@
 
 namespace {
 
-constexpr int bar = 1001;
 constexpr int packageCount = 10;
 constexpr int messagesPerPackage = 1000;
 
@@ -55,7 +55,9 @@ protected:
         app.SetMainWnd(&window);
         page.Create(page.TemplateId(), &window);
         page.BeginRun(packageCount);
+        DeliverMessagesTo(&page);
     }
+    ~ProgressStreamTest() override { DeliverMessagesTo(nullptr); }
 
     // Sends the stream and handles it until nothing of it is left.
     void Stream() {
@@ -74,7 +76,7 @@ protected:
 
     TestApp app;
     CDialogEx window;
-    ProgressDialog page;
+    ProgressDialog page{context};
 
 private:
     // Each package's percentage goes up and falls back over and over.
@@ -92,7 +94,7 @@ private:
 };
 
 TEST_F(ProgressStreamTest, MovesTheBarForwardAndOncePerChange) {
-    const BarWatch watch(page.GetDlgItem(bar));
+    const BarWatch watch(page.GetDlgItem(IDC_PROGRESS_BAR));
     Stream();
     ASSERT_FALSE(watch.positions.empty());
     EXPECT_EQ(std::adjacent_find(watch.positions.begin(), watch.positions.end(), std::greater_equal<>()),

@@ -33,7 +33,7 @@ protected:
     TestApp app;
     CDialogEx window;
     HWND list = nullptr;
-    StatusListView view;
+    StatusListView view{Settings(), Texts()};
 };
 
 TEST_F(StatusListViewTest, MarksANameThatBeginsWithAPointForAnArabicUser) {

@@ -1,4 +1,5 @@
 #include "pages/EULADlg.h"
+#include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/PatchedImport.h"
@@ -9,7 +10,6 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr int licenceText = 1024;
 constexpr LANGID indonesian = 0x0421;
 
 LANGID WINAPI TellIndonesian() {
@@ -22,13 +22,13 @@ protected:
 
     // The text that the page shows once it is built.
     std::wstring Shown() {
-        page.Create(137, &window);
-        return TextOf(page.GetDlgItem(licenceText));
+        page.Create(IDD_LICENCE, &window);
+        return TextOf(page.GetDlgItem(IDC_LICENCE_TEXT));
     }
 
     TestApp app;
     CDialogEx window;
-    EULADlg page;
+    EULADlg page{context};
 };
 
 TEST_F(EULADlgTest, LooksForTheShortCodeOfIndonesian) {

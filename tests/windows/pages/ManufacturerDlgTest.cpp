@@ -1,4 +1,5 @@
 #include "pages/ManufacturerDlg.h"
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/ArabicUser.h"
@@ -9,8 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr int list = 1069;
-
 class ManufacturerDlgTest : public SettingsTest {
 protected:
     ManufacturerDlgTest() {
@@ -20,7 +19,7 @@ protected:
 
     std::vector<std::wstring> Listed() const {
         std::vector<std::wstring> names;
-        const auto count = page.GetDlgItem(list) == nullptr ? 0 : Ask(CB_GETCOUNT, 0);
+        const auto count = page.GetDlgItem(IDC_MANUFACTURER_LIST) == nullptr ? 0 : Ask(CB_GETCOUNT, 0);
         for (WPARAM index = 0; index < static_cast<WPARAM>(count); ++index) {
             std::wstring name(static_cast<size_t>(Ask(CB_GETLBTEXTLEN, index)), L'\0');
             Ask(CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(name.data()));
@@ -31,22 +30,22 @@ protected:
 
     TestApp app;
     CDialogEx window;
-    ManufacturerDlg page;
+    ManufacturerDlg page{context};
 
 private:
     LRESULT Ask(UINT message, WPARAM wParam, LPARAM lParam = 0) const {
-        return SendMessageW(page.GetDlgItem(list), message, wParam, lParam);
+        return SendMessageW(page.GetDlgItem(IDC_MANUFACTURER_LIST), message, wParam, lParam);
     }
 };
 
 TEST_F(ManufacturerDlgTest, MarksAFinalPointForAnArabicUser) {
     const ArabicUser user;
-    page.Create(144, &window);
+    page.Create(IDD_MANUFACTURER, &window);
     EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.\x200E", L"B. Co"));
 }
 
 TEST_F(ManufacturerDlgTest, LeavesNamesAloneForOtherUsers) {
-    page.Create(144, &window);
+    page.Create(IDD_MANUFACTURER, &window);
     EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.", L"B. Co"));
 }
 
@@ -54,7 +53,7 @@ TEST_F(ManufacturerDlgTest, LeavesNamesAloneForOtherUsers) {
 TEST_F(ManufacturerDlgTest, FindsNoDefaultUnderTheNameWithoutItsMark) {
     Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.");
     const ArabicUser user;
-    page.Create(144, &window);
+    page.Create(IDD_MANUFACTURER, &window);
     page.SendMessage(WM_SHOWWINDOW, TRUE);
     EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDOK)));
     Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.\x200E");

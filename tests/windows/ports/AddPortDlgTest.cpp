@@ -5,6 +5,7 @@
 #include <array>
 
 #include "ports/AddPortDlg.h"
+#include "resources/resource.h"
 #include "tests/windows/world/AddPortPage.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/FakeShare.h"
@@ -32,16 +33,16 @@ std::wstring Heading(HWND list, int column) {
 TEST_F(AddPortDlgTest, BeginsWithTheExistingPorts) {
     Open();
     EXPECT_EQ(page.dialogName, L"Add Port Dialog");
-    EXPECT_EQ(TextOf(At(PortControl::kind)), L"Existing");
-    EXPECT_EQ(SendMessageW(At(PortControl::kind), CB_GETCOUNT, 0, 0), 3);
+    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_KIND)), L"Existing");
+    EXPECT_EQ(SendMessageW(At(IDC_ADD_PORT_KIND), CB_GETCOUNT, 0, 0), 3);
     EXPECT_FALSE(IsEnabled(IDOK));
-    EXPECT_NE(ListView_GetExtendedListViewStyle(At(PortControl::list)) & LVS_EX_FULLROWSELECT, 0U);
+    EXPECT_NE(ListView_GetExtendedListViewStyle(At(IDC_ADD_PORT_LIST)) & LVS_EX_FULLROWSELECT, 0U);
 }
 
 TEST_F(AddPortDlgTest, HeadsTheListWithoutTheAccessKey) {
     Open();
-    EXPECT_EQ(Heading(At(PortControl::list), 0), L"Port name:");
-    EXPECT_EQ(Heading(At(PortControl::list), 1), L"Type");
+    EXPECT_EQ(Heading(At(IDC_ADD_PORT_LIST), 0), L"Port name:");
+    EXPECT_EQ(Heading(At(IDC_ADD_PORT_LIST), 1), L"Type");
 }
 
 struct LayoutCase {
@@ -56,16 +57,16 @@ TEST_P(AddPortLayoutTest, ShowsTheControlsOfTheKind) {
     Choose((GetParam().kind + 1) % 3);
     Choose(GetParam().kind);
     std::vector<int> shown;
-    for (int control = PortControl::list; control <= PortControl::path; ++control) {
+    for (int control = IDC_ADD_PORT_LIST; control <= IDC_ADD_PORT_PATH; ++control) {
         if (IsShown(control)) shown.push_back(control);
     }
     EXPECT_EQ(shown, GetParam().shown);
 }
 
 const LayoutCase kLayouts[] = {
-    {0, {PortControl::list}},
-    {1, {PortControl::nameLabel, PortControl::name, PortControl::addressLabel, PortControl::address}},
-    {2, {PortControl::pathLabel, PortControl::path}},
+    {0, {IDC_ADD_PORT_LIST}},
+    {1, {IDC_ADD_PORT_NAME_LABEL, IDC_ADD_PORT_NAME, IDC_ADD_PORT_ADDRESS_LABEL, IDC_ADD_PORT_ADDRESS}},
+    {2, {IDC_ADD_PORT_PATH_LABEL, IDC_ADD_PORT_PATH}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Kinds, AddPortLayoutTest, testing::ValuesIn(kLayouts));
@@ -73,11 +74,11 @@ INSTANTIATE_TEST_SUITE_P(Kinds, AddPortLayoutTest, testing::ValuesIn(kLayouts));
 TEST_F(AddPortDlgTest, LeavesTheLayoutOfATextThatItDoesNotKnow) {
     Open();
     Choose(1);
-    SendMessageW(At(PortControl::kind), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Unknown"));
-    Enter(PortControl::name, L"a");
-    Enter(PortControl::address, L"b");
+    SendMessageW(At(IDC_ADD_PORT_KIND), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Unknown"));
+    Enter(IDC_ADD_PORT_NAME, L"a");
+    Enter(IDC_ADD_PORT_ADDRESS, L"b");
     Choose(3);
-    EXPECT_TRUE(IsShown(PortControl::name));
+    EXPECT_TRUE(IsShown(IDC_ADD_PORT_NAME));
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
@@ -96,11 +97,11 @@ TEST_F(AddPortDlgTest, GoesOnWithASelectedPort) {
 TEST_F(AddPortDlgTest, GoesOnWithANameAndAnAddress) {
     Open();
     Choose(1);
-    Enter(PortControl::name, L"a");
+    Enter(IDC_ADD_PORT_NAME, L"a");
     EXPECT_FALSE(IsEnabled(IDOK));
-    Enter(PortControl::address, L"?");
+    Enter(IDC_ADD_PORT_ADDRESS, L"?");
     EXPECT_TRUE(IsEnabled(IDOK));
-    Enter(PortControl::name, L"");
+    Enter(IDC_ADD_PORT_NAME, L"");
     EXPECT_FALSE(IsEnabled(IDOK));
 }
 
@@ -108,49 +109,49 @@ TEST_F(AddPortDlgTest, GoesOnWithAPath) {
     Open();
     Choose(2);
     EXPECT_FALSE(IsEnabled(IDOK));
-    Enter(PortControl::path, L"x");
+    Enter(IDC_ADD_PORT_PATH, L"x");
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
 TEST_F(AddPortDlgTest, StaysWithoutAKind) {
     Open();
     Choose(1);
-    Enter(PortControl::name, L"a");
-    Enter(PortControl::address, L"b");
-    SendMessageW(At(PortControl::kind), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    Enter(IDC_ADD_PORT_NAME, L"a");
+    Enter(IDC_ADD_PORT_ADDRESS, L"b");
+    SendMessageW(At(IDC_ADD_PORT_KIND), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     PressNext();
     EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"");
-    Enter(PortControl::address, L"c");
+    Enter(IDC_ADD_PORT_ADDRESS, L"c");
     EXPECT_FALSE(IsEnabled(IDOK));
 }
 
 TEST_F(AddPortDlgTest, KeepsWhatFitsIntoItsFields) {
     Open();
-    Enter(PortControl::name, std::wstring(70, L'n'));
-    Enter(PortControl::address, std::wstring(300, L'a'));
-    Enter(PortControl::path, std::wstring(300, L'p'));
-    EXPECT_EQ(GetWindowTextLengthW(At(PortControl::name)), 64);
-    EXPECT_EQ(GetWindowTextLengthW(At(PortControl::address)), 256);
-    EXPECT_EQ(GetWindowTextLengthW(At(PortControl::path)), 256);
+    Enter(IDC_ADD_PORT_NAME, std::wstring(70, L'n'));
+    Enter(IDC_ADD_PORT_ADDRESS, std::wstring(300, L'a'));
+    Enter(IDC_ADD_PORT_PATH, std::wstring(300, L'p'));
+    EXPECT_EQ(GetWindowTextLengthW(At(IDC_ADD_PORT_NAME)), 64);
+    EXPECT_EQ(GetWindowTextLengthW(At(IDC_ADD_PORT_ADDRESS)), 256);
+    EXPECT_EQ(GetWindowTextLengthW(At(IDC_ADD_PORT_PATH)), 256);
 }
 
 TEST_F(AddPortDlgTest, HidesTheDriversAsLongAsThereAreNone) {
     Open();
     Show();
-    for (const int control : {PortControl::driverFrame, PortControl::driverLabel, PortControl::driverList,
-                              PortControl::configure, PortControl::title, PortControl::help}) {
+    for (const int control : {IDC_ADD_PORT_DRIVER_FRAME, IDC_ADD_PORT_DRIVER_LABEL, IDC_ADD_PORT_DRIVER_LIST,
+                              IDC_ADD_PORT_CONFIGURE, IDC_ADD_PORT_TITLE, IDC_HELP_BUTTON}) {
         EXPECT_FALSE(IsShown(control)) << control;
     }
-    EXPECT_EQ(GetFocus(), At(PortControl::kind));
+    EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_KIND));
 }
 
 TEST_F(AddPortDlgTest, ShowsTheDriversWithTheFirstOne) {
     Open();
     Show();
     page.AddDriver({.driverName = L"Loom", .driverId = L"LOOM"});
-    EXPECT_TRUE(IsShown(PortControl::driverFrame));
-    EXPECT_TRUE(IsShown(PortControl::driverLabel));
-    EXPECT_TRUE(IsShown(PortControl::driverList));
+    EXPECT_TRUE(IsShown(IDC_ADD_PORT_DRIVER_FRAME));
+    EXPECT_TRUE(IsShown(IDC_ADD_PORT_DRIVER_LABEL));
+    EXPECT_TRUE(IsShown(IDC_ADD_PORT_DRIVER_LIST));
     EXPECT_THAT(Drivers(), ElementsAre(L"Loom"));
 }
 
@@ -159,9 +160,9 @@ TEST_F(AddPortDlgTest, HidesTheDriversOfAPackageThatSettlesThemItself) {
     Open();
     Show();
     page.AddDriver({.driverName = L"Loom", .driverId = L"LOOM"});
-    EXPECT_FALSE(IsShown(PortControl::driverList));
-    EXPECT_FALSE(IsShown(PortControl::driverFrame));
-    EXPECT_FALSE(IsEnabled(PortControl::driverLabel));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_LIST));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_FRAME));
+    EXPECT_FALSE(IsEnabled(IDC_ADD_PORT_DRIVER_LABEL));
     EXPECT_THAT(Drivers(), ElementsAre(L"Loom"));
 }
 
@@ -170,16 +171,16 @@ TEST_F(AddPortDlgTest, HidesTheDriversOfAPredefinedConfiguration) {
     page.AddDriver({.driverName = L"Loom", .driverId = L"LOOM"});
     Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
     Show();
-    EXPECT_FALSE(IsShown(PortControl::driverList));
-    EXPECT_FALSE(IsShown(PortControl::configure));
-    EXPECT_TRUE(IsShown(PortControl::driverFrame));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_LIST));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_CONFIGURE));
+    EXPECT_TRUE(IsShown(IDC_ADD_PORT_DRIVER_FRAME));
 }
 
 TEST_F(AddPortDlgTest, DisablesTheTitleOfAPackageWithoutDrivers) {
     Settings().SetBool(L"APPS_ONLY_PACKAGE", true);
     Open();
     Show();
-    EXPECT_FALSE(IsEnabled(PortControl::title));
+    EXPECT_FALSE(IsEnabled(IDC_ADD_PORT_TITLE));
 }
 
 TEST_F(AddPortDlgTest, DropsTheSelectedPortWhenItIsShown) {
@@ -187,7 +188,7 @@ TEST_F(AddPortDlgTest, DropsTheSelectedPortWhenItIsShown) {
     page.FillPortList({{L"LPT1:", L"Local Port"}});
     SelectPort(0);
     Show();
-    EXPECT_EQ(ListView_GetSelectedCount(At(PortControl::list)), 0U);
+    EXPECT_EQ(ListView_GetSelectedCount(At(IDC_ADD_PORT_LIST)), 0U);
     EXPECT_FALSE(IsEnabled(IDOK));
 }
 
@@ -197,7 +198,7 @@ TEST_F(AddPortDlgTest, KeepsTheSelectedPortOfAKindThatIsNotChosen) {
     SelectPort(0);
     Choose(1);
     Show();
-    EXPECT_EQ(ListView_GetSelectedCount(At(PortControl::list)), 1U);
+    EXPECT_EQ(ListView_GetSelectedCount(At(IDC_ADD_PORT_LIST)), 1U);
 }
 
 TEST_F(AddPortDlgTest, SelectsTheDefaultDriverWithEachOneThatComes) {
@@ -208,7 +209,7 @@ TEST_F(AddPortDlgTest, SelectsTheDefaultDriverWithEachOneThatComes) {
     page.AddDriver({.driverName = L"Second", .driverId = L"B"});
     page.AddDriver({.driverName = L"Third", .driverId = L"B"});
     EXPECT_THAT(Drivers(), ElementsAre(L"First", L"[Second]", L"Third"));
-    SendMessageW(At(PortControl::driverList), CB_SETCURSEL, 0, 0);
+    SendMessageW(At(IDC_ADD_PORT_DRIVER_LIST), CB_SETCURSEL, 0, 0);
     page.AddDriver({.driverName = L"Fourth", .driverId = L"C"});
     EXPECT_THAT(Drivers(), ElementsAre(L"First", L"[Second]", L"Third", L"Fourth"));
 }
@@ -224,8 +225,8 @@ TEST_F(AddPortDlgTest, DropsTheConfigurationWithAnotherDriver) {
     Open();
     page.AddDriver({.driverName = L"First", .driverId = L"A"});
     Settings().SetString(L"DRIVERCONFIG_PATH", L"C:\\a.zdc");
-    page.SendMessage(WM_COMMAND, MAKEWPARAM(PortControl::driverList, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(At(PortControl::driverList)));
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_DRIVER_LIST, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(At(IDC_ADD_PORT_DRIVER_LIST)));
     EXPECT_THAT(Settings().StripMarker(), HasSubstr(L"<DRIVERCONFIG_PATH></DRIVERCONFIG_PATH>"));
 }
 
@@ -252,7 +253,7 @@ TEST_P(AddPortConfigureTest, IsOfferedForADriverThatTakesOneAndHasATool) {
         {{L"NO_COMM_DEFAULT", L"CONFIGURABLE"}, {L"WIN8_NO_COMM_DEFAULT", L"CONFIGURABLE"}});
     Open();
     page.AddDriver({.driverName = L"Driver", .driverId = L"CONFIGURABLE"});
-    EXPECT_EQ(IsEnabled(PortControl::configure), GetParam().enabled);
+    EXPECT_EQ(IsEnabled(IDC_ADD_PORT_CONFIGURE), GetParam().enabled);
 }
 
 const ConfigureCase kConfigurations[] = {
@@ -269,22 +270,22 @@ TEST_F(AddPortDlgTest, NamesTheConfigurationWithoutShowingItsButton) {
     BuildCatalogues();
     Open();
     Show();
-    SetWindowTextW(At(PortControl::configure), L"");
+    SetWindowTextW(At(IDC_ADD_PORT_CONFIGURE), L"");
     page.AddDriver({.driverName = L"Loom V4", .driverId = L"A"});
-    EXPECT_EQ(TextOf(At(PortControl::configure)), L"");
+    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_CONFIGURE)), L"");
     page.AddDriver({.driverName = L"Loom", .driverId = L"A"});
-    EXPECT_EQ(TextOf(At(PortControl::configure)), L"Configure");
-    EXPECT_FALSE(IsShown(PortControl::configure));
+    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_CONFIGURE)), L"Configure");
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_CONFIGURE));
 }
 
 TEST_F(AddPortDlgTest, LeavesSharedPrintersOutAsToldEachTimeItIsShown) {
     Open();
     page.ReceiveMessage(L"<SHOW_UNC>false</SHOW_UNC>");
     Show();
-    EXPECT_EQ(SendMessageW(At(PortControl::kind), CB_GETCOUNT, 0, 0), 2);
+    EXPECT_EQ(SendMessageW(At(IDC_ADD_PORT_KIND), CB_GETCOUNT, 0, 0), 2);
     page.ShowWindow(SW_HIDE);
     Show();
-    EXPECT_EQ(SendMessageW(At(PortControl::kind), CB_GETCOUNT, 0, 0), 2);
+    EXPECT_EQ(SendMessageW(At(IDC_ADD_PORT_KIND), CB_GETCOUNT, 0, 0), 2);
 }
 
 TEST_F(AddPortDlgTest, LeavesTheDriversOutAsTold) {
@@ -292,8 +293,8 @@ TEST_F(AddPortDlgTest, LeavesTheDriversOutAsTold) {
     page.AddDriver({.driverName = L"Before", .driverId = L"A"});
     page.ReceiveMessage(L"<SHOW_DRIVER_LIST>false</SHOW_DRIVER_LIST>");
     Show();
-    EXPECT_FALSE(IsShown(PortControl::driverList));
-    EXPECT_FALSE(IsShown(PortControl::driverFrame));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_LIST));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_FRAME));
     page.AddDriver({.driverName = L"Behind", .driverId = L"B"});
     EXPECT_THAT(Drivers(), ElementsAre(L"Before"));
 }
@@ -303,7 +304,7 @@ TEST_F(AddPortDlgTest, TakesOnlyTheExactWordForNo) {
     page.ReceiveMessage(L"<SHOW_UNC>FALSE</SHOW_UNC><SHOW_DRIVER_LIST>FALSE</SHOW_DRIVER_LIST>");
     Show();
     page.AddDriver({.driverName = L"Driver", .driverId = L"A"});
-    EXPECT_EQ(SendMessageW(At(PortControl::kind), CB_GETCOUNT, 0, 0), 3);
+    EXPECT_EQ(SendMessageW(At(IDC_ADD_PORT_KIND), CB_GETCOUNT, 0, 0), 3);
     EXPECT_THAT(Drivers(), ElementsAre(L"Driver"));
 }
 
@@ -324,15 +325,15 @@ TEST_F(AddPortDlgTest, RefusesANameThatTheListHas) {
     window.ShowWindow(SW_SHOW);
     Show();
     Choose(1);
-    Enter(PortControl::name, L"Office");
-    Enter(PortControl::address, L"10.1.2.3");
+    Enter(IDC_ADD_PORT_NAME, L"Office");
+    Enter(IDC_ADD_PORT_ADDRESS, L"10.1.2.3");
     EXPECT_EQ(PressNextAndConfirm(), L"Wrong: There is one.");
-    EXPECT_EQ(TextOf(At(PortControl::name)), L"");
-    EXPECT_EQ(TextOf(At(PortControl::address)), L"10.1.2.3");
-    EXPECT_EQ(GetFocus(), At(PortControl::name));
+    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_NAME)), L"");
+    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_ADDRESS)), L"10.1.2.3");
+    EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_NAME));
     EXPECT_FALSE(IsEnabled(IDOK));
     EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"");
-    Enter(PortControl::name, L"O");
+    Enter(IDC_ADD_PORT_NAME, L"O");
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
@@ -341,9 +342,9 @@ TEST_F(AddPortDlgTest, RefusesAPathThatTheListHas) {
     Open();
     page.FillPortList({{networkShare, L""}});
     Choose(2);
-    Enter(PortControl::path, networkShare);
+    Enter(IDC_ADD_PORT_PATH, networkShare);
     EXPECT_EQ(PressNextAndConfirm(), L"Wrong: There is one.");
-    EXPECT_EQ(TextOf(At(PortControl::path)), L"");
+    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_PATH)), L"");
     EXPECT_FALSE(share.WasAsked());
 }
 
@@ -351,9 +352,9 @@ TEST_F(AddPortDlgTest, RefusesAPathThatIsNoSharedPrinter) {
     const FakeShare share({.type = RESOURCETYPE_DISK, .remoteName = networkShare});
     Open();
     Choose(2);
-    Enter(PortControl::path, networkShare);
+    Enter(IDC_ADD_PORT_PATH, networkShare);
     EXPECT_EQ(PressNextAndConfirm(), L"Wrong: No such printer.");
-    EXPECT_EQ(TextOf(At(PortControl::path)), L"");
+    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_PATH)), L"");
     EXPECT_FALSE(IsEnabled(IDOK));
     EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"");
 }
@@ -361,7 +362,7 @@ TEST_F(AddPortDlgTest, RefusesAPathThatIsNoSharedPrinter) {
 TEST_F(AddPortDlgTest, GoesBackToThePageThatTheMessageNames) {
     page.ReceiveMessage(L"<FROM_DIALOG>Nobody</FROM_DIALOG>");
     Open();
-    page.SendMessage(WM_COMMAND, MAKEWPARAM(PortControl::back, BN_CLICKED));
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_BACK, BN_CLICKED));
     // No page of that name exists here, but it is that way and not the one to the page before.
     EXPECT_THAT(AdvancedMessages(), Contains(L"Controller::GoToSpecifiedDlg, Move to 0"));
     EXPECT_THAT(AdvancedMessages(), testing::Not(Contains(HasSubstr(L"Controller::Back"))));

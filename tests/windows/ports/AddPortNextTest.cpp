@@ -4,6 +4,7 @@
 
 #include "catalogue/AppCatalogue.h"
 #include "catalogue/DriverInfo.h"
+#include "resources/resource.h"
 #include "tests/windows/world/AddPortPage.h"
 #include "tests/windows/world/FakeShare.h"
 
@@ -59,8 +60,8 @@ TEST_F(AddPortNextTest, DescribesANewNetworkPort) {
     Open();
     page.FillPortList({{L"office", L""}});
     Choose(1);
-    Enter(PortControl::name, L"Office");
-    Enter(PortControl::address, L"not an address");
+    Enter(IDC_ADD_PORT_NAME, L"Office");
+    Enter(IDC_ADD_PORT_ADDRESS, L"not an address");
     GoOn();
     EXPECT_EQ(Port(), L"|Office|not an address|Standard TCP/IP Port|true");
 }
@@ -68,8 +69,8 @@ TEST_F(AddPortNextTest, DescribesANewNetworkPort) {
 TEST_F(AddPortNextTest, LosesTheLastCharacterOfAFullField) {
     Open();
     Choose(1);
-    Enter(PortControl::name, std::wstring(63, L'n') + L"N");
-    Enter(PortControl::address, std::wstring(255, L'a') + L"A");
+    Enter(IDC_ADD_PORT_NAME, std::wstring(63, L'n') + L"N");
+    Enter(IDC_ADD_PORT_ADDRESS, std::wstring(255, L'a') + L"A");
     GoOn();
     EXPECT_EQ(Settings().GetString(L"PORT_NAME"), std::wstring(63, L'n'));
     EXPECT_EQ(Settings().GetString(L"HOST_NAME"), std::wstring(255, L'a'));
@@ -79,7 +80,7 @@ TEST_F(AddPortNextTest, DescribesASharedPrinter) {
     const FakeShare share({.remoteName = L"\\\\server\\printer"});
     Open();
     Choose(2);
-    Enter(PortControl::path, L"\\\\server\\printer");
+    Enter(IDC_ADD_PORT_PATH, L"\\\\server\\printer");
     GoOn();
     EXPECT_EQ(Port(), L"|\\\\server\\printer||Local Port|true");
 }
@@ -89,8 +90,8 @@ TEST_F(AddPortNextTest, DoesNotReadTheRowOfAKindThatIsNotChosen) {
     page.FillPortList({{L"LPT1:", L"Local Port"}});
     SelectPort(0);
     Choose(1);
-    Enter(PortControl::name, L"Office");
-    Enter(PortControl::address, L"10.1.2.3");
+    Enter(IDC_ADD_PORT_NAME, L"Office");
+    Enter(IDC_ADD_PORT_ADDRESS, L"10.1.2.3");
     GoOn();
     EXPECT_EQ(Port(), L"|Office|10.1.2.3|Standard TCP/IP Port|true");
 }
@@ -111,8 +112,8 @@ TEST_F(AddPortNextTest, HandsANetworkPortToThePredefinedDevices) {
     UseConfiguration();
     Open();
     Choose(1);
-    Enter(PortControl::name, L"Office");
-    Enter(PortControl::address, L"10.1.2.3");
+    Enter(IDC_ADD_PORT_NAME, L"Office");
+    Enter(IDC_ADD_PORT_ADDRESS, L"10.1.2.3");
     GoOn();
     EXPECT_THAT(Settings().GetDevices(),
                 ElementsAre(L"<DRIVER_ID>A</DRIVER_ID><PORT_NAME>Office</PORT_NAME>"
@@ -125,8 +126,8 @@ TEST_F(AddPortNextTest, TakesANameBesideItsMarkedTwinForNoDuplicate) {
     page.FillPortList({{L"Office (1)", L""}});
     EXPECT_EQ(Cell(0, 0), L"Office (1)\u200E");
     Choose(1);
-    Enter(PortControl::name, L"Office (1)");
-    Enter(PortControl::address, L"10.1.2.3");
+    Enter(IDC_ADD_PORT_NAME, L"Office (1)");
+    Enter(IDC_ADD_PORT_ADDRESS, L"10.1.2.3");
     GoOn();
     EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"Office (1)");
 }
@@ -164,7 +165,7 @@ TEST_F(AddPortNextTest, TakesTheMarksOffAnAddress) {
 
 TEST_F(AddPortNextTest, KeepsTheAddressFieldReadingFromLeftToRight) {
     Open("RTL");
-    EXPECT_EQ(GetWindowLongW(At(PortControl::address), GWL_EXSTYLE) & WS_EX_RTLREADING, 0);
+    EXPECT_EQ(GetWindowLongW(At(IDC_ADD_PORT_ADDRESS), GWL_EXSTYLE) & WS_EX_RTLREADING, 0);
 }
 
 // The catalogue's choice of drivers belongs to the packages; what it selects from the start does not count

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "ports/AddPortService.h"
+#include "resources/resource.h"
 #include "tests/windows/world/AddPortPage.h"
 #include "tests/windows/world/PatchedImport.h"
 
@@ -50,7 +51,7 @@ protected:
         EXPECT_EQ(service.DoRun(), 0U);
     }
 
-    AddPortService service{&page};
+    AddPortService service{&page, Settings(), DriverRecords()};
 };
 
 TEST_F(AddPortServiceTest, ShowsThePortsOfTheSystem) {
@@ -95,8 +96,8 @@ TEST_F(AddPortServiceTest, LeavesThePageWithoutDriversWhereThePackageHasNone) {
     Open();
     Show();
     Run({});
-    EXPECT_FALSE(IsShown(PortControl::driverList));
-    EXPECT_FALSE(IsShown(PortControl::driverFrame));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_LIST));
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_FRAME));
 }
 
 TEST_F(AddPortServiceTest, FillsThePortsAloneInAPredefinedConfiguration) {
@@ -110,7 +111,7 @@ TEST_F(AddPortServiceTest, FillsThePortsAloneInAPredefinedConfiguration) {
 }
 
 TEST_F(AddPortServiceTest, RunsWithoutAPage) {
-    AddPortService alone(nullptr);
+    AddPortService alone(nullptr, Settings(), DriverRecords());
     systemPorts = {{L"LPT1:", L""}};
     const PatchedImport enumeration("EnumPortsW", &TellPorts);
     EXPECT_EQ(alone.DoRun(), 0U);

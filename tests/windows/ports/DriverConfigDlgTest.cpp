@@ -4,7 +4,8 @@
 
 #include "CommonLib/Files.h"
 #include "ports/DriverConfigDlg.h"
-#include "ports/DriverConfiguration.h"
+#include "printer/DriverConfiguration.h"
+#include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/ScratchFolder.h"
@@ -20,9 +21,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-constexpr int pathField = 1221;
-constexpr int resetButton = 1224;
-constexpr int applyFuture = 1225;
 constexpr wchar_t restored[] =
     L"DriverConfigDlg::OnShowWindow, previous Driver Configuration path setting restored";
 
@@ -51,11 +49,11 @@ protected:
                            reinterpret_cast<LPARAM>(dialog.GetDlgItem(button)));
     }
     void Enter(const std::wstring& path) const {
-        SetDlgItemTextW(dialog.GetSafeHwnd(), pathField, path.c_str());
+        SetDlgItemTextW(dialog.GetSafeHwnd(), IDC_DRIVER_CONFIG_PATH, path.c_str());
     }
-    std::wstring Path() const { return TextOf(dialog.GetDlgItem(pathField)); }
+    std::wstring Path() const { return TextOf(dialog.GetDlgItem(IDC_DRIVER_CONFIG_PATH)); }
     bool IsApplyFutureChecked() const {
-        return IsDlgButtonChecked(dialog.GetSafeHwnd(), applyFuture) == BST_CHECKED;
+        return IsDlgButtonChecked(dialog.GetSafeHwnd(), IDC_DRIVER_CONFIG_APPLY_FUTURE) == BST_CHECKED;
     }
     // Presses OK and confirms the box that comes; gives what it says.
     std::wstring PressOkAndConfirm() const {
@@ -80,16 +78,17 @@ protected:
     ScratchFolder files;
     TestApp app;
     CDialogEx window;
-    DriverConfigDlg dialog{&window};
+    DriverConfiguration configuration{Settings(), AppCatalogue::GetInstance(), DriverInfo::GetInstance()};
+    DriverConfigDlg dialog{context, configuration, window};
 };
 
 TEST_F(DriverConfigDlgTest, BeginsEmpty) {
     Open();
     EXPECT_EQ(dialog.GetWindowText(), L"Configure");
     EXPECT_EQ(Path(), L"");
-    EXPECT_FALSE(IsWindowVisible(dialog.GetDlgItem(applyFuture)));
-    EXPECT_FALSE(IsWindowEnabled(dialog.GetDlgItem(applyFuture)));
-    EXPECT_EQ(SendMessageW(dialog.GetDlgItem(pathField), EM_GETLIMITTEXT, 0, 0), 260);
+    EXPECT_FALSE(IsWindowVisible(dialog.GetDlgItem(IDC_DRIVER_CONFIG_APPLY_FUTURE)));
+    EXPECT_FALSE(IsWindowEnabled(dialog.GetDlgItem(IDC_DRIVER_CONFIG_APPLY_FUTURE)));
+    EXPECT_EQ(SendMessageW(dialog.GetDlgItem(IDC_DRIVER_CONFIG_PATH), EM_GETLIMITTEXT, 0, 0), 260);
     EXPECT_THAT(BasicMessages(), IsEmpty());
 }
 
@@ -122,7 +121,7 @@ TEST_F(DriverConfigDlgTest, EmptiesTheFieldAndKeepsTheTagsOnReset) {
     Settings().SetString(L"DRIVERCONFIG_PATH", files / L"a.zdc");
     Settings().SetBool(L"CONFIG_APPLY_FUTURE", true);
     Open();
-    Press(resetButton);
+    Press(IDC_DRIVER_CONFIG_RESET);
     EXPECT_EQ(Path(), L"");
     EXPECT_FALSE(IsApplyFutureChecked());
     EXPECT_EQ(Settings().GetString(L"DRIVERCONFIG_PATH"), files / L"a.zdc");
@@ -226,7 +225,7 @@ TEST_F(DriverConfigDlgTest, ReadsOneCharacterLessThanCanBeTyped) {
 TEST_F(DriverConfigDlgTest, LeavesEverythingAsItWasOnCancel) {
     const std::wstring before = Settings().StripMarker();
     const DialogUser user(window.GetSafeHwnd(), [](HWND opened) {
-        SetDlgItemTextW(opened, pathField, L"C:\\a.zdc");
+        SetDlgItemTextW(opened, IDC_DRIVER_CONFIG_PATH, L"C:\\a.zdc");
         ClickOn(opened, IDCANCEL);
     });
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
@@ -236,7 +235,7 @@ TEST_F(DriverConfigDlgTest, LeavesEverythingAsItWasOnCancel) {
 TEST_F(DriverConfigDlgTest, EndsWithOk) {
     WriteBytes(files / L"a.xdc");
     const DialogUser user(window.GetSafeHwnd(), [this](HWND opened) {
-        SetDlgItemTextW(opened, pathField, (files / L"a.xdc").c_str());
+        SetDlgItemTextW(opened, IDC_DRIVER_CONFIG_PATH, (files / L"a.xdc").c_str());
         ClickOn(opened, IDOK);
     });
     EXPECT_EQ(dialog.DoModal(), IDOK);

@@ -12,7 +12,8 @@
 #include "CommonLib/Exception.h"
 #include "CommonLib/Files.h"
 #include "ports/DriverConfigDlg.h"
-#include "ports/DriverConfiguration.h"
+#include "printer/DriverConfiguration.h"
+#include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/PatchedImport.h"
@@ -30,9 +31,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-constexpr int pathField = 1221;
-constexpr int newButton = 1222;
-constexpr int loadButton = 1223;
 constexpr wchar_t returned[] = L"Returning from Driver Configuration";
 
 // A message of the test's own, which nobody waits for.
@@ -99,13 +97,14 @@ protected:
         dialog.SendMessage(WM_COMMAND, static_cast<WPARAM>(button),
                            reinterpret_cast<LPARAM>(dialog.GetDlgItem(button)));
     }
-    std::wstring Path() const { return TextOf(dialog.GetDlgItem(pathField)); }
+    std::wstring Path() const { return TextOf(dialog.GetDlgItem(IDC_DRIVER_CONFIG_PATH)); }
 
     static constexpr wchar_t driver[] = L"HVMONO";
 
     TestApp app;
     PageBehind window;
-    DriverConfigDlg dialog{&window};
+    DriverConfiguration configuration{Settings(), AppCatalogue::GetInstance(), DriverInfo::GetInstance()};
+    DriverConfigDlg dialog{context, configuration, window};
 
 private:
     static void RemoveTraces() {
@@ -121,7 +120,7 @@ TEST_F(DriverConfigFileTest, TakesTheFileThatTheToolHasMade) {
         SetEvent(tool);
     };
     Open();
-    Press(newButton);
+    Press(IDC_DRIVER_CONFIG_NEW);
     EXPECT_EQ(Path(), NewFile());
     ASSERT_EQ(toolRuns.size(), 1U);
     EXPECT_EQ(toolRuns[0].program, Tool());
@@ -136,14 +135,14 @@ TEST_F(DriverConfigFileTest, NamesTheNextFileAnew) {
     AddTool();
     WriteBytes(NewFile());
     Open();
-    Press(newButton);
+    Press(IDC_DRIVER_CONFIG_NEW);
     ASSERT_EQ(toolRuns.size(), 1U);
     EXPECT_THAT(toolRuns[0].commandLine, HasSubstr(L"Maker_1.zdc\""));
 }
 
 TEST_F(DriverConfigFileTest, SaysNothingAsLongAsThereIsNoTool) {
     Open();
-    Press(newButton);
+    Press(IDC_DRIVER_CONFIG_NEW);
     EXPECT_THAT(toolRuns, IsEmpty());
     EXPECT_THAT(BasicMessages(), IsEmpty());
     EXPECT_THAT(AdvancedMessages(), Not(Contains(returned)));
@@ -155,7 +154,7 @@ TEST_F(DriverConfigFileTest, SaysNothingAsLongAsTheToolIsBeingUnpacked) {
         CreateFileW(Tool().c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(unpacking);
     Open();
-    Press(newButton);
+    Press(IDC_DRIVER_CONFIG_NEW);
     EXPECT_THAT(toolRuns, IsEmpty());
     EXPECT_THAT(BasicMessages(), IsEmpty());
 }
@@ -164,7 +163,7 @@ TEST_F(DriverConfigFileTest, TellsOfAToolThatDoesNotStart) {
     AddTool();
     toolDeed = nullptr;
     Open();
-    Press(newButton);
+    Press(IDC_DRIVER_CONFIG_NEW);
     ASSERT_EQ(toolRuns.size(), 1U);
     EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", L"Failure launching Driver Configuration: " +
                                                           toolRuns[0].commandLine)));
@@ -174,8 +173,8 @@ TEST_F(DriverConfigFileTest, TellsOfAToolThatDoesNotStart) {
 TEST_F(DriverConfigFileTest, TellsOfAToolThatEndsWithoutAFile) {
     AddTool();
     Open();
-    SetDlgItemTextW(dialog.GetSafeHwnd(), pathField, L"before");
-    Press(newButton);
+    SetDlgItemTextW(dialog.GetSafeHwnd(), IDC_DRIVER_CONFIG_PATH, L"before");
+    Press(IDC_DRIVER_CONFIG_NEW);
     EXPECT_EQ(Path(), L"before");
     EXPECT_THAT(AdvancedMessages(), Contains(returned));
     EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", L"No Driver Configuration file found: " + NewFile())));
@@ -185,7 +184,7 @@ TEST_F(DriverConfigFileTest, KeepsAnExceptionInItsSettledForm) {
     AddTool();
     toolDeed = [](HANDLE) { throw Exception(L"broken", 5); };
     Open();
-    Press(newButton);
+    Press(IDC_DRIVER_CONFIG_NEW);
     EXPECT_THAT(
         BasicLog(),
         Contains(Record(L"ERROR", L"tion in DriverConfigDlg::OnBnClickedConfigNewButton error code = ")));
@@ -207,7 +206,7 @@ TEST_F(DriverConfigFileTest, LetsTheListFillAndDropsInputWhileTheToolRuns) {
             SetEvent(tool);
         });
     };
-    Press(newButton);
+    Press(IDC_DRIVER_CONFIG_NEW);
     toolUser.join();
     PumpMessages();
     EXPECT_EQ(window.deliveries, 1);
@@ -246,7 +245,7 @@ protected:
     void Load(const std::wstring& chosen) {
         choice = chosen;
         const PatchedImport choosing("GetOpenFileNameW", &ChooseFile);
-        Press(loadButton);
+        Press(IDC_DRIVER_CONFIG_LOAD);
     }
 };
 
@@ -261,7 +260,7 @@ TEST_F(LoadTest, TakesTheFileOfTheUser) {
 
 TEST_F(LoadTest, KeepsTheFieldIfTheUserCancels) {
     Open();
-    SetDlgItemTextW(dialog.GetSafeHwnd(), pathField, L"before");
+    SetDlgItemTextW(dialog.GetSafeHwnd(), IDC_DRIVER_CONFIG_PATH, L"before");
     Load({});
     EXPECT_EQ(Path(), L"before");
     EXPECT_THAT(BasicMessages(), IsEmpty());
@@ -292,7 +291,7 @@ BOOL WINAPI FailToChoose(LPOPENFILENAMEW) {
 TEST_F(LoadTest, TellsOfAnException) {
     Open();
     const PatchedImport choosing("GetOpenFileNameW", &FailToChoose);
-    Press(loadButton);
+    Press(IDC_DRIVER_CONFIG_LOAD);
     EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", L"Driver Configuration load exception: broken: 5")));
     EXPECT_THAT(app.Exceptions(), IsEmpty());
 }

@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 class LocalizerTest : public SettingsTest {
 protected:
-    static std::wstring Text(std::wstring_view key) { return Localizer::GetInstance().GetString(key); }
+    static std::wstring Text(std::wstring_view key) { return Texts().GetString(key); }
 
     // The text of an English file's one element.
     std::wstring TextOf(const std::string& value) const {
@@ -139,23 +139,23 @@ TEST_F(LocalizerTest, LeavesATextAsItStandsThatWouldNeverEnd) {
 
 TEST_F(LocalizerTest, ReadsFromRightToLeftForTheExactWordOnly) {
     AddTexts("<READING_ORDER>RTL</READING_ORDER>");
-    EXPECT_TRUE(IsRightToLeft());
-    Localizer::DestroyInstance();
+    EXPECT_TRUE(IsRightToLeft(Texts()));
+    ReadTextsAnew();
     AddTexts("<READING_ORDER>rtl</READING_ORDER>");
-    EXPECT_FALSE(IsRightToLeft());
+    EXPECT_FALSE(IsRightToLeft(Texts()));
 }
 
 TEST_F(LocalizerTest, NamesTheFileOfAnyLanguage) {
-    EXPECT_EQ(Localizer::GetXmlFileName(0x0407), L"de_strings.xml");
-    EXPECT_EQ(Localizer::GetXmlFileName(0x0C04), L"zh_tw_strings.xml");
-    EXPECT_EQ(Localizer::GetXmlFileName(0x0816), L"pt_br_strings.xml");
+    EXPECT_EQ(Texts().GetXmlFileName(0x0407), L"de_strings.xml");
+    EXPECT_EQ(Texts().GetXmlFileName(0x0C04), L"zh_tw_strings.xml");
+    EXPECT_EQ(Texts().GetXmlFileName(0x0816), L"pt_br_strings.xml");
     EXPECT_THAT(AdvancedMessages(),
                 Contains(L"Localizer::GetXmlFileName(), currentLangId = 2070 primaryLangId = 22"));
 }
 
 TEST_F(LocalizerTest, TakesTheOptionForEveryLanguageAsItStands) {
     AddOption(L"lang=..\\odd");
-    EXPECT_EQ(Localizer::GetXmlFileName(0x0407), L"..\\odd_strings.xml");
+    EXPECT_EQ(Texts().GetXmlFileName(0x0407), L"..\\odd_strings.xml");
 }
 
 TEST_F(LocalizerTest, TellsTheSystemsLanguageWhateverTheOptionSays) {

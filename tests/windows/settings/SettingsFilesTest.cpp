@@ -4,6 +4,7 @@
 
 #include "CommonLib/Files.h"
 #include "framework/Handles.h"
+#include "settings/SettingsFiles.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/windows/world/SettingsTest.h"
 
@@ -26,11 +27,11 @@ protected:
     // Loads a default file of these bytes behind the vendor's element.
     void LoadDefaults(const std::string& bytes) {
         AddDefaults(OemElement() + bytes);
-        ASSERT_EQ(Settings().LoadDefaults(), 0);
+        ASSERT_EQ(::LoadDefaults(Settings()), 0);
     }
     int Merge(const std::string& bytes) {
         AddUserSettings(bytes);
-        return Settings().MergeFile(UserSettingsPath());
+        return MergeFile(Settings(), UserSettingsPath());
     }
     static std::wstring DefaultsPath() { return GetExeDirectory() + L"\\..\\defaultInstallSettings.xml"; }
     static std::wstring UserSettingsPath() { return GetExeDirectory() + L"\\..\\PackageUserSettings.xml"; }
@@ -45,7 +46,7 @@ TEST_F(SettingsFilesTest, KeepsTheWholeTextOfTheFile) {
 
 TEST_F(SettingsFilesTest, KeepsAByteOrderMarkAtTheHead) {
     AddDefaults("\xEF\xBB\xBF" + OemElement());
-    EXPECT_EQ(Settings().LoadDefaults(), 0);
+    EXPECT_EQ(::LoadDefaults(Settings()), 0);
     EXPECT_EQ(Settings().StripMarker(), L"<\xFEFF" + WideOem());
     EXPECT_EQ(Settings().GetString(L"OEM"), vendor);
 }
@@ -69,7 +70,7 @@ TEST_F(SettingsFilesTest, ReadsALineThatIsLongerThanOnePiece) {
 TEST_F(SettingsFilesTest, LosesOnlyTheCharacterThatTwoPiecesShare) {
     const std::string head = OemElement() + "<A>";
     AddDefaults(head + std::string(2046 - head.size(), 'x') + "\xC3\xA4" + "y</A>");
-    EXPECT_EQ(Settings().LoadDefaults(), 0);
+    EXPECT_EQ(::LoadDefaults(Settings()), 0);
     EXPECT_EQ(Settings().GetString(L"A"), std::wstring(2046 - head.size(), L'x') + L"\uFFFD\uFFFDy");
 }
 
@@ -93,7 +94,7 @@ TEST_F(SettingsFilesTest, ReadsAFileOfTenMillionBytes) {
 }
 
 TEST_F(SettingsFilesTest, TellsThatTheDefaultsAreMissing) {
-    EXPECT_EQ(Settings().LoadDefaults(), ENOENT);
+    EXPECT_EQ(::LoadDefaults(Settings()), ENOENT);
     EXPECT_EQ(Document(), L"");
     EXPECT_THAT(BasicLog(), IsEmpty());
     EXPECT_THAT(AdvancedLog(),
@@ -106,7 +107,7 @@ TEST_F(SettingsFilesTest, TellsThatTheDefaultsAreMissing) {
 TEST_F(SettingsFilesTest, TakesPrinterForTheVendorOfAnEmptyFile) {
     UseVendor(L"Printer");
     AddDefaults("");
-    EXPECT_EQ(Settings().LoadDefaults(), 0);
+    EXPECT_EQ(::LoadDefaults(Settings()), 0);
     EXPECT_EQ(Settings().GetString(L"OEM"), L"Printer");
     EXPECT_THAT(BasicLog(),
                 ElementsAre(Record(L"ERROR", badVendor), Record(L"", L"Default Configuration File Values"),
@@ -116,7 +117,7 @@ TEST_F(SettingsFilesTest, TakesPrinterForTheVendorOfAnEmptyFile) {
 TEST_F(SettingsFilesTest, TakesPrinterForTheVendorOfAFileInUtf16) {
     UseVendor(L"Printer");
     AddDefaults("\xFF\xFE" + ToUtf16Bytes(L"<OEM>Maker</OEM>\r\n"));
-    EXPECT_EQ(Settings().LoadDefaults(), 0);
+    EXPECT_EQ(::LoadDefaults(Settings()), 0);
     EXPECT_EQ(Settings().GetString(L"OEM"), L"Printer");
     EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", badVendor)));
 }
@@ -130,7 +131,7 @@ TEST_F(SettingsFilesTest, LogsTheVendorsValuesUnderItsName) {
 TEST_F(SettingsFilesTest, LogsADocumentWithTheStartMarkerWithoutIt) {
     // The mark in UTF-8 that was taken for single characters and put into UTF-8 once more.
     AddDefaults("\xC3\xAF\xC2\xBB\xC2\xBF" + OemElement());
-    EXPECT_EQ(Settings().LoadDefaults(), 0);
+    EXPECT_EQ(::LoadDefaults(Settings()), 0);
     EXPECT_EQ(BasicMessages().back(), WideOem());
 }
 
@@ -178,7 +179,7 @@ TEST_F(SettingsFilesTest, TakesOnlyTheInsideOfADeviceOverSeveralLines) {
 
 TEST_F(SettingsFilesTest, ChangesNothingWithoutAFileToMerge) {
     LoadDefaults("<A>1</A>");
-    EXPECT_EQ(Settings().MergeFile(UserSettingsPath()), ENOENT);
+    EXPECT_EQ(MergeFile(Settings(), UserSettingsPath()), ENOENT);
     EXPECT_EQ(Document(), WideOem() + L"<A>1</A>");
     EXPECT_THAT(AdvancedLog(), Contains(Record(L"ERROR",
                                                L"InstallSettings::ReadFromFile(), Loading "
@@ -192,7 +193,7 @@ TEST_F(SettingsFilesTest, TakesAFileThatNobodyMayReadForMissing) {
     const FileHandle kept(
         CreateFileW(UserSettingsPath().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(kept);
-    EXPECT_NE(Settings().MergeFile(UserSettingsPath()), 0);
+    EXPECT_NE(MergeFile(Settings(), UserSettingsPath()), 0);
     EXPECT_EQ(Settings().GetString(L"A"), L"1");
 }
 

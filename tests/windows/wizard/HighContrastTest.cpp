@@ -3,6 +3,7 @@
 #include "CommonLib/Files.h"
 #include "framework/Handles.h"
 #include "pages/ManufacturerDlg.h"
+#include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/SettingsTest.h"
@@ -15,7 +16,6 @@
 
 namespace {
 
-constexpr int helpButton = 1057;
 constexpr COLORREF plainPicture = RGB(0, 0, 255);
 constexpr COLORREF contrastPicture = RGB(255, 0, 255);
 constexpr COLORREF white = RGB(255, 255, 255);
@@ -66,7 +66,7 @@ protected:
 
     // The colour of the picture on the page's help button.
     COLORREF HelpPicture(const ManufacturerDlg& page) {
-        const LRESULT icon = SendMessageW(page.GetDlgItem(helpButton), BM_GETIMAGE, IMAGE_ICON, 0);
+        const LRESULT icon = SendMessageW(page.GetDlgItem(IDC_HELP_BUTTON), BM_GETIMAGE, IMAGE_ICON, 0);
         sheet.Clear();
         DrawIconEx(sheet.Context(), 0, 0, reinterpret_cast<HICON>(icon), 0, 0, 0, nullptr, DI_NORMAL);
         return sheet.At(4, 4);
@@ -88,8 +88,8 @@ protected:
 };
 
 TEST_F(HighContrastTest, ChangesThePicturesAtTheNextPaint) {
-    ManufacturerDlg page;
-    page.Create(144, &window);
+    ManufacturerDlg page{context};
+    page.Create(IDD_MANUFACTURER, &window);
     EXPECT_EQ(HelpPicture(page), plainPicture);
     isOn = true;
     EXPECT_EQ(HelpPicture(page), plainPicture);
@@ -101,8 +101,8 @@ TEST_F(HighContrastTest, ChangesThePicturesAtTheNextPaint) {
 }
 
 TEST_F(HighContrastTest, GivesTheMainWindowTheSystemsGround) {
-    KestruneDlg main;
-    main.Create(KestruneDlg::templateId, nullptr);
+    KestruneDlg main(controller, Texts());
+    main.Create(IDD_MAIN, nullptr);
     Erase(main);
     EXPECT_EQ(sheet.At(2, 2), white);
     isOn = true;

@@ -30,31 +30,50 @@
 
 namespace {
 
-using DialogMaker = std::function<std::unique_ptr<InstallDialogEx>()>;
+// What dialogs are made with.
+struct DialogWorld {
+    const PageContext& context;
+    CWnd& window;
+    AppCatalogue& applications;
+    DriverInfo& drivers;
+    DriverConfiguration& configuration;
+};
 
 struct DialogCase {
     const char* name;
-    DialogMaker make;
+    std::function<std::unique_ptr<InstallDialogEx>(const DialogWorld& world)> make;
 };
 
 void PrintTo(const DialogCase& dialog, std::ostream* stream) {
     *stream << dialog.name;
 }
 
-template <class Dialog>
+template <class Page>
 DialogCase Of(const char* name) {
-    return {.name = name, .make = [] { return std::make_unique<Dialog>(); }};
+    return {.name = name,
+            .make = [](const DialogWorld& world) { return std::make_unique<Page>(world.context); }};
+}
+
+// A page that works on the catalogues.
+template <class Page>
+DialogCase ChoiceOf(const char* name) {
+    return {.name = name, .make = [](const DialogWorld& world) {
+                return std::make_unique<Page>(world.context, world.applications, world.drivers);
+            }};
 }
 
 template <class Dialog>
 DialogCase SubDialog(const char* name) {
-    return {.name = name, .make = [] { return std::make_unique<Dialog>(nullptr); }};
+    return {.name = name, .make = [](const DialogWorld& world) {
+                return std::make_unique<Dialog>(world.context, world.window);
+            }};
 }
 
 // The page of the devices with rows, drivers and the pictures of the headings.
 class FilledDiscoveryDlg : public DiscoveryDlg {
 public:
-    FilledDiscoveryDlg() = default;
+    FilledDiscoveryDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue)
+        : DiscoveryDlg(context, appCatalogue, driverCatalogue, DiscoveredDevices::GetInstance()) {}
     FilledDiscoveryDlg(const FilledDiscoveryDlg&) = delete;
     FilledDiscoveryDlg& operator=(const FilledDiscoveryDlg&) = delete;
     ~FilledDiscoveryDlg() override { DiscoveredDevices::GetInstance().Assign({}); }
@@ -66,6 +85,31 @@ protected:
         SetDevices(std::list<DiscoveredDevice>(5, {.series = L"A", .address = L"10.0.0.1"}));
         return true;
     }
+};
+
+const DialogCase dialogs[] = {
+    Of<StartDlg>("Start"),
+    Of<EULADlg>("Licence"),
+    Of<ManufacturerDlg>("Manufacturer"),
+    {"Bypass",
+     [](const DialogWorld& world) {
+         return std::make_unique<OptionalSoftwareBypassDlg>(world.context, world.drivers);
+     }},
+    ChoiceOf<ConnectivityDlg>("Connectivity"),
+    Of<ProgressDialog>("Progress"),
+    Of<RebootDlg>("Restart"),
+    Of<FileInUseDlg>("FilesInUse"),
+    Of<RMFileInUseDlg>("FilesInUseOfTheRestartManager"),
+    {"Finish",
+     [](const DialogWorld& world) { return std::make_unique<FinishDlg>(world.context, L"Finish Dialog"); }},
+    ChoiceOf<FilledDiscoveryDlg>("Devices"),
+    ChoiceOf<AddPortDlg>("Port"),
+    SubDialog<ModifySearchDlg>("Search"),
+    {"Configuration",
+     [](const DialogWorld& world) {
+         return std::make_unique<DriverConfigDlg>(world.context, world.configuration, world.window);
+     }},
+    SubDialog<CDisplayAppsListDlg>("SoftwareList"),
 };
 
 class ReopenedDialogsTest : public SettingsTest, public testing::WithParamInterface<DialogCase> {
@@ -88,7 +132,8 @@ protected:
 
     void OpenAndClose(int times) {
         for (int count = 0; count < times; ++count) {
-            const std::unique_ptr<InstallDialogEx> dialog = GetParam().make();
+            const std::unique_ptr<InstallDialogEx> dialog =
+                GetParam().make({context, window, applications, drivers, configuration});
             ASSERT_TRUE(dialog->Create(dialog->TemplateId(), &window));
             dialog->ShowWindow(SW_SHOW);
             UpdateWindow(dialog->GetSafeHwnd());
@@ -100,6 +145,9 @@ protected:
     }
 
     WorkingFolder folder{GetExeDirectory()};
+    AppCatalogue applications;
+    DriverInfo drivers;
+    DriverConfiguration configuration{Settings(), applications, drivers};
     TestApp app;
     CDialogEx window;
 };
@@ -110,16 +158,9 @@ TEST_P(ReopenedDialogsTest, LeaveNothingBehind) {
     EXPECT_TRUE(LeavesNothingBehind([this] { OpenAndClose(100); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, ReopenedDialogsTest,
-    testing::Values(Of<StartDlg>("Start"), Of<EULADlg>("Licence"), Of<ManufacturerDlg>("Manufacturer"),
-                    Of<OptionalSoftwareBypassDlg>("Bypass"), Of<ConnectivityDlg>("Connectivity"),
-                    Of<ProgressDialog>("Progress"), Of<RebootDlg>("Restart"), Of<FileInUseDlg>("FilesInUse"),
-                    Of<RMFileInUseDlg>("FilesInUseOfTheRestartManager"),
-                    DialogCase{"Finish", [] { return std::make_unique<FinishDlg>(L"Finish Dialog"); }},
-                    Of<FilledDiscoveryDlg>("Devices"), Of<AddPortDlg>("Port"),
-                    SubDialog<ModifySearchDlg>("Search"), SubDialog<DriverConfigDlg>("Configuration"),
-                    SubDialog<CDisplayAppsListDlg>("SoftwareList")),
-    [](const testing::TestParamInfo<DialogCase>& dialog) { return std::string(dialog.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, ReopenedDialogsTest, testing::ValuesIn(dialogs),
+                         [](const testing::TestParamInfo<DialogCase>& dialog) {
+                             return std::string(dialog.param.name);
+                         });
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "DialogUser.h"
+#include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "tests/windows/resource.h"
 
@@ -21,14 +22,14 @@ void AddPortPageTest::Open(const std::string& direction) {
         "<DUP_PORT_TEXT>There is one.</DUP_PORT_TEXT><GEN_ERROR_TITLE>Wrong</GEN_ERROR_TITLE>"
         "<INVALID_NET_PATH_TEXT>No such printer.</INVALID_NET_PATH_TEXT>");
     // The catalogues may have asked for texts already.
-    Localizer::DestroyInstance();
+    ReadTextsAnew();
     page.Create(page.TemplateId(), &window);
 }
 
 void AddPortPageTest::Choose(int kind) const {
-    SendMessageW(At(PortControl::kind), CB_SETCURSEL, static_cast<WPARAM>(kind), 0);
-    page.SendMessage(WM_COMMAND, MAKEWPARAM(PortControl::kind, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(At(PortControl::kind)));
+    SendMessageW(At(IDC_ADD_PORT_KIND), CB_SETCURSEL, static_cast<WPARAM>(kind), 0);
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_KIND, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(At(IDC_ADD_PORT_KIND)));
 }
 
 void AddPortPageTest::Enter(int field, const std::wstring& text) const {
@@ -38,7 +39,7 @@ void AddPortPageTest::Enter(int field, const std::wstring& text) const {
 }
 
 void AddPortPageTest::SelectPort(int row) const {
-    ListView_SetItemState(At(PortControl::list), row, LVIS_SELECTED, LVIS_SELECTED);
+    ListView_SetItemState(At(IDC_ADD_PORT_LIST), row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 std::wstring AddPortPageTest::Cell(int row, int column) const {
@@ -47,17 +48,17 @@ std::wstring AddPortPageTest::Cell(int row, int column) const {
     item.iSubItem = column;
     item.pszText = text.data();
     item.cchTextMax = static_cast<int>(text.size());
-    text.resize(static_cast<size_t>(SendMessageW(At(PortControl::list), LVM_GETITEMTEXTW,
+    text.resize(static_cast<size_t>(SendMessageW(At(IDC_ADD_PORT_LIST), LVM_GETITEMTEXTW,
                                                  static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item))));
     return text;
 }
 
 int AddPortPageTest::Rows() const {
-    return ListView_GetItemCount(At(PortControl::list));
+    return ListView_GetItemCount(At(IDC_ADD_PORT_LIST));
 }
 
 std::vector<std::wstring> AddPortPageTest::Drivers() const {
-    const HWND list = At(PortControl::driverList);
+    const HWND list = At(IDC_ADD_PORT_DRIVER_LIST);
     const LRESULT selected = SendMessageW(list, CB_GETCURSEL, 0, 0);
     std::vector<std::wstring> names;
     for (LRESULT entry = 0; entry < SendMessageW(list, CB_GETCOUNT, 0, 0); ++entry) {

@@ -11,26 +11,6 @@
 #include "framework/CDialogEx.h"
 #include "ports/AddPortDlg.h"
 
-namespace PortControl {
-
-inline constexpr int title = 1200;
-inline constexpr int kind = 1202;
-inline constexpr int list = 1203;
-inline constexpr int nameLabel = 1204;
-inline constexpr int name = 1205;
-inline constexpr int addressLabel = 1206;
-inline constexpr int address = 1207;
-inline constexpr int pathLabel = 1208;
-inline constexpr int path = 1209;
-inline constexpr int driverFrame = 1210;
-inline constexpr int driverLabel = 1211;
-inline constexpr int driverList = 1212;
-inline constexpr int configure = 1213;
-inline constexpr int back = 1214;
-inline constexpr int help = 1057;
-
-}  // namespace PortControl
-
 class AddPortPageTest : public CatalogueTest {
 protected:
     AddPortPageTest();
@@ -57,5 +37,5 @@ protected:
 
     TestApp app;
     CDialogEx window;
-    AddPortDlg page;
+    AddPortDlg page{context, AppRecords(), DriverRecords()};
 };

@@ -2,8 +2,6 @@
 
 #include <filesystem>
 
-#include "catalogue/AppCatalogue.h"
-#include "catalogue/DriverInfo.h"
 #include "catalogue/MsiInfoService.h"
 
 CatalogueTest::CatalogueTest() {
@@ -16,8 +14,8 @@ CatalogueTest::~CatalogueTest() {
 }
 
 void CatalogueTest::ClearCatalogues() {
-    AppCatalogue::GetInstance().Clear();
-    DriverInfo::GetInstance().Clear();
+    AppRecords().Clear();
+    DriverRecords().Clear();
 }
 
 FakePackage& CatalogueTest::AddPackage(const std::wstring& folder, const std::wstring& name) {
@@ -36,11 +34,11 @@ FakePackage& CatalogueTest::AddDriver(const std::wstring& name, const std::wstri
 }
 
 void CatalogueTest::BuildCatalogues() {
-    MsiInfoService(msi).DoRun();
+    MsiInfoService(msi, Settings(), Texts(), AppRecords(), DriverRecords()).DoRun();
 }
 
 std::list<MSI_APP> CatalogueTest::Applications() {
-    return AppCatalogue::GetInstance().Select(L"");
+    return AppRecords().Select(L"");
 }
 
 MSI_APP CatalogueTest::Application(const std::wstring& productName) {
@@ -59,6 +57,6 @@ std::vector<std::wstring> CatalogueTest::ApplicationNames() {
 
 std::vector<std::wstring> CatalogueTest::DriverNames() {
     std::vector<std::wstring> names;
-    for (const MSI_APP& record : DriverInfo::GetInstance().GetDrivers()) names.push_back(record.productName);
+    for (const MSI_APP& record : DriverRecords().GetDrivers()) names.push_back(record.productName);
     return names;
 }

@@ -7,7 +7,8 @@
 
 #include "FakeMsi.h"
 #include "SettingsTest.h"
-#include "catalogue/MSI_APP.h"
+#include "catalogue/AppCatalogue.h"
+#include "catalogue/DriverInfo.h"
 
 // Begins and ends with empty catalogues.
 class CatalogueTest : public SettingsTest {
@@ -27,6 +28,9 @@ protected:
     // The product names, in catalogue order.
     static std::vector<std::wstring> ApplicationNames();
     static std::vector<std::wstring> DriverNames();
+
+    static AppCatalogue& AppRecords() { return AppCatalogue::GetInstance(); }
+    static DriverInfo& DriverRecords() { return DriverInfo::GetInstance(); }
 
     FakeMsi msi;
 

@@ -3,10 +3,9 @@
 #include <utility>
 
 #include "discovery/DiscoveredDevices.h"
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
-
-using namespace DeviceControl;
 
 MSI_APP Driver(const std::wstring& id) {
     MSI_APP driver;
@@ -31,7 +30,7 @@ DevicesPageTest::DevicesPageTest() {
     window.Create(IDD_TEST, nullptr);
     window.ShowWindow(SW_SHOW);
     app.SetMainWnd(&window);
-    page.Create(136, &window);
+    page.Create(IDD_DISCOVERY, &window);
 }
 
 DevicesPageTest::~DevicesPageTest() {
@@ -56,22 +55,24 @@ std::wstring DevicesPageTest::Cell(int row, int column) const {
     item.iSubItem = column;
     item.pszText = text;
     item.cchTextMax = 300;
-    SendMessageW(At(listId), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    SendMessageW(At(IDC_DISCOVERY_LIST), LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&item));
     return text;
 }
 
 std::vector<std::wstring> DevicesPageTest::Column(int column) const {
     std::vector<std::wstring> cells;
-    for (int row = 0; row < ListView_GetItemCount(At(listId)); ++row) cells.push_back(Cell(row, column));
+    for (int row = 0; row < ListView_GetItemCount(At(IDC_DISCOVERY_LIST)); ++row)
+        cells.push_back(Cell(row, column));
     return cells;
 }
 
 std::vector<std::wstring> DevicesPageTest::Headings() const {
     std::vector<std::wstring> headings;
-    for (int column = 0; column < Header_GetItemCount(ListView_GetHeader(At(listId))); ++column) {
+    for (int column = 0; column < Header_GetItemCount(ListView_GetHeader(At(IDC_DISCOVERY_LIST))); ++column) {
         wchar_t text[100]{};
         HDITEMW item{.mask = HDI_TEXT, .pszText = text, .cchTextMax = 100};
-        SendMessageW(ListView_GetHeader(At(listId)), HDM_GETITEMW, static_cast<WPARAM>(column),
+        SendMessageW(ListView_GetHeader(At(IDC_DISCOVERY_LIST)), HDM_GETITEMW, static_cast<WPARAM>(column),
                      reinterpret_cast<LPARAM>(&item));
         headings.emplace_back(text);
     }
@@ -82,7 +83,7 @@ std::vector<int> DevicesPageTest::HeadingImages() const {
     std::vector<int> images;
     for (int column = 0; column < 3; ++column) {
         HDITEMW item{.mask = HDI_IMAGE | HDI_FORMAT};
-        SendMessageW(ListView_GetHeader(At(listId)), HDM_GETITEMW, static_cast<WPARAM>(column),
+        SendMessageW(ListView_GetHeader(At(IDC_DISCOVERY_LIST)), HDM_GETITEMW, static_cast<WPARAM>(column),
                      reinterpret_cast<LPARAM>(&item));
         EXPECT_NE(item.fmt & HDF_BITMAP_ON_RIGHT, 0);
         images.push_back(item.iImage);
@@ -91,22 +92,25 @@ std::vector<int> DevicesPageTest::HeadingImages() const {
 }
 
 void DevicesPageTest::Select(int row) const {
-    ListView_SetItemState(At(listId), row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_SetItemState(At(IDC_DISCOVERY_LIST), row, LVIS_SELECTED | LVIS_FOCUSED,
+                          LVIS_SELECTED | LVIS_FOCUSED);
 }
 
 void DevicesPageTest::ClickColumn(int column) const {
     NMLISTVIEW click{};
-    click.hdr = {.hwndFrom = At(listId), .idFrom = listId, .code = static_cast<UINT>(LVN_COLUMNCLICK)};
+    click.hdr = {.hwndFrom = At(IDC_DISCOVERY_LIST),
+                 .idFrom = IDC_DISCOVERY_LIST,
+                 .code = static_cast<UINT>(LVN_COLUMNCLICK)};
     click.iItem = -1;
     click.iSubItem = column;
-    page.SendMessage(WM_NOTIFY, listId, reinterpret_cast<LPARAM>(&click));
+    page.SendMessage(WM_NOTIFY, IDC_DISCOVERY_LIST, reinterpret_cast<LPARAM>(&click));
 }
 
 std::wstring DevicesPageTest::SelectedDriver() const {
-    const LRESULT entry = SendMessageW(At(driverListId), CB_GETCURSEL, 0, 0);
+    const LRESULT entry = SendMessageW(At(IDC_DISCOVERY_DRIVER_LIST), CB_GETCURSEL, 0, 0);
     wchar_t text[100]{};
     if (entry >= 0) {
-        SendMessageW(At(driverListId), CB_GETLBTEXT, static_cast<WPARAM>(entry),
+        SendMessageW(At(IDC_DISCOVERY_DRIVER_LIST), CB_GETLBTEXT, static_cast<WPARAM>(entry),
                      reinterpret_cast<LPARAM>(text));
     }
     return text;

@@ -15,26 +15,7 @@
 #include "discovery/DiscoveredDevice.h"
 #include "discovery/DiscoveryDlg.h"
 #include "framework/CDialogEx.h"
-
-namespace DeviceControl {
-
-inline constexpr int listId = 1014;
-inline constexpr int listRadio = 1015;
-inline constexpr int usb = 1016;
-inline constexpr int nimbojet = 1021;
-inline constexpr int modifySearch = 1122;
-inline constexpr int refresh = 1123;
-inline constexpr int addPort = 1124;
-inline constexpr int driverFrame = 1125;
-inline constexpr int driverLabel = 1126;
-inline constexpr int driverListId = 1127;
-inline constexpr int configure = 1129;
-inline constexpr int selectionText = 1130;
-inline constexpr int firstNote = 1131;
-inline constexpr int secondNote = 1132;
-inline constexpr int help = 1057;
-
-}  // namespace DeviceControl
+#include "resources/resource.h"
 
 // A test with the page in a window and the texts of its list.
 class DevicesPageTest : public CatalogueTest {
@@ -54,7 +35,7 @@ protected:
     std::vector<std::wstring> Headings() const;
     // The numbers of the pictures of the three headings.
     std::vector<int> HeadingImages() const;
-    int SelectedRow() const { return ListView_GetNextItem(At(DeviceControl::listId), -1, LVNI_SELECTED); }
+    int SelectedRow() const { return ListView_GetNextItem(At(IDC_DISCOVERY_LIST), -1, LVNI_SELECTED); }
     void Select(int row) const;
     void ClickColumn(int column) const;
     // The name of the selected driver; empty without one.
@@ -62,7 +43,7 @@ protected:
 
     TestApp app;
     CDialogEx window;
-    DiscoveryDlg page;
+    DiscoveryDlg page{context, AppRecords(), DriverRecords(), DiscoveredDevices::GetInstance()};
 };
 
 // A printer driver with that identifier, named after it.

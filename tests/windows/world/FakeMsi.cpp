@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "CommonLib/TextUtilities.h"
-#include "catalogue/MsiCodes.h"
+#include "CommonLib/MsiCodes.h"
 
 namespace {
 

@@ -26,6 +26,6 @@ protected:
     // Whether the run has called for its own cancel.
     bool HasStopped() const;
 
-    InstallService service{nullptr, &msi};
+    InstallService service{nullptr, &msi, context, AppRecords(), DriverRecords()};
     std::vector<DWORD> threadExitCodes;
 };

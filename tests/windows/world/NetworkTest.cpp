@@ -58,8 +58,8 @@ void NetworkTest::AddDevice(const std::wstring& address, const std::wstring& mor
     Script({L"document", TagDocument::MakeElement(L"IPADDRESS", address) + moreTags});
 }
 
-void NetworkTest::Start(CWnd* pageObject) {
-    service = std::make_unique<DiscoveryService>(pageObject);
+void NetworkTest::Start(IDiscoveryDialog* pageOfService) {
+    service = std::make_unique<DiscoveryService>(pageOfService, Settings(), DriverRecords(), controller);
 }
 
 DWORD NetworkTest::Run() const {

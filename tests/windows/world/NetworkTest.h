@@ -46,7 +46,7 @@ protected:
     void AddDevice(const std::wstring& address, const std::wstring& moreTags = {}) const;
 
     // Makes the service for the page.
-    void Start(CWnd* pageObject);
+    void Start(IDiscoveryDialog* pageOfService);
     void Start() { Start(&page); }
     // Runs it once and gives the exit code of its worker; 259 for one that does not end.
     DWORD Run() const;

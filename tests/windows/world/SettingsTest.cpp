@@ -1,15 +1,8 @@
 #include "SettingsTest.h"
 
-#include "settings/Localizer.h"
+#include <memory>
+
 #include "wizard/CmdLineHelper.h"
-
-SettingsTest::SettingsTest() {
-    DestroyInstances();
-}
-
-SettingsTest::~SettingsTest() {
-    DestroyInstances();
-}
 
 void SettingsTest::DestroyInstances() {
     InstallSettings::DestroyInstance();
@@ -18,5 +11,14 @@ void SettingsTest::DestroyInstances() {
 }
 
 void SettingsTest::AddOption(const std::wstring& nameAndValue) {
-    CmdLineHelper::GetInstance().ParseParam(nameAndValue, true, true);
+    CmdLineHelper& commandLine = CmdLineHelper::GetInstance();
+    commandLine.ParseParam(nameAndValue, true, true);
+    Texts().SetLanguageOption(commandLine.GetValue(CmdLineHelper::Option::Language));
+}
+
+// In place, since pages and the walk refer to the texts.
+void SettingsTest::ReadTextsAnew() {
+    Localizer& texts = Texts();
+    std::destroy_at(&texts);
+    std::construct_at(&texts, Settings());
 }

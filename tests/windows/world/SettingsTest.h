@@ -6,14 +6,25 @@
 #include "LogTest.h"
 #include "ProgramTree.h"
 #include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
+#include "wizard/Controller.h"
+#include "wizard/PageContext.h"
 
 // Begins with an empty store, an empty package tree, no texts and no options.
 class SettingsTest : public LogTest {
-protected:
-    SettingsTest();
-    ~SettingsTest() override;
+private:
+    // The first member: what follows takes the instances of this test.
+    struct FreshInstances {
+        FreshInstances() { DestroyInstances(); }
+        FreshInstances(const FreshInstances&) = delete;
+        FreshInstances& operator=(const FreshInstances&) = delete;
+        ~FreshInstances() { DestroyInstances(); }
+    };
+    FreshInstances instances;
 
+protected:
     static InstallSettings& Settings() { return InstallSettings::GetInstance(); }
+    static Localizer& Texts() { return Localizer::GetInstance(); }
     // The whole document, behind the one "<" more that the log has.
     static std::wstring Document() { return Settings().StripMarker().substr(1); }
 
@@ -23,10 +34,15 @@ protected:
     void AddTexts(std::string_view bytes, const std::wstring& language = L"en") const {
         tree.Add(L"Setup\\res\\" + language + L"_strings.xml", bytes);
     }
+    // Forgets the texts that were read, so that the file counts as it is by now.
+    static void ReadTextsAnew();
     // Gives an option as the command line does.
     static void AddOption(const std::wstring& nameAndValue);
 
     ProgramTree tree;
+    // A walk without pages.
+    Controller controller{Settings(), Texts()};
+    PageContext context{controller, Settings(), Texts()};
 
 private:
     static void DestroyInstances();

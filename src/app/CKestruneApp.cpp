@@ -1,0 +1,143 @@
+#include "app/CKestruneApp.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <objbase.h>
+
+#include "CommonLib/Exception.h"
+#include "CommonLib/Logger.h"
+#include "CommonLib/Mutex.h"
+#include "CommonLib/SecurityEveryone.h"
+#include "CommonLib/SystemLibrary.h"
+#include "CommonLib/SystemText.h"
+#include "CommonLib/Win32Exception.h"
+#include "app/StartUp.h"
+#include "app/WizardChain.h"
+#include "framework/Handles.h"
+#include "resources/resource.h"
+#include "settings/InstallSettings.h"
+#include "settings/Localizer.h"
+#include "settings/SettingsFiles.h"
+#include "settings/TagNames.h"
+#include "wizard/CmdLineHelper.h"
+#include "wizard/KestruneDlg.h"
+#include "wizard/LocalizedMessage.h"
+
+namespace {
+
+constexpr wchar_t singleInstanceName[] = L"{BDC7F909-8703-4CB7-B19E-E64710BB1F1E}-kestrune";
+constexpr DWORD allControlClasses = 0xFF;
+
+// What other copies find; held until the process ends.
+Mutex singleInstance;
+
+void LogStartException(const Exception& exception) {
+    LogBasic(L"Exception in CKestruneApp::InitInstance error code = " + std::to_wstring(exception.getCode()),
+             LogLevel::Error);
+}
+
+}  // namespace
+
+CKestruneApp::CKestruneApp() {
+    restartManagerSupportFlags = 1;
+}
+
+CKestruneApp::~CKestruneApp() = default;
+
+bool CKestruneApp::InitInstance() {
+    RestrictLibrarySearch();
+    const Collaborators shared = TheCollaborators();
+    if (LoadDefaults(shared.settings) != 0) return false;
+    if (!IsUserAdministrator()) {
+        ShowLocalizedMessage(shared.localizer, nullptr, TextKey::PERMISSION_ERROR_TEXT,
+                             TextKey::PERMISSION_ERROR_TITLE);
+        return false;
+    }
+    if (IsAnotherCopyRunning()) {
+        LogBasic(L"There is another instance of Kestrune running", LogLevel::Error);
+        ShowLocalizedMessage(shared.localizer, nullptr, TextKey::MULTIINSTANCE_ERROR_TEXT,
+                             TextKey::MULTIINSTANCE_ERROR_TITLE);
+        return false;
+    }
+    BringUpLibraries();
+    CmdLineHelper& commandLine = CmdLineHelper::GetInstance();
+    ParseCommandLine(commandLine);
+    shared.localizer.SetLanguageOption(commandLine.GetValue(CmdLineHelper::Option::Language));
+    const bool silent = InitializeWizard(shared);
+
+    // A silent run needs a printer from the command line, or discovery switched off.
+    if (!shared.settings.GetBool(Tag::HIDE_DISCOVERY) && shared.settings.GetBool(Tag::SILENT_INSTALL) &&
+        commandLine.GetValue(CmdLineHelper::Option::Address).empty()) {
+        return false;
+    }
+    CreateMainWindow(shared, silent);
+    return true;
+}
+
+bool CKestruneApp::IsUserAdministrator() {
+    SID_IDENTIFIER_AUTHORITY authority = {SECURITY_NT_AUTHORITY};
+    Sid administrators;
+    BOOL member = FALSE;
+    return AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0,
+                                    0, 0, 0, 0, administrators.put()) != FALSE &&
+           CheckTokenMembership(nullptr, administrators.get(), &member) != FALSE && member == TRUE;
+}
+
+// The mutex that is not there is the normal case, and it leaves its error in the log of every first start.
+// Opening and creating are not one step: two copies started in the same instant both pass.
+bool CKestruneApp::IsAnotherCopyRunning() {
+    try {
+        singleInstance.openMutex(singleInstanceName);
+        return true;
+    } catch (const Exception& exception) {
+        LogStartException(exception);
+    }
+    try {
+        singleInstance.SetName(singleInstanceName);
+        SecurityEveryone everyone;
+        singleInstance.createMutex(everyone.getAttributes(), singleInstanceName);
+    } catch (const Win32Exception& exception) {
+        LogStartException(exception);
+    }
+    return false;
+}
+
+void CKestruneApp::BringUpLibraries() {
+    const INITCOMMONCONTROLSEX controls{.dwSize = sizeof(INITCOMMONCONTROLSEX), .dwICC = allControlClasses};
+    InitCommonControlsEx(&controls);
+    // The main thread opens links and folders through the shell, which wants COM.
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    CWinApp::InitInstance();
+}
+
+void CKestruneApp::CreateMainWindow(const Collaborators& shared, bool silent) {
+    mainDialog = std::make_unique<KestruneDlg>(shared.controller, shared.localizer);
+    mainDialog->Create(IDD_MAIN, nullptr);
+    SetMainWnd(mainDialog.get());
+    shared.controller.Start(MakeChain(shared), silent);
+    mainDialog->ShowWindow(shared.settings.GetBool(Tag::SILENT_INSTALL) ? SW_HIDE : SW_SHOW);
+}
+
+int CKestruneApp::ExitInstance() {
+    // The pages go first: they refer to what follows. So does a worker that is still at work, as after a walk
+    // that broke off; everything then stays until the process is gone.
+    SetMainWnd(nullptr);
+    mainDialog.reset();
+    if (Controller::GetInstance().ThreadCount() == 0) {
+        InstallSettings::DestroyInstance();
+        Localizer::DestroyInstance();
+        Logger::DestroyInstance();
+        CmdLineHelper::DestroyInstance();
+    }
+    return CWinApp::ExitInstance();
+}
+
+void CKestruneApp::OnUnhandledException(const std::wstring& where, const std::string& what) noexcept {
+    try {
+        LogBasic(L"Unhandled exception in the " + where + L": " + Utf8ToWide(what), LogLevel::Error);
+    } catch (...) {
+        // Nothing is left to tell it to.
+        return;
+    }
+}

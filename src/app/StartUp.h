@@ -1,0 +1,11 @@
+// What happens between the command line and the first page.
+#pragma once
+
+#include "app/Collaborators.h"
+
+// Merges the user's settings, builds the catalogues and settles the tags that the chain reads. Returns
+// whether the run is silent.
+//
+// Reads AMAZON_SUPPORTED, HIDE_DISCOVERY, INSTALL_FROM_CONFIG and SILENT_INSTALL; writes APPS_ONLY_PACKAGE,
+// HIDE_CONNECTIVITY, HIDE_DISCOVERY, HIDE_SECURITY, INSTALL_FROM_CONFIG and OPTIONAL_INSTALL.
+bool InitializeWizard(const Collaborators& shared);

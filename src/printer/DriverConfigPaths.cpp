@@ -1,0 +1,83 @@
+#include "printer/DriverConfigPaths.h"
+
+#include <windows.h>
+
+#include <optional>
+
+#include "CommonLib/Files.h"
+#include "CommonLib/Logger.h"
+#include "framework/Handles.h"
+#include "printer/ConfigTool.h"
+#include "printer/DerivedNames.h"
+#include "printer/DriverConfiguration.h"
+#include "printer/MSIExtractService.h"
+#include "settings/TagDocument.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+constexpr DWORD extractionTimeInMilliseconds = 5000;
+
+bool CanBeRead(const std::wstring& path) {
+    return static_cast<bool>(FileHandle(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)));
+}
+
+// The first path below the folder that is not taken, counting the value up; the counts add up in the name. A
+// value without an extension has no free name while its own is taken: that is logged, and its own name stays.
+std::wstring FreeTarget(const std::wstring& folder, const std::wstring& configuredName) {
+    std::wstring name = configuredName;
+    for (unsigned count = 1; CanBeRead(folder + name); ++count) {
+        const std::optional<std::wstring> next = CountedName(name, count);
+        if (!next) {
+            LogBasic(L"A driver configuration file has no extension and its name is taken: " + configuredName,
+                     LogLevel::Error);
+            break;
+        }
+        name = *next;
+    }
+    return folder + name;
+}
+
+void ExtractTool(const AppCatalogue& applications, const std::wstring& packagePath) {
+    MSIExtractService service(applications, packagePath);
+    service.DoRun();
+    // The second start finds no path any more and takes the package of the newer tool from the catalogue.
+    service.SetDriverId(L"V4");
+    service.DoRun();
+    Sleep(extractionTimeInMilliseconds);
+}
+
+}  // namespace
+
+void ResolveDriverConfigPaths(InstallSettings& settings) {
+    std::vector<std::wstring> resolved = settings.GetDevices();
+    for (std::wstring& device : resolved) {
+        const std::wstring value = TagDocument::ValueOf(device, Tag::DRIVERCONFIG_PATH);
+        if (value.empty()) continue;
+        const std::wstring folder = GetConfigurationFolder();
+        CreateFolderPath(folder);
+        const std::wstring target = FreeTarget(folder, value);
+        CopyFileTo(target, GetExeDirectory() + L"\\..\\" + value);
+        TagDocument::SetElement(device, Tag::DRIVERCONFIG_PATH, target);
+    }
+    settings.SetDevices(std::move(resolved));
+}
+
+void ResolveConfigExePaths(InstallSettings& settings, const AppCatalogue& applications) {
+    std::vector<std::wstring> resolved = settings.GetDevices();
+    for (std::wstring& device : resolved) {
+        const std::wstring value = TagDocument::ValueOf(device, Tag::CONFIG_EXE_PATH);
+        if (value.empty()) continue;
+        std::vector<std::wstring> packages;
+        const std::wstring folder = GetExeDirectory() + L"\\..\\";
+        FindFiles(folder, packages, L"msi");
+        const std::wstring package = LastPathWith(packages, value);
+        ExtractTool(applications, package.empty() ? folder : package);
+
+        std::vector<std::wstring> programs;
+        FindFiles(GetToolFolder(L"V4", settings.GetString(Tag::OEM)), programs, L"exe");
+        TagDocument::SetElement(device, Tag::CONFIG_EXE_PATH, LastPathWith(programs, v4ConfigTool.program));
+    }
+    settings.SetDevices(std::move(resolved));
+}

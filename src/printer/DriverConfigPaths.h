@@ -1,0 +1,11 @@
+// Brings the configuration files and tools of a predefined configuration's devices into place.
+#pragma once
+
+#include "catalogue/AppCatalogue.h"
+#include "settings/InstallSettings.h"
+
+// Copies the configuration files of the devices to free names in the machine-wide folder.
+void ResolveDriverConfigPaths(InstallSettings& settings);
+
+// Unpacks the configuration tools that the devices name. Takes at least five seconds per device.
+void ResolveConfigExePaths(InstallSettings& settings, const AppCatalogue& applications);

@@ -1,0 +1,99 @@
+#include "printer/DriverConfiguration.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "CommonLib/Files.h"
+#include "printer/ConfigTool.h"
+#include "printer/MSIExtractService.h"
+#include "settings/TagNames.h"
+
+namespace {
+
+std::vector<const ConfigToolKind*> ToolsFor(const std::wstring& driver) {
+    if (driver.empty()) return {&olderConfigTool, &v4ConfigTool};
+    return {&ConfigToolFor(driver)};
+}
+
+bool Exists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+}  // namespace
+
+bool DriverConfiguration::IsInCatalogue(std::wstring_view appType) const {
+    return applications.FirstOfType(appType).has_value();
+}
+
+bool DriverConfiguration::IsConfigToolAvailable(const std::wstring& driver) const {
+    const auto tools = ToolsFor(driver);
+    if (std::any_of(tools.begin(), tools.end(),
+                    [this](const auto* tool) { return IsInCatalogue(tool->appType); })) {
+        return true;
+    }
+    std::vector<std::wstring> packages;
+    FindFiles(GetExeDirectory() + L"\\..\\..\\Install\\", packages, L"msi");
+    return std::any_of(packages.begin(), packages.end(), [&](const std::wstring& path) {
+        return std::any_of(tools.begin(), tools.end(), [&](const auto* tool) {
+            return path.find(tool->packageName) != std::wstring::npos;
+        });
+    });
+}
+
+bool DriverConfiguration::CanConfigureDriver(const std::wstring& driverId) const {
+    return drivers.IsOmbrelSupported(driverId) && IsConfigToolAvailable(driverId);
+}
+
+void DriverConfiguration::DropConfiguration() {
+    if (!settings.GetString(Tag::DRIVERCONFIG_PATH).empty()) settings.SetString(Tag::DRIVERCONFIG_PATH, {});
+}
+
+std::wstring GetConfigurationFolder() {
+    return GetCommonDataFolder() + L"\\DriverConfigurations\\";
+}
+
+std::wstring GetToolFolder(const std::wstring& driver, const std::wstring& vendor) {
+    const ConfigToolKind& tool = ConfigToolFor(driver);
+    return GetTemporaryFolder()
+        .append(tool.folderBeforeVendor)
+        .append(vendor)
+        .append(tool.folderBehindVendor);
+}
+
+std::wstring DriverConfiguration::FindConfigTool(const std::wstring& driver) const {
+    std::wstring folder = GetToolFolder(driver, settings.GetString(Tag::OEM));
+    if (!Exists(folder)) folder = GetToolFolder(driver, L"Printer");
+    std::vector<std::wstring> programs;
+    FindFiles(folder, programs, L"exe");
+    return LastPathWith(programs, ConfigToolFor(driver).program);
+}
+
+std::wstring DriverConfiguration::MakeConfigFileName(const std::wstring& driver) const {
+    const std::wstring folder = GetConfigurationFolder();
+    CreateDirectoryW(folder.c_str(), nullptr);
+    const std::wstring_view extension = ConfigToolFor(driver).fileExtension;
+    std::wstring path;
+    std::uint32_t count = 0;
+    do {
+        path = ConfigFilePath(folder, settings.GetString(Tag::OEM), extension, count++);
+    } while (Exists(path));
+    return path;
+}
+
+std::wstring DriverConfiguration::MakeConfigCommand(const std::wstring& driver) const {
+    return ConfigCommandFor(driver, {.toolPath = FindConfigTool(driver),
+                                     .vendor = settings.GetString(Tag::OEM),
+                                     .product = settings.GetString(Tag::PRODUCT_NAME),
+                                     .file = MakeConfigFileName(driver)});
+}
+
+void DriverConfiguration::UnpackTool(const std::wstring& driverId) {
+    bool& unpacked = IsV4Driver(driverId) ? v4ToolUnpacked : olderToolUnpacked;
+    if (unpacked) return;
+    MSIExtractService service(applications);
+    service.SetDriverId(driverId);
+    if (!service.disabled) service.DoRun();
+    unpacked = true;
+}

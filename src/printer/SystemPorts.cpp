@@ -1,0 +1,29 @@
+#include "printer/SystemPorts.h"
+
+#include <windows.h>
+
+#include <winspool.h>
+
+#include <algorithm>
+#include <span>
+
+std::vector<PortEntry> SystemPorts() {
+    constexpr DWORD level = 2;
+    wchar_t thisComputer[] = L"";
+    DWORD size = 0;
+    DWORD count = 0;
+    EnumPortsW(thisComputer, level, nullptr, 0, &size, &count);
+    std::vector<BYTE> buffer(size);
+    if (EnumPortsW(thisComputer, level, buffer.data(), size, &size, &count) == FALSE) return {};
+    std::vector<PortEntry> entries;
+    for (const PORT_INFO_2W& port : std::span(reinterpret_cast<const PORT_INFO_2W*>(buffer.data()), count)) {
+        entries.push_back(
+            {.name = port.pPortName, .description = port.pDescription == nullptr ? L"" : port.pDescription});
+    }
+    return entries;
+}
+
+bool IsSystemPort(const std::wstring& name) {
+    const std::vector<PortEntry> ports = SystemPorts();
+    return std::any_of(ports.begin(), ports.end(), [&](const PortEntry& port) { return port.name == name; });
+}

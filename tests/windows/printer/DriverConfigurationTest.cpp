@@ -1,0 +1,229 @@
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <filesystem>
+
+#include "CommonLib/Files.h"
+#include "ports/DriverConfigDlg.h"
+#include "printer/DriverConfiguration.h"
+#include "printer/MSIExtractService.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/CatalogueTest.h"
+#include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/PatchedImport.h"
+#include "tests/windows/world/ScratchFolder.h"
+#include "tests/windows/world/TestApp.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+
+constexpr wchar_t older[] = L"HVMONO";
+constexpr wchar_t newer[] = L"HVMONOV4";
+
+// A maker of its own, whose tools and files are gone at the end.
+class DriverConfigurationTest : public CatalogueTest {
+protected:
+    DriverConfigurationTest() {
+        RemoveTraces();
+        Settings().SetStrings({{L"OEM", maker}, {L"PRODUCT_NAME", L"Loom 100%"}});
+        v4ToolUnpacked = false;
+        olderToolUnpacked = false;
+    }
+    ~DriverConfigurationTest() override { RemoveTraces(); }
+
+    DriverConfiguration configuration{Settings(), AppRecords(), DriverRecords()};
+
+    void AddTool(const std::wstring& appType, const std::wstring& file = L"t.msi") {
+        AddPackage(L"Common\\x64", file).properties[L"APPTYPE"] = appType;
+        BuildCatalogues();
+    }
+
+    static constexpr wchar_t maker[] = L"Veldt & Sons";
+
+private:
+    static void RemoveTraces() {
+        fs::remove_all(GetTemporaryFolder() + L"TolvaneKit");
+        fs::remove_all(GetTemporaryFolder() + L"ArdentisKit");
+        fs::remove_all(GetConfigurationFolder());
+    }
+};
+
+struct ToolCase {
+    std::wstring appType;
+    std::wstring driver;
+    bool available;
+};
+
+class ConfigToolInCatalogueTest : public DriverConfigurationTest,
+                                  public testing::WithParamInterface<ToolCase> {};
+
+TEST_P(ConfigToolInCatalogueTest, IsOfTheDriversGeneration) {
+    AddTool(GetParam().appType);
+    EXPECT_EQ(configuration.IsConfigToolAvailable(GetParam().driver), GetParam().available);
+}
+
+const ToolCase kTools[] = {
+    {L"DRIVERCONFIG", older, true},    {L"DRIVERCONFIG", newer, false}, {L"V4DRIVERCONFIG", newer, true},
+    {L"V4DRIVERCONFIG", older, false}, {L"DRIVERCONFIG", L"", true},    {L"V4DRIVERCONFIG", L"", true},
+    {L"driverconfig", older, false},   {L"NIMBOJET", L"", false},       {L"V4DRIVERCONFIG", L"XV40Y", true},
+};
+
+INSTANTIATE_TEST_SUITE_P(Tools, ConfigToolInCatalogueTest, testing::ValuesIn(kTools));
+
+class ConfigToolInFolderTest : public DriverConfigurationTest,
+                               public testing::WithParamInterface<ToolCase> {};
+
+TEST_P(ConfigToolInFolderTest, IsToldByItsFileName) {
+    tree.Add(L"Install\\" + GetParam().appType);
+    EXPECT_EQ(configuration.IsConfigToolAvailable(GetParam().driver), GetParam().available);
+}
+
+const ToolCase kFiles[] = {
+    {L"MakerDriverConfig2.msi", older, true},
+    {L"MakerDriverConfig2.msi", newer, false},
+    {L"MakerArdentis.msi", newer, true},
+    {L"MakerArdentis.msi", older, false},
+    {L"MakerDriverConfig2.msi", L"", true},
+    {L"MakerArdentis.msi", L"", true},
+    {L"Ardentis.exe", newer, false},
+    {L"ardentis.msi", newer, false},
+    {L"Other.msi", L"", false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Files, ConfigToolInFolderTest, testing::ValuesIn(kFiles));
+
+TEST_F(DriverConfigurationTest, LooksForTheToolOfEachGenerationInItsFolder) {
+    EXPECT_EQ(GetToolFolder(older, L"A B"), GetTemporaryFolder() + L"TolvaneKit\\A B\\DriverConfig\\");
+    EXPECT_EQ(GetToolFolder(newer, L"A B"), GetTemporaryFolder() + L"ArdentisKit\\A B\\ArdentisKit\\");
+}
+
+TEST_F(DriverConfigurationTest, FindsTheLastToolInTheMakersFolder) {
+    const std::wstring folder = GetToolFolder(older, maker);
+    WriteBytes(folder + L"aMorvane.exe");
+    WriteBytes(folder + L"bMorvane.exe");
+    WriteBytes(folder + L"cOther.exe");
+    EXPECT_EQ(configuration.FindConfigTool(older), folder + L"bMorvane.exe");
+    EXPECT_EQ(configuration.FindConfigTool(newer), L"");
+}
+
+TEST_F(DriverConfigurationTest, FindsTheCommonToolWhereTheMakerHasNoFolder) {
+    const std::wstring tool = GetToolFolder(newer, L"Printer") + L"Ardentis.exe";
+    EXPECT_EQ(configuration.FindConfigTool(newer), L"");
+    WriteBytes(tool);
+    EXPECT_EQ(configuration.FindConfigTool(newer), tool);
+    fs::create_directories(GetToolFolder(newer, maker));
+    EXPECT_EQ(configuration.FindConfigTool(newer), L"");
+}
+
+TEST_F(DriverConfigurationTest, CountsTheNamesOfNewFilesUp) {
+    const std::wstring stem = GetConfigurationFolder() + maker;
+    EXPECT_EQ(configuration.MakeConfigFileName(older), stem + L".zdc");
+    EXPECT_TRUE(fs::is_directory(GetConfigurationFolder()));
+    WriteBytes(stem + L".zdc");
+    EXPECT_EQ(configuration.MakeConfigFileName(older), stem + L"_1.zdc");
+    WriteBytes(stem + L"_1.zdc");
+    EXPECT_EQ(configuration.MakeConfigFileName(older), stem + L"_2.zdc");
+    EXPECT_EQ(configuration.MakeConfigFileName(newer), stem + L".xdc");
+}
+
+TEST_F(DriverConfigurationTest, NamesAFileOfNoMakerByItsExtension) {
+    Settings().SetString(L"OEM", L"");
+    EXPECT_EQ(configuration.MakeConfigFileName(newer), GetConfigurationFolder() + L".xdc");
+}
+
+TEST_F(DriverConfigurationTest, BuildsTheCommandLineFromWhatIsThere) {
+    const std::wstring tool = GetToolFolder(older, maker) + L"Morvane.exe";
+    WriteBytes(tool);
+    EXPECT_EQ(configuration.MakeConfigCommand(older), tool + L" /m \"Veldt & Sons\" /d \"Loom 100%\" /f \"" +
+                                                          GetConfigurationFolder() + L"Veldt & Sons.zdc\"");
+    EXPECT_EQ(configuration.MakeConfigCommand(newer),
+              L" save /xdc " + GetConfigurationFolder() + L"Veldt & Sons.xdc");
+}
+
+std::vector<std::wstring> commands;
+INT_PTR shellResult = 0;
+
+HINSTANCE WINAPI KeepCommand(HWND, LPCWSTR verb, LPCWSTR program, LPCWSTR parameters, LPCWSTR folder,
+                             INT shown) {
+    commands.push_back(std::wstring(verb) + L" " + program + L" " + parameters);
+    EXPECT_EQ(folder, nullptr);
+    EXPECT_EQ(shown, SW_HIDE);
+    return reinterpret_cast<HINSTANCE>(shellResult);
+}
+
+class UnpackingTest : public DriverConfigurationTest {
+protected:
+    UnpackingTest() {
+        commands.clear();
+        shellResult = 42;
+        window.Create(IDD_TEST, nullptr);
+        app.SetMainWnd(&window);
+    }
+    // Presses the button for that driver and cancels the dialog that comes.
+    void Open(const std::wstring& driverId) {
+        const DialogUser user(window.GetSafeHwnd(), [](HWND opened) { ClickOn(opened, IDCANCEL); });
+        OpenDriverConfiguration(window, context, configuration, driverId, dialog);
+    }
+    static std::wstring Unpacking(const std::wstring& package, const std::wstring& kit) {
+        return L"runas cmd.exe CMD /c msiexec /a \"" + package + L"\" /qn TARGETDIR=%temp%\\" + kit;
+    }
+
+    TestApp app;
+    CDialogEx window;
+    std::unique_ptr<DriverConfigDlg> dialog;
+    PatchedImport shell{"ShellExecuteW", &KeepCommand};
+};
+
+TEST_F(UnpackingTest, TakesTheFirstPackageOfTheGeneration) {
+    AddTool(L"V4DRIVERCONFIG", L"b & 100%.msi");
+    AddTool(L"V4DRIVERCONFIG", L"c.msi");
+    AddTool(L"DRIVERCONFIG", L"a.msi");
+    Open(newer);
+    Open(older);
+    EXPECT_THAT(commands,
+                ElementsAre(Unpacking(ProgramTree::AsWritten(L"Common\\x64\\b & 100%.msi"), L"ArdentisKit"),
+                            Unpacking(ProgramTree::AsWritten(L"Common\\x64\\a.msi"), L"TolvaneKit")));
+}
+
+TEST_F(UnpackingTest, IsTriedOncePerGenerationEvenIfItWasRefused) {
+    shellResult = SE_ERR_ACCESSDENIED;
+    Open(older);
+    Open(newer);
+    Open(older);
+    Open(newer);
+    EXPECT_THAT(commands, ElementsAre(Unpacking(L"", L"TolvaneKit"), Unpacking(L"", L"ArdentisKit")));
+}
+
+TEST_F(UnpackingTest, KeepsTheDialogWithThePage) {
+    Open(older);
+    ASSERT_NE(dialog, nullptr);
+    const DriverConfigDlg* const first = dialog.get();
+    Open(older);
+    EXPECT_NE(dialog.get(), first);
+}
+
+TEST_F(UnpackingTest, TellsWhetherTheShellHasTakenTheCommand) {
+    for (const INT_PTR result : {32, 31}) {
+        shellResult = result;
+        MSIExtractService service(AppRecords());
+        EXPECT_FALSE(service.Launched());
+        EXPECT_EQ(service.DoRun(), 1U);
+        EXPECT_EQ(service.Launched(), result == 32);
+    }
+}
+
+TEST_F(UnpackingTest, TakesAGivenPackageOnce) {
+    AddTool(L"DRIVERCONFIG", L"a.msi");
+    MSIExtractService service(AppRecords(), L"C:\\given.msi");
+    service.SetDriverId(older);
+    service.DoRun();
+    service.DoRun();
+    EXPECT_THAT(commands,
+                ElementsAre(Unpacking(L"C:\\given.msi", L"ArdentisKit"),
+                            Unpacking(ProgramTree::AsWritten(L"Common\\x64\\a.msi"), L"TolvaneKit")));
+}
+
+}  // namespace
