@@ -24,12 +24,30 @@ build_packages() {
         python3 wine wine64 xvfb xauth
 }
 
-# build PRESET [TARGET...]: configures the preset once and builds the targets, or everything.
+# The compiler cache is to serve sources with precompiled headers, and not to preprocess what it does not know.
+export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS:-pch_defines,time_macros,include_file_mtime,include_file_ctime}
+export CCACHE_DEPEND=${CCACHE_DEPEND:-1}
+
+# The tests that passed on a second try only, one in a line.
+second_tries=build/second-tries
+
+# note_second_try TESTS: keeps the names, divided by colons. Fails where no second try is allowed.
+note_second_try() {
+    tr ':' '\n' <<< "$1" >> "$second_tries"
+    [ "${CI:-}" != true ]
+}
+
+configure() { [ -f "build/$1/build.ninja" ] || cmake --preset "$1" > /dev/null; }
+
+# build PRESET [TARGET...]: configures the preset once and builds the targets, or everything. The progress is shown on a
+# terminal only.
 build() {
     local preset=$1
     shift
-    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" > /dev/null
+    configure "$preset"
     local targets=()
     [ $# -eq 0 ] || targets=(--target "$@")
-    cmake --build "build/$preset" "${targets[@]}" -- --quiet
+    local quiet=()
+    [ -t 1 ] || quiet=(-- --quiet)
+    cmake --build "build/$preset" "${targets[@]}" "${quiet[@]}"
 }

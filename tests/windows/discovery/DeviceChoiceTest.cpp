@@ -78,6 +78,7 @@ private:
 
 TEST_F(DeviceChoiceTest, WritesThePortOfTheLastDeviceOfTheSeries) {
     Prepare();
+    Settings().SetString(L"OEM_NAME", L"Brand");
     TakeDevice(L"S", false);
     EXPECT_EQ(Tag(L"PRINTER_NAME"), L"S");
     EXPECT_EQ(Tag(L"PORT_NAME"), L"host2");
