@@ -63,7 +63,7 @@ class GeneratedNamesTest : public testing::TestWithParam<std::vector<std::wstrin
 
 TEST_P(GeneratedNamesTest, ListsWhatTheExpressionMatches) {
     TextMaker documents(GetParam(), 20);
-    for (int i = 0; i < 15'000; ++i) {
+    for (int i = 0; i < 4'000; ++i) {
         const auto document = documents.Make(24);
         ASSERT_EQ(ListElementNames(document), ElementNamesByRegex(document)) << document;
     }
@@ -105,10 +105,10 @@ TEST(ElementNamesSizeTest, ListsNothingForTagsThatNeverClose) {
 
 class RepeatedSignsTest : public testing::TestWithParam<std::wstring> {};
 
-// Each of these costs hours where the time grows with the square of the text.
-TEST_P(RepeatedSignsTest, ListsNothingForAMillionSigns) {
+// Each of these costs many minutes where the time grows with the square of the text.
+TEST_P(RepeatedSignsTest, ListsNothingForManySigns) {
     std::wstring document;
-    while (document.size() < 1'000'000) document += GetParam();
+    while (document.size() < 200'000) document += GetParam();
     EXPECT_THAT(ListElementNames(document), IsEmpty());
     EXPECT_THAT(ListElementNames(document + L"a>"), IsEmpty());
     EXPECT_THAT(ListElementNames(document + L"<a>b</a>\n" + document + L"<a>b</x>"), SizeIs(1));

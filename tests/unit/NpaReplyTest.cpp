@@ -243,9 +243,10 @@ TEST(NpaReplyTest, RefusesElementsThatAreNotThere) {
 
 TEST(NpaReplyTest, WalksAsDeepAsAPacketCanNest) {
     const Builder builder;
-    Bytes tree;
     // Each group claims one element and no length of its own, so its head is all it takes.
-    for (size_t depth = 0; depth < 12000; ++depth) tree = builder.LyingGroup(1, 1, 0, tree);
+    const Bytes head = builder.LyingGroup(1, 1, 0, {});
+    Bytes tree;
+    for (size_t depth = 0; depth < 12000; ++depth) tree += head;
     EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
 }
 

@@ -158,7 +158,7 @@ TEST(ExpansionLimitTest, ExpandsAValueOfAMegabyte) {
 TEST(GeneratedExpansionTest, GivesTheResultOfPlainSearches) {
     TextMaker texts({L"^", L"A", L"B", L"^A^", L"^B^", L"x"}, 32);
     int ended = 0;
-    for (int i = 0; i < 10'000; ++i) {
+    for (int i = 0; i < 3'000; ++i) {
         const auto value = texts.Make(6);
         const Tags tags = {{L"A", texts.Make(4)}, {L"B", texts.Make(4)}, {L"", i % 4 == 0 ? L"^" : L""}};
         auto expected = value;
@@ -168,7 +168,7 @@ TEST(GeneratedExpansionTest, GivesTheResultOfPlainSearches) {
         ASSERT_EQ(expansion.text, ends ? expected : value);
         ended += ends ? 1 : 0;
     }
-    EXPECT_GT(ended, 1'000);
+    EXPECT_GT(ended, 300);
 }
 
 TEST(LeftToRightTest, MarksTheFirstDotOnly) {
@@ -192,9 +192,9 @@ TEST(FormatWithArgumentTest, TakesDollarsInTheArgumentAsReplacementSigns) {
     EXPECT_EQ(FormatWithArgument(L"a{0}b", L"5$$"), L"a5$b");
 }
 
-TEST(FormatWithArgumentTest, FormatsATextOfAMegabyte) {
-    const std::wstring megabyte(1'000'000, L'{');
-    EXPECT_TRUE(FormatWithArgument(megabyte + L"0}", L"x") == megabyte.substr(1) + L'x');
+TEST(FormatWithArgumentTest, FormatsALongText) {
+    const std::wstring signs(100'000, L'{');
+    EXPECT_TRUE(FormatWithArgument(signs + L"0}", L"x") == signs.substr(1) + L'x');
 }
 
 }  // namespace
