@@ -32,10 +32,14 @@ includes() { python3 scripts/check-includes.py && python3 scripts/check-resource
 
 tidy() { python3 scripts/run-tidy.py build/windows "${program_units[@]}"; }
 
+# Of the tests it takes a view into a parameter for one into a temporary, and a lambda that its test ends in time for one
+# that outlives it; the small windows of the benchmarks end with their parents.
 static_analysis() {
     cppcheck --quiet --error-exitcode=1 --std=c++20 --language=c++ --inline-suppr -j "$(nproc)" \
         --enable=warning,performance,portability --suppress=missingIncludeSystem --suppress=unknownMacro \
-        --library=windows -I . -I src src framework standins
+        --suppress=danglingTemporaryLifetime:tests/fakes/NpaPacket.cpp --suppress=passedByValue:tests/fakes/NpaPacket.h \
+        --suppress=danglingLifetime:tests/windows/ports/DriverConfigFileTest.cpp --suppress=ignoredReturnValue:tests/bench/* \
+        --library=windows --library=googletest -I . -I src src framework standins tests tools package/programs
 }
 
 wanted=("$@")
@@ -45,10 +49,10 @@ for name in "${wanted[@]}"; do
         format) check format 'git ls-files "*.cpp" "*.h" | xargs clang-format -i' format ;;
         includes) check includes 'move the code that needs Windows out of kestrune_logic' includes ;;
         tidy)
-            build windows Kestrune > /dev/null
-            check clang-tidy 'mend what it names' tidy
+            configure windows
+            check clang-tidy 'fix what it names' tidy
             ;;
-        cppcheck) check cppcheck 'mend what it names' static_analysis ;;
+        cppcheck) check cppcheck 'fix what it names' static_analysis ;;
     esac
 done
 echo "lint: $passed passed, $failed failed"
