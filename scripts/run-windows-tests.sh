@@ -31,7 +31,8 @@ run_tests() { timeout 600 wine "$folder/kestrune_windows_tests.exe" "$@" < /dev/
 
 # What failed among hundreds of others in one process is tried once more in a fresh one: a thread of the system that ends
 # late is no fault of the program. A test that fails there as well has failed.
-log=$(mktemp)
+log=${SUITE_LOG:+$SUITE_LOG.windows}
+log=${log:-$(mktemp)}
 run_tests "$@" > "$log"
 code=$?
 cat "$log"
@@ -39,7 +40,7 @@ failed=$(failed_tests "$log")
 rm -f "$log"
 if [ "$code" != 0 ] && [ -n "$failed" ]; then
     echo "Once more in a fresh process: $failed"
-    run_tests --gtest_brief=1 "--gtest_filter=$failed"
+    run_tests --gtest_brief=1 "--gtest_filter=$failed" && note_second_try "$failed"
     code=$?
 fi
 wine_stop "$prefix"

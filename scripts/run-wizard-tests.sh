@@ -77,12 +77,13 @@ run_alone() {
     start_display
     timeout 300 wine "$program" --gtest_brief=1 "--gtest_filter=$failed" < /dev/null 2>&1
     local result=$?
+    [ $result != 0 ] || note_second_try "$failed" || result=1
     wine_stop "$wine_home/wizard-tests-0"
     return $result
 }
 
 code=0
-logs=$(mktemp -d)
+logs=$(mktemp -d "${SUITE_LOG:-/tmp/wizard}.XXXXXX")
 for ((index = 0; index < shards; ++index)); do
     (run_shard "$index" "$@") > "$logs/$index" &
     processes[index]=$!

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Names the suites that the changes touch, one in a line: what differs from the merge base with the upstream branch (or
+# the remote's default branch), committed or not. Without either only the working tree counts.
+# usage: scripts/changed-suites.sh
+set -uo pipefail
+source "$(dirname "$0")/common.sh"
+
+base=HEAD
+for upstream in '@{upstream}' origin/HEAD origin/main origin/master; do
+    if git rev-parse -q --verify "$upstream" > /dev/null 2>&1; then
+        base=$(git merge-base HEAD "$upstream")
+        break
+    fi
+done
+
+# of_source FILE: the suites of a source of the program. A header without a source may be anybody's.
+of_source() {
+    local unit=${1%.*}.cpp
+    if grep -qF "$unit" src/logic.cmake || [ ! -f "$unit" ]; then echo unit fuzz standins; fi
+    echo windows wizard lint
+}
+
+suites_of() {
+    case $1 in
+        *.md | docs/* | demo) ;;
+        tests/unit/ReferenceForms.*) echo unit fuzz lint ;;
+        tests/unit/*.cpp | tests/unit/*.h) echo unit lint ;;
+        tests/fuzz/*) echo fuzz lint ;;
+        tests/windows/standins/*) echo standins lint ;;
+        tests/windows/*) echo windows lint ;;
+        tests/wizard/BitmapFile.* | tests/wizard/LibraryCalls.* | tests/wizard/Logs.*) echo windows wizard lint ;;
+        tests/wizard/*) echo wizard lint ;;
+        tests/fakes/NpaPacket.*) echo unit windows wizard lint ;;
+        tests/fakes/*) echo windows wizard lint ;;
+        src/*.cpp | src/*.h) of_source "$1" ;;
+        standins/*) echo standins lint ;;
+        framework/* | resources/*) echo windows wizard lint ;;
+        package/*) echo standins wizard lint ;;
+        tools/* | tests/bench/*) echo lint ;;
+        scripts/run-windows-tests.sh) echo windows ;;
+        scripts/run-standin-tests.sh) echo standins ;;
+        scripts/run-wizard-tests.sh) echo wizard ;;
+        scripts/wine.sh) echo unit windows standins wizard ;;
+        scripts/lint.sh | scripts/run-tidy.py | scripts/check-* | .clang-*) echo lint ;;
+        *) echo unit fuzz windows standins wizard lint ;;
+    esac
+}
+
+{
+    git diff --name-only --no-renames "$base"
+    git ls-files --others --exclude-standard
+} | while read -r file; do suites_of "$file"; done | tr -s ' ' '\n' | sort -u
