@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Checks who may include whom.
 
-The platform-free sources include no header of Windows or of the window framework, not even through another header
-of this project, and a page includes no other page: they know the Controller alone.
+A folder includes what stands below it and nothing above, the platform-free sources include no header of Windows or of
+the window framework, not even through another header of this project, and a page includes no other page: they know
+the Controller alone.
 """
 import pathlib
 import re
@@ -40,9 +41,41 @@ def foreign_includes(source):
                 yield f'{path.relative_to(ROOT)} includes {name}'
 
 
+# From the lowest floor up. The folders of one line are neighbours: none of them includes another.
+FLOORS = [
+    ['framework'],
+    ['src/CommonLib'],
+    ['src/settings'],
+    ['src/wizard'],
+    ['src/catalogue'],
+    ['src/printer'],
+    ['src/install', 'src/pages', 'src/ports'],
+    ['src/discovery'],
+    ['src/app'],
+]
+HEIGHT = {folder: height for height, folders in enumerate(FLOORS) for folder in folders}
+
+
+def folder_of(path):
+    return path.relative_to(ROOT).parent.as_posix()
+
+
+def upward_includes():
+    for folder in HEIGHT:
+        for source in sorted((ROOT / folder).glob('*.[ch]*')):
+            for kind, name in includes_of(source):
+                target = resolve(name) if kind == '"' else None
+                other = folder_of(target) if target else folder
+                if other != folder and HEIGHT.get(other, -1) >= HEIGHT[folder]:
+                    yield (f'{source.relative_to(ROOT)} includes {name}, which does not stand below {folder}: hand it '
+                           'in from above, as an argument, an interface or a callback')
+
+
 def logic_sources():
-    listing = (ROOT / 'src' / 'logic.cmake').read_text(encoding='utf-8')
-    return [ROOT / name for name in re.findall(r'src/\S+\.cpp', listing)]
+    listing = (ROOT / 'src' / 'floors.cmake').read_text(encoding='utf-8')
+    for floor, names in re.findall(r'^floor\((\w+)\s+LOGIC([^)]*?)(?:SYSTEM[^)]*)?\)', listing, re.M):
+        for name in names.split():
+            yield ROOT / 'src' / floor / f'{name}.cpp'
 
 
 # Dialogs that a page opens over itself.
@@ -61,7 +94,7 @@ def page_to_page():
 
 def main():
     findings = sorted(set(f for source in logic_sources() for f in foreign_includes(source)))
-    findings += list(page_to_page())
+    findings += list(upward_includes()) + list(page_to_page())
     print('\n'.join(findings))
     sys.exit(1 if findings else 0)
 

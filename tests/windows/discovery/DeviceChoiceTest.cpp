@@ -90,7 +90,7 @@ TEST_F(DeviceChoiceTest, WritesThePortOfTheLastDeviceOfTheSeries) {
                 Settings().GetBool(L"PRINT_DEVICE"));
     EXPECT_THAT(BasicMessages(),
                 ElementsAre(L"Selected Port Type: Standard TCP/IP Port", L"Selected Host Name: host2",
-                            L"Selected Port Name: host2", L"Selected Printer Name: S"));
+                            L"Selected Port Name: host2", L"Selected Printer Name: S", L"Selected driver: "));
 }
 
 TEST_F(DeviceChoiceTest, FindsNothingForARowThatShowsAModel) {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "CommonLib/TextUtilities.h"
 #include "CommonLib/MsiCodes.h"
+#include "CommonLib/TextUtilities.h"
 
 namespace {
 
