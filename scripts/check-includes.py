@@ -41,23 +41,26 @@ def foreign_includes(source):
                 yield f'{path.relative_to(ROOT)} includes {name}'
 
 
-# From the lowest floor up. The folders of one line are neighbours: none of them includes another.
-FLOORS = [
-    ['framework'],
-    ['src/CommonLib'],
-    ['src/settings'],
-    ['src/wizard'],
-    ['src/catalogue'],
-    ['src/printer'],
-    ['src/install', 'src/pages', 'src/ports'],
-    ['src/discovery'],
-    ['src/app'],
-]
+def floors():
+    """The folders of docs/folders.txt by floor, from the lowest up; those of one floor do not include each other."""
+    text = (ROOT / 'docs' / 'folders.txt').read_text(encoding='utf-8')
+    blocks = [[line.split()[0] for line in block.splitlines() if line and not line.startswith('#')]
+              for block in text.split('\n\n')]
+    return [block for block in reversed(blocks) if block]
+
+
+FLOORS = floors()
 HEIGHT = {folder: height for height, folders in enumerate(FLOORS) for folder in folders}
 
 
 def folder_of(path):
     return path.relative_to(ROOT).parent.as_posix()
+
+
+def folders_on_no_floor():
+    sources = (path for path in (ROOT / 'src').rglob('*') if path.suffix in ('.cpp', '.h'))
+    for folder in sorted({folder_of(path) for path in sources} - HEIGHT.keys()):
+        yield f'{folder} stands on no floor: name it in docs/folders.txt'
 
 
 def upward_includes():
@@ -94,7 +97,7 @@ def page_to_page():
 
 def main():
     findings = sorted(set(f for source in logic_sources() for f in foreign_includes(source)))
-    findings += list(upward_includes()) + list(page_to_page())
+    findings += list(folders_on_no_floor()) + list(upward_includes()) + list(page_to_page())
     print('\n'.join(findings))
     sys.exit(1 if findings else 0)
 
