@@ -1,9 +1,10 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "catalogue/PackageStatus.h"
 
 // The record of one package, for applications and drivers alike. A plain value: a copy owns its texts and its
 // dependents, and a record belongs to one thread at a time.
@@ -38,7 +39,7 @@ struct MSI_APP {
     std::wstring streamDisplayName;
     std::wstring startApp;
     std::wstring secureCustomProperties;
-    std::int32_t status = -1;
+    PackageStatus status = PackageStatus::NotRun;
     std::wstring supportedOs;
     std::vector<MSI_APP> dependents;
     std::wstring dependentNames;

@@ -93,8 +93,8 @@ void FinishDlg::HideWhatIsNotOffered() {
 void FinishDlg::FillStatusList() {
     allSucceeded = true;
     for (const StatusLine& line : statusList.Fill()) {
-        if (line.code == 1) allSucceeded = false;
-        const std::wstring_view status = InstallStatusOf(line.code);
+        if (line.status == PackageStatus::Failed) allSucceeded = false;
+        const std::wstring_view status = InstallStatusOf(line.status);
         if (!status.empty()) settings.SetString(Tag::INSTALL_STATUS, status);
     }
 }

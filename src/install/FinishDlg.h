@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "install/FinishTexts.h"
 #include "install/StatusListView.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/CQorLinkButton.h"

@@ -1,15 +1,12 @@
 #include "install/FinishTexts.h"
 
-#include "CommonLib/TextUtilities.h"
-#include "settings/TagDocument.h"
+#include "settings/InstallStatus.h"
 #include "settings/TagNames.h"
 
 namespace {
 
-constexpr int mostLines = 100;
-
 bool IsGoodRun(const RunOutcome& outcome) {
-    return outcome.installStatus != L"CANCELED" && outcome.installStatus != L"FAILED";
+    return outcome.installStatus != InstallStatus::CANCELED && outcome.installStatus != InstallStatus::FAILED;
 }
 
 }  // namespace
@@ -19,11 +16,11 @@ bool IsUsbFinish(const RunOutcome& outcome) {
 }
 
 HeaderKeys FinishHeader(const RunOutcome& outcome) {
-    if (outcome.installStatus == L"CANCELED") {
+    if (outcome.installStatus == InstallStatus::CANCELED) {
         return {.first = TextKey::INSTALL_CANCELED_TEXT,
                 .second = outcome.dotNetFailed ? TextKey::REQUIRED_DEPENDENCY : std::wstring_view()};
     }
-    if (outcome.installStatus == L"FAILED") return {.first = TextKey::INSTALLATION_FAILED_TEXT};
+    if (outcome.installStatus == InstallStatus::FAILED) return {.first = TextKey::INSTALLATION_FAILED_TEXT};
     if (outcome.usb) {
         return {.first = outcome.amazonSupported ? TextKey::AMAZON_INSTALL_COMPLETE_HEADER
                                                  : TextKey::USB_FINAL_TEXT};
@@ -42,43 +39,33 @@ std::wstring_view FinishSecondText(const RunOutcome& outcome) {
 }
 
 std::wstring_view FinishPicture(std::wstring_view installStatus, bool usbFinish) {
-    if (installStatus == L"CANCELED" || installStatus == L"FAILED" || installStatus == L"NOT_SUPPORTED") {
+    if (installStatus == InstallStatus::CANCELED || installStatus == InstallStatus::FAILED ||
+        installStatus == InstallStatus::NOT_SUPPORTED) {
         return L"installerror.png";
     }
     return usbFinish ? L"usbconnect.png" : L"installsuccess.png";
 }
 
-std::vector<StatusLine> ReadStatusDocument(std::wstring_view document) {
-    std::vector<StatusLine> lines;
-    std::wstring element;
-    for (int number = 0; number < mostLines; ++number) {
-        if (!TagDocument::FindValue(document, L"App " + std::to_wstring(number), element)) break;
-        lines.push_back({.name = TagDocument::ValueOf(element, L"NAME"),
-                         .code = LeadingInteger(TagDocument::ValueOf(element, L"STATUS"))});
-    }
-    return lines;
-}
-
-std::wstring_view StatusTextKey(std::int32_t code) {
-    switch (code) {
-        case 0:
+std::wstring_view StatusTextKey(PackageStatus status) {
+    switch (status) {
+        case PackageStatus::Done:
             return TextKey::COMPLETED_TEXT;
-        case 2:
+        case PackageStatus::Cancelled:
             return TextKey::CANCELED_TEXT;
-        case 3:
+        case PackageStatus::Updated:
             return TextKey::UPDATED_TEXT;
-        case 4:
+        case PackageStatus::NotSupported:
             return TextKey::NOT_SUPPORTED_TEXT;
         default:
             return TextKey::FAILED_TEXT;
     }
 }
 
-bool IsGoodStatus(std::int32_t code) {
-    return code == 0 || code == 3;
+bool IsGoodStatus(PackageStatus status) {
+    return status == PackageStatus::Done || status == PackageStatus::Updated;
 }
 
-std::wstring_view InstallStatusOf(std::int32_t code) {
-    if (code == 1) return L"FAILED";
-    return code == 4 ? std::wstring_view(L"NOT_SUPPORTED") : std::wstring_view();
+std::wstring_view InstallStatusOf(PackageStatus status) {
+    if (status == PackageStatus::Failed) return InstallStatus::FAILED;
+    return status == PackageStatus::NotSupported ? InstallStatus::NOT_SUPPORTED : std::wstring_view();
 }

@@ -1,10 +1,10 @@
 // What the Finish page shows for the outcome of a run. Functions of their arguments, for any thread.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
+
+#include "catalogue/PackageStatus.h"
 
 // What the page's texts and picture depend on.
 struct RunOutcome {
@@ -32,18 +32,10 @@ std::wstring_view FinishSecondText(const RunOutcome& outcome);
 // The file name of the picture that tells the outcome.
 std::wstring_view FinishPicture(std::wstring_view installStatus, bool usbFinish);
 
-// One line of the status document.
-struct StatusLine {
-    std::wstring name;
-    std::int32_t code = 0;
-};
-
-// The lines of a status document, 100 at the most.
-std::vector<StatusLine> ReadStatusDocument(std::wstring_view document);
-
-// The key of the text for a status, and whether its picture is the check mark.
-std::wstring_view StatusTextKey(std::int32_t code);
-bool IsGoodStatus(std::int32_t code);
+// The key of the text for a status, and whether its picture is the check mark. A number that is no status
+// counts as failed.
+std::wstring_view StatusTextKey(PackageStatus status);
+bool IsGoodStatus(PackageStatus status);
 
 // The value of INSTALL_STATUS that a line brings about; empty where it brings none.
-std::wstring_view InstallStatusOf(std::int32_t code);
+std::wstring_view InstallStatusOf(PackageStatus status);

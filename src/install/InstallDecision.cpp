@@ -28,21 +28,16 @@ InstallOutcome ReadReturnCode(std::uint32_t code, bool isScanDriver, bool system
     }
 }
 
-std::int32_t StatusFor(InstallOutcome outcome, const MSI_APP& app) {
-    constexpr std::int32_t kDone = 0;
-    constexpr std::int32_t kFailed = 1;
-    constexpr std::int32_t kCancelled = 2;
-    constexpr std::int32_t kUpdated = 3;
-    constexpr std::int32_t kNotSupported = 4;
+PackageStatus StatusFor(InstallOutcome outcome, const MSI_APP& app) {
     switch (outcome) {
         case InstallOutcome::Cancelled:
-            return kCancelled;
+            return PackageStatus::Cancelled;
         case InstallOutcome::Failed:
-            return kFailed;
+            return PackageStatus::Failed;
         case InstallOutcome::NotSupported:
-            return kNotSupported;
+            return PackageStatus::NotSupported;
         default:
-            return app.installed && app.upgradable ? kUpdated : kDone;
+            return app.installed && app.upgradable ? PackageStatus::Updated : PackageStatus::Done;
     }
 }
 

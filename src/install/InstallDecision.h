@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "catalogue/MSI_APP.h"
+#include "catalogue/PackageStatus.h"
 
 // The decisions of an install run as plain data. Functions of their arguments, for any thread.
 
@@ -28,8 +29,8 @@ enum class InstallOutcome { Done, Cancelled, RebootRequired, Failed, NotSupporte
 // where a scan driver that fails is not supported rather than failed.
 InstallOutcome ReadReturnCode(std::uint32_t code, bool isScanDriver, bool systemBefore60);
 
-// Returns the status of a record for an outcome: 0 done, 1 failed, 2 cancelled, 3 updated, 4 not supported.
-std::int32_t StatusFor(InstallOutcome outcome, const MSI_APP& app);
+// Returns the status of a record for an outcome; a success over an older version counts as an update.
+PackageStatus StatusFor(InstallOutcome outcome, const MSI_APP& app);
 
 // The keys of the localised texts of an error box, and whether the error stops the run. Keys are empty for
 // codes of a cancelled run; they point to constant texts.

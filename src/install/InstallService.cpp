@@ -156,7 +156,7 @@ void InstallService::RunRecord(MSI_APP& record) {
                  L"previously "
                  L"installed version first.");
         record.isInstalled = true;
-        record.status = 0;
+        record.status = PackageStatus::Done;
     }
     const InstallAction action = DecideInstall(record);
     if (action == InstallAction::ReportNewer) {
@@ -203,10 +203,11 @@ void InstallService::Install(MSI_APP& record, const std::wstring& command) {
         ReadReturnCode(code, record.isScanDriver, !IsWindowsVersionOrGreater(windowsVista));
     record.status = StatusFor(outcome, record);
     const bool stopsRun = ActOnOutcome(record, outcome, code);
-    const bool dependentFailed = HasDependentsToRun(record) &&
-                                 std::any_of(record.dependents.begin(), record.dependents.end(),
-                                             [](const MSI_APP& dependent) { return dependent.status == 1; });
-    if (dependentFailed) record.status = 1;
+    const bool dependentFailed =
+        HasDependentsToRun(record) &&
+        std::any_of(record.dependents.begin(), record.dependents.end(),
+                    [](const MSI_APP& dependent) { return dependent.status == PackageStatus::Failed; });
+    if (dependentFailed) record.status = PackageStatus::Failed;
     RecordStatus(record);
     if (settings.GetBool(Tag::OPTIONAL_INSTALL)) {
         if (dependentFailed) RemoveAfterDependentFailed(record);
@@ -282,8 +283,8 @@ void InstallService::Remove(MSI_APP record) {
     if (code != MsiCode::Success) {
         LogBasic(L"Removal of " + record.msiPath + L" failed with error=" + ToDecimalString(code),
                  LogLevel::Error);
-    } else if (record.status != 1) {
-        record.status = 2;
+    } else if (record.status != PackageStatus::Failed) {
+        record.status = PackageStatus::Cancelled;
         RecordStatus(record);
     }
 }

@@ -6,6 +6,7 @@
 
 #include "CommonLib/SystemVersion.h"
 #include "framework/CImage.h"
+#include "install/FinishTexts.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
 
@@ -74,11 +75,11 @@ void StatusListView::SizeColumns() const {
 void StatusListView::InsertLine(int row, const StatusLine& line) const {
     LVITEMW item{.mask = LVIF_IMAGE};
     item.iItem = row;
-    item.iImage = IsGoodStatus(line.code) ? checkPicture : crossPicture;
+    item.iImage = IsGoodStatus(line.status) ? checkPicture : crossPicture;
     if (!IsWindowsVersionOrGreater(windowsVista)) item.iImage = noPicture;
     ::SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     SetText(row, 1, ShownName(line.name));
-    SetText(row, 2, localizer.GetString(StatusTextKey(line.code)));
+    SetText(row, 2, localizer.GetString(StatusTextKey(line.status)));
 }
 
 void StatusListView::SetText(int row, int column, std::wstring text) const {

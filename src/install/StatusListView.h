@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "framework/Handles.h"
-#include "install/FinishTexts.h"
+#include "install/StatusDocument.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 

@@ -106,6 +106,10 @@ inline constexpr std::wstring_view FAXINSTALLED = L"FAXINSTALLED";
 inline constexpr std::wstring_view PRINTER_INFO = L"PRINTER_INFO";
 inline constexpr std::wstring_view DRIVER_PRODUCT_NAME = L"DRIVER_PRODUCT_NAME";
 
+// Tags of a line of the status document.
+inline constexpr std::wstring_view NAME = L"NAME";
+inline constexpr std::wstring_view STATUS = L"STATUS";
+
 // Tags of the documents that the MSI library sends while it works.
 inline constexpr std::wstring_view PERCENT = L"PERCENT";
 inline constexpr std::wstring_view FILE_IN_USE = L"FILE_IN_USE";

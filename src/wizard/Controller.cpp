@@ -7,6 +7,7 @@
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
 #include "framework/CWinApp.h"
+#include "settings/InstallStatus.h"
 #include "settings/TagNames.h"
 #include "wizard/FolderCleanUp.h"
 #include "wizard/LocalizedMessage.h"
@@ -223,7 +224,7 @@ bool Controller::Cancel(bool force) {
     }
     LogBasic(L"User chose to cancel the installation.");
     LogAdvanced(L"Controller::Cancel Yes on Are You Sure", LogLevel::Success);
-    settings.SetStrings({{Tag::SHOW_REGISTRATION, L"0"}, {Tag::INSTALL_STATUS, L"CANCELED"}});
+    settings.SetStrings({{Tag::SHOW_REGISTRATION, L"0"}, {Tag::INSTALL_STATUS, InstallStatus::CANCELED}});
     CancelServices();
     if (!IsInstallThreadMovingOn()) Finish(false);
     return true;

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "install/FinishTexts.h"
-#include "install/StatusDocument.h"
 
 namespace {
 
@@ -74,47 +73,30 @@ TEST(FinishPictureTest, TellsTheOutcome) {
     EXPECT_EQ(FinishPicture(L"", false), L"installsuccess.png");
 }
 
-TEST(StatusLinesTest, ComeBackFromTheDocumentThatTheRunHasBuilt) {
-    MSI_APP failed;
-    failed.productName = L"Scan Desk";
-    failed.status = 1;
-    const auto lines =
-        ReadStatusDocument(BuildStatusDocument({.installed = true, .name = L".NET"}, {failed}));
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0].name, L".NET");
-    EXPECT_EQ(lines[0].code, 0);
-    EXPECT_EQ(lines[1].name, L"Scan Desk");
-    EXPECT_EQ(lines[1].code, 1);
-}
+constexpr auto unknownStatus = static_cast<PackageStatus>(7);
 
-TEST(StatusLinesTest, EndAtTheHundredth) {
-    std::vector<MSI_APP> apps(101);
-    for (size_t index = 0; index < apps.size(); ++index) apps[index].productName = std::to_wstring(index);
-    apps.back().status = 1;
-    const auto lines = ReadStatusDocument(BuildStatusDocument({}, apps));
-    ASSERT_EQ(lines.size(), 100U);
-    EXPECT_EQ(lines.back().name, L"99");
-}
-
-TEST(StatusLinesTest, AreNoneForADocumentWithoutThem) {
-    EXPECT_TRUE(ReadStatusDocument(L"").empty());
-}
-
-TEST(StatusLooksTest, GiveEachCodeItsTextAndPicture) {
-    EXPECT_EQ(StatusTextKey(0), L"COMPLETED_TEXT");
-    EXPECT_EQ(StatusTextKey(1), L"FAILED_TEXT");
-    EXPECT_EQ(StatusTextKey(2), L"CANCELED_TEXT");
-    EXPECT_EQ(StatusTextKey(3), L"UPDATED_TEXT");
-    EXPECT_EQ(StatusTextKey(4), L"NOT_SUPPORTED_TEXT");
-    EXPECT_EQ(StatusTextKey(-1), L"FAILED_TEXT");
-    for (const int good : {0, 3}) EXPECT_TRUE(IsGoodStatus(good)) << good;
-    for (const int bad : {-1, 1, 2, 4}) EXPECT_FALSE(IsGoodStatus(bad)) << bad;
+TEST(StatusLooksTest, GiveEachStatusItsTextAndPicture) {
+    EXPECT_EQ(StatusTextKey(PackageStatus::Done), L"COMPLETED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::Failed), L"FAILED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::Cancelled), L"CANCELED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::Updated), L"UPDATED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::NotSupported), L"NOT_SUPPORTED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::NotRun), L"FAILED_TEXT");
+    EXPECT_EQ(StatusTextKey(unknownStatus), L"FAILED_TEXT");
+    for (const auto good : {PackageStatus::Done, PackageStatus::Updated}) EXPECT_TRUE(IsGoodStatus(good));
+    for (const auto bad : {PackageStatus::NotRun, PackageStatus::Failed, PackageStatus::Cancelled,
+                           PackageStatus::NotSupported, unknownStatus}) {
+        EXPECT_FALSE(IsGoodStatus(bad)) << static_cast<int>(bad);
+    }
 }
 
 TEST(StatusLooksTest, LetOnlyFailedAndNotSupportedLinesChangeTheRunsStatus) {
-    EXPECT_EQ(InstallStatusOf(1), L"FAILED");
-    EXPECT_EQ(InstallStatusOf(4), L"NOT_SUPPORTED");
-    for (const int other : {-1, 0, 2, 3}) EXPECT_EQ(InstallStatusOf(other), L"") << other;
+    EXPECT_EQ(InstallStatusOf(PackageStatus::Failed), L"FAILED");
+    EXPECT_EQ(InstallStatusOf(PackageStatus::NotSupported), L"NOT_SUPPORTED");
+    for (const auto other : {PackageStatus::NotRun, PackageStatus::Done, PackageStatus::Cancelled,
+                             PackageStatus::Updated, unknownStatus}) {
+        EXPECT_EQ(InstallStatusOf(other), L"") << static_cast<int>(other);
+    }
 }
 
 }  // namespace

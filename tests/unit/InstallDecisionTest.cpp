@@ -96,22 +96,22 @@ TEST(ReturnCodeTest, MakesAFailedScanDriverUnsupportedOnAnOldSystem) {
 
 TEST(StatusTest, FollowsTheOutcome) {
     const MSI_APP fresh;
-    EXPECT_EQ(StatusFor(InstallOutcome::Done, fresh), 0);
-    EXPECT_EQ(StatusFor(InstallOutcome::RebootRequired, fresh), 0);
-    EXPECT_EQ(StatusFor(InstallOutcome::Failed, fresh), 1);
-    EXPECT_EQ(StatusFor(InstallOutcome::Cancelled, fresh), 2);
-    EXPECT_EQ(StatusFor(InstallOutcome::NotSupported, fresh), 4);
+    EXPECT_EQ(StatusFor(InstallOutcome::Done, fresh), PackageStatus::Done);
+    EXPECT_EQ(StatusFor(InstallOutcome::RebootRequired, fresh), PackageStatus::Done);
+    EXPECT_EQ(StatusFor(InstallOutcome::Failed, fresh), PackageStatus::Failed);
+    EXPECT_EQ(StatusFor(InstallOutcome::Cancelled, fresh), PackageStatus::Cancelled);
+    EXPECT_EQ(StatusFor(InstallOutcome::NotSupported, fresh), PackageStatus::NotSupported);
 }
 
 TEST(StatusTest, IsUpdatedForAnUpgradeThatSucceeded) {
     auto app = Installed();
-    EXPECT_EQ(StatusFor(InstallOutcome::Done, app), 0);
+    EXPECT_EQ(StatusFor(InstallOutcome::Done, app), PackageStatus::Done);
     app.upgradable = true;
-    EXPECT_EQ(StatusFor(InstallOutcome::Done, app), 3);
-    EXPECT_EQ(StatusFor(InstallOutcome::RebootRequired, app), 3);
-    EXPECT_EQ(StatusFor(InstallOutcome::Failed, app), 1);
+    EXPECT_EQ(StatusFor(InstallOutcome::Done, app), PackageStatus::Updated);
+    EXPECT_EQ(StatusFor(InstallOutcome::RebootRequired, app), PackageStatus::Updated);
+    EXPECT_EQ(StatusFor(InstallOutcome::Failed, app), PackageStatus::Failed);
     app.installed = false;
-    EXPECT_EQ(StatusFor(InstallOutcome::Done, app), 0);
+    EXPECT_EQ(StatusFor(InstallOutcome::Done, app), PackageStatus::Done);
 }
 
 struct DialogCase {

@@ -6,7 +6,7 @@ namespace {
 
 TEST(MSI_APPTest, BeginsAsAPackageThatHasNotRun) {
     const MSI_APP app;
-    EXPECT_EQ(app.status, -1);
+    EXPECT_EQ(app.status, PackageStatus::NotRun);
     EXPECT_EQ(app.installSizeMb, 0);
     EXPECT_FALSE(app.installed || app.isOptional || app.isSelected || app.isPrinterDriver);
     EXPECT_TRUE(app.dependents.empty());

@@ -104,7 +104,7 @@ TEST_F(DriverInfoTest, GivesTheFirstRecordAndTheLastPathOfAnIdentifier) {
 
 TEST_F(DriverInfoTest, KnowsNothingOfAnUnknownIdentifier) {
     EXPECT_EQ(DriverRecords().GetDriverPath(L"unknown"), L"");
-    EXPECT_EQ(DriverRecords().GetDriver(L"unknown").status, -1);
+    EXPECT_EQ(DriverRecords().GetDriver(L"unknown").status, PackageStatus::NotRun);
     EXPECT_EQ(DriverRecords().GetDriver(L"unknown").msiPath, L"");
 }
 

@@ -41,7 +41,7 @@ TEST_F(MsiInfoServiceTest, SelectsApplicationsAndOffersTheRest) {
         const bool isApplication = name[0] == L'a';
         EXPECT_EQ(Application(name).isSelected, isApplication);
         EXPECT_EQ(Application(name).isOptional, !isApplication);
-        EXPECT_EQ(Application(name).status, -1);
+        EXPECT_EQ(Application(name).status, PackageStatus::NotRun);
     }
 }
 

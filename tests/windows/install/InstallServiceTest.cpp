@@ -193,7 +193,7 @@ TEST_P(ReturnCodeTest, DecidesTheStatus) {
     EXPECT_EQ(Settings().GetBool(L"REBOOT"), GetParam().asksForRestart);
     EXPECT_EQ(HasStopped(), GetParam().stopsTheRun);
     EXPECT_THAT(BasicLog(), Contains(Record(GetParam().level, GetParam().message)));
-    EXPECT_EQ(Application(L"a").status, std::stoi(GetParam().status));
+    EXPECT_EQ(static_cast<int>(Application(L"a").status), std::stoi(GetParam().status));
 }
 
 constexpr wchar_t began[] = L"Installing Applications";
@@ -297,15 +297,15 @@ TEST_F(InstallServiceTest, GivesPackagesOfOneNameOneLineAndTheLaterStatus) {
     second.installCode = 1602;
     Run();
     EXPECT_THAT(StatusLines(), ElementsAre(L"same=2"));
-    EXPECT_THAT(Applications().front().status, 0);
-    EXPECT_THAT(Applications().back().status, 2);
+    EXPECT_THAT(Applications().front().status, PackageStatus::Done);
+    EXPECT_THAT(Applications().back().status, PackageStatus::Cancelled);
 }
 
 TEST_F(InstallServiceTest, NotesTheOutcomeInTheRecordsOfDriversToo) {
     AddDriver(L"d.msi", L"OUTCOME");
     Run();
     EXPECT_TRUE(DriverInfo::GetInstance().GetDriver(L"OUTCOME").isInstalled);
-    EXPECT_EQ(DriverInfo::GetInstance().GetDriver(L"OUTCOME").status, 0);
+    EXPECT_EQ(DriverInfo::GetInstance().GetDriver(L"OUTCOME").status, PackageStatus::Done);
 }
 
 TEST_F(InstallServiceTest, CollectsTheProgramsOfAllPackages) {

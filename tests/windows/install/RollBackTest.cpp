@@ -79,7 +79,7 @@ TEST_F(RollBackTest, LeavesAFailedPackageFailed) {
     Run();
     EXPECT_THAT(msi.Calls(), Contains(L"uninstall a.msi"));
     EXPECT_THAT(StatusLines(), ElementsAre(L"a=1"));
-    EXPECT_EQ(Application(L"a").status, 1);
+    EXPECT_EQ(Application(L"a").status, PackageStatus::Failed);
 }
 
 TEST_F(RollBackTest, RemovesDependentsInTheirOwnTurn) {
