@@ -13,11 +13,11 @@ constexpr std::array versionNames = {L"WINDOWS_95",   L"WINDOWS_98", L"WINDOWS_M
 
 }  // namespace
 
-bool IsWindowsVersionOrGreater(std::uint16_t minorVersion) {
+bool IsWindowsVersionOrGreater(WindowsVersion version) {
     OSVERSIONINFOEXW wanted{};
     wanted.dwOSVersionInfoSize = sizeof(wanted);
     wanted.dwMajorVersion = 6;
-    wanted.dwMinorVersion = minorVersion;
+    wanted.dwMinorVersion = static_cast<DWORD>(version);
     wanted.wServicePackMajor = 0;
     DWORDLONG conditions = 0;
     for (const int field : {VER_MAJORVERSION, VER_MINORVERSION, VER_SERVICEPACKMAJOR}) {
@@ -28,8 +28,9 @@ bool IsWindowsVersionOrGreater(std::uint16_t minorVersion) {
 }
 
 int GetWindowsVersionId() {
-    for (const int minorVersion : {3, 2, 1, 0}) {
-        if (IsWindowsVersionOrGreater(static_cast<std::uint16_t>(minorVersion))) return 8 + minorVersion;
+    for (const WindowsVersion version : {WindowsVersion::Windows8_1, WindowsVersion::Windows8,
+                                         WindowsVersion::Windows7, WindowsVersion::Vista}) {
+        if (IsWindowsVersionOrGreater(version)) return 8 + static_cast<int>(version);
     }
     return 0;
 }

@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <string>
 
-// True on version 6 of that minor version or anything later: 0 is Vista, 1 is Windows 7, 2 is Windows 8, 3 is
-// Windows 8.1.
-bool IsWindowsVersionOrGreater(std::uint16_t minorVersion);
+// The systems of version 6, by their minor version.
+enum class WindowsVersion : std::uint16_t { Vista = 0, Windows7 = 1, Windows8 = 2, Windows8_1 = 3 };
+
+// True on that system and on anything later.
+bool IsWindowsVersionOrGreater(WindowsVersion version);
 
 // 8 for version 6.0, 9 for 6.1, 10 for 6.2, 11 for 6.3 and everything later, 0 for anything older.
 int GetWindowsVersionId();

@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr std::uint16_t windows8 = 2;
-
 Singleton<DriverInfo> singleton;
 
 std::vector<std::wstring> FindDriverFiles() {
@@ -75,7 +73,7 @@ void DriverInfo::Append(MSI_APP record) {
 }
 
 void DriverInfo::LoadAcceptedDriverTypes(const InstallSettings& settings) {
-    const bool newer = IsWindowsVersionOrGreater(windows8);
+    const bool newer = IsWindowsVersionOrGreater(WindowsVersion::Windows8);
     const std::wstring types = settings.GetString(newer ? Tag::WIN8_DRVTYPES : Tag::WINXP_DRVTYPES);
     LogAdvanced((newer ? L"Using WIN8_DRVTYPES: " : L"Using WINXP_DRVTYPES: ") + types);
     const std::vector<std::wstring> accepted = AcceptedDriverTypes(types);

@@ -15,7 +15,6 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-constexpr std::uint16_t windowsVista = 0;
 constexpr long allProfiles = 0x7FFFFFFF;
 
 // COM on this thread, for the length of a call.
@@ -138,7 +137,7 @@ FirewallRules::FirewallRules(std::wstring programPath, std::wstring ruleName)
 void FirewallRules::AddRule() const {
     const ComApartment apartment;
     if (!apartment.IsUsable()) return;
-    if (IsWindowsVersionOrGreater(windowsVista)) {
+    if (IsWindowsVersionOrGreater(WindowsVersion::Vista)) {
         AddToPolicy(path, name);
     } else {
         Authorize(path, name);
@@ -148,7 +147,7 @@ void FirewallRules::AddRule() const {
 void FirewallRules::RemoveRule() const {
     const ComApartment apartment;
     if (!apartment.IsUsable()) return;
-    if (IsWindowsVersionOrGreater(windowsVista)) {
+    if (IsWindowsVersionOrGreater(WindowsVersion::Vista)) {
         RemoveFromPolicy(path);
     } else if (const auto applications = AuthorizedApplications()) {
         applications->Remove(ComText(path).get());

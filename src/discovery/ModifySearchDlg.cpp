@@ -17,11 +17,10 @@ constexpr UINT_PTR checkTimer = 0;
 constexpr UINT pauseInMilliseconds = 300;
 constexpr size_t longestHost = 255;
 constexpr size_t longestAddress = 45;
-constexpr std::uint16_t windowsVista = 0;
 
 // Systems before Vista cannot read addresses: they take every one.
 bool CanTestAddresses() {
-    return IsWindowsVersionOrGreater(windowsVista);
+    return IsWindowsVersionOrGreater(WindowsVersion::Vista);
 }
 
 bool IsAcceptedHost(const std::wstring& text) {

@@ -23,7 +23,6 @@
 
 namespace {
 
-constexpr std::uint16_t windowsVista = 0;
 constexpr unsigned threadExitCode = 31;
 
 // The folder into which the packages install: the vendor's, below the system's folder of programs.
@@ -200,7 +199,7 @@ void InstallService::Install(MSI_APP& record, const std::wstring& command) {
     RecordStatus(record);
     MakeStep();
     const InstallOutcome outcome =
-        ReadReturnCode(code, record.isScanDriver, !IsWindowsVersionOrGreater(windowsVista));
+        ReadReturnCode(code, record.isScanDriver, !IsWindowsVersionOrGreater(WindowsVersion::Vista));
     record.status = StatusFor(outcome, record);
     const bool stopsRun = ActOnOutcome(record, outcome, code);
     const bool dependentFailed =

@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr std::uint16_t windowsVista = 0;
 constexpr int columnCount = 3;
 constexpr int checkPicture = 0;
 constexpr int crossPicture = 1;
@@ -76,7 +75,7 @@ void StatusListView::InsertLine(int row, const StatusLine& line) const {
     LVITEMW item{.mask = LVIF_IMAGE};
     item.iItem = row;
     item.iImage = IsGoodStatus(line.status) ? checkPicture : crossPicture;
-    if (!IsWindowsVersionOrGreater(windowsVista)) item.iImage = noPicture;
+    if (!IsWindowsVersionOrGreater(WindowsVersion::Vista)) item.iImage = noPicture;
     ::SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     SetText(row, 1, ShownName(line.name));
     SetText(row, 2, localizer.GetString(StatusTextKey(line.status)));

@@ -21,7 +21,6 @@
 namespace {
 
 constexpr std::uint32_t primaryLanguageBits = 0x3FF;
-constexpr std::uint16_t windowsVista = 0;
 
 Singleton<Localizer> singleton;
 
@@ -112,7 +111,7 @@ bool IsRightToLeft(const Localizer& localizer) {
 
 bool IsRightToLeftLocale() {
     const unsigned long language =
-        IsWindowsVersionOrGreater(windowsVista) ? NewerUserLanguage() : GetUserDefaultLCID();
+        IsWindowsVersionOrGreater(WindowsVersion::Vista) ? NewerUserLanguage() : GetUserDefaultLCID();
     const unsigned long primaryId = language & primaryLanguageBits;
     return primaryId == LANG_ARABIC || primaryId == LANG_HEBREW;
 }

@@ -56,10 +56,11 @@ TEST(WindowsVersionNameTest, FollowsTheTable) {
 }
 
 TEST(WindowsVersionTest, IsNeverOlderThanItself) {
-    for (std::uint16_t minor = 1; minor <= 3; ++minor) {
-        if (IsWindowsVersionOrGreater(minor)) {
-            EXPECT_TRUE(IsWindowsVersionOrGreater(static_cast<std::uint16_t>(minor - 1)));
-        }
+    bool isNewer = false;
+    for (const auto version : {WindowsVersion::Windows8_1, WindowsVersion::Windows8, WindowsVersion::Windows7,
+                               WindowsVersion::Vista}) {
+        EXPECT_TRUE(!isNewer || IsWindowsVersionOrGreater(version));
+        isNewer = IsWindowsVersionOrGreater(version);
     }
 }
 

@@ -7,7 +7,7 @@ namespace {
 
 TEST(DefaultDriverTest, IsThatOfTheColourClass) {
     InstallSettings settings;
-    const std::wstring prefix = IsWindowsVersionOrGreater(2) ? L"WIN8_" : L"";
+    const std::wstring prefix = IsWindowsVersionOrGreater(WindowsVersion::Windows8) ? L"WIN8_" : L"";
     settings.SetString(prefix + L"MONO_DEFAULT", L"m");
     settings.SetString(prefix + L"COLOR_DEFAULT", L"c");
     settings.SetString(prefix + L"NO_COMM_DEFAULT", L"n");
