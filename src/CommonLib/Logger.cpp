@@ -9,6 +9,7 @@
 
 #include "CommonLib/LogRecord.h"
 #include "CommonLib/SystemText.h"
+#include "CommonLib/Vendor.h"
 #include "CommonLib/Win32Exception.h"
 #include "framework/Handles.h"
 
@@ -48,7 +49,7 @@ Logger::Logger() {
 
 void Logger::SetVendor(const std::wstring& name) {
     const std::lock_guard guard(textLock);
-    vendor = name.empty() ? L"Printer" : name;
+    vendor = name.empty() ? unnamedVendor : name;
 }
 
 void Logger::WriteBasic(std::wstring_view level, std::wstring_view application, std::wstring_view message) {
@@ -80,7 +81,7 @@ std::wstring Logger::GetLogFolder() {
     std::wstring folder = ExpandEnvironment(L"%ALLUSERSPROFILE%\\");
     {
         const std::lock_guard guard(textLock);
-        if (vendor.empty()) vendor = L"Printer";
+        if (vendor.empty()) vendor = unnamedVendor;
         folder += vendor + L" Install Logs";
     }
     // An existing folder is the normal case, and a missing one shows when the record cannot be written.

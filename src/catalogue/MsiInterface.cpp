@@ -9,6 +9,7 @@
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
+#include "CommonLib/Vendor.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 
@@ -83,7 +84,7 @@ void MsiInterface::EnableInstallLog() const {
         Find<EnableInstallLogFunction>("MsiEnableInstallLog", L"Failed to find MsiEnableInstallLog method");
     if (enable == nullptr) return;
     std::wstring name = settings.GetString(Tag::OEM);
-    if (name.empty()) name = L"Printer";
+    if (name.empty()) name = unnamedVendor;
     enable(name.c_str(), name.size());
 }
 

@@ -13,6 +13,7 @@
 #include "CommonLib/MsiCodes.h"
 #include "CommonLib/SystemVersion.h"
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Vendor.h"
 #include "install/CommandDocument.h"
 #include "install/InstallMessages.h"
 #include "install/StatusDocument.h"
@@ -32,7 +33,7 @@ std::wstring TargetFolder(std::wstring vendor) {
                                 folder.data()))) {
         return {};
     }
-    if (vendor.empty()) vendor = L"Printer";
+    if (vendor.empty()) vendor = unnamedVendor;
     PathAppendW(folder.data(), (vendor + L"\\").c_str());
     return folder.data();
 }

@@ -1,5 +1,7 @@
 #include "pages/ManufacturerList.h"
 
+#include "CommonLib/Vendor.h"
+
 std::vector<Manufacturer> ParseManufacturers(std::wstring_view list) {
     std::vector<Manufacturer> manufacturers;
     while (!list.empty()) {
@@ -17,8 +19,8 @@ std::vector<Manufacturer> ParseManufacturers(std::wstring_view list) {
 }
 
 std::wstring BrandFor(std::wstring_view oem, std::wstring_view chosen) {
-    if (!oem.empty() && oem != L"Printer") return std::wstring(oem);
-    return std::wstring(chosen.empty() ? std::wstring_view(L"Printer") : chosen);
+    if (!oem.empty() && oem != unnamedVendor) return std::wstring(oem);
+    return std::wstring(chosen.empty() ? std::wstring_view(unnamedVendor) : chosen);
 }
 
 std::wstring MarkFinalPoint(std::wstring name) {

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "CommonLib/Vendor.h"
+
 namespace {
 
 std::wstring BaseNameFor(const NameInputs& inputs) {
     if (inputs.isFaxDriver) return inputs.faxModelName;
     if (!inputs.printerName.empty() && inputs.nameFromDiscovery == L"1") return inputs.printerName;
-    // "Printer" stands in for a vendor that the package does not name.
-    if (inputs.oem == L"Printer") return inputs.modelName;
+    if (inputs.oem == unnamedVendor) return inputs.modelName;
     return OemDefaultName(inputs.oemName, inputs.defaultPrinterName);
 }
 

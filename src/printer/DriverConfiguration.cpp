@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "CommonLib/Files.h"
+#include "CommonLib/Vendor.h"
 #include "printer/ConfigTool.h"
 #include "printer/MSIExtractService.h"
 #include "settings/TagNames.h"
@@ -64,7 +65,7 @@ std::wstring GetToolFolder(const std::wstring& driver, const std::wstring& vendo
 
 std::wstring DriverConfiguration::FindConfigTool(const std::wstring& driver) const {
     std::wstring folder = GetToolFolder(driver, settings.GetString(Tag::OEM));
-    if (!Exists(folder)) folder = GetToolFolder(driver, L"Printer");
+    if (!Exists(folder)) folder = GetToolFolder(driver, unnamedVendor);
     std::vector<std::wstring> programs;
     FindFiles(folder, programs, L"exe");
     return LastPathWith(programs, ConfigToolFor(driver).program);

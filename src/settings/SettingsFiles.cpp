@@ -4,6 +4,7 @@
 #include "CommonLib/Logger.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/TextFile.h"
+#include "CommonLib/Vendor.h"
 #include "settings/TagNames.h"
 
 namespace {
@@ -12,8 +13,8 @@ namespace {
 void ApplyVendor(InstallSettings& settings) {
     const std::wstring vendor = settings.GetString(Tag::OEM);
     if (vendor.empty()) {
-        settings.SetString(Tag::OEM, L"Printer");
-        Logger::GetInstance().SetVendor(L"Printer");
+        settings.SetString(Tag::OEM, unnamedVendor);
+        Logger::GetInstance().SetVendor(unnamedVendor);
         LogBasic(
             L"Default Settings file does not have Vendor name. Bad configuration found. Ensure UTF-8 file "
             L"format "

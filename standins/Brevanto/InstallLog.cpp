@@ -8,6 +8,8 @@
 #include <mutex>
 #include <string_view>
 
+#include "CommonLib/Vendor.h"
+
 namespace brevanto {
 namespace {
 
@@ -44,7 +46,7 @@ void SetInstallLogName(const std::wstring& name) {
 }
 
 std::wstring InstallLogPath(const std::wstring& name) {
-    std::wstring vendor = name.empty() ? L"Printer" : name;
+    std::wstring vendor = name.empty() ? unnamedVendor : name;
     std::replace_if(vendor.begin(), vendor.end(), IsUnfitForName, L'_');
     return ExpandEnvironment(L"%ALLUSERSPROFILE%\\") + vendor + L" Install Logs\\Packages.log";
 }
