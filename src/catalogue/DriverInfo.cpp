@@ -11,6 +11,7 @@
 #include "CommonLib/TextUtilities.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PackageReader.h"
+#include "catalogue/PropertyNames.h"
 #include "settings/TagNames.h"
 
 namespace {
@@ -30,13 +31,13 @@ void ReadCommonProperties(IMsiInterface& msi, const std::wstring& language, MSI_
     const auto read = [&](const wchar_t* name, std::wstring& field) {
         return ReadProperty(msi, record.msiPath, language, name, field) == MsiCode::Success;
     };
-    read(L"ProductName", record.productName);
-    if (!read(L"DEVICETYPE", record.deviceType)) LogAdvanced(L"Failed to get DEVICETYPE property.");
-    read(L"STARTAPP", record.startApp);
-    read(L"SecureCustomProperties", record.secureCustomProperties);
+    read(Property::ProductName, record.productName);
+    if (!read(Property::DEVICETYPE, record.deviceType)) LogAdvanced(L"Failed to get DEVICETYPE property.");
+    read(Property::STARTAPP, record.startApp);
+    read(Property::SecureCustomProperties, record.secureCustomProperties);
     std::wstring size;
-    if (read(L"INSTALLSIZE", size)) record.installSizeMb = InstallSizeInMb(size);
-    read(L"ProductVersion", record.productVersion);
+    if (read(Property::INSTALLSIZE, size)) record.installSizeMb = InstallSizeInMb(size);
+    read(Property::ProductVersion, record.productVersion);
 }
 
 }  // namespace
@@ -86,11 +87,11 @@ bool DriverInfo::ReadDriverProperties(IMsiInterface& msi, const std::wstring& la
     const auto read = [&](const wchar_t* name, std::wstring& field) {
         return ReadProperty(msi, record.msiPath, language, name, field);
     };
-    const std::uint32_t nameCode = read(L"DRIVERNAME", record.driverName);
+    const std::uint32_t nameCode = read(Property::DRIVERNAME, record.driverName);
     if (nameCode != MsiCode::Success) {
         LogAdvanced(L"Failed to get DRIVERNAME property. Return Code: " + ToDecimalString(nameCode));
     }
-    if (read(L"DRIVERID", record.driverId) != MsiCode::Success) {
+    if (read(Property::DRIVERID, record.driverId) != MsiCode::Success) {
         // The code is that of the name's reading, and this is meant.
         LogAdvanced(L"Failed to get DRIVERID property. Return Code: " + ToDecimalString(nameCode));
     }
@@ -106,11 +107,11 @@ bool DriverInfo::ReadDriverProperties(IMsiInterface& msi, const std::wstring& la
     }
     record.isSupportedDriver = true;
     LogAdvanced(L"DRIVERID " + record.driverId + L" is supported.");
-    if (read(L"STREAMDISPLAYNAME", record.streamDisplayName) != MsiCode::Success) {
+    if (read(Property::STREAMDISPLAYNAME, record.streamDisplayName) != MsiCode::Success) {
         LogAdvanced(L"Failed to get STREAMDISPLAYNAME property.");
     }
     std::wstring ombrel;
-    if (read(L"ISOMBRELSUPPORTED", ombrel) == MsiCode::Success && ombrel == L"TRUE") {
+    if (read(Property::ISOMBRELSUPPORTED, ombrel) == MsiCode::Success && ombrel == L"TRUE") {
         record.ombrelSupported = true;
         LogAdvanced(record.driverName + L" Supports Ombrel.");
     }

@@ -8,6 +8,7 @@
 #include "CommonLib/MsiCodes.h"
 #include "CommonLib/TextUtilities.h"
 #include "catalogue/PackageProperties.h"
+#include "catalogue/PropertyNames.h"
 #include "settings/TagNames.h"
 
 namespace {
@@ -23,21 +24,21 @@ public:
         record.msiPath = path;
         ReadTexts(record);
         ClassifyDriver(record);
-        record.installSizeMb = InstallSizeInMb(Property(path, L"INSTALLSIZE"));
+        record.installSizeMb = InstallSizeInMb(TextOf(path, Property::INSTALLSIZE));
         ReadInstalledState(msi, record);
         // An application is no printer driver, even where it names one.
         record.isPrinterDriver = false;
-        record.supportedOs = Property(path, L"SUPPORTEDOS");
-        record.streamDisplayName = Property(path, L"STREAMDISPLAYNAME");
-        record.usesDiscovery = EqualsIgnoringCase(Property(path, L"DISCOVERY"), L"YES");
-        const std::wstring dependentFiles = Property(path, L"DEPENDENTAPPS");
+        record.supportedOs = TextOf(path, Property::SUPPORTEDOS);
+        record.streamDisplayName = TextOf(path, Property::STREAMDISPLAYNAME);
+        record.usesDiscovery = EqualsIgnoringCase(TextOf(path, Property::DISCOVERY), L"YES");
+        const std::wstring dependentFiles = TextOf(path, Property::DEPENDENTAPPS);
         if (!dependentFiles.empty()) ReadDependents(dependentFiles, record);
-        record.forceReinstall = EqualsIgnoringCase(Property(path, L"FORCEREINSTALL"), L"TRUE");
+        record.forceReinstall = EqualsIgnoringCase(TextOf(path, Property::FORCEREINSTALL), L"TRUE");
         return record;
     }
 
 private:
-    std::wstring Property(const std::wstring& path, const wchar_t* name) {
+    std::wstring TextOf(const std::wstring& path, const wchar_t* name) {
         std::wstring value;
         ReadProperty(msi, path, language, name, value);
         return value;
@@ -45,15 +46,15 @@ private:
 
     void ReadTexts(MSI_APP& record) {
         const std::wstring& path = record.msiPath;
-        record.productName = Property(path, L"ProductName");
-        record.description = Property(path, L"MSIDESCRIPTION");
-        record.productVersion = Property(path, L"ProductVersion");
-        record.deviceType = Property(path, L"DEVICETYPE");
-        record.appType = Property(path, L"APPTYPE");
-        record.startApp = Property(path, L"STARTAPP");
-        record.secureCustomProperties = Property(path, L"SecureCustomProperties");
-        record.driverId = Property(path, L"DRIVERID");
-        record.driverName = Property(path, L"DRIVERNAME");
+        record.productName = TextOf(path, Property::ProductName);
+        record.description = TextOf(path, Property::MSIDESCRIPTION);
+        record.productVersion = TextOf(path, Property::ProductVersion);
+        record.deviceType = TextOf(path, Property::DEVICETYPE);
+        record.appType = TextOf(path, Property::APPTYPE);
+        record.startApp = TextOf(path, Property::STARTAPP);
+        record.secureCustomProperties = TextOf(path, Property::SecureCustomProperties);
+        record.driverId = TextOf(path, Property::DRIVERID);
+        record.driverName = TextOf(path, Property::DRIVERNAME);
     }
 
     void ReadDependents(const std::wstring& fileNames, MSI_APP& record) {
