@@ -25,6 +25,7 @@
 #include "ports/AddPortService.h"
 #include "settings/TagNames.h"
 #include "wizard/CmdLineHelper.h"
+#include "wizard/PageNames.h"
 
 namespace {
 
@@ -71,11 +72,11 @@ PagePointer MakeDiscovery(const Collaborators& shared) {
 }
 
 PagePointer MakeCoreFinish(const Collaborators& shared) {
-    return std::make_unique<FinishDlg>(shared.ForPages(), L"Core Finish Dialog");
+    return std::make_unique<FinishDlg>(shared.ForPages(), PageName::coreFinish);
 }
 
 PagePointer MakeFinish(const Collaborators& shared) {
-    return std::make_unique<FinishDlg>(shared.ForPages(), L"Finish Dialog");
+    return std::make_unique<FinishDlg>(shared.ForPages(), PageName::finish);
 }
 
 // Services reach their pages by the interfaces that the pages offer them.

@@ -11,6 +11,7 @@
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
 #include "wizard/LocalizedMessage.h"
+#include "wizard/PageNames.h"
 #include "wizard/RegisteredMessages.h"
 
 namespace {
@@ -43,7 +44,7 @@ const MessageMap& ProgressDialog::GetMessageMap() const {
 ProgressDialog::~ProgressDialog() = default;
 
 ProgressDialog::ProgressDialog(const PageContext& context) : InstallDialogEx(context, IDD_PROGRESS) {
-    dialogName = L"Progress Dialog";
+    dialogName = PageName::progress;
 }
 
 bool ProgressDialog::OnInitDialog() {

@@ -9,6 +9,7 @@
 #include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
+#include "wizard/PageNames.h"
 
 const MessageMap& ConnectivityDlg::GetMessageMap() const {
     using On = EventsOf<ConnectivityDlg>;
@@ -83,7 +84,7 @@ void ConnectivityDlg::OnOK() {
     const ChoiceTargets targets{settings, applications, drivers, localizer};
     if (usbSelected) {
         ApplyChoice(ChooseUsb(MakeChoiceInputs(settings, drivers, GetDefaultDriver(settings, {}))), targets);
-        controller.GoToSpecifiedDlg(L"Progress Dialog", {});
+        controller.GoToSpecifiedDlg(PageName::progress, {});
     } else {
         ApplyChoice(ChooseNetwork(), targets);
         controller.UpdateHideFlags();

@@ -15,6 +15,7 @@
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
 #include "wizard/LocalizedMessage.h"
+#include "wizard/PageNames.h"
 
 namespace {
 
@@ -63,7 +64,7 @@ AddPortDlg::AddPortDlg(const PageContext& context, AppCatalogue& appCatalogue, D
       applications(appCatalogue),
       drivers(driverCatalogue),
       configuration(context.settings, appCatalogue, driverCatalogue) {
-    dialogName = L"Add Port Dialog";
+    dialogName = PageName::addPort;
 }
 
 AddPortDlg::~AddPortDlg() = default;
