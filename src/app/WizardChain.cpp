@@ -8,6 +8,7 @@
 #include "CommonLib/Logger.h"
 #include "CommonLib/TextUtilities.h"
 #include "catalogue/MsiInterface.h"
+#include "catalogue/PackageFilters.h"
 #include "discovery/DiscoveryDlg.h"
 #include "discovery/DiscoveryService.h"
 #include "install/FinishDlg.h"
@@ -158,7 +159,7 @@ void CopyLogToPackage() {
 }
 
 bool IsCoreSoftwareSelected(const AppCatalogue& applications) {
-    return !applications.Select(L"<ISOPTIONAL>false</ISOPTIONAL><ISSELECTED>true</ISSELECTED>").empty();
+    return !applications.Select(PackageFilter::selectedForCoreRun).empty();
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 
+#include "catalogue/PackageFilters.h"
 #include "catalogue/PackageProperties.h"
 #include "settings/FilterDocument.h"
 
@@ -17,11 +18,13 @@ Predicate FlagIs(bool MSI_APP::*flag) {
 
 const std::map<std::wstring, Predicate, std::less<>>& Predicates() {
     static const std::map<std::wstring, Predicate, std::less<>> predicates = {
-        {L"ISOPTIONAL", FlagIs(&MSI_APP::isOptional)},
-        {L"ISINSTALLED", FlagIs(&MSI_APP::isInstalled)},
-        {L"ISSELECTED", FlagIs(&MSI_APP::isSelected)},
-        {L"DEVICETYPE", [](const MSI_APP& app,
-                           std::wstring_view value) { return MatchesDeviceType(app.deviceType, value); }},
+        {FilterName::ISOPTIONAL, FlagIs(&MSI_APP::isOptional)},
+        {FilterName::ISINSTALLED, FlagIs(&MSI_APP::isInstalled)},
+        {FilterName::ISSELECTED, FlagIs(&MSI_APP::isSelected)},
+        {FilterName::DEVICETYPE,
+         [](const MSI_APP& app, std::wstring_view value) {
+             return MatchesDeviceType(app.deviceType, value);
+         }},
     };
     return predicates;
 }

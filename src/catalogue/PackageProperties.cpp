@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "CommonLib/TextUtilities.h"
+#include "settings/PackageWords.h"
 
 // What LeadingNumber reads ends in front of the unit and of blanks, so nothing has to be cut off before.
 double InstallSizeInMb(std::wstring_view text) {
@@ -32,11 +33,15 @@ bool MatchesDeviceType(std::wstring_view recordType, std::wstring_view wanted) {
     return std::find(types.begin(), types.end(), recordType) != types.end();
 }
 
+bool NamesFaxDriver(std::wstring_view driverId) {
+    return driverId.find(DriverId::FAX) != std::wstring_view::npos;
+}
+
 void ClassifyDriver(MSI_APP& app) {
     if (app.driverId.empty()) return;
-    if (app.driverId == L"SCAN") {
+    if (app.driverId == DriverId::SCAN) {
         app.isScanDriver = true;
-    } else if (app.driverId == L"Fax") {
+    } else if (app.driverId == DriverId::FAX) {
         app.isFaxDriver = true;
     } else {
         app.isPrinterDriver = true;

@@ -22,6 +22,9 @@ bool SupportsSystem(std::wstring_view supportedOs, std::wstring_view systemName)
 // one of the pieces that a ";" closes.
 bool MatchesDeviceType(std::wstring_view recordType, std::wstring_view wanted);
 
+// Returns true for an identifier that holds the fax driver's anywhere.
+bool NamesFaxDriver(std::wstring_view driverId);
+
 // Sets the one flag of scan, fax or printer driver that the record's driverId asks for; none without a
 // driverId.
 void ClassifyDriver(MSI_APP& app);

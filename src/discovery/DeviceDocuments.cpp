@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "CommonLib/TextUtilities.h"
+#include "settings/PackageWords.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 
@@ -41,8 +42,8 @@ DiscoveredDevice ReadDevice(std::wstring_view document) {
 }
 
 bool IsKept(const DiscoveredDevice& device, std::wstring_view message) {
-    const bool wantsMultiFunction = message.find(L"FAX") != std::wstring_view::npos ||
-                                    message.find(L"SCANNER") != std::wstring_view::npos;
+    const bool wantsMultiFunction = message.find(DeviceType::FAX) != std::wstring_view::npos ||
+                                    message.find(DeviceType::SCANNER) != std::wstring_view::npos;
     return device.isMultiFunction || !wantsMultiFunction;
 }
 

@@ -25,6 +25,7 @@ using ExchangeFunction = std::uint32_t (*)(const wchar_t* request, const std::ui
                                            std::uint32_t packetLength, std::uint8_t* reply,
                                            std::uint32_t replySize, std::uint32_t* replyLength);
 
+constexpr std::wstring_view timeoutInMilliseconds = L"3000";
 constexpr size_t firstReplySize = 4096;
 // A packet counts the bytes behind its three leading ones in 16 bits.
 constexpr std::uint32_t longestPacket = 3 + 0xFFFF;
@@ -35,7 +36,8 @@ constexpr auto deviceQuestion =
     std::to_array<std::uint8_t>({0xA5, 0x00, 0x07, 0x50, 0xE0, 0x21, 0x01, 0x00, 0x00, 0x00});
 
 std::wstring Request(std::wstring_view tag, std::wstring_view addresses) {
-    return TagDocument::MakeElement(tag, addresses) + L"<TIMEOUT>3000</TIMEOUT>";
+    return TagDocument::MakeElement(tag, addresses) +
+           TagDocument::MakeElement(Tag::TIMEOUT, timeoutInMilliseconds);
 }
 
 // The reply packet of one device; nothing if the exchange fails. The first call tells a size of 0, whatever

@@ -10,6 +10,7 @@
 #include "CommonLib/SystemLibrary.h"
 #include "discovery/RowOrder.h"
 #include "framework/CImage.h"
+#include "settings/ColourWords.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
 
@@ -76,8 +77,8 @@ const MessageMap& DiscoveryListCtrl::GetMessageMap() const {
 }
 
 std::wstring DiscoveryListCtrl::ShownColour(const std::wstring& colour) const {
-    if (colour == L"color") return localizer.GetString(TextKey::COLOR);
-    if (colour == L"mono") return localizer.GetString(TextKey::MONO);
+    if (colour == ColourClass::color) return localizer.GetString(TextKey::COLOR);
+    if (colour == ColourClass::mono) return localizer.GetString(TextKey::MONO);
     return {};
 }
 

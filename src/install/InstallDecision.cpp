@@ -1,6 +1,7 @@
 #include "install/InstallDecision.h"
 
 #include "CommonLib/MsiCodes.h"
+#include "settings/TagNames.h"
 
 bool ReportsNewer(const MSI_APP& app) {
     return app.installed && app.newerInstalled;
@@ -48,18 +49,20 @@ ErrorDialogTexts ErrorDialogFor(std::uint32_t code) {
         case MsiCode::LanguageUnsupported:
             return {.titleKey = {}, .textKey = {}, .stopsRun = false};
         case MsiCode::DiskFull:
-            return {
-                .titleKey = L"DISK_FULL_ERROR_TITLE", .textKey = L"DISK_FULL_ERROR_TEXT", .stopsRun = true};
+            return {.titleKey = TextKey::DISK_FULL_ERROR_TITLE,
+                    .textKey = TextKey::DISK_FULL_ERROR_TEXT,
+                    .stopsRun = true};
         case MsiCode::AlreadyInitialized:
         case MsiCode::InstallAlreadyRunning:
-            return {.titleKey = L"INSTALL_ALREADY_RUNNING_TITLE",
-                    .textKey = L"INSTALL_ALREADY_RUNNING_TEXT",
+            return {.titleKey = TextKey::INSTALL_ALREADY_RUNNING_TITLE,
+                    .textKey = TextKey::INSTALL_ALREADY_RUNNING_TEXT,
                     .stopsRun = true};
         case MsiCode::PackageRejected:
         case MsiCode::RemoteDisallowed:
-            return {
-                .titleKey = L"PERMISSION_ERROR_TITLE", .textKey = L"PERMISSION_ERROR_TEXT", .stopsRun = true};
+            return {.titleKey = TextKey::PERMISSION_ERROR_TITLE,
+                    .textKey = TextKey::PERMISSION_ERROR_TEXT,
+                    .stopsRun = true};
         default:
-            return {.titleKey = L"ERROR_TITLE", .textKey = L"ERROR_TEXT", .stopsRun = true};
+            return {.titleKey = TextKey::ERROR_TITLE, .textKey = TextKey::ERROR_TEXT, .stopsRun = true};
     }
 }

@@ -14,6 +14,7 @@
 #include "CommonLib/SystemVersion.h"
 #include "CommonLib/TextUtilities.h"
 #include "CommonLib/Vendor.h"
+#include "catalogue/PackageFilters.h"
 #include "install/CommandDocument.h"
 #include "install/InstallMessages.h"
 #include "install/StatusDocument.h"
@@ -98,10 +99,9 @@ void InstallService::Cancel() {
 }
 
 std::vector<MSI_APP> InstallService::SelectApps() const {
-    std::wstring_view filter = L"<ISOPTIONAL>false</ISOPTIONAL><ISSELECTED>true</ISSELECTED>";
-    if (settings.GetBool(Tag::OPTIONAL_INSTALL))
-        filter = L"<ISOPTIONAL>true</ISOPTIONAL><ISSELECTED>true</ISSELECTED>";
-    if (settings.IsAmazonSupported()) filter = L"<ISSELECTED>true</ISSELECTED>";
+    std::wstring_view filter = PackageFilter::selectedForCoreRun;
+    if (settings.GetBool(Tag::OPTIONAL_INSTALL)) filter = PackageFilter::selectedForOptionalRun;
+    if (settings.IsAmazonSupported()) filter = PackageFilter::selected;
     const std::list<MSI_APP> selected = applications.Select(filter);
     return {selected.begin(), selected.end()};
 }

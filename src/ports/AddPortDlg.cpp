@@ -26,8 +26,6 @@ constexpr size_t portNameRead = 63;
 constexpr size_t addressRead = 255;
 constexpr size_t pathRead = 255;
 
-constexpr wchar_t localPortType[] = L"Local Port";
-
 // Which controls describe a port of each kind.
 constexpr int existingControls[] = {IDC_ADD_PORT_LIST};
 constexpr int networkControls[] = {IDC_ADD_PORT_NAME_LABEL, IDC_ADD_PORT_NAME, IDC_ADD_PORT_ADDRESS_LABEL,
@@ -312,7 +310,7 @@ std::optional<ChosenPort> AddPortDlg::TakeSharedPrinter() {
     const std::wstring path = TextOf(IDC_ADD_PORT_PATH, pathRead);
     if (IsInPortList(path)) return Refuse(TextKey::DUP_PORT_TEXT, IDC_ADD_PORT_PATH);
     if (!IsSharedPrinter(path)) return Refuse(TextKey::INVALID_NET_PATH_TEXT, IDC_ADD_PORT_PATH);
-    return ChosenPort{.name = path, .type = localPortType, .add = true};
+    return ChosenPort{.name = path, .type = std::wstring(localPortType), .add = true};
 }
 
 // What the list shows counts, with the marks that it may have put into a name; this is meant.

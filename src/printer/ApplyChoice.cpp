@@ -1,8 +1,10 @@
 #include "printer/ApplyChoice.h"
 
 #include "CommonLib/Logger.h"
+#include "catalogue/PackageProperties.h"
 #include "printer/DetectedNames.h"
 #include "printer/InfoCenterLinks.h"
+#include "settings/PackageWords.h"
 #include "settings/TagNames.h"
 
 namespace {
@@ -16,10 +18,10 @@ void ApplyToDevices(const PrinterChoice& choice, const ChoiceTargets& targets) {
 
 void ChangeParts(MSI_APP& record, const PartsChange& parts) {
     const auto change = [](bool& flag, const std::optional<bool>& value) { flag = value.value_or(flag); };
-    if (record.deviceType == L"FAX") change(record.isOptional, parts.faxOptional);
-    if (record.deviceType == L"SCANNER") change(record.isOptional, parts.scannerOptional);
-    if (record.deviceType == L"PRINTER") change(record.isOptional, parts.printerOptional);
-    if (record.driverId.find(L"Fax") != std::wstring::npos) change(record.isSelected, parts.faxSelected);
+    if (record.deviceType == DeviceType::FAX) change(record.isOptional, parts.faxOptional);
+    if (record.deviceType == DeviceType::SCANNER) change(record.isOptional, parts.scannerOptional);
+    if (record.deviceType == DeviceType::PRINTER) change(record.isOptional, parts.printerOptional);
+    if (NamesFaxDriver(record.driverId)) change(record.isSelected, parts.faxSelected);
 }
 
 std::wstring FirstOf(const std::vector<std::wstring>& values) {

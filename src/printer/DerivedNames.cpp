@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "CommonLib/Vendor.h"
+#include "settings/ColourWords.h"
+#include "settings/TagNames.h"
 
 namespace {
 
@@ -34,10 +36,10 @@ std::wstring OemDefaultName(std::wstring_view oemName, std::wstring_view default
 }
 
 std::wstring DefaultDriverTag(std::wstring_view colourClass, bool windows8OrLater) {
-    std::wstring tag = L"NO_COMM_DEFAULT";
-    if (colourClass == L"mono") tag = L"MONO_DEFAULT";
-    if (colourClass == L"color") tag = L"COLOR_DEFAULT";
-    return windows8OrLater ? L"WIN8_" + tag : tag;
+    std::wstring_view tag = Tag::NO_COMM_DEFAULT;
+    if (colourClass == ColourClass::mono) tag = Tag::MONO_DEFAULT;
+    if (colourClass == ColourClass::color) tag = Tag::COLOR_DEFAULT;
+    return std::wstring(windows8OrLater ? L"WIN8_" : L"").append(tag);
 }
 
 std::wstring ProductCodeFor(const std::map<std::wstring, std::wstring>& codesBySeries,

@@ -1,11 +1,10 @@
 #include "printer/PrinterChoice.h"
 
 #include "settings/DeviceDocument.h"
+#include "settings/PackageWords.h"
 #include "settings/TagNames.h"
 
 namespace {
-
-constexpr wchar_t scanDriver[] = L"SCAN";
 
 std::wstring FlagText(bool flag) {
     return flag ? L"true" : L"false";
@@ -44,7 +43,7 @@ void TakeDeviceForDevices(PrinterChoice& choice, const ChosenDevice& device) {
 // A multi-function device brings the scan driver with it, and the offer of the fax and scan applications or,
 // in the second variant, the fax applications themselves.
 void TakePartsOfDevice(PrinterChoice& choice, const ChosenDevice& device, bool isAmazon) {
-    choice.drivers.push_back({scanDriver, device.isMultiFunction});
+    choice.drivers.push_back({DriverId::SCAN, device.isMultiFunction});
     if (isAmazon) {
         choice.parts.faxSelected = device.hasFax;
     } else {
@@ -89,7 +88,7 @@ PrinterChoice ChoosePort(const ChosenPort& port, const ChoiceInputs& inputs) {
         AddTags(choice.tags, {{Tag::SELECTED_DRIVER, inputs.driverPath}, {Tag::SET_DEFAULT, FlagText(true)}});
         choice.parts.faxOptional = true;
     }
-    choice.drivers.push_back({scanDriver});
+    choice.drivers.push_back({DriverId::SCAN});
     if (inputs.isAmazon) choice.parts = {.faxOptional = false, .scannerOptional = false, .faxSelected = true};
     choice.links = LinkSource::Settings;
     return choice;
@@ -102,7 +101,7 @@ PrinterChoice ChooseNetwork() {
 // No discovery and no port: the package's default driver, with its scan and fax parts.
 PrinterChoice ChooseUsb(const ChoiceInputs& inputs) {
     PrinterChoice choice = ChooseNetwork();
-    const std::wstring usb = L"USB";
+    const std::wstring usb(usbPortType);
     choice.tags = {{Tag::NIMBOJET, FlagText(false)},
                    {Tag::USB, FlagText(true)},
                    {Tag::DISCOVERED_DEVICE, FlagText(false)},
@@ -112,7 +111,7 @@ PrinterChoice ChooseUsb(const ChoiceInputs& inputs) {
         choice.parts.printerOptional = false;
     }
     choice.parts.faxSelected = true;
-    choice.drivers = {{scanDriver}, {inputs.driverId}};
+    choice.drivers = {{DriverId::SCAN}, {inputs.driverId}};
     choice.records = {L"Selected Port Type: USB"};
     return choice;
 }

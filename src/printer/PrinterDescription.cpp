@@ -1,5 +1,6 @@
 #include "printer/PrinterDescription.h"
 
+#include "settings/DeviceDocument.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 
@@ -32,7 +33,7 @@ std::wstring PrinterDescription::GetDriverProductName(const MSI_APP& driver) con
 }
 
 bool PrinterDescription::PortNeedsAdding(const std::wstring& portType, const std::wstring& portName) const {
-    if (portType == L"USB") return false;
+    if (portType == usbPortType) return false;
     if (portType == settings.GetString(Tag::OEM) + L" Nimbo Jet") return false;
     return !portExists(portName);
 }

@@ -3,8 +3,10 @@
 #include <string>
 #include <string_view>
 
-// The type of a port that leads to a device of the network, as the settings name it.
+// The types of ports, as the settings name them.
 inline constexpr std::wstring_view networkPortType = L"Standard TCP/IP Port";
+inline constexpr std::wstring_view localPortType = L"Local Port";
+inline constexpr std::wstring_view usbPortType = L"USB";
 
 // Operations on one device document, a tag document. They change the text in place; a document belongs to one
 // thread at a time.

@@ -44,6 +44,10 @@ inline constexpr std::wstring_view WIN8_DRVTYPES = L"WIN8_DRVTYPES";
 inline constexpr std::wstring_view WINXP_DRVTYPES = L"WINXP_DRVTYPES";
 inline constexpr std::wstring_view AMAZON_SUPPORTED = L"AMAZON_SUPPORTED";
 inline constexpr std::wstring_view USB_SUPPORTED = L"USB_SUPPORTED";
+// The default drivers; on Windows 8 and later their tags begin with "WIN8_".
+inline constexpr std::wstring_view NO_COMM_DEFAULT = L"NO_COMM_DEFAULT";
+inline constexpr std::wstring_view MONO_DEFAULT = L"MONO_DEFAULT";
+inline constexpr std::wstring_view COLOR_DEFAULT = L"COLOR_DEFAULT";
 inline constexpr std::wstring_view MODEL_DEFAULT_OVERRIDE = L"MODEL_DEFAULT_OVERRIDE";
 inline constexpr std::wstring_view SUBNETADDRESS = L"SUBNETADDRESS";
 inline constexpr std::wstring_view INFOCENTER_LINK = L"INFOCENTER_LINK";
@@ -106,6 +110,11 @@ inline constexpr std::wstring_view FAXINSTALLED = L"FAXINSTALLED";
 inline constexpr std::wstring_view PRINTER_INFO = L"PRINTER_INFO";
 inline constexpr std::wstring_view DRIVER_PRODUCT_NAME = L"DRIVER_PRODUCT_NAME";
 
+// Tags of the document that tells a package's installation what to do, beside those above.
+inline constexpr std::wstring_view LANGUAGEID = L"LANGUAGEID";
+inline constexpr std::wstring_view DEVICEFRIENDLYNAME = L"DEVICEFRIENDLYNAME";
+inline constexpr std::wstring_view TAG_REINSTALL = L"TAG_REINSTALL";
+
 // Tags of a line of the status document.
 inline constexpr std::wstring_view NAME = L"NAME";
 inline constexpr std::wstring_view STATUS = L"STATUS";
@@ -132,6 +141,12 @@ inline constexpr std::wstring_view LBL_LOCALIZED_AND = L"LBL_LOCALIZED_AND";
 inline constexpr std::wstring_view INSTALL_TITLE = L"INSTALL_TITLE";
 inline constexpr std::wstring_view PERMISSION_ERROR_TITLE = L"PERMISSION_ERROR_TITLE";
 inline constexpr std::wstring_view PERMISSION_ERROR_TEXT = L"PERMISSION_ERROR_TEXT";
+inline constexpr std::wstring_view DISK_FULL_ERROR_TITLE = L"DISK_FULL_ERROR_TITLE";
+inline constexpr std::wstring_view DISK_FULL_ERROR_TEXT = L"DISK_FULL_ERROR_TEXT";
+inline constexpr std::wstring_view INSTALL_ALREADY_RUNNING_TITLE = L"INSTALL_ALREADY_RUNNING_TITLE";
+inline constexpr std::wstring_view INSTALL_ALREADY_RUNNING_TEXT = L"INSTALL_ALREADY_RUNNING_TEXT";
+inline constexpr std::wstring_view ERROR_TITLE = L"ERROR_TITLE";
+inline constexpr std::wstring_view ERROR_TEXT = L"ERROR_TEXT";
 inline constexpr std::wstring_view MULTIINSTANCE_ERROR_TITLE = L"MULTIINSTANCE_ERROR_TITLE";
 inline constexpr std::wstring_view MULTIINSTANCE_ERROR_TEXT = L"MULTIINSTANCE_ERROR_TEXT";
 inline constexpr std::wstring_view CANCEL_CONFIRMATION_TEXT = L"CANCEL_CONFIRMATION_TEXT";

@@ -1,0 +1,19 @@
+// The words by which packages say what they are.
+#pragma once
+
+// Device types, the property DEVICETYPE; a page tells discovery with the same words what it looks for.
+namespace DeviceType {
+
+inline constexpr wchar_t PRINTER[] = L"PRINTER";
+inline constexpr wchar_t SCANNER[] = L"SCANNER";
+inline constexpr wchar_t FAX[] = L"FAX";
+
+}  // namespace DeviceType
+
+// Identifiers of the drivers that are no printer drivers, the property DRIVERID.
+namespace DriverId {
+
+inline constexpr wchar_t SCAN[] = L"SCAN";
+inline constexpr wchar_t FAX[] = L"Fax";
+
+}  // namespace DriverId
