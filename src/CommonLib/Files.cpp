@@ -3,10 +3,21 @@
 #include <windows.h>
 
 #include <shlobj.h>
+#include <shlwapi.h>
 
 #include <array>
 
 #include "framework/CFileFind.h"
+#include "framework/Handles.h"
+
+namespace {
+
+bool CanOpen(const std::wstring& path, DWORD shareMode) {
+    return static_cast<bool>(FileHandle(CreateFileW(path.c_str(), GENERIC_READ, shareMode, nullptr,
+                                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)));
+}
+
+}  // namespace
 
 std::wstring GetExePath() {
     std::array<wchar_t, MAX_PATH> buffer{};
@@ -37,6 +48,18 @@ bool CreateFolderPath(const std::wstring& path) {
     if (path.empty()) return false;
     const int code = SHCreateDirectoryExW(nullptr, path.c_str(), nullptr);
     return code == ERROR_SUCCESS || code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS;
+}
+
+bool PathExists(const std::wstring& path) {
+    return PathFileExistsW(path.c_str()) != FALSE;
+}
+
+bool CanBeRead(const std::wstring& path) {
+    return CanOpen(path, FILE_SHARE_READ);
+}
+
+bool CanBeReadAlone(const std::wstring& path) {
+    return CanOpen(path, 0);
 }
 
 bool CopyFileTo(const std::wstring& target, const std::wstring& source) {

@@ -19,6 +19,16 @@ size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths, c
 // Creates the folder with all that lead to it. True if it is there afterwards.
 bool CreateFolderPath(const std::wstring& path);
 
+// Returns true if there is a file or folder of that path, whether it can be opened or not.
+bool PathExists(const std::wstring& path);
+
+// Returns true if the file can be opened for reading while others read it too.
+bool CanBeRead(const std::wstring& path);
+
+// Returns true if the file can be opened for reading by this program alone: a file that is still being
+// written, or that anybody else has open, does not count as being there.
+bool CanBeReadAlone(const std::wstring& path);
+
 // Copies a file over whatever is at the target.
 bool CopyFileTo(const std::wstring& target, const std::wstring& source);
 

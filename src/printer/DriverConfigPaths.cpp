@@ -6,7 +6,6 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
-#include "framework/Handles.h"
 #include "printer/ConfigTool.h"
 #include "printer/DerivedNames.h"
 #include "printer/DriverConfiguration.h"
@@ -17,11 +16,6 @@
 namespace {
 
 constexpr DWORD extractionTimeInMilliseconds = 5000;
-
-bool CanBeRead(const std::wstring& path) {
-    return static_cast<bool>(FileHandle(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)));
-}
 
 // The first path below the folder that is not taken, counting the value up; the counts add up in the name. A
 // value without an extension has no free name while its own is taken: that is logged, and its own name stays.

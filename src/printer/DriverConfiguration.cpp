@@ -18,10 +18,6 @@ std::vector<const ConfigToolKind*> ToolsFor(const std::wstring& driver) {
     return {&ConfigToolFor(driver)};
 }
 
-bool Exists(const std::wstring& path) {
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
 }  // namespace
 
 bool DriverConfiguration::IsInCatalogue(std::wstring_view appType) const {
@@ -65,7 +61,7 @@ std::wstring GetToolFolder(const std::wstring& driver, const std::wstring& vendo
 
 std::wstring DriverConfiguration::FindConfigTool(const std::wstring& driver) const {
     std::wstring folder = GetToolFolder(driver, settings.GetString(Tag::OEM));
-    if (!Exists(folder)) folder = GetToolFolder(driver, unnamedVendor);
+    if (!PathExists(folder)) folder = GetToolFolder(driver, unnamedVendor);
     std::vector<std::wstring> programs;
     FindFiles(folder, programs, L"exe");
     return LastPathWith(programs, ConfigToolFor(driver).program);
@@ -79,7 +75,7 @@ std::wstring DriverConfiguration::MakeConfigFileName(const std::wstring& driver)
     std::uint32_t count = 0;
     do {
         path = ConfigFilePath(folder, settings.GetString(Tag::OEM), extension, count++);
-    } while (Exists(path));
+    } while (PathExists(path));
     return path;
 }
 

@@ -24,11 +24,6 @@ constexpr std::uint32_t primaryLanguageBits = 0x3FF;
 
 Singleton<Localizer> singleton;
 
-bool Exists(const std::wstring& path) {
-    return static_cast<bool>(FileHandle(
-        CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)));
-}
-
 // The whole file as text, without a byte order mark. False if it cannot be opened.
 bool ReadLanguageFile(const std::wstring& path, std::wstring& text) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
@@ -65,7 +60,7 @@ Localizer::Localizer() : Localizer(InstallSettings::GetInstance()) {}
 void Localizer::Load() const {
     const std::wstring folder = GetExeDirectory() + L"\\..\\res\\";
     std::wstring path = folder + GetXmlFileName(GetUserDefaultUILanguage());
-    if (!Exists(path)) path = folder + L"en_strings.xml";
+    if (!CanBeReadAlone(path)) path = folder + L"en_strings.xml";
     if (!ReadLanguageFile(path, text)) {
         LogAdvanced(L"Localizer(), Loading Resource file failed! " + folder, LogLevel::Error);
     }
