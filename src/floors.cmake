@@ -20,7 +20,7 @@ endfunction()
 
 floor(CommonLib
   LOGIC AddressText Exception LogRecord TextUtilities
-  SYSTEM Application DotNetSetup Files InterProcessLock IpAddress Logger Mutex ProcessWait Security
+  SYSTEM Application DotNetSetup Files InterProcessLock IpAddress Logger Mutex ProcessStart ProcessWait Security
     SecurityEveryone SystemLibrary SystemText SystemVersion TextFile Win32Exception XmlAttributeReader)
 
 floor(settings

@@ -12,7 +12,7 @@ public:
     virtual ~Application() = default;
 
     // Starts commandLine as a process of its own, detached from any console, with creationFlags added. Throws
-    // Win32Exception. The process lives on when this object closes its handles.
+    // Win32Exception. The process lives on when this object closes its handle.
     void launch();
 
     std::wstring commandLine;
@@ -20,5 +20,4 @@ public:
 
 private:
     KernelHandle process;
-    KernelHandle thread;
 };

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "CommonLib/Logger.h"
+#include "CommonLib/ProcessStart.h"
 #include "CommonLib/ProcessWait.h"
 #include "CommonLib/TextUtilities.h"
 #include "framework/Handles.h"
@@ -28,19 +29,13 @@ void WriteOutcome(DWORD exitCode) {
 }  // namespace
 
 std::uint32_t InstallDotNetRuntime(const std::wstring& setupPath) {
-    std::wstring commandLine = L" /norestart ";
+    const std::wstring commandLine = L" /norestart ";
     Logger& logger = Logger::GetInstance();
     logger.WriteBasic(LogLevel::None, LogApplication::DotNetInstall, L"Installing .Net Framework");
     logger.WriteAdvanced(LogLevel::None, LogApplication::DotNetInstall, commandLine);
 
-    STARTUPINFOW startupInfo{.cb = sizeof(STARTUPINFOW)};
-    PROCESS_INFORMATION processInformation{};
-    if (CreateProcessW(setupPath.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
-                       nullptr, nullptr, &startupInfo, &processInformation) == FALSE) {
-        return 0;
-    }
-    const KernelHandle process(processInformation.hProcess);
-    const KernelHandle thread(processInformation.hThread);
+    const KernelHandle process = StartProcess(setupPath.c_str(), commandLine, CREATE_NO_WINDOW);
+    if (!process) return 0;
     const DWORD exitCode = WaitForExit(process.get());
     WriteOutcome(exitCode);
     return exitCode;

@@ -7,7 +7,9 @@
 #include <utility>
 
 #include "CommonLib/Exception.h"
+#include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
+#include "CommonLib/ProcessStart.h"
 #include "CommonLib/ProcessWait.h"
 #include "CommonLib/XmlAttributeReader.h"
 #include "framework/CFileDialog.h"
@@ -23,25 +25,6 @@ namespace {
 constexpr WPARAM longestPath = 260;
 // One less than can be typed, and this is meant.
 constexpr size_t charactersRead = 259;
-
-bool IsReady(const std::wstring& toolPath) {
-    return !toolPath.empty() &&
-           static_cast<bool>(FileHandle(CreateFileW(toolPath.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
-                                                    FILE_ATTRIBUTE_NORMAL, nullptr)));
-}
-
-// The command line holds the tool's path without quotes; naming the program apart keeps a blank in that path
-// from making the system start another one.
-KernelHandle StartTool(const std::wstring& toolPath, std::wstring commandLine) {
-    STARTUPINFOW startupInfo{.cb = sizeof(STARTUPINFOW)};
-    PROCESS_INFORMATION processInformation{};
-    if (CreateProcessW(toolPath.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &startupInfo, &processInformation) == FALSE) {
-        return {};
-    }
-    const KernelHandle thread(processInformation.hThread);
-    return KernelHandle(processInformation.hProcess);
-}
 
 // The name of the first profile, empty where the file tells none.
 std::wstring ProfileName(const std::wstring& path) {
@@ -116,7 +99,7 @@ bool DriverConfigDlg::OnInitDialog() {
 LRESULT DriverConfigDlg::OnShowWindow(WPARAM, LPARAM) {
     const std::wstring path = settings.GetString(Tag::DRIVERCONFIG_PATH);
     if (path.empty()) return Default();
-    if (PathFileExistsW(path.c_str()) == FALSE) {
+    if (!PathExists(path)) {
         LogMissingFile(path);
         OnReset();
         return Default();
@@ -146,8 +129,8 @@ void DriverConfigDlg::MakeConfiguration() {
     const std::wstring file = configuration.MakeConfigFileName(driverId);
     const std::wstring toolPath = configuration.FindConfigTool(driverId);
     // The unpacking may not be done yet; the user presses New again.
-    if (!IsReady(toolPath)) return;
-    const KernelHandle process = StartTool(toolPath, commandLine);
+    if (!CanBeReadAlone(toolPath)) return;
+    const KernelHandle process = StartProcess(toolPath.c_str(), commandLine, 0);
     if (!process) {
         LogBasic(L"Failure launching Driver Configuration: " + commandLine, LogLevel::Error);
         return;
@@ -161,7 +144,7 @@ void DriverConfigDlg::MakeConfiguration() {
 void DriverConfigDlg::TakeNewFile(const std::wstring& file) {
     if (file.empty()) {
         LogBasic(L"No Driver Configuration file returned (Driver Config cancelled?)", LogLevel::Error);
-    } else if (PathFileExistsW(file.c_str()) == FALSE) {
+    } else if (!PathExists(file)) {
         LogMissingFile(file);
     } else {
         ShowPath(file);
@@ -198,7 +181,7 @@ void DriverConfigDlg::OnOK() {
     if (path.empty()) return Refuse(TextKey::EMPTY_DRIVERCONFIG_PATH);
     const std::wstring_view extension = PathFindExtensionW(path.c_str());
     const bool isOlder = extension == olderConfigTool.fileExtension;
-    if (PathFileExistsW(path.c_str()) == FALSE || (!isOlder && extension != v4ConfigTool.fileExtension)) {
+    if (!PathExists(path) || (!isOlder && extension != v4ConfigTool.fileExtension)) {
         return Refuse(TextKey::INVALID_PATH_TEXT);
     }
     const std::wstring description = isOlder ? ProfileName(path) : std::wstring();

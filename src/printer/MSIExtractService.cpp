@@ -1,11 +1,8 @@
 #include "printer/MSIExtractService.h"
 
-#include <windows.h>
-
-#include <shellapi.h>
-
 #include <utility>
 
+#include "CommonLib/ProcessStart.h"
 #include "printer/ConfigTool.h"
 
 MSIExtractService::MSIExtractService(const AppCatalogue& catalogue, std::wstring packagePath)
@@ -24,9 +21,6 @@ std::wstring MSIExtractService::MakeParameters() {
 }
 
 std::uint32_t MSIExtractService::DoRun() {
-    const HINSTANCE result =
-        ShellExecuteW(nullptr, L"runas", L"cmd.exe", MakeParameters().c_str(), nullptr, SW_HIDE);
-    constexpr INT_PTR firstSuccess = 32;
-    if (reinterpret_cast<INT_PTR>(result) >= firstSuccess) launched = true;
+    if (RunElevated(L"cmd.exe", MakeParameters())) launched = true;
     return 1;
 }
