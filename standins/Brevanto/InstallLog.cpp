@@ -8,6 +8,7 @@
 #include <mutex>
 #include <string_view>
 
+#include "CommonLib/SystemText.h"
 #include "CommonLib/Vendor.h"
 
 namespace brevanto {
@@ -24,14 +25,6 @@ std::mutex nameLock;
 std::wstring& LogName() {
     static std::wstring name;
     return name;
-}
-
-std::wstring ExpandEnvironment(const std::wstring& text) {
-    const DWORD size = ExpandEnvironmentStringsW(text.c_str(), nullptr, 0);
-    std::wstring expanded(size, L'\0');
-    const DWORD written = ExpandEnvironmentStringsW(text.c_str(), expanded.data(), size);
-    expanded.resize(written == 0 || written > size ? 0 : written - 1);
-    return expanded;
 }
 
 bool IsUnfitForName(wchar_t unit) {
