@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "CommonLib/ComText.h"
+#include "CommonLib/Com.h"
 #include "CommonLib/TextUtilities.h"
 
 namespace {
@@ -45,15 +45,9 @@ Attributes AttributesOf(IXMLDOMNode& node) {
 
 }  // namespace
 
-XmlAttributeReader::XmlAttributeReader(const std::wstring& pathOrText)
-    : ownsCom(CoInitializeEx(nullptr, COINIT_DISABLE_OLE1DDE) != RPC_E_CHANGED_MODE), source(pathOrText) {
+XmlAttributeReader::XmlAttributeReader(const std::wstring& pathOrText) : source(pathOrText) {
     CreateDocument();
     if (document) Load();
-}
-
-XmlAttributeReader::~XmlAttributeReader() {
-    document.Reset();
-    if (ownsCom) CoUninitialize();
 }
 
 void XmlAttributeReader::CreateDocument() {

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <string>
 
+#include "CommonLib/Com.h"
 #include "CommonLib/Exception.h"
 
 // A COM call on the document has failed; the code is the call's result.
@@ -25,7 +26,7 @@ public:
     explicit XmlAttributeReader(const std::wstring& pathOrText);
     XmlAttributeReader(const XmlAttributeReader&) = delete;
     XmlAttributeReader& operator=(const XmlAttributeReader&) = delete;
-    ~XmlAttributeReader();
+    ~XmlAttributeReader() = default;
 
     // Gives 0 and the value of that attribute of the first node that the query finds, or 1168 if there is no
     // such node or attribute; the value is then left as it was. Throws ComException for a query that the
@@ -39,8 +40,9 @@ private:
     void CreateDocument();
     void Load();
 
+    // Outlives the document.
+    ComApartment apartment{COINIT_DISABLE_OLE1DDE};
     Microsoft::WRL::ComPtr<IXMLDOMDocument> document;
-    bool ownsCom = false;
     bool isLoaded = false;
     std::wstring source;
 };

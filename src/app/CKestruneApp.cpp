@@ -107,7 +107,7 @@ void CKestruneApp::BringUpLibraries() {
     const INITCOMMONCONTROLSEX controls{.dwSize = sizeof(INITCOMMONCONTROLSEX), .dwICC = allControlClasses};
     InitCommonControlsEx(&controls);
     // The main thread opens links and folders through the shell, which wants COM.
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    apartment.emplace(COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     CWinApp::InitInstance();
 }
 
@@ -130,6 +130,7 @@ int CKestruneApp::ExitInstance() {
         Logger::DestroyInstance();
         CmdLineHelper::DestroyInstance();
     }
+    apartment.reset();
     return CWinApp::ExitInstance();
 }
 

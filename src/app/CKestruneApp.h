@@ -2,8 +2,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "CommonLib/Com.h"
 #include "app/Collaborators.h"
 #include "framework/CWinApp.h"
 
@@ -26,5 +28,6 @@ private:
     void BringUpLibraries();
     void CreateMainWindow(const Collaborators& shared, bool silent);
 
+    std::optional<ComApartment> apartment;
     std::unique_ptr<KestruneDlg> mainDialog;
 };

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "CommonLib/ComText.h"
+#include "CommonLib/Com.h"
 #include "CommonLib/SystemVersion.h"
 
 namespace {
@@ -16,40 +16,7 @@ namespace {
 using Microsoft::WRL::ComPtr;
 
 constexpr long allProfiles = 0x7FFFFFFF;
-
-// COM on this thread, for the length of a call.
-class ComApartment {
-public:
-    ComApartment() : result(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)) {}
-    ComApartment(const ComApartment&) = delete;
-    ComApartment& operator=(const ComApartment&) = delete;
-    ~ComApartment() {
-        if (SUCCEEDED(result)) CoUninitialize();
-    }
-
-    // A thread that somebody else has set up otherwise serves as well.
-    bool IsUsable() const { return SUCCEEDED(result) || result == RPC_E_CHANGED_MODE; }
-
-private:
-    HRESULT result;
-};
-
-// Owns what an enumeration hands out.
-class Variant {
-public:
-    Variant() = default;
-    Variant(const Variant&) = delete;
-    Variant& operator=(const Variant&) = delete;
-    ~Variant() { VariantClear(&value); }
-
-    VARIANT* put() { return &value; }
-    IUnknown* object() const {
-        return value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN ? value.punkVal : nullptr;
-    }
-
-private:
-    VARIANT value{};
-};
+constexpr DWORD apartmentFlags = COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE;
 
 template <class Interface>
 ComPtr<Interface> Make(REFCLSID kind) {
@@ -135,7 +102,7 @@ FirewallRules::FirewallRules(std::wstring programPath, std::wstring ruleName)
     : path(std::move(programPath)), name(std::move(ruleName)) {}
 
 void FirewallRules::AddRule() const {
-    const ComApartment apartment;
+    const ComApartment apartment(apartmentFlags);
     if (!apartment.IsUsable()) return;
     if (IsWindowsVersionOrGreater(WindowsVersion::Vista)) {
         AddToPolicy(path, name);
@@ -145,7 +112,7 @@ void FirewallRules::AddRule() const {
 }
 
 void FirewallRules::RemoveRule() const {
-    const ComApartment apartment;
+    const ComApartment apartment(apartmentFlags);
     if (!apartment.IsUsable()) return;
     if (IsWindowsVersionOrGreater(WindowsVersion::Vista)) {
         RemoveFromPolicy(path);

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "CommonLib/ComText.h"
+#include "CommonLib/Com.h"
 
 namespace {
 
