@@ -124,6 +124,37 @@ using ImageList = HandleOwner<ImageListKind>;
 using FontResource = HandleOwner<FontResourceKind>;
 using WindowsHook = HandleOwner<HookKind>;
 
+// The device context of a window, or with null of the screen.
+class WindowDc {
+public:
+    explicit WindowDc(HWND owner) : window(owner), context(GetDC(owner)) {}
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+    ~WindowDc() { ReleaseDC(window, context); }
+
+    HDC get() const { return context; }
+
+private:
+    HWND window;
+    HDC context;
+};
+
+// The device context for the answer to one WM_PAINT.
+class PaintDc {
+public:
+    explicit PaintDc(HWND painted) : window(painted), context(BeginPaint(painted, &paint)) {}
+    PaintDc(const PaintDc&) = delete;
+    PaintDc& operator=(const PaintDc&) = delete;
+    ~PaintDc() { EndPaint(window, &paint); }
+
+    HDC get() const { return context; }
+
+private:
+    PAINTSTRUCT paint{};
+    HWND window;
+    HDC context;
+};
+
 // Puts an object into a device context and the former one back at the end of its life.
 class SelectedObject {
 public:

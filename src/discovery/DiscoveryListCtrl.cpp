@@ -10,6 +10,7 @@
 #include "CommonLib/SystemLibrary.h"
 #include "discovery/RowOrder.h"
 #include "framework/CImage.h"
+#include "framework/Handles.h"
 #include "settings/ColourWords.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
@@ -34,10 +35,7 @@ std::wstring ShownAddress(const std::wstring& address) {
 }
 
 int Scaled(int pixels, HWND window) {
-    const HDC context = GetDC(window);
-    const int scaled = MulDiv(pixels, GetDeviceCaps(context, LOGPIXELSX), 96);
-    ReleaseDC(window, context);
-    return scaled;
+    return MulDiv(pixels, GetDeviceCaps(WindowDc(window).get(), LOGPIXELSX), 96);
 }
 
 struct Sorting {

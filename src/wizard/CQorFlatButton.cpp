@@ -90,16 +90,15 @@ LRESULT CQorFlatButton::OnMouseLeave(WPARAM, LPARAM) {
 }
 
 void CQorFlatButton::DrawHot() {
-    const HDC context = GetDC(GetSafeHwnd());
+    const WindowDc context(GetSafeHwnd());
     const bool hasFocus = GetFocus() == GetSafeHwnd();
     DRAWITEMSTRUCT item{.CtlType = ODT_BUTTON,
                         .itemState = ODS_HOTLIGHT | (hasFocus ? ODS_FOCUS : 0U),
                         .hwndItem = GetSafeHwnd(),
-                        .hDC = context};
+                        .hDC = context.get()};
     GetClientRect(GetSafeHwnd(), &item.rcItem);
-    const SelectedObject font(context, reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
+    const SelectedObject font(context.get(), reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
     DrawItem(item);
-    ReleaseDC(GetSafeHwnd(), context);
 }
 
 void CQorFlatButton::DrawItem(const DRAWITEMSTRUCT& given) {

@@ -98,9 +98,7 @@ bool InstallDialogEx::OnInitDialog() {
 Font InstallDialogEx::MakeFont(const std::wstring& face, int points, int weight, bool underlined) const {
     LOGFONTW description{};
     GetObjectW(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)), sizeof(description), &description);
-    const HDC context = GetDC(GetSafeHwnd());
-    description.lfHeight = -MulDiv(points, GetDeviceCaps(context, LOGPIXELSY), 72);
-    ReleaseDC(GetSafeHwnd(), context);
+    description.lfHeight = -MulDiv(points, GetDeviceCaps(WindowDc(GetSafeHwnd()).get(), LOGPIXELSY), 72);
     description.lfWeight = weight;
     description.lfUnderline = underlined ? TRUE : FALSE;
     face.copy(description.lfFaceName, LF_FACESIZE - 1);

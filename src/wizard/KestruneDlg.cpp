@@ -84,13 +84,11 @@ LRESULT KestruneDlg::OnSysCommand(WPARAM command, LPARAM) {
 
 LRESULT KestruneDlg::OnPaint(WPARAM, LPARAM) {
     if (IsIconic(GetSafeHwnd()) == FALSE) return Default();
-    PAINTSTRUCT paint{};
-    const HDC context = BeginPaint(GetSafeHwnd(), &paint);
+    const PaintDc context(GetSafeHwnd());
     RECT area{};
     GetClientRect(GetSafeHwnd(), &area);
-    DrawIcon(context, (area.right - GetSystemMetrics(SM_CXICON) + 1) / 2,
+    DrawIcon(context.get(), (area.right - GetSystemMetrics(SM_CXICON) + 1) / 2,
              (area.bottom - GetSystemMetrics(SM_CYICON) + 1) / 2, icon);
-    EndPaint(GetSafeHwnd(), &paint);
     return 0;
 }
 
