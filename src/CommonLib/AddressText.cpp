@@ -44,6 +44,6 @@ bool IsValidHostName(std::wstring_view text) {
 }
 
 bool IsValidIpV4Text(std::wstring_view text) {
-    constexpr std::size_t kNumbers = 4;
-    return CountPieces(text, IsByte) == kNumbers;
+    constexpr std::size_t numbers = 4;
+    return CountPieces(text, IsByte) == numbers;
 }

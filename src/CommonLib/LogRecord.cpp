@@ -4,23 +4,23 @@
 
 namespace {
 
-constexpr std::size_t kLevelWidth = 7;
-constexpr std::size_t kIdWidth = 4;
-constexpr std::size_t kApplicationWidth = 15;
-constexpr std::wstring_view kSeparator = L"  ";
-constexpr std::wstring_view kLineEnd = L"\r\n";
+constexpr std::size_t levelWidth = 7;
+constexpr std::size_t idWidth = 4;
+constexpr std::size_t applicationWidth = 15;
+constexpr std::wstring_view separator = L"  ";
+constexpr std::wstring_view lineEnd = L"\r\n";
 
 void AppendColumn(std::wstring& record, std::wstring_view text, std::size_t width) {
     record.append(text);
     if (text.size() < width) record.append(width - text.size(), L' ');
-    record.append(kSeparator);
+    record.append(separator);
 }
 
 std::wstring Digits(std::uint32_t number, std::uint32_t base) {
-    constexpr std::wstring_view kDigits = L"0123456789abcdef";
+    constexpr std::wstring_view digits = L"0123456789abcdef";
     std::wstring text;
     do {
-        text += kDigits[number % base];
+        text += digits[number % base];
         number /= base;
     } while (number != 0);
     std::reverse(text.begin(), text.end());
@@ -45,14 +45,14 @@ void AppendTime(std::wstring& record, const LogTime& time) {
     AppendPadded(record, time.minute, 2);
     record += L':';
     AppendPadded(record, time.second, 2);
-    record.append(kSeparator);
+    record.append(separator);
 }
 
 std::wstring BeginRecord(std::wstring_view level, const LogTime& time, std::size_t messageSize) {
-    constexpr std::size_t kRoomForColumns = 96;
+    constexpr std::size_t roomForColumns = 96;
     std::wstring record;
-    record.reserve(kRoomForColumns + messageSize);
-    AppendColumn(record, level, kLevelWidth);
+    record.reserve(roomForColumns + messageSize);
+    AppendColumn(record, level, levelWidth);
     AppendTime(record, time);
     return record;
 }
@@ -60,16 +60,16 @@ std::wstring BeginRecord(std::wstring_view level, const LogTime& time, std::size
 }  // namespace
 
 std::wstring FormatBasicRecord(std::wstring_view level, const LogTime& time, std::wstring_view message) {
-    return BeginRecord(level, time, message.size()).append(message).append(kLineEnd);
+    return BeginRecord(level, time, message.size()).append(message).append(lineEnd);
 }
 
 std::wstring FormatAdvancedRecord(std::wstring_view level, const LogTime& time, const LogOrigin& origin,
                                   std::wstring_view application, std::wstring_view message) {
     std::wstring record = BeginRecord(level, time, message.size());
     record.append(L"pid=");
-    AppendColumn(record, Digits(origin.processId, 16), kIdWidth);
+    AppendColumn(record, Digits(origin.processId, 16), idWidth);
     record.append(L"tid=");
-    AppendColumn(record, Digits(origin.threadId, 16), kIdWidth);
-    AppendColumn(record, application, kApplicationWidth);
-    return record.append(message).append(kLineEnd);
+    AppendColumn(record, Digits(origin.threadId, 16), idWidth);
+    AppendColumn(record, application, applicationWidth);
+    return record.append(message).append(lineEnd);
 }

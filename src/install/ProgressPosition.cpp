@@ -8,8 +8,8 @@ int NextStep(int current, int total, bool uninstalling) {
 }
 
 BarMove MoveBar(int currentStep, int percent, int highest, int low, int high, bool uninstalling) {
-    constexpr std::int64_t kStepWidth = 100;
-    const std::int64_t base = currentStep * kStepWidth;
+    constexpr std::int64_t stepWidth = 100;
+    const std::int64_t base = currentStep * stepWidth;
     const std::int64_t forward = base + percent;
     // On the way back the forward position is tested all the same, and this is meant.
     if (forward < low || forward > high) return {.inRange = false, .position = std::nullopt};

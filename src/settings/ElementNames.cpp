@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t kNone = std::wstring_view::npos;
+constexpr std::size_t none = std::wstring_view::npos;
 
 // Where the signs of one line stand in the document, in their order.
 struct LineSigns {
@@ -36,7 +36,7 @@ public:
 
     std::size_t AtOrBehind(std::size_t start) {
         while (next < positions.size() && positions[next] < start) ++next;
-        return next < positions.size() ? positions[next] : kNone;
+        return next < positions.size() ? positions[next] : none;
     }
 
 private:
@@ -50,7 +50,7 @@ class LeftGrowingHash {
 public:
     void Prepend(wchar_t character) {
         hash = Reduce(hash + Multiply(static_cast<std::uint32_t>(character) + std::uint64_t{1}, power));
-        power = Multiply(power, kBase);
+        power = Multiply(power, hashBase);
     }
 
     std::uint64_t Value() const { return hash; }
@@ -58,14 +58,16 @@ public:
 private:
     __extension__ using Wide = unsigned __int128;
 
-    static constexpr std::uint64_t kPrime = (std::uint64_t{1} << 61U) - 1;
-    static constexpr std::uint64_t kBase = 0x0A5B9D3C71E2F647;
+    static constexpr std::uint64_t hashPrime = (std::uint64_t{1} << 61U) - 1;
+    static constexpr std::uint64_t hashBase = 0x0A5B9D3C71E2F647;
 
-    static std::uint64_t Reduce(std::uint64_t value) { return value >= kPrime ? value - kPrime : value; }
+    static std::uint64_t Reduce(std::uint64_t value) {
+        return value >= hashPrime ? value - hashPrime : value;
+    }
 
     static std::uint64_t Multiply(std::uint64_t left, std::uint64_t right) {
         const Wide product = static_cast<Wide>(left) * right;
-        const auto low = static_cast<std::uint64_t>(product) & kPrime;
+        const auto low = static_cast<std::uint64_t>(product) & hashPrime;
         return Reduce(low + static_cast<std::uint64_t>(product >> 61U));
     }
 
@@ -84,17 +86,17 @@ public:
         }
     }
 
-    // Returns where the close tag begins that ends the match, or kNone. Calls come with growing positions.
+    // Returns where the close tag begins that ends the match, or none. Calls come with growing positions.
     // The text is compared only here, where success ends the search for everything up to the close tag.
     std::size_t Find(std::size_t open, std::size_t nameEnd) {
         while (!opens.empty() && opens.back().position < open) opens.pop_back();
-        if (opens.empty() || opens.back().position != open) return kNone;
+        if (opens.empty() || opens.back().position != open) return none;
         const std::wstring_view key = text.substr(open + 1, nameEnd - open);
-        for (auto i = opens.back().close; i != kEndOfChain; i = closes[i].next) {
+        for (auto i = opens.back().close; i != endOfChain; i = closes[i].next) {
             const std::size_t position = closes[i].position;
             if (position >= nameEnd + 2 && text.substr(position + 2, key.size()) == key) return position;
         }
-        return kNone;
+        return none;
     }
 
 private:
@@ -107,7 +109,7 @@ private:
         std::size_t close;
     };
 
-    static constexpr std::size_t kEndOfChain = kNone;
+    static constexpr std::size_t endOfChain = none;
 
     // Reads the keys that end at this ">". The ">" in front of it may itself be the first character of one.
     void ReadKeys(std::size_t first, std::size_t end) {
@@ -124,7 +126,7 @@ private:
             const auto chain = chains.find(hash);
             if (chain != chains.end()) opens.push_back({.position = start - 1, .close = chain->second});
         } else if (text[start - 1] == L'/' && start > 1 && text[start - 2] == L'<') {
-            const auto chain = chains.try_emplace(hash, kEndOfChain).first;
+            const auto chain = chains.try_emplace(hash, endOfChain).first;
             closes.push_back({.position = start - 2, .next = chain->second});
             chain->second = closes.size() - 1;
         }
@@ -147,12 +149,12 @@ public:
           closeEnds(signs.ends) {}
 
     void AddNamesTo(std::vector<std::wstring>& names) {
-        for (std::size_t open = opens.AtOrBehind(signs.lineStart); open != kNone;) {
+        for (std::size_t open = opens.AtOrBehind(signs.lineStart); open != none;) {
             const std::size_t nameEnd = nameEnds.AtOrBehind(open + 2);
-            if (nameEnd == kNone) return;
+            if (nameEnd == none) return;
             const std::size_t close = FindClose(open, nameEnd);
-            if (close != kNone) names.emplace_back(NameOf(open, nameEnd));
-            open = opens.AtOrBehind(close == kNone ? open + 1 : close + 2 + (nameEnd - open));
+            if (close != none) names.emplace_back(NameOf(open, nameEnd));
+            open = opens.AtOrBehind(close == none ? open + 1 : close + 2 + (nameEnd - open));
         }
     }
 
@@ -160,9 +162,9 @@ private:
     // The next close tag is nearly always the right one; only where it is not does the line need its index.
     std::size_t FindClose(std::size_t open, std::size_t nameEnd) {
         const std::size_t close = closeTags.AtOrBehind(nameEnd + 2);
-        if (close == kNone) return kNone;
+        if (close == none) return none;
         const std::size_t closeEnd = closeEnds.AtOrBehind(close + 3);
-        if (closeEnd == kNone) return kNone;
+        if (closeEnd == none) return none;
         const std::size_t length = nameEnd - open;
         if (closeEnd - close - 1 == length &&
             text.substr(open + 1, length) == text.substr(close + 2, length)) {

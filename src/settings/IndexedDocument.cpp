@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-constexpr std::size_t kHead = 0;  // The sign in front of the first and behind the last one, outside the text.
+constexpr std::size_t none = static_cast<std::size_t>(-1);
+constexpr std::size_t head = 0;  // The sign in front of the first and behind the last one, outside the text.
 
 bool IsSimple(std::wstring_view name) {
     return name.find_first_of(L"<>") == std::wstring_view::npos;
@@ -42,9 +42,9 @@ void IndexedDocument::RemoveElement(std::wstring_view name) {
     }
     const std::size_t open = FirstSign(tags, name);
     const std::size_t close = FirstSign(tags, L'/' + std::wstring(name));
-    if (open == kNone || close == kNone) return;
+    if (open == none || close == none) return;
     if (close < open) Drop({.start = signs[open].position, .end = text.size()});
-    Remove(open, close < open ? signs[kHead].previous : signs[close].next);
+    Remove(open, close < open ? signs[head].previous : signs[close].next);
 }
 
 void IndexedDocument::Append(std::wstring_view element) {
@@ -70,15 +70,15 @@ void IndexedDocument::IndexFrom(std::size_t start) {
 }
 
 void IndexedDocument::AddSign(std::size_t position) {
-    const std::size_t last = signs[kHead].previous;
+    const std::size_t last = signs[head].previous;
     signs[last].next = signs.size();
-    signs[kHead].previous = signs.size();
-    signs.push_back({.position = position, .previous = last, .next = kHead, .opens = text[position] == L'<'});
+    signs[head].previous = signs.size();
+    signs.push_back({.position = position, .previous = last, .next = head, .opens = text[position] == L'<'});
 }
 
 void IndexedDocument::IndexTag(std::size_t sign) {
     const std::size_t next = signs[sign].next;
-    if (next == kHead || signs[next].opens) return;
+    if (next == head || signs[next].opens) return;
     auto& heap = tags[LiveText({.start = signs[sign].position + 1, .end = signs[next].position})];
     heap.push_back(sign);
     std::push_heap(heap.begin(), heap.end(), std::greater<>());
@@ -101,21 +101,21 @@ void IndexedDocument::IndexWord(std::size_t sign, std::size_t from) {
 
 std::size_t IndexedDocument::FirstSign(SignIndex& index, std::wstring_view key) {
     const auto entry = index.find(key);
-    if (entry == index.end()) return kNone;
+    if (entry == index.end()) return none;
     SignHeap& heap = entry->second;
     while (!heap.empty() && signs[heap.front()].removed) {
         std::pop_heap(heap.begin(), heap.end(), std::greater<>());
         heap.pop_back();
     }
-    return heap.empty() ? kNone : heap.front();
+    return heap.empty() ? none : heap.front();
 }
 
 bool IndexedDocument::FindValue(std::wstring_view name, Span& value) {
     const std::size_t close = FirstSign(tags, L'/' + std::wstring(name));
-    if (close == kNone) return false;
+    if (close == none) return false;
     const std::size_t open = FirstSign(tags, name);
-    std::size_t tagEnd = open == kNone ? kNone : signs[open].next;
-    if (open == kNone && !FindAttributeTag(name, tagEnd)) return false;
+    std::size_t tagEnd = open == none ? none : signs[open].next;
+    if (open == none && !FindAttributeTag(name, tagEnd)) return false;
     value.start = signs[tagEnd].position + 1;
     value.end = signs[close].position < value.start ? text.size() : signs[close].position;
     return true;
@@ -125,13 +125,13 @@ bool IndexedDocument::FindValue(std::wstring_view name, Span& value) {
 bool IndexedDocument::FindAttributeTag(std::wstring_view name, std::size_t& tagEnd) {
     const auto entry = words.find(name.substr(0, name.find(L' ')));
     if (entry == words.end()) return false;
-    std::size_t open = kNone;
+    std::size_t open = none;
     for (const std::size_t sign : entry->second) {
         if (sign < open && !signs[sign].removed && BeginsWithWords(sign, name)) open = sign;
     }
-    if (open == kNone) return false;
-    for (tagEnd = signs[open].next; tagEnd != kHead && signs[tagEnd].opens;) tagEnd = signs[tagEnd].next;
-    return tagEnd != kHead;
+    if (open == none) return false;
+    for (tagEnd = signs[open].next; tagEnd != head && signs[tagEnd].opens;) tagEnd = signs[tagEnd].next;
+    return tagEnd != head;
 }
 
 bool IndexedDocument::BeginsWithWords(std::size_t sign, std::wstring_view name) const {
@@ -187,5 +187,5 @@ std::wstring IndexedDocument::LiveText(Span span) const {
 
 std::size_t IndexedDocument::EndOfTagText(std::size_t sign) const {
     const std::size_t next = signs[sign].next;
-    return next == kHead ? text.size() : signs[next].position;
+    return next == head ? text.size() : signs[next].position;
 }

@@ -10,11 +10,11 @@ struct Language {
     std::wstring_view code;
 };
 
-constexpr std::wstring_view kEnglish = L"en";
+constexpr std::wstring_view english = L"en";
 
 // Languages with one file for all their regions. Portuguese is among them: every region reads the Brazilian
 // one.
-constexpr Language kLanguages[] = {
+constexpr Language languages[] = {
     {1, L"ar"},  {5, L"cs"},     {6, L"da"},  {7, L"de"},  {8, L"el"},  {10, L"es"}, {11, L"fi"},
     {12, L"fr"}, {14, L"hu"},    {16, L"it"}, {17, L"ja"}, {18, L"ko"}, {19, L"nl"}, {20, L"nb"},
     {21, L"pl"}, {22, L"pt_br"}, {24, L"ro"}, {25, L"ru"}, {27, L"sk"}, {29, L"sv"}, {30, L"th"},
@@ -28,16 +28,16 @@ std::wstring_view ChineseCode(unsigned sublanguage) {
 // The primary id 26 is shared by Croatian and Serbian; there is no file in Cyrillic letters.
 std::wstring_view SerbianOrCroatianCode(unsigned sublanguage) {
     if (sublanguage == 2 || sublanguage == 9) return L"sr_Latn";
-    return sublanguage == 1 ? L"hr" : kEnglish;
+    return sublanguage == 1 ? L"hr" : english;
 }
 
 std::wstring_view CodeOf(unsigned primaryId, unsigned sublanguage) {
     if (primaryId == 4) return ChineseCode(sublanguage);
     if (primaryId == 26) return SerbianOrCroatianCode(sublanguage);
     const auto found =
-        std::find_if(std::begin(kLanguages), std::end(kLanguages),
+        std::find_if(std::begin(languages), std::end(languages),
                      [=](const Language& language) { return language.primaryId == primaryId; });
-    return found == std::end(kLanguages) ? kEnglish : found->code;
+    return found == std::end(languages) ? english : found->code;
 }
 
 }  // namespace

@@ -2,12 +2,12 @@
 
 namespace {
 
-constexpr std::wstring_view kStartMarker = L"\u00EF\u00BB\u00BF";
+constexpr std::wstring_view startMarker = L"\u00EF\u00BB\u00BF";
 
 }  // namespace
 
 bool HoldsStartMarker(std::wstring_view document) {
-    return document.find(kStartMarker) != std::wstring_view::npos;
+    return document.find(startMarker) != std::wstring_view::npos;
 }
 
 std::wstring StripStartMarker(std::wstring_view document) {
@@ -17,7 +17,7 @@ std::wstring StripStartMarker(std::wstring_view document) {
         const std::size_t end = document.find(L'<');
         const std::wstring_view piece = document.substr(0, end);
         // An empty first piece gets its "<" like any other, so the result of "<A>" is "<<A>". This is meant.
-        if (piece != kStartMarker) stripped.append(L"<").append(piece);
+        if (piece != startMarker) stripped.append(L"<").append(piece);
         more = end != std::wstring_view::npos;
         if (more) document.remove_prefix(end + 1);
     }

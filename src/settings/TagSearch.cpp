@@ -8,14 +8,14 @@
 
 namespace {
 
-constexpr std::size_t kNone = std::wstring_view::npos;
+constexpr std::size_t none = std::wstring_view::npos;
 
 // How far a search for the pattern may move on when a character of the text stands under the pattern's end.
 // Characters share an entry by their low byte, which can only make a step shorter.
 class SkipTable {
 public:
     explicit SkipTable(std::wstring_view pattern) {
-        const std::size_t longest = std::min<std::size_t>(pattern.size(), kLongestSkip);
+        const std::size_t longest = std::min<std::size_t>(pattern.size(), longestSkip);
         skips.fill(static_cast<std::uint8_t>(longest));
         for (std::size_t distance = longest; distance-- > 1;) {
             skips[Slot(pattern[pattern.size() - 1 - distance])] = static_cast<std::uint8_t>(distance);
@@ -25,7 +25,7 @@ public:
     std::size_t Skip(wchar_t underEnd) const { return skips[Slot(underEnd)]; }
 
 private:
-    static constexpr std::size_t kLongestSkip = 255;
+    static constexpr std::size_t longestSkip = 255;
 
     static std::size_t Slot(wchar_t character) { return static_cast<std::uint32_t>(character) & 0xFFU; }
 
@@ -51,11 +51,11 @@ std::size_t FindByBorders(std::wstring_view text, std::wstring_view pattern) {
         if (text[i] == pattern[matched]) ++matched;
         if (matched == pattern.size()) return i + 1 - matched;
     }
-    return kNone;
+    return none;
 }
 
 bool HoldsOpenSign(std::wstring_view name) {
-    return name.find(L'<') != kNone;
+    return name.find(L'<') != none;
 }
 
 // Finds both tags in one pass over the text behind their first signs, name and ">". A comparison starts only
@@ -82,7 +82,7 @@ private:
         const bool closes = start > 1 && document[start - 1] == L'/' && document[start - 2] == L'<';
         if (!opens && !closes) return;
         std::size_t& position = opens ? found.open : found.close;
-        if (position == kNone && document.substr(start, tail.size()) == tail) {
+        if (position == none && document.substr(start, tail.size()) == tail) {
             position = start - (opens ? 1 : 2);
         }
     }

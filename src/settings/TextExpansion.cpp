@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr std::wstring_view kAccessKey = L"&amp";
-constexpr wchar_t kTagSign = L'^';
-constexpr wchar_t kLeftToRightMark = L'\u200E';
+constexpr std::wstring_view accessKey = L"&amp";
+constexpr wchar_t tagSign = L'^';
+constexpr wchar_t leftToRightMark = L'\u200E';
 
 // The work of expanding one value. Everything in front of the first "^" is settled, so the text is kept as a
 // settled part and a rest, whose characters stand in reverse order: the next one is the last.
@@ -17,7 +17,7 @@ public:
     Expansion(const std::wstring& value, const std::function<std::wstring(std::wstring_view)>& tagReader)
         : readTag(tagReader),
           rest(value.rbegin(), value.rend()),
-          replacementsLeft(kMostReplacements + value.size()) {}
+          replacementsLeft(mostReplacements + value.size()) {}
 
     // Returns false if it would not end, or not within bounds.
     bool Run() {
@@ -36,11 +36,11 @@ private:
         std::set<std::wstring>::iterator name;
     };
 
-    static constexpr std::size_t kMostReplacements = 65'536;
-    static constexpr std::size_t kMostCharacters = 16'777'216;
+    static constexpr std::size_t mostReplacements = 65'536;
+    static constexpr std::size_t mostCharacters = 16'777'216;
 
     bool SettleUpToSign() {
-        const std::size_t sign = rest.rfind(kTagSign);
+        const std::size_t sign = rest.rfind(tagSign);
         const std::size_t kept = sign == std::wstring::npos ? 0 : sign + 1;
         settled.append(rest.rbegin(), rest.rend() - static_cast<std::ptrdiff_t>(kept));
         rest.resize(kept);
@@ -49,12 +49,12 @@ private:
 
     bool ReplaceNext() {
         const std::size_t second =
-            rest.size() > 1 ? rest.rfind(kTagSign, rest.size() - 2) : std::wstring::npos;
+            rest.size() > 1 ? rest.rfind(tagSign, rest.size() - 2) : std::wstring::npos;
         const std::size_t behind = second == std::wstring::npos ? 0 : second + 1;
         const std::wstring name(rest.rbegin() + 1, rest.rend() - static_cast<std::ptrdiff_t>(behind));
         const std::wstring value = readTag(name);
         characters += name.size() + value.size();
-        if (replacementsLeft-- == 0 || characters > kMostCharacters) return false;
+        if (replacementsLeft-- == 0 || characters > mostCharacters) return false;
         const bool ends = second == std::wstring::npos ? TakeTail(name, value) : TakeTag(second, name, value);
         rest.append(value.rbegin(), value.rend());
         return ends;
@@ -102,7 +102,7 @@ std::wstring ReduceAccessKeys(std::wstring value, int& surplus) {
     std::wstring reduced;
     std::size_t rest = 0;
     int found = 0;
-    for (auto key = value.find(kAccessKey); key != std::wstring::npos; key = value.find(kAccessKey, rest)) {
+    for (auto key = value.find(accessKey); key != std::wstring::npos; key = value.find(accessKey, rest)) {
         ++found;
         reduced.append(value, rest, key - rest);
         rest = value.find(L';', key + 1);
@@ -134,7 +134,7 @@ std::wstring OverrideLeftToRight(const std::wstring& text) {
 
 std::wstring MarkNumberLeftToRight(std::wstring text) {
     const std::size_t dot = text.find(L'.');
-    if (dot != std::wstring::npos) text.insert(dot, 1, kLeftToRightMark);
+    if (dot != std::wstring::npos) text.insert(dot, 1, leftToRightMark);
     return text;
 }
 

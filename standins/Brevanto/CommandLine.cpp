@@ -15,7 +15,7 @@ struct Element {
 
 // Texts that a user types end up in command documents; these would let one decide what is installed, or from
 // where.
-constexpr std::array<std::wstring_view, 13> kSteeringNames = {
+constexpr std::array<std::wstring_view, 13> steeringNames = {
     L"ACTION",        L"ADDDEFAULT",     L"ADDLOCAL",  L"ADDSOURCE", L"ADVERTISE",
     L"EXECUTEACTION", L"MSINEWINSTANCE", L"PATCH",     L"REBOOT",    L"REINSTALL",
     L"REINSTALLMODE", L"REMOVE",         L"TRANSFORMS"};
@@ -29,7 +29,7 @@ bool IsPropertyName(std::wstring_view name) {
 }
 
 bool IsSteering(std::wstring_view name) {
-    return std::find(kSteeringNames.begin(), kSteeringNames.end(), name) != kSteeringNames.end();
+    return std::find(steeringNames.begin(), steeringNames.end(), name) != steeringNames.end();
 }
 
 // Takes the next outer element off the document; nothing when none is left.

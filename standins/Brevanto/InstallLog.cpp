@@ -14,11 +14,11 @@
 namespace brevanto {
 namespace {
 
-constexpr DWORD kEverything = INSTALLLOGMODE_FATALEXIT | INSTALLLOGMODE_ERROR | INSTALLLOGMODE_WARNING |
-                              INSTALLLOGMODE_USER | INSTALLLOGMODE_INFO | INSTALLLOGMODE_RESOLVESOURCE |
-                              INSTALLLOGMODE_OUTOFDISKSPACE | INSTALLLOGMODE_ACTIONSTART |
-                              INSTALLLOGMODE_ACTIONDATA | INSTALLLOGMODE_COMMONDATA |
-                              INSTALLLOGMODE_PROPERTYDUMP | INSTALLLOGMODE_VERBOSE;
+constexpr DWORD everything = INSTALLLOGMODE_FATALEXIT | INSTALLLOGMODE_ERROR | INSTALLLOGMODE_WARNING |
+                             INSTALLLOGMODE_USER | INSTALLLOGMODE_INFO | INSTALLLOGMODE_RESOLVESOURCE |
+                             INSTALLLOGMODE_OUTOFDISKSPACE | INSTALLLOGMODE_ACTIONSTART |
+                             INSTALLLOGMODE_ACTIONDATA | INSTALLLOGMODE_COMMONDATA |
+                             INSTALLLOGMODE_PROPERTYDUMP | INSTALLLOGMODE_VERBOSE;
 
 std::mutex nameLock;
 
@@ -51,7 +51,7 @@ InstallLogScope::InstallLogScope() {
         path = InstallLogPath(LogName());
     }
     CreateDirectoryW(path.substr(0, path.rfind(L'\\')).c_str(), nullptr);
-    MsiEnableLogW(kEverything, path.c_str(), INSTALLLOGATTRIBUTES_APPEND);
+    MsiEnableLogW(everything, path.c_str(), INSTALLLOGATTRIBUTES_APPEND);
 }
 
 InstallLogScope::~InstallLogScope() {

@@ -15,8 +15,9 @@
 namespace brevanto {
 namespace {
 
-constexpr DWORD kMessages = INSTALLLOGMODE_PROGRESS | INSTALLLOGMODE_ACTIONSTART | INSTALLLOGMODE_ACTIONDATA |
-                            INSTALLLOGMODE_FILESINUSE | INSTALLLOGMODE_RMFILESINUSE;
+constexpr DWORD handledMessages = INSTALLLOGMODE_PROGRESS | INSTALLLOGMODE_ACTIONSTART |
+                                  INSTALLLOGMODE_ACTIONDATA | INSTALLLOGMODE_FILESINUSE |
+                                  INSTALLLOGMODE_RMFILESINUSE;
 
 // Stands between the installer and the callback. There is one for the life of the library, so that a message
 // that comes late still finds it.
@@ -144,7 +145,7 @@ INT CALLBACK OnInstallerMessage(LPVOID, UINT messageType, MSIHANDLE record) {
 class MessageScope {
 public:
     MessageScope() : previousLevel_(MsiSetInternalUI(INSTALLUILEVEL_NONE, nullptr)) {
-        MsiSetExternalUIRecord(OnInstallerMessage, kMessages, nullptr, nullptr);
+        MsiSetExternalUIRecord(OnInstallerMessage, handledMessages, nullptr, nullptr);
     }
     ~MessageScope() {
         MsiSetExternalUIRecord(nullptr, 0, nullptr, nullptr);

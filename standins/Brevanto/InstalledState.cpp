@@ -9,7 +9,7 @@
 namespace brevanto {
 namespace {
 
-constexpr DWORD kProductCodeLength = 38;
+constexpr DWORD productCodeLength = 38;
 
 bool IsSameCode(const std::wstring& left, const std::wstring& right) {
     return _wcsicmp(left.c_str(), right.c_str()) == 0;
@@ -42,7 +42,7 @@ void AppendIfInstalled(const std::wstring& productCode, std::vector<InstalledPro
 std::vector<InstalledProduct> FindRelatedProducts(const PackageIdentity& package) {
     std::vector<InstalledProduct> products;
     AppendIfInstalled(package.productCode, products);
-    wchar_t code[kProductCodeLength + 1] = {};
+    wchar_t code[productCodeLength + 1] = {};
     for (DWORD index = 0;
          MsiEnumRelatedProductsW(package.upgradeCode.c_str(), 0, index, code) == ERROR_SUCCESS; ++index) {
         AppendIfInstalled(code, products);

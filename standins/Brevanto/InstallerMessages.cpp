@@ -8,26 +8,26 @@ namespace brevanto {
 namespace {
 
 // The first field of a progress message tells what the others mean.
-constexpr int kPhaseBegins = 0;
-constexpr int kActionBegins = 1;
-constexpr int kTicks = 2;
-constexpr int kPhaseGrows = 3;
+constexpr int phaseBegins = 0;
+constexpr int actionBegins = 1;
+constexpr int ticks = 2;
+constexpr int phaseGrows = 3;
 
 }  // namespace
 
 void ApplyProgress(const std::vector<int>& fields, ProgressMeter& meter) {
     const auto field = [&](std::size_t index) { return index < fields.size() ? fields[index] : 0; };
     switch (field(0)) {
-        case kPhaseBegins:
+        case phaseBegins:
             meter.BeginPhase(field(1), field(2) == 1, field(3) == 1);
             break;
-        case kActionBegins:
+        case actionBegins:
             meter.SetTicksPerData(field(2) == 1 ? field(1) : 0);
             break;
-        case kTicks:
+        case ticks:
             meter.AddTicks(field(1));
             break;
-        case kPhaseGrows:
+        case phaseGrows:
             meter.ExtendPhase(field(1));
             break;
         default:

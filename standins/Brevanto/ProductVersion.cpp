@@ -5,14 +5,14 @@
 namespace brevanto {
 namespace {
 
-constexpr unsigned kLargestField = 65535;
+constexpr unsigned largestField = 65535;
 
 // Takes the leading number off the text, and what stands behind it up to and including the next point.
 unsigned TakeField(std::wstring_view& text) {
     unsigned value = 0;
     std::size_t digits = 0;
     while (digits < text.size() && text[digits] >= L'0' && text[digits] <= L'9') {
-        value = std::min(value * 10 + static_cast<unsigned>(text[digits] - L'0'), kLargestField);
+        value = std::min(value * 10 + static_cast<unsigned>(text[digits] - L'0'), largestField);
         ++digits;
     }
     const std::size_t point = text.find(L'.', digits);

@@ -5,7 +5,7 @@
 namespace brevanto {
 namespace {
 
-constexpr int kPreparingShare = 10;
+constexpr int preparingShare = 10;
 
 }  // namespace
 
@@ -16,7 +16,7 @@ void ProgressMeter::BeginPhase(std::int64_t total, bool backward, bool preparing
     backward_ = backward;
     phaseStart_ = percent_;
     const int left = 100 - percent_;
-    phaseShare_ = preparing ? std::min(kPreparingShare, left) : left;
+    phaseShare_ = preparing ? std::min(preparingShare, left) : left;
 }
 
 void ProgressMeter::AddTicks(std::int64_t ticks) {

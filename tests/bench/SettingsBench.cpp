@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t kMegabyte = 1'000'000;
+constexpr std::size_t megabyte = 1'000'000;
 
 std::int64_t BytesOf(const std::wstring& text) {
     return static_cast<std::int64_t>(text.size() * sizeof(wchar_t));
@@ -64,7 +64,7 @@ void ListNames(benchmark::State& state, const std::wstring& document) {
 template <typename Piece>
 std::wstring MegabyteOf(const Piece& piece) {
     std::wstring document;
-    for (std::int64_t i = 0; document.size() * sizeof(wchar_t) < kMegabyte; ++i) document += piece(i);
+    for (std::int64_t i = 0; document.size() * sizeof(wchar_t) < megabyte; ++i) document += piece(i);
     return document;
 }
 

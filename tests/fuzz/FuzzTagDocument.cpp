@@ -4,14 +4,14 @@
 
 namespace {
 
-constexpr std::size_t kNone = std::wstring::npos;
+constexpr std::size_t none = std::wstring::npos;
 
 // The tags of one name as a plain search finds them.
 struct PlainTags {
     PlainTags(const std::wstring& document, const std::wstring& name)
         : open(document.find(L'<' + name + L'>')), close(document.find(L"</" + name + L'>')) {}
 
-    bool BothFound() const { return open != kNone && close != kNone; }
+    bool BothFound() const { return open != none && close != none; }
 
     std::size_t open;
     std::size_t close;
@@ -25,7 +25,7 @@ void CheckValue(const std::wstring& document, const std::wstring& name) {
     Require(found || !tags.BothFound());
     if (!tags.BothFound()) return;
     const std::size_t start = tags.open + name.size() + 2;
-    Require(value == document.substr(start, tags.close < start ? kNone : tags.close - start));
+    Require(value == document.substr(start, tags.close < start ? none : tags.close - start));
 }
 
 void CheckRemoval(const std::wstring& document, const std::wstring& name) {
@@ -34,7 +34,7 @@ void CheckRemoval(const std::wstring& document, const std::wstring& name) {
     TagDocument::RemoveElement(left, name);
     std::wstring expected = document;
     const std::size_t behind = tags.close + name.size() + 3;
-    if (tags.BothFound()) expected.erase(tags.open, tags.close < tags.open ? kNone : behind - tags.open);
+    if (tags.BothFound()) expected.erase(tags.open, tags.close < tags.open ? none : behind - tags.open);
     Require(left == expected);
 
     IndexedDocument indexed(document);
@@ -60,7 +60,7 @@ void CheckList(const std::wstring& document, const std::wstring& name) {
         const PlainTags tags(rest, name);
         if (!tags.BothFound()) break;
         const std::size_t start = tags.open + name.size() + 2;
-        values.push_back(rest.substr(start, tags.close < start ? kNone : tags.close - start));
+        values.push_back(rest.substr(start, tags.close < start ? none : tags.close - start));
         rest.erase(0, tags.close + name.size() + 3);
     }
     Require(TagDocument::ListValues(document, name) == values);

@@ -18,14 +18,14 @@ TEST_P(HostNameTest, IsJudgedByItsLabels) {
     EXPECT_EQ(IsValidHostName(GetParam().text), GetParam().valid);
 }
 
-const AddressCase kHostNames[] = {
+const AddressCase hostNames[] = {
     {L"a-b.c", true}, {L"a", true},    {L"1", true},     {L"10.0.0.7", true}, {L"A--b", true},
     {L"-a", false},   {L"a-", false},  {L"a..b", false}, {L"", false},        {L".a", false},
     {L"a.", false},   {L"a_b", false}, {L"a b", false},  {L"a\n", false},     {L"\u00E4", false},
     {L"a.-b", false}, {L"-", false},   {L"a-.b", false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Names, HostNameTest, testing::ValuesIn(kHostNames));
+INSTANTIATE_TEST_SUITE_P(Names, HostNameTest, testing::ValuesIn(hostNames));
 
 class IpV4TextTest : public testing::TestWithParam<AddressCase> {};
 
@@ -33,7 +33,7 @@ TEST_P(IpV4TextTest, IsFourNumbersUpTo255) {
     EXPECT_EQ(IsValidIpV4Text(GetParam().text), GetParam().valid);
 }
 
-const AddressCase kAddresses[] = {
+const AddressCase addresses[] = {
     {L"0.0.0.0", true},       {L"255.255.255.255", true}, {L"10.20.30.99", true}, {L"1.100.199.249", true},
     {L"010.0.0.1", false},    {L"256.0.0.1", false},      {L"1.2.3", false},      {L"1.2.3.4.5", false},
     {L"1.2.3.", false},       {L"1.2.3.4.", false},       {L"1.2..4", false},     {L"", false},
@@ -41,7 +41,7 @@ const AddressCase kAddresses[] = {
     {L"1.2.3.\u0664", false}, {L"260.0.0.1", false},      {L"300.0.0.1", false},  {L"-1.0.0.1", false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Addresses, IpV4TextTest, testing::ValuesIn(kAddresses));
+INSTANTIATE_TEST_SUITE_P(Addresses, IpV4TextTest, testing::ValuesIn(addresses));
 
 TEST(GeneratedAddressTest, AgreesWithTheExpressionForHostNames) {
     const std::wregex expression(

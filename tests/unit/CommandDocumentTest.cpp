@@ -14,20 +14,20 @@ CommandValues SomeValues() {
             .reinstall = false};
 }
 
-constexpr std::wstring_view kDocument =
+constexpr std::wstring_view document =
     L"<PRINTER_INFO><DEVICE></DEVICE></PRINTER_INFO><TARGET_DIR>C:\\Program Files\\Zevana</TARGET_DIR>"
     L"<LANGUAGEID>1033</LANGUAGEID><DEVICEFRIENDLYNAME>Hall</DEVICEFRIENDLYNAME>"
     L"<INFOCENTER_SHORTCUT>Help</INFOCENTER_SHORTCUT>"
     L"<INFOCENTER_LINK>http://help.example/?loc=en</INFOCENTER_LINK>";
 
 TEST(CommandDocumentTest, HoldsItsElementsInTheirOrder) {
-    EXPECT_EQ(BuildCommandDocument(SomeValues()), kDocument);
+    EXPECT_EQ(BuildCommandDocument(SomeValues()), document);
 }
 
 TEST(CommandDocumentTest, AddsTheReinstallElementForAMinorUpgrade) {
     auto values = SomeValues();
     values.reinstall = true;
-    EXPECT_EQ(BuildCommandDocument(values), std::wstring(kDocument) + L"<TAG_REINSTALL>true</TAG_REINSTALL>");
+    EXPECT_EQ(BuildCommandDocument(values), std::wstring(document) + L"<TAG_REINSTALL>true</TAG_REINSTALL>");
 }
 
 TEST(CommandDocumentTest, HoldsEmptyElementsForMissingValues) {

@@ -17,7 +17,7 @@ TEST_P(TargetFileTest, IsWhatTheCommandLineNames) {
     EXPECT_EQ(TargetFile(GetParam().commandLine), GetParam().file);
 }
 
-const CommandCase kCommands[] = {
+const CommandCase commands[] = {
     {L"C:\\t\\Ardentis.exe save /xdc C:\\Program Data\\a b.xdc", L"C:\\Program Data\\a b.xdc"},
     {L"C:\\my temp\\Ardentis.exe save /xdc C:\\a.xdc", L"C:\\a.xdc"},
     {L"C:\\t\\Morvane.exe /m \"Veldt & Sons\" /d \"Loom\" /f \"C:\\a b.zdc\"", L"C:\\a b.zdc"},
@@ -27,7 +27,7 @@ const CommandCase kCommands[] = {
     {L"", L""},
 };
 
-INSTANTIATE_TEST_SUITE_P(Commands, TargetFileTest, testing::ValuesIn(kCommands));
+INSTANTIATE_TEST_SUITE_P(Commands, TargetFileTest, testing::ValuesIn(commands));
 
 TEST(ProfileDocumentTest, HoldsTheNameAndTheSettings) {
     const std::wstring document =

@@ -16,12 +16,12 @@ TEST_P(GenerationTest, IsToldByTwoCharactersAnywhere) {
     EXPECT_EQ(&ConfigToolFor(GetParam().driver), GetParam().isV4 ? &v4ConfigTool : &olderConfigTool);
 }
 
-const GenerationCase kDrivers[] = {
+const GenerationCase drivers[] = {
     {L"V4", true}, {L"HVMONOV4", true}, {L"RPV40X", true},  {L"Loom V4 Color", true}, {L"v4", false},
     {L"", false},  {L"V 4", false},     {L"HVMONO", false}, {L"4V", false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Drivers, GenerationTest, testing::ValuesIn(kDrivers));
+INSTANTIATE_TEST_SUITE_P(Drivers, GenerationTest, testing::ValuesIn(drivers));
 
 TEST(UnpackParametersTest, QuoteThePackageAndNotTheTarget) {
     EXPECT_EQ(UnpackParameters(L"C:\\a & b\\100% \\Kit.msi", v4ConfigTool),
@@ -30,24 +30,24 @@ TEST(UnpackParametersTest, QuoteThePackageAndNotTheTarget) {
               L"CMD /c msiexec /a \"\" /qn TARGETDIR=%temp%\\TolvaneKit");
 }
 
-const ConfigCommandInputs kInputs{.toolPath = L"C:\\my tools\\Tool.exe",
-                                  .vendor = L"Veldt & Sons",
-                                  .product = L"Loom 100%",
-                                  .file = L"C:\\Program Data\\Veldt & Sons.cfg"};
+const ConfigCommandInputs someInputs{.toolPath = L"C:\\my tools\\Tool.exe",
+                                     .vendor = L"Veldt & Sons",
+                                     .product = L"Loom 100%",
+                                     .file = L"C:\\Program Data\\Veldt & Sons.cfg"};
 
 TEST(ConfigCommandTest, QuotesEachValueForTheOlderTool) {
-    EXPECT_EQ(ConfigCommandFor(L"HVMONO", kInputs),
+    EXPECT_EQ(ConfigCommandFor(L"HVMONO", someInputs),
               L"C:\\my tools\\Tool.exe /m \"Veldt & Sons\" /d \"Loom 100%\" /f "
               L"\"C:\\Program Data\\Veldt & Sons.cfg\"");
 }
 
 TEST(ConfigCommandTest, QuotesNothingForTheNewerTool) {
-    EXPECT_EQ(ConfigCommandFor(L"HVMONOV4", kInputs),
+    EXPECT_EQ(ConfigCommandFor(L"HVMONOV4", someInputs),
               L"C:\\my tools\\Tool.exe save /xdc C:\\Program Data\\Veldt & Sons.cfg");
 }
 
 TEST(ConfigCommandTest, TakesAQuoteInAValueAsItStands) {
-    ConfigCommandInputs inputs = kInputs;
+    ConfigCommandInputs inputs = someInputs;
     inputs.vendor = L"Veldt\" /x \"Sons";
     EXPECT_EQ(ConfigCommandFor(L"", inputs),
               L"C:\\my tools\\Tool.exe /m \"Veldt\" /x \"Sons\" /d \"Loom 100%\" /f "
@@ -82,7 +82,7 @@ TEST_P(NewConfigurationFailureTest, LeavesAsManyCharactersOutAsTheCodeSays) {
     EXPECT_EQ(NewConfigurationFailure(GetParam().code), GetParam().record);
 }
 
-const FailureCase kFailures[] = {
+const FailureCase failures[] = {
     {0, L"Exception in DriverConfigDlg::OnBnClickedConfigNewButton error code = "},
     {5, L"tion in DriverConfigDlg::OnBnClickedConfigNewButton error code = "},
     {68, L"= "},
@@ -92,6 +92,6 @@ const FailureCase kFailures[] = {
     {-1, L"Exception in DriverConfigDlg::OnBnClickedConfigNewButton error code = "},
 };
 
-INSTANTIATE_TEST_SUITE_P(Codes, NewConfigurationFailureTest, testing::ValuesIn(kFailures));
+INSTANTIATE_TEST_SUITE_P(Codes, NewConfigurationFailureTest, testing::ValuesIn(failures));
 
 }  // namespace

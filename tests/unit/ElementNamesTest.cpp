@@ -22,7 +22,7 @@ TEST_P(ElementNamesTest, ListsWhatTheExpressionMatches) {
     EXPECT_EQ(ElementNamesByRegex(GetParam().document), GetParam().names);
 }
 
-const ListedNames kListedNames[] = {
+const ListedNames listedNames[] = {
     {L"", {}},
     {L"<A>1</A><B>2</B>", {L"A", L"B"}},
     {L"<A>1</A><A>2</A>", {L"A", L"A"}},
@@ -57,7 +57,7 @@ const ListedNames kListedNames[] = {
     {L"\uFEFF<A>1</A>", {L"A"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Documents, ElementNamesTest, testing::ValuesIn(kListedNames));
+INSTANTIATE_TEST_SUITE_P(Documents, ElementNamesTest, testing::ValuesIn(listedNames));
 
 class GeneratedNamesTest : public testing::TestWithParam<std::vector<std::wstring>> {};
 

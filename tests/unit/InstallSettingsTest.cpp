@@ -66,11 +66,11 @@ TEST_P(StoredFlagTest, IsTrueForAnyCaseOfTrueAndForOne) {
     EXPECT_EQ(Settings().GetBool(L"FLAG"), GetParam().flag);
 }
 
-const FlagCase kFlags[] = {{L"TRUE", true}, {L"True", true},   {L"true", true}, {L"1", true},
-                           {L"yes", false}, {L"on", false},    {L"2", false},   {L" true", false},
-                           {L"", false},    {L"true ", false}, {L"11", false},  {L"false", false}};
+const FlagCase flags[] = {{L"TRUE", true}, {L"True", true},   {L"true", true}, {L"1", true},
+                          {L"yes", false}, {L"on", false},    {L"2", false},   {L" true", false},
+                          {L"", false},    {L"true ", false}, {L"11", false},  {L"false", false}};
 
-INSTANTIATE_TEST_SUITE_P(Texts, StoredFlagTest, testing::ValuesIn(kFlags));
+INSTANTIATE_TEST_SUITE_P(Texts, StoredFlagTest, testing::ValuesIn(flags));
 
 TEST_F(InstallSettingsTest, ReadsTheKeysOfARepeatedTag) {
     Settings().SetString(

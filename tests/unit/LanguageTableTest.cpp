@@ -18,7 +18,7 @@ TEST_P(LanguageTableTest, MapsTheLanguageToItsCode) {
               language.code);
 }
 
-const LanguageCase kLanguages[] = {
+const LanguageCase languages[] = {
     {1, 1, L"ar"},       {4, 1, L"zh_tw"},  {4, 2, L"zh_cn"},     {4, 3, L"zh_tw"},    {4, 4, L"zh_cn"},
     {4, 5, L"zh_tw"},    {5, 1, L"cs"},     {6, 1, L"da"},        {7, 1, L"de"},       {7, 3, L"de"},
     {8, 1, L"el"},       {9, 1, L"en"},     {10, 1, L"es"},       {11, 1, L"fi"},      {12, 1, L"fr"},
@@ -30,7 +30,7 @@ const LanguageCase kLanguages[] = {
     {2, 1, L"en"},       {23, 1, L"en"},    {0x3FF, 0x3F, L"en"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Languages, LanguageTableTest, testing::ValuesIn(kLanguages));
+INSTANTIATE_TEST_SUITE_P(Languages, LanguageTableTest, testing::ValuesIn(languages));
 
 TEST(LanguageFileNameTest, IsTheCodeAndACommonEnding) {
     EXPECT_EQ(LanguageFileName(L"zh_cn"), L"zh_cn_strings.xml");

@@ -18,13 +18,13 @@ TEST_P(InstallSizeTest, ReadsTheMegabytes) {
     EXPECT_EQ(InstallSizeInMb(GetParam().text), GetParam().megabytes);
 }
 
-const SizeCase kSizes[] = {
+const SizeCase sizes[] = {
     {L"12 MB", 12},      {L"12MB", 12}, {L"12.5MB", 12.5}, {L"MB", 0},
     {L"about 12 MB", 0}, {L"", 0},      {L"12", 12},       {L"12.5 units", 12.5},
     {L" 12  MB", 12},    {L"   MB", 0}, {L"1MB 2MB", 1},   {L"12 mb", 12},
 };
 
-INSTANTIATE_TEST_SUITE_P(Texts, InstallSizeTest, testing::ValuesIn(kSizes));
+INSTANTIATE_TEST_SUITE_P(Texts, InstallSizeTest, testing::ValuesIn(sizes));
 
 TEST(DependentNamesTest, AreJoinedByCommasAndAWord) {
     EXPECT_EQ(JoinDependentNames({}, L"and"), L"");
@@ -50,7 +50,7 @@ TEST_P(SystemListTest, AdmitsTheSystemsThatItNames) {
     EXPECT_EQ(SupportsSystem(GetParam().supported, L"WINDOWS_8"), GetParam().passes);
 }
 
-const SystemCase kSystems[] = {
+const SystemCase systems[] = {
     {L"", true},
     {L"WINDOWS_7", true},  // No list, so it is not looked at.
     {L"WINDOWS_7;WINDOWS_8", true},
@@ -66,7 +66,7 @@ const SystemCase kSystems[] = {
     {L"WINDOWS_7;WINDOWS_80", false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Lists, SystemListTest, testing::ValuesIn(kSystems));
+INSTANTIATE_TEST_SUITE_P(Lists, SystemListTest, testing::ValuesIn(systems));
 
 TEST(DeviceTypeTest, MatchesThePiecesThatASemicolonCloses) {
     EXPECT_TRUE(MatchesDeviceType(L"FAX", L"FAX"));

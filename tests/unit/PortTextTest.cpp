@@ -18,7 +18,7 @@ TEST_P(ShownPortNameTest, HoldsTheMarksOfTheDirection) {
     EXPECT_EQ(ShownPortName(given.name, given.rightToLeftTexts, given.rightToLeftLocale), given.shown);
 }
 
-const ShownCase kNames[] = {
+const ShownCase names[] = {
     {L"LPT1:", true, true, L"LPT1:"},
     {L"(a)(b)", true, false, L"(a)\u200E(b)"},
     {L"[a]{b}(c)", true, true, L"[a]\u200E{b}\u200E(c)\u200E"},
@@ -31,7 +31,7 @@ const ShownCase kNames[] = {
     {L"", true, true, L""},
 };
 
-INSTANTIATE_TEST_SUITE_P(Names, ShownPortNameTest, testing::ValuesIn(kNames));
+INSTANTIATE_TEST_SUITE_P(Names, ShownPortNameTest, testing::ValuesIn(names));
 
 struct ChosenCase {
     std::wstring shown;
@@ -45,7 +45,7 @@ TEST_P(ChosenPortNameTest, LosesTheMarksOfAnAddressOnly) {
     EXPECT_EQ(ChosenPortName(GetParam().shown, GetParam().rightToLeftLocale), GetParam().name);
 }
 
-const ChosenCase kShown[] = {
+const ChosenCase shownNames[] = {
     {L"\u202D10.1.2.3\u202C", true, L"10.1.2.3"},
     {L"\u202D10.1.2.3\u202C", false, L"\u202D10.1.2.3\u202C"},
     {L"(a)\u200E", true, L"(a)\u200E"},
@@ -56,6 +56,6 @@ const ChosenCase kShown[] = {
     {L"", true, L""},
 };
 
-INSTANTIATE_TEST_SUITE_P(Names, ChosenPortNameTest, testing::ValuesIn(kShown));
+INSTANTIATE_TEST_SUITE_P(Names, ChosenPortNameTest, testing::ValuesIn(shownNames));
 
 }  // namespace

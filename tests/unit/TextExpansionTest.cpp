@@ -21,7 +21,7 @@ TEST_P(AccessKeyTest, ReducesTheMarkToOneSign) {
     EXPECT_EQ(surplus, GetParam().surplus);
 }
 
-const AccessKeyCase kAccessKeys[] = {
+const AccessKeyCase accessKeys[] = {
     {L"", L"", 0},
     {L"Save as", L"Save as", 0},
     {L"Save &amp;as", L"Save &as", 0},
@@ -38,7 +38,7 @@ const AccessKeyCase kAccessKeys[] = {
     {L"&lt;&am;", L"&lt;&am;", 0},
 };
 
-INSTANTIATE_TEST_SUITE_P(Values, AccessKeyTest, testing::ValuesIn(kAccessKeys));
+INSTANTIATE_TEST_SUITE_P(Values, AccessKeyTest, testing::ValuesIn(accessKeys));
 
 TEST(AccessKeySizeTest, ReducesTwoHundredThousandMarks) {
     std::wstring value;
@@ -83,7 +83,7 @@ TEST_P(ExpansionTest, ReplacesTagsByTheirValues) {
     EXPECT_EQ(expansion.text, GetParam().text);
 }
 
-const ExpansionCase kExpansions[] = {
+const ExpansionCase expansions[] = {
     {L"", {}, L""},
     {L"no tag", {}, L"no tag"},
     {L"^OEM^ setup", {{L"OEM", L"Printer"}}, L"Printer setup"},
@@ -99,7 +99,7 @@ const ExpansionCase kExpansions[] = {
     {L"x^A^ ^B^", {{L"A", L"^A"}}, L"xB"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Values, ExpansionTest, testing::ValuesIn(kExpansions));
+INSTANTIATE_TEST_SUITE_P(Values, ExpansionTest, testing::ValuesIn(expansions));
 
 struct EndlessCase {
     std::wstring value;
@@ -114,7 +114,7 @@ TEST_P(EndlessExpansionTest, LeavesTheValueAsItWas) {
     EXPECT_EQ(expansion.text, GetParam().value);
 }
 
-const EndlessCase kEndless[] = {
+const EndlessCase endlessValues[] = {
     {L"^UNSET", {}},
     {L"^", {}},
     {L"^A^", {{L"A", L"^A^"}}},
@@ -127,7 +127,7 @@ const EndlessCase kEndless[] = {
     {L"^^B^", {{L"", L"^"}, {L"B", L"^^B^"}}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Values, EndlessExpansionTest, testing::ValuesIn(kEndless));
+INSTANTIATE_TEST_SUITE_P(Values, EndlessExpansionTest, testing::ValuesIn(endlessValues));
 
 TEST(ExpansionLimitTest, GivesUpATextThatDoublesWithEveryTag) {
     Tags tags;

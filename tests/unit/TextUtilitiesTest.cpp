@@ -42,7 +42,7 @@ TEST_P(LeadingIntegerTest, ReadsTheNumberInFront) {
     EXPECT_EQ(LeadingInteger(GetParam().text), GetParam().number);
 }
 
-const IntegerCase kIntegers[] = {
+const IntegerCase integers[] = {
     {L"42", 42},
     {L"  42", 42},
     {L"\t\r\n42", 42},
@@ -63,7 +63,7 @@ const IntegerCase kIntegers[] = {
     {L"99999999999999999999", std::numeric_limits<std::int32_t>::max()},
 };
 
-INSTANTIATE_TEST_SUITE_P(Texts, LeadingIntegerTest, testing::ValuesIn(kIntegers));
+INSTANTIATE_TEST_SUITE_P(Texts, LeadingIntegerTest, testing::ValuesIn(integers));
 
 struct NumberCase {
     std::wstring text;
@@ -76,7 +76,7 @@ TEST_P(LeadingNumberTest, ReadsTheNumberInFront) {
     EXPECT_EQ(LeadingNumber(GetParam().text), GetParam().number);
 }
 
-const NumberCase kNumbers[] = {
+const NumberCase numbers[] = {
     {L"12", 12}, {L"12.5", 12.5}, {L" -0.25x", -0.25}, {L".5", 0.5},
     {L"5.", 5},  {L"1e3", 1000},  {L"1e+3", 1000},     {L"1E-2", 0.01},
     {L"1e", 1},  {L"1e+", 1},     {L"1.2.3", 1.2},     {L"", 0},
@@ -84,7 +84,7 @@ const NumberCase kNumbers[] = {
     {L"e3", 0},  {L"1,5", 1},     {L"1e-999", 0},      {L"1e999", std::numeric_limits<double>::infinity()},
 };
 
-INSTANTIATE_TEST_SUITE_P(Texts, LeadingNumberTest, testing::ValuesIn(kNumbers));
+INSTANTIATE_TEST_SUITE_P(Texts, LeadingNumberTest, testing::ValuesIn(numbers));
 
 TEST(TextUtilitiesTest, CutsAPathBehindItsLastBackslash) {
     EXPECT_EQ(FileNameOf(L"C:\\a\\..\\b.msi"), L"b.msi");

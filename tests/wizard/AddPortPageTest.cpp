@@ -131,7 +131,7 @@ TEST_P(NoSharePageTest, AsksForAnotherPath) {
     EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Controller::Next, Moving from 6 to 7")));
 }
 
-const ShareCase kShares[] = {
+const ShareCase shares[] = {
     {L"\\\\Server\\Missing", RESOURCETYPE_PRINT},
     {L"\\\\server\\share", RESOURCETYPE_PRINT},
     {L"\\\\Server\\Share", RESOURCETYPE_DISK},
@@ -139,7 +139,7 @@ const ShareCase kShares[] = {
     {L"Share", RESOURCETYPE_PRINT},
 };
 
-INSTANTIATE_TEST_SUITE_P(Shares, NoSharePageTest, testing::ValuesIn(kShares));
+INSTANTIATE_TEST_SUITE_P(Shares, NoSharePageTest, testing::ValuesIn(shares));
 
 TEST_F(AddPortPageTest, KnowsNoSharedPrinterWithoutANetwork) {
     StartOnPage(Kind::Shared);

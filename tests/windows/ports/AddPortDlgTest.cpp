@@ -63,13 +63,13 @@ TEST_P(AddPortLayoutTest, ShowsTheControlsOfTheKind) {
     EXPECT_EQ(shown, GetParam().shown);
 }
 
-const LayoutCase kLayouts[] = {
+const LayoutCase layouts[] = {
     {0, {IDC_ADD_PORT_LIST}},
     {1, {IDC_ADD_PORT_NAME_LABEL, IDC_ADD_PORT_NAME, IDC_ADD_PORT_ADDRESS_LABEL, IDC_ADD_PORT_ADDRESS}},
     {2, {IDC_ADD_PORT_PATH_LABEL, IDC_ADD_PORT_PATH}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, AddPortLayoutTest, testing::ValuesIn(kLayouts));
+INSTANTIATE_TEST_SUITE_P(Kinds, AddPortLayoutTest, testing::ValuesIn(layouts));
 
 TEST_F(AddPortDlgTest, LeavesTheLayoutOfATextThatItDoesNotKnow) {
     Open();
@@ -256,14 +256,14 @@ TEST_P(AddPortConfigureTest, IsOfferedForADriverThatTakesOneAndHasATool) {
     EXPECT_EQ(IsEnabled(IDC_ADD_PORT_CONFIGURE), GetParam().enabled);
 }
 
-const ConfigureCase kConfigurations[] = {
+const ConfigureCase configurations[] = {
     {true, L"DRIVERCONFIG", true},
     {true, L"V4DRIVERCONFIG", false},
     {false, L"DRIVERCONFIG", false},
     {true, L"", false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Drivers, AddPortConfigureTest, testing::ValuesIn(kConfigurations));
+INSTANTIATE_TEST_SUITE_P(Drivers, AddPortConfigureTest, testing::ValuesIn(configurations));
 
 TEST_F(AddPortDlgTest, NamesTheConfigurationWithoutShowingItsButton) {
     AddPackage(L"Common\\x64", L"t.msi").properties[L"APPTYPE"] = L"DRIVERCONFIG";

@@ -198,7 +198,7 @@ std::string Profile(const std::string& attributes, const std::string& head = {})
            "/></PrinterProfiles></ConfigurationProfiles>";
 }
 
-const FileCase kFiles[] = {
+const FileCase olderFiles[] = {
     {Profile("name='a &amp; b'"), L"a & b"},
     {Profile("title='a'"), L""},
     {"<ConfigurationProfiles/>", L""},
@@ -210,7 +210,7 @@ const FileCase kFiles[] = {
     {Profile("name='inner &e;'", "<!DOCTYPE x [<!ENTITY e 'text'>]>"), L"inner text"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Contents, OlderFileTest, testing::ValuesIn(kFiles));
+INSTANTIATE_TEST_SUITE_P(Contents, OlderFileTest, testing::ValuesIn(olderFiles));
 
 TEST_F(DriverConfigDlgTest, ReadsOneCharacterLessThanCanBeTyped) {
     const std::wstring name = files / (std::wstring(255 - files.Path().size(), L'n') + L".zdc");

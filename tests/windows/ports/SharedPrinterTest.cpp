@@ -29,7 +29,7 @@ TEST_P(NoSharedPrinterTest, IsAnyOtherAnswer) {
     EXPECT_FALSE(IsSharedPrinter(printer));
 }
 
-const ShareCase kAnswers[] = {
+const ShareCase answers[] = {
     {L"a folder", {.type = RESOURCETYPE_DISK, .remoteName = printer}},
     {L"another case", {.remoteName = L"\\\\SERVER\\printer"}},
     {L"a longer name", {.remoteName = L"\\\\server\\printer2"}},
@@ -39,7 +39,7 @@ const ShareCase kAnswers[] = {
     {L"a system without the function", {.remoteName = printer, .isMissing = true}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Answers, NoSharedPrinterTest, testing::ValuesIn(kAnswers));
+INSTANTIATE_TEST_SUITE_P(Answers, NoSharedPrinterTest, testing::ValuesIn(answers));
 
 TEST(SharedPrinterTest, IsNotAskedForWhereThePathNamesNoShare) {
     for (const wchar_t* path :

@@ -65,13 +65,13 @@ TEST_P(ConfigToolInCatalogueTest, IsOfTheDriversGeneration) {
     EXPECT_EQ(configuration.IsConfigToolAvailable(GetParam().driver), GetParam().available);
 }
 
-const ToolCase kTools[] = {
+const ToolCase tools[] = {
     {L"DRIVERCONFIG", older, true},    {L"DRIVERCONFIG", newer, false}, {L"V4DRIVERCONFIG", newer, true},
     {L"V4DRIVERCONFIG", older, false}, {L"DRIVERCONFIG", L"", true},    {L"V4DRIVERCONFIG", L"", true},
     {L"driverconfig", older, false},   {L"NIMBOJET", L"", false},       {L"V4DRIVERCONFIG", L"XV40Y", true},
 };
 
-INSTANTIATE_TEST_SUITE_P(Tools, ConfigToolInCatalogueTest, testing::ValuesIn(kTools));
+INSTANTIATE_TEST_SUITE_P(Tools, ConfigToolInCatalogueTest, testing::ValuesIn(tools));
 
 class ConfigToolInFolderTest : public DriverConfigurationTest,
                                public testing::WithParamInterface<ToolCase> {};
@@ -81,7 +81,7 @@ TEST_P(ConfigToolInFolderTest, IsToldByItsFileName) {
     EXPECT_EQ(configuration.IsConfigToolAvailable(GetParam().driver), GetParam().available);
 }
 
-const ToolCase kFiles[] = {
+const ToolCase files[] = {
     {L"MakerDriverConfig2.msi", older, true},
     {L"MakerDriverConfig2.msi", newer, false},
     {L"MakerArdentis.msi", newer, true},
@@ -93,7 +93,7 @@ const ToolCase kFiles[] = {
     {L"Other.msi", L"", false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Files, ConfigToolInFolderTest, testing::ValuesIn(kFiles));
+INSTANTIATE_TEST_SUITE_P(Files, ConfigToolInFolderTest, testing::ValuesIn(files));
 
 TEST_F(DriverConfigurationTest, LooksForTheToolOfEachGenerationInItsFolder) {
     EXPECT_EQ(GetToolFolder(older, L"A B"), GetTemporaryFolder() + L"TolvaneKit\\A B\\DriverConfig\\");

@@ -8,7 +8,7 @@ using brevanto::BuildCommandLine;
 
 namespace {
 
-const std::wstring kAlways = L"REBOOT=ReallySuppress";
+const std::wstring always = L"REBOOT=ReallySuppress";
 
 struct Case {
     const char* name;
@@ -19,7 +19,7 @@ struct Case {
 class CommandLineTest : public testing::TestWithParam<Case> {};
 
 TEST_P(CommandLineTest, TurnsElementsIntoProperties) {
-    EXPECT_EQ(BuildCommandLine(GetParam().document), kAlways + GetParam().line);
+    EXPECT_EQ(BuildCommandLine(GetParam().document), always + GetParam().line);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -50,13 +50,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(CommandLine, LeavesOutNullCharacters) {
     const std::wstring document = std::wstring(L"<A>1") + L'\0' + L"2</A>";
-    EXPECT_EQ(BuildCommandLine(document), kAlways + L" A=\"12\"");
+    EXPECT_EQ(BuildCommandLine(document), always + L" A=\"12\"");
 }
 
 TEST(CommandLine, ReadsAMegabyteOfOpenTags) {
     std::wstring document;
     while (document.size() < 1'000'000) document += L"<A";
-    EXPECT_EQ(BuildCommandLine(document), kAlways);
+    EXPECT_EQ(BuildCommandLine(document), always);
 }
 
 }  // namespace

@@ -10,7 +10,7 @@ using brevanto::ParseProductVersion;
 
 namespace {
 
-const PackageIdentity kPackage = {
+const PackageIdentity package = {
     .productCode = L"{OWN}", .upgradeCode = L"{FAMILY}", .version = ParseProductVersion(L"2.0.0")};
 
 InstalledProduct Product(const wchar_t* code, const wchar_t* version) {
@@ -26,7 +26,7 @@ struct Case {
 class InstalledStateTest : public testing::TestWithParam<Case> {};
 
 TEST_P(InstalledStateTest, IsJudgedByCodeAndVersion) {
-    EXPECT_EQ(Judge(kPackage, GetParam().products), GetParam().state);
+    EXPECT_EQ(Judge(package, GetParam().products), GetParam().state);
 }
 
 INSTANTIATE_TEST_SUITE_P(

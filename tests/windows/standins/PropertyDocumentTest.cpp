@@ -8,19 +8,19 @@ using brevanto::PropertyValue;
 
 namespace {
 
-const std::vector<Property> kProperties = {{.name = L"ProductName", .value = L"Plain"},
-                                           {.name = L"DRIVERNAME.1031", .value = L"Treiber"},
-                                           {.name = L"ProductName.1031", .value = L"Schlicht"},
-                                           {.name = L"ProductName.1036", .value = L"Simple"},
-                                           {.name = L"DRIVERNAME", .value = L"Driver"}};
+const std::vector<Property> plainProperties = {{.name = L"ProductName", .value = L"Plain"},
+                                               {.name = L"DRIVERNAME.1031", .value = L"Treiber"},
+                                               {.name = L"ProductName.1031", .value = L"Schlicht"},
+                                               {.name = L"ProductName.1036", .value = L"Simple"},
+                                               {.name = L"DRIVERNAME", .value = L"Driver"}};
 
 TEST(PropertyDocumentTest, HoldsTheRowsInOrderForALanguageWithoutVariants) {
-    EXPECT_EQ(BuildPropertyDocument(kProperties, L"1033"),
+    EXPECT_EQ(BuildPropertyDocument(plainProperties, L"1033"),
               L"<ProductName>Plain</ProductName><DRIVERNAME>Driver</DRIVERNAME>");
 }
 
 TEST(PropertyDocumentTest, PrefersTheVariantOfTheLanguageWhereverItStands) {
-    EXPECT_EQ(BuildPropertyDocument(kProperties, L"1031"),
+    EXPECT_EQ(BuildPropertyDocument(plainProperties, L"1031"),
               L"<ProductName>Schlicht</ProductName><DRIVERNAME>Treiber</DRIVERNAME>");
 }
 
@@ -42,8 +42,8 @@ TEST(PropertyDocumentTest, KeepsValuesAsTheyAre) {
 }
 
 TEST(PropertyDocumentTest, FindsAValueByItsWholeName) {
-    EXPECT_EQ(PropertyValue(kProperties, L"DRIVERNAME"), L"Driver");
-    EXPECT_EQ(PropertyValue(kProperties, L"drivername"), L"");
+    EXPECT_EQ(PropertyValue(plainProperties, L"DRIVERNAME"), L"Driver");
+    EXPECT_EQ(PropertyValue(plainProperties, L"drivername"), L"");
 }
 
 }  // namespace
