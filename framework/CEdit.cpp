@@ -13,12 +13,12 @@ const MessageMap& CEdit::GetMessageMap() const {
     return map;
 }
 
-size_t CEdit::GetLength() const {
-    return static_cast<size_t>(SendMessage(WM_GETTEXTLENGTH));
+std::size_t CEdit::GetLength() const {
+    return static_cast<std::size_t>(SendMessage(WM_GETTEXTLENGTH));
 }
 
 void CEdit::MoveCaretToEnd() {
-    const size_t end = GetLength();
+    const std::size_t end = GetLength();
     SendMessage(EM_SETSEL, end, static_cast<LPARAM>(end));
     SendMessage(EM_SCROLLCARET);
 }

@@ -9,9 +9,9 @@
 
 class CEdit : public CWnd {
 public:
-    size_t GetLength() const;
+    std::size_t GetLength() const;
     // The first characters of the text, as many as that.
-    std::wstring GetText(size_t longest) const { return GetWindowText().substr(0, longest); }
+    std::wstring GetText(std::size_t longest) const { return GetWindowText().substr(0, longest); }
 
     // Puts the caret behind the text and into view.
     void MoveCaretToEnd();

@@ -9,7 +9,7 @@
 CFileDialog::CFileDialog(std::wstring extension, const std::wstring& suggestion,
                          const std::wstring& filterPairs, const CWnd& parentWindow)
     : defaultExtension(std::move(extension)), filter(filterPairs), parent(parentWindow) {
-    const size_t folderLength = suggestion.find_last_of(L'\\') + 1;
+    const std::size_t folderLength = suggestion.find_last_of(L'\\') + 1;
     folder = suggestion.substr(0, folderLength);
     pathName = suggestion.substr(folderLength);
     std::replace(filter.begin(), filter.end(), L'|', L'\0');

@@ -49,16 +49,16 @@ void CListCtrl::SetItemText(int row, int column, std::wstring text) {
 }
 
 std::wstring CListCtrl::GetItemText(int row, int column) const {
-    constexpr size_t firstRoom = 128;
+    constexpr std::size_t firstRoom = 128;
     std::wstring text;
     // A cell that fills its room may have been cut off.
-    for (size_t room = firstRoom, length = room; length + 1 >= room; room *= 2) {
+    for (std::size_t room = firstRoom, length = room; length + 1 >= room; room *= 2) {
         text.assign(room, L'\0');
         LVITEMW item{};
         item.iSubItem = column;
         item.pszText = text.data();
         item.cchTextMax = static_cast<int>(room);
-        length = static_cast<size_t>(
+        length = static_cast<std::size_t>(
             SendMessage(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
         text.resize(std::min(length, room));
     }

@@ -61,9 +61,9 @@ bool CWnd::SubclassDlgItem(int id, const CWnd& dialog) {
 
 std::wstring CWnd::GetWindowText() const {
     const auto length = SendMessage(WM_GETTEXTLENGTH);
-    std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
     const auto copied = SendMessage(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<size_t>(copied));
+    text.resize(static_cast<std::size_t>(copied));
     return text;
 }
 

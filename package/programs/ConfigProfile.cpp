@@ -31,10 +31,10 @@ std::wstring Setting(const std::wstring& name, bool value) {
 std::wstring TargetFile(std::wstring_view commandLine) {
     constexpr std::wstring_view newer = L" save /xdc ";
     constexpr std::wstring_view older = L" /f \"";
-    if (const size_t place = commandLine.find(newer); place != std::wstring_view::npos) {
+    if (const std::size_t place = commandLine.find(newer); place != std::wstring_view::npos) {
         return std::wstring(commandLine.substr(place + newer.size()));
     }
-    const size_t place = commandLine.rfind(older);
+    const std::size_t place = commandLine.rfind(older);
     if (place == std::wstring_view::npos) return {};
     const std::wstring_view value = commandLine.substr(place + older.size());
     return std::wstring(value.substr(0, value.find(L'"')));

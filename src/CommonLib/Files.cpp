@@ -29,8 +29,8 @@ std::wstring GetExeDirectory() {
     return path.substr(0, path.find_last_of(L'\\'));
 }
 
-size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths, const std::wstring& extension,
-                 const std::wstring& nameFilter) {
+std::size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths,
+                      const std::wstring& extension, const std::wstring& nameFilter) {
     CFileFind finder;
     bool more = finder.FindFile(folder + (extension.empty() ? L"*.*" : L"*." + extension));
     while (more) {

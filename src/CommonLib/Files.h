@@ -13,8 +13,8 @@ std::wstring GetExeDirectory();
 // Appends to the list the full path of every entry of the folder (which ends in a backslash) with that
 // extension, folders included, in the order of the file system; an empty extension takes every entry. With a
 // name filter an entry counts only if its name occurs in the filter's text. Gives the size of the list.
-size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths, const std::wstring& extension,
-                 const std::wstring& nameFilter = {});
+std::size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths,
+                      const std::wstring& extension, const std::wstring& nameFilter = {});
 
 // Creates the folder with all that lead to it. True if it is there afterwards.
 bool CreateFolderPath(const std::wstring& path);

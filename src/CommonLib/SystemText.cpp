@@ -23,14 +23,14 @@ std::wstring CodePageToWide(std::uint32_t codePage, std::string_view bytes) {
     // A byte never yields more than one code unit.
     std::wstring text(bytes.size(), L'\0');
     const int written = MultiByteToWideChar(codePage, 0, bytes.data(), length, text.data(), length);
-    text.resize(static_cast<size_t>(written));
+    text.resize(static_cast<std::size_t>(written));
     return text;
 }
 
-std::wstring NarrowToWide(const char* text, size_t length) {
+std::wstring NarrowToWide(const char* text, std::size_t length) {
     if (text == nullptr || length == 0) return {};
     std::wstring wide(length + 1, L'\0');
-    size_t converted = 0;
+    std::size_t converted = 0;
     if (mbstowcs_s(&converted, wide.data(), wide.size(), text, length) != 0) return {};
     wide.resize(converted - 1);
     return wide;

@@ -17,4 +17,4 @@ std::wstring CodePageToWide(std::uint32_t codePage, std::string_view bytes);
 
 // Text of the current C locale, of the given length in bytes, as wide text. Empty for a null text, for length
 // 0 and for bytes that the locale does not know.
-std::wstring NarrowToWide(const char* text, size_t length);
+std::wstring NarrowToWide(const char* text, std::size_t length);

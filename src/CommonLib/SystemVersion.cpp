@@ -37,5 +37,5 @@ int GetWindowsVersionId() {
 
 std::wstring GetWindowsVersionName(int id) {
     const bool known = id >= 1 && id <= static_cast<int>(versionNames.size());
-    return known ? versionNames.at(static_cast<size_t>(id) - 1) : L"WINDOWS_UNKNOWN";
+    return known ? versionNames.at(static_cast<std::size_t>(id) - 1) : L"WINDOWS_UNKNOWN";
 }

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr size_t bufferSize = 2048;
+constexpr std::size_t bufferSize = 2048;
 
 struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }  // NOLINT(cppcoreguidelines-owning-memory)

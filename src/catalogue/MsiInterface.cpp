@@ -130,11 +130,11 @@ std::uint32_t MsiInterface::FetchDocument(const std::wstring& packagePath, const
     };
     std::uint32_t code = ask();
     if (code == MsiCode::BufferTooSmall) {
-        buffer.assign(static_cast<size_t>(needed) + 1, L'\0');
+        buffer.assign(static_cast<std::size_t>(needed) + 1, L'\0');
         code = ask();
     }
     // A length beyond the buffer is not taken at its word.
-    document.assign(buffer.data(), std::min(static_cast<size_t>(needed), buffer.size()));
+    document.assign(buffer.data(), std::min(static_cast<std::size_t>(needed), buffer.size()));
     propertyCache.emplace(packagePath, document);
     return code;
 }

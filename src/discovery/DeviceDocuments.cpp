@@ -48,7 +48,7 @@ bool IsKept(const DiscoveredDevice& device, std::wstring_view message) {
 }
 
 DeviceIndex::DeviceIndex(std::vector<std::wstring>& indexedDocuments) : documents(indexedDocuments) {
-    for (size_t position = 0; position < documents.size(); ++position) {
+    for (std::size_t position = 0; position < documents.size(); ++position) {
         positions[TagDocument::ValueOf(documents[position], Tag::IPADDRESS)].insert(position);
     }
 }
@@ -57,7 +57,7 @@ void DeviceIndex::SetTag(std::wstring_view address, std::wstring_view tag, std::
     const std::wstring former(address);
     const auto found = positions.find(former);
     if (found == positions.end() || found->second.empty()) return;
-    const size_t position = *found->second.begin();
+    const std::size_t position = *found->second.begin();
     TagDocument::SetElement(documents[position], tag, value);
     // A value from outside can bring an address along.
     const std::wstring now = TagDocument::ValueOf(documents[position], Tag::IPADDRESS);
@@ -68,7 +68,7 @@ void DeviceIndex::SetTag(std::wstring_view address, std::wstring_view tag, std::
 
 void ApplyColours(std::wstring_view reply, DeviceIndex& index) {
     for (const std::wstring& entry : SplitClosed(reply, L';')) {
-        const size_t colon = entry.find(L':');
+        const std::size_t colon = entry.find(L':');
         if (colon == std::wstring::npos) continue;
         index.SetTag(std::wstring_view(entry).substr(0, colon), Tag::COLORTYPE, entry.substr(colon + 1));
     }

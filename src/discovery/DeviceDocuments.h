@@ -42,7 +42,7 @@ public:
 
 private:
     std::vector<std::wstring>& documents;
-    std::unordered_map<std::wstring, std::set<size_t>> positions;
+    std::unordered_map<std::wstring, std::set<std::size_t>> positions;
 };
 
 // Sets the colour in the documents that a reply of the form address, ":", colour, ";" and so on names. An

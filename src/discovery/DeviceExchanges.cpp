@@ -26,7 +26,7 @@ using ExchangeFunction = std::uint32_t (*)(const wchar_t* request, const std::ui
                                            std::uint32_t replySize, std::uint32_t* replyLength);
 
 constexpr std::wstring_view timeoutInMilliseconds = L"3000";
-constexpr size_t firstReplySize = 4096;
+constexpr std::size_t firstReplySize = 4096;
 // A packet counts the bytes behind its three leading ones in 16 bits.
 constexpr std::uint32_t longestPacket = 3 + 0xFFFF;
 
@@ -62,7 +62,7 @@ std::optional<std::vector<std::uint8_t>> Exchange(ExchangeFunction exchange, con
         code = call(length);
     }
     if (code != MsiCode::Success) return std::nullopt;
-    reply.resize(std::min<size_t>(reply.size(), length));
+    reply.resize(std::min<std::size_t>(reply.size(), length));
     return reply;
 }
 

@@ -45,8 +45,8 @@ struct Sorting {
 
 int CALLBACK CompareRows(LPARAM first, LPARAM second, LPARAM sorting) {
     const Sorting& order = *reinterpret_cast<const Sorting*>(sorting);
-    return CompareCells(order.cells[static_cast<size_t>(first)], order.cells[static_cast<size_t>(second)],
-                        order.ascending);
+    return CompareCells(order.cells[static_cast<std::size_t>(first)],
+                        order.cells[static_cast<std::size_t>(second)], order.ascending);
 }
 
 // Keeps the control from drawing each step of a change.
@@ -136,7 +136,7 @@ bool DiscoveryListCtrl::Sort() {
     Sorting sorting{.cells = {}, .ascending = sortAscending};
     sorting.cells.reserve(rows.size());
     for (const Row& row : rows) {
-        const std::wstring& text = row.at(static_cast<size_t>(sortColumn));
+        const std::wstring& text = row.at(static_cast<std::size_t>(sortColumn));
         sorting.cells.push_back({.text = text, .isAddress = IsValidIpAddress(text) == 1});
     }
     return ListView_SortItems(GetSafeHwnd(), &CompareRows, reinterpret_cast<LPARAM>(&sorting)) != FALSE;

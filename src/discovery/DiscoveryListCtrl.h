@@ -33,7 +33,7 @@ protected:
     const MessageMap& GetMessageMap() const override;
 
 private:
-    static constexpr size_t columnCount = 3;
+    static constexpr std::size_t columnCount = 3;
     using Row = std::array<std::wstring, columnCount>;
 
     LRESULT OnKeyUp(WPARAM key, LPARAM);

@@ -3,9 +3,9 @@
 #include "settings/TagNames.h"
 
 std::optional<std::wstring> OverridingDriver(std::wstring_view table, std::wstring_view deviceText) {
-    const size_t found = table.find(deviceText);
+    const std::size_t found = table.find(deviceText);
     if (found == std::wstring_view::npos) return std::nullopt;
-    const size_t colon = table.find(L':', found);
+    const std::size_t colon = table.find(L':', found);
     if (colon == std::wstring_view::npos) return std::nullopt;
     const std::wstring_view rest = table.substr(colon + 1);
     return std::wstring(rest.substr(0, rest.find(L';')));

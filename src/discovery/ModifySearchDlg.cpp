@@ -15,8 +15,8 @@ namespace {
 
 constexpr UINT_PTR checkTimer = 0;
 constexpr UINT pauseInMilliseconds = 300;
-constexpr size_t longestHost = 255;
-constexpr size_t longestAddress = 45;
+constexpr std::size_t longestHost = 255;
+constexpr std::size_t longestAddress = 45;
 
 // Systems before Vista cannot read addresses: they take every one.
 bool CanTestAddresses() {
@@ -116,7 +116,7 @@ LRESULT ModifySearchDlg::OnShowWindow(WPARAM, LPARAM) {
 }
 
 void ModifySearchDlg::RestoreSubnet(const std::wstring& subnet) {
-    const size_t colon = subnet.find(L':');
+    const std::size_t colon = subnet.find(L':');
     if (colon == std::wstring::npos) {
         LogBasic(L"Subnet values are not proper");
         return;
@@ -234,7 +234,7 @@ bool ModifySearchDlg::TestAddress(AddressField& field, const std::wstring& text)
     return accepted;
 }
 
-void ModifySearchDlg::CutOff(CEdit& edit, size_t longest, std::wstring_view limitText) {
+void ModifySearchDlg::CutOff(CEdit& edit, std::size_t longest, std::wstring_view limitText) {
     edit.SetWindowText(edit.GetText(longest));
     edit.MoveCaretToEnd();
     Complain(edit, limitText);

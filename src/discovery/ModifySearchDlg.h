@@ -46,7 +46,7 @@ private:
     bool CheckHost();
     bool CheckAddress(AddressField& field);
     bool TestAddress(AddressField& field, const std::wstring& text);
-    void CutOff(CEdit& edit, size_t longest, std::wstring_view limitText);
+    void CutOff(CEdit& edit, std::size_t longest, std::wstring_view limitText);
     void Complain(CEdit& edit, std::wstring_view textKey);
 
     CEdit hostEdit;

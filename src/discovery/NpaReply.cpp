@@ -11,12 +11,12 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 constexpr std::uint8_t startByte = 0xA5;
-constexpr size_t headerLength = 3;
-constexpr size_t blockStart = 8;
-constexpr size_t blockLengthWidth = 2;
-constexpr size_t layoutStart = 6;
+constexpr std::size_t headerLength = 3;
+constexpr std::size_t blockStart = 8;
+constexpr std::size_t blockLengthWidth = 2;
+constexpr std::size_t layoutStart = 6;
 // The tree begins here whatever the length of the texts in front of it.
-constexpr size_t treeStart = 38;
+constexpr std::size_t treeStart = 38;
 // No width of a real reply comes near it.
 constexpr std::uint32_t widestField = 0xFFFF;
 
@@ -36,22 +36,22 @@ struct MalformedReply : std::runtime_error {
 // A place in bytes that never leaves them.
 class Reader {
 public:
-    explicit Reader(Bytes source, size_t start = 0) : bytes(source) { Skip(start); }
+    explicit Reader(Bytes source, std::size_t start = 0) : bytes(source) { Skip(start); }
 
     void Skip(std::uint64_t count) {
         if (count > bytes.size() - position) throw MalformedReply();
-        position += static_cast<size_t>(count);
+        position += static_cast<std::size_t>(count);
     }
     Bytes Take(std::uint64_t count) {
-        const size_t start = position;
+        const std::size_t start = position;
         Skip(count);
-        return bytes.subspan(start, static_cast<size_t>(count));
+        return bytes.subspan(start, static_cast<std::size_t>(count));
     }
-    size_t Position() const { return position; }
+    std::size_t Position() const { return position; }
 
 private:
     Bytes bytes;
-    size_t position = 0;
+    std::size_t position = 0;
 };
 
 std::uint32_t LowBits(Bytes field) {
@@ -82,7 +82,7 @@ std::string_view AsText(Bytes field) {
 
 // The decimal number behind a label; 0 for a label that is missing.
 std::uint32_t Width(std::string_view texts, std::string_view label) {
-    const size_t found = texts.find(label);
+    const std::size_t found = texts.find(label);
     if (found == std::string_view::npos) return 0;
     std::uint32_t width = 0;
     for (const char digit : texts.substr(found + label.size())) {
@@ -95,8 +95,8 @@ std::uint32_t Width(std::string_view texts, std::string_view label) {
 
 // Cuts the next brace group off, with its closing brace and the two bytes behind that.
 std::string_view NextLayoutGroup(std::string_view& rest) {
-    constexpr size_t between = 3;
-    const size_t end = rest.find('}');
+    constexpr std::size_t between = 3;
+    const std::size_t end = rest.find('}');
     if (end == std::string_view::npos) throw MalformedReply();
     const std::string_view found = rest.substr(0, end);
     rest.remove_prefix(std::min(rest.size(), end + between));
@@ -153,11 +153,11 @@ private:
     struct OpenGroup {
         std::uint64_t remaining;
         // Where the next element stands.
-        size_t position;
-        size_t pathLength;
+        std::size_t position;
+        std::size_t pathLength;
     };
 
-    void Enter(size_t position) {
+    void Enter(std::size_t position) {
         Reader reader(bytes, position);
         reader.Skip(layout.idWidth + layout.typeWidth);
         const std::uint64_t count = Length(reader.Take(layout.countWidth));
@@ -166,7 +166,7 @@ private:
     }
 
     void ReadElement() {
-        const size_t start = open.back().position;
+        const std::size_t start = open.back().position;
         Reader reader(bytes, start);
         const auto id = static_cast<std::int8_t>(LowByte(reader.Take(layout.idWidth)));
         const std::uint8_t type = LowByte(reader.Take(layout.typeWidth));
@@ -179,7 +179,7 @@ private:
         }
     }
 
-    void ReadGroup(size_t start) {
+    void ReadGroup(std::size_t start) {
         Reader behind(bytes, start);
         behind.Skip(layout.idWidth + layout.typeWidth + layout.countWidth);
         const std::uint64_t length = Length(behind.Take(layout.groupLengthWidth));
@@ -190,7 +190,7 @@ private:
         if (open.size() > 1 || path.find("1.1") != std::string::npos) Enter(start);
     }
 
-    void ReadLeaf(size_t start, Reader& reader, std::uint8_t type) {
+    void ReadLeaf(std::size_t start, Reader& reader, std::uint8_t type) {
         const Bytes value = reader.Take(Length(reader.Take(layout.leafLengthWidth)));
         Charge(reader.Position() - start);
         open.back().position = reader.Position();
@@ -200,7 +200,7 @@ private:
         if (type == ElementType::text && Holds(textKeys)) info.texts[path] = toWide(AsText(value));
     }
 
-    void Charge(size_t count) {
+    void Charge(std::size_t count) {
         if (count > bytesLeft) throw MalformedReply();
         bytesLeft -= count;
     }
@@ -213,7 +213,7 @@ private:
     Bytes bytes;
     NpaLayout layout;
     const Utf8Converter& toWide;
-    size_t bytesLeft;
+    std::size_t bytesLeft;
     std::string path = "1";
     std::vector<OpenGroup> open;
     NpaDeviceInfo info;

@@ -10,7 +10,7 @@ constexpr std::wstring_view comPort = L"COM";
 
 // Cuts the first part of an address off.
 std::wstring_view NextPart(std::wstring_view& rest) {
-    const size_t dot = rest.find(L'.');
+    const std::size_t dot = rest.find(L'.');
     const std::wstring_view part = rest.substr(0, dot);
     rest = dot == std::wstring_view::npos ? std::wstring_view() : rest.substr(dot + 1);
     return part;

@@ -78,7 +78,7 @@ std::uint32_t InstallService::DoRun() {
         return MsiCode::InstallFailure;
 
     if (page != nullptr) {
-        size_t steps = installList.size();
+        std::size_t steps = installList.size();
         for (const MSI_APP& record : installList) steps += record.dependents.size();
         page->BeginRun(static_cast<int>(steps));
     }

@@ -81,6 +81,6 @@ private:
     std::wstring language;
     std::atomic<bool> cancelled = false;
     std::vector<MSI_APP> statusList;
-    std::unordered_map<std::wstring, size_t> statusIndexByName;
+    std::unordered_map<std::wstring, std::size_t> statusIndexByName;
     std::vector<MSI_APP> installList;
 };

@@ -49,7 +49,7 @@ std::vector<StatusLine> StatusListView::Fill() {
     InsertColumns();
     SizeColumns();
     std::vector<StatusLine> lines = ReadStatusDocument(settings.GetString(Tag::APP_INSTALLATION_STATUS));
-    for (size_t row = 0; row < lines.size(); ++row) InsertLine(static_cast<int>(row), lines[row]);
+    for (std::size_t row = 0; row < lines.size(); ++row) InsertLine(static_cast<int>(row), lines[row]);
     SizeColumns();
     LVCOLUMNW last{.mask = LVCF_FMT, .fmt = LVCFMT_CENTER};
     ::SendMessageW(list, LVM_SETCOLUMNW, columnCount - 1, reinterpret_cast<LPARAM>(&last));

@@ -105,7 +105,8 @@ void ManufacturerDlg::OnSelectionChange() {
     const LRESULT selected = ::SendMessageW(list, CB_GETCURSEL, 0, 0);
     if (selected == CB_ERR) return;
     std::wstring name(
-        static_cast<size_t>(::SendMessageW(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(selected), 0)), L'\0');
+        static_cast<std::size_t>(::SendMessageW(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(selected), 0)),
+        L'\0');
     ::SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(name.data()));
     ApplyBrand(settings, name);
     const auto match = std::find_if(manufacturers.begin(), manufacturers.end(),

@@ -5,11 +5,11 @@
 std::vector<Manufacturer> ParseManufacturers(std::wstring_view list) {
     std::vector<Manufacturer> manufacturers;
     while (!list.empty()) {
-        const size_t end = list.find(L'|');
+        const std::size_t end = list.find(L'|');
         const std::wstring_view entry = list.substr(0, end);
         list.remove_prefix(end == std::wstring_view::npos ? list.size() : end + 1);
         if (entry.empty()) continue;
-        const size_t colon = entry.find(L':');
+        const std::size_t colon = entry.find(L':');
         const bool hasCode = colon != std::wstring_view::npos;
         manufacturers.push_back(
             {.oemByte = std::wstring(hasCode ? entry.substr(colon + 1) : std::wstring_view()),

@@ -22,9 +22,9 @@ namespace {
 constexpr WPARAM sharedKindIndex = 2;
 
 // A field takes one character more than is read of it, and this is meant.
-constexpr size_t portNameRead = 63;
-constexpr size_t addressRead = 255;
-constexpr size_t pathRead = 255;
+constexpr std::size_t portNameRead = 63;
+constexpr std::size_t addressRead = 255;
+constexpr std::size_t pathRead = 255;
 
 // Which controls describe a port of each kind.
 constexpr int existingControls[] = {IDC_ADD_PORT_LIST};
@@ -33,7 +33,7 @@ constexpr int networkControls[] = {IDC_ADD_PORT_NAME_LABEL, IDC_ADD_PORT_NAME, I
 constexpr int sharedControls[] = {IDC_ADD_PORT_PATH_LABEL, IDC_ADD_PORT_PATH};
 
 std::wstring WithoutMnemonic(std::wstring text) {
-    const size_t place = text.find(L'&');
+    const std::size_t place = text.find(L'&');
     if (place != std::wstring::npos) text.erase(place, 1);
     return text;
 }
@@ -148,7 +148,7 @@ void AddPortDlg::FitColumns() {
 std::optional<AddPortDlg::PortKind> AddPortDlg::SelectedKind() const {
     const HWND kinds = GetDlgItem(IDC_ADD_PORT_KIND);
     if (::SendMessageW(kinds, CB_GETCURSEL, 0, 0) == CB_ERR) return std::nullopt;
-    constexpr size_t longestText = 400;
+    constexpr std::size_t longestText = 400;
     const std::wstring shown = TextOf(IDC_ADD_PORT_KIND, longestText);
     if (shown == GetLocalizedText(TextKey::DISCOVERED_PORTS)) return PortKind::Existing;
     if (shown == GetLocalizedText(TextKey::UNC_PORT)) return PortKind::Shared;

@@ -24,7 +24,7 @@ namespace {
 
 constexpr WPARAM longestPath = 260;
 // One less than can be typed, and this is meant.
-constexpr size_t charactersRead = 259;
+constexpr std::size_t charactersRead = 259;
 
 // The name of the first profile, empty where the file tells none.
 std::wstring ProfileName(const std::wstring& path) {

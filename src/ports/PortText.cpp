@@ -11,7 +11,7 @@ constexpr wchar_t leftToRightMark = L'\u200E';
 
 std::wstring ShownPortName(std::wstring name, bool rightToLeftTexts, bool rightToLeftLocale) {
     for (const wchar_t bracket : {L')', L'}', L']'}) {
-        const size_t place = rightToLeftTexts ? name.find(bracket) : std::wstring::npos;
+        const std::size_t place = rightToLeftTexts ? name.find(bracket) : std::wstring::npos;
         if (place != std::wstring::npos) name.insert(place + 1, 1, leftToRightMark);
     }
     return rightToLeftLocale && IsValidIpV4Text(name) ? OverrideLeftToRight(name) : name;

@@ -53,6 +53,6 @@ std::wstring ConfigFilePath(std::wstring_view folder, std::wstring_view vendor, 
 // settled form of the record.
 std::wstring NewConfigurationFailure(std::int32_t code) {
     const std::wstring text = L"Exception in DriverConfigDlg::OnBnClickedConfigNewButton error code = ";
-    const auto leftOut = static_cast<size_t>(std::max(code, 0));
+    const auto leftOut = static_cast<std::size_t>(std::max(code, 0));
     return text.substr(std::min(leftOut, text.size()));
 }

@@ -16,7 +16,7 @@ protected:
     void PreSubclassWindow() override;
 
 private:
-    static constexpr size_t longestPath = 259;
+    static constexpr std::size_t longestPath = 259;
 
     std::wstring imagePath;
 };

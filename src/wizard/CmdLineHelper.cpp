@@ -33,7 +33,7 @@ void CmdLineHelper::ParseParam(const std::wstring& parameter, bool isFlag, bool)
         current = Option::None;
         return;
     }
-    const size_t equals = parameter.find(L'=');
+    const std::size_t equals = parameter.find(L'=');
     if (equals == std::wstring::npos) return;
     current = OptionNamed(parameter.substr(0, equals));
     if (current != Option::None) options[current] = parameter.substr(equals + 1);

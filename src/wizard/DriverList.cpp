@@ -32,6 +32,6 @@ std::wstring DriverList::SelectedId() const {
 std::wstring DriverList::IdOf(LRESULT entry) const {
     if (entry < 0) return {};
     const auto place =
-        static_cast<size_t>(::SendMessageW(list, CB_GETITEMDATA, static_cast<WPARAM>(entry), 0));
+        static_cast<std::size_t>(::SendMessageW(list, CB_GETITEMDATA, static_cast<WPARAM>(entry), 0));
     return place < driverIds.size() ? driverIds[place] : std::wstring();
 }

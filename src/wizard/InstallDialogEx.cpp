@@ -102,7 +102,7 @@ Font InstallDialogEx::MakeFont(const std::wstring& face, int points, int weight,
     description.lfWeight = weight;
     description.lfUnderline = underlined ? TRUE : FALSE;
     face.copy(description.lfFaceName, LF_FACESIZE - 1);
-    description.lfFaceName[std::min<size_t>(face.size(), LF_FACESIZE - 1)] = L'\0';
+    description.lfFaceName[std::min<std::size_t>(face.size(), LF_FACESIZE - 1)] = L'\0';
     return Font(CreateFontIndirectW(&description));
 }
 
@@ -146,9 +146,9 @@ void InstallDialogEx::SetUpControl(int controlId, std::wstring_view key, const F
     SetControlFont(controlId, font);
 }
 
-std::wstring InstallDialogEx::TextOf(int controlId, size_t longest) const {
+std::wstring InstallDialogEx::TextOf(int controlId, std::size_t longest) const {
     std::wstring text(longest + 1, L'\0');
-    text.resize(static_cast<size_t>(
+    text.resize(static_cast<std::size_t>(
         ::GetWindowTextW(GetDlgItem(controlId), text.data(), static_cast<int>(text.size()))));
     return text;
 }

@@ -59,7 +59,7 @@ protected:
         ::EnableWindow(GetDlgItem(controlId), enabled ? TRUE : FALSE);
     }
     // The first characters of what stands in the field, that many at most.
-    std::wstring TextOf(int controlId, size_t longest) const;
+    std::wstring TextOf(int controlId, std::size_t longest) const;
     // Selects the field's whole text and scrolls to it.
     void SelectAll(int controlId);
     void FocusControl(int controlId) { ::SetFocus(GetDlgItem(controlId)); }

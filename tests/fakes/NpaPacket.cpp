@@ -6,15 +6,15 @@ namespace Npa {
 
 namespace {
 
-constexpr size_t treeStart = 38;
+constexpr std::size_t treeStart = 38;
 
 void Append(Bytes& target, const Bytes& more) {
     target.insert(target.end(), more.begin(), more.end());
 }
 
-Bytes BigEndian(std::uint64_t value, size_t width) {
+Bytes BigEndian(std::uint64_t value, std::size_t width) {
     Bytes bytes(width);
-    for (size_t place = width; place-- > 0; value >>= 8) bytes[place] = static_cast<std::uint8_t>(value);
+    for (std::size_t place = width; place-- > 0; value >>= 8) bytes[place] = static_cast<std::uint8_t>(value);
     return bytes;
 }
 
@@ -53,7 +53,7 @@ Bytes Builder::Packet(const std::vector<Bytes>& elements) const {
 }
 
 std::string Builder::Layout() const {
-    const auto width = [](size_t number) { return std::to_string(number); };
+    const auto width = [](std::size_t number) { return std::to_string(number); };
     return "P{ID:" + width(widths.id) + ",DT:" + width(widths.type) + "}P{NE:" + width(widths.count) +
            ",LD:" + width(widths.groupLength) + "}P{LD:" + width(widths.leafLength) + "}";
 }

@@ -12,11 +12,11 @@ using Bytes = std::vector<std::uint8_t>;
 
 // The widths of the fields and the text that announces them.
 struct Widths {
-    size_t id = 1;
-    size_t type = 1;
-    size_t count = 1;
-    size_t groupLength = 2;
-    size_t leafLength = 2;
+    std::size_t id = 1;
+    std::size_t type = 1;
+    std::size_t count = 1;
+    std::size_t groupLength = 2;
+    std::size_t leafLength = 2;
 };
 
 // One element of a tree, with all that belongs to it.

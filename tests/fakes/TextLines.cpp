@@ -23,7 +23,7 @@ std::wstring ReadText(const std::wstring& path) {
 
 std::vector<std::wstring> SplitFields(std::wstring_view line) {
     std::vector<std::wstring> fields;
-    for (size_t tab = line.find(L'\t'); tab != std::wstring_view::npos; tab = line.find(L'\t')) {
+    for (std::size_t tab = line.find(L'\t'); tab != std::wstring_view::npos; tab = line.find(L'\t')) {
         fields.push_back(UnescapeField(line.substr(0, tab)));
         line.remove_prefix(tab + 1);
     }
@@ -36,7 +36,7 @@ std::vector<std::wstring> SplitFields(std::wstring_view line) {
 std::wstring EscapeField(std::wstring_view text) {
     std::wstring escaped;
     for (const wchar_t sign : text) {
-        const size_t place = plainSigns.find(sign);
+        const std::size_t place = plainSigns.find(sign);
         if (place != std::wstring_view::npos) escaped += L'\\';
         escaped += place == std::wstring_view::npos ? sign : escapedSigns[place];
     }
@@ -45,7 +45,7 @@ std::wstring EscapeField(std::wstring_view text) {
 
 std::wstring UnescapeField(std::wstring_view text) {
     std::wstring plain;
-    for (size_t place = 0; place < text.size(); ++place) {
+    for (std::size_t place = 0; place < text.size(); ++place) {
         const bool escaped = text[place] == L'\\' && place + 1 < text.size();
         plain += escaped ? plainSigns.at(escapedSigns.find(text[++place])) : text[place];
     }
@@ -61,8 +61,8 @@ std::wstring JoinFields(const std::vector<std::wstring>& fields) {
 std::vector<std::vector<std::wstring>> ReadLines(const std::wstring& path) {
     const std::wstring text = ReadText(path);
     std::vector<std::vector<std::wstring>> lines;
-    size_t start = 0;
-    for (size_t end = text.find(L'\n'); end != std::wstring::npos; end = text.find(L'\n', start)) {
+    std::size_t start = 0;
+    for (std::size_t end = text.find(L'\n'); end != std::wstring::npos; end = text.find(L'\n', start)) {
         lines.push_back(SplitFields(std::wstring_view(text).substr(start, end - start)));
         start = end + 1;
     }

@@ -225,7 +225,7 @@ INSTANTIATE_TEST_SUITE_P(Layouts, BrokenLayoutTest,
 
 TEST(NpaReplyTest, RefusesEveryBeginningOfAReply) {
     const Bytes packet = Npa::FaxReply(1);
-    for (size_t length = 0; length < packet.size(); ++length) {
+    for (std::size_t length = 0; length < packet.size(); ++length) {
         Bytes cut(packet.begin(), packet.begin() + static_cast<std::ptrdiff_t>(length));
         if (length >= 3) {
             cut[1] = 0;
@@ -246,7 +246,7 @@ TEST(NpaReplyTest, WalksAsDeepAsAPacketCanNest) {
     // Each group claims one element and no length of its own, so its head is all it takes.
     const Bytes head = builder.LyingGroup(1, 1, 0, {});
     Bytes tree;
-    for (size_t depth = 0; depth < 12000; ++depth) tree += head;
+    for (std::size_t depth = 0; depth < 12000; ++depth) tree += head;
     EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
 }
 
@@ -255,8 +255,8 @@ TEST(NpaReplyTest, RefusesGroupsThatNameTheSameBytesAgain) {
     Bytes tree;
     // Each group is the content of the one in front of it and what follows that one as well, so that read to
     // the letter each nearly doubles the work.
-    for (size_t group = 0; group < 25; ++group) tree += builder.LyingGroup(1, 2, 0, {});
-    for (size_t group = 0; group < 50; ++group) tree += builder.LyingGroup(1, 0, 0, {});
+    for (std::size_t group = 0; group < 25; ++group) tree += builder.LyingGroup(1, 2, 0, {});
+    for (std::size_t group = 0; group < 50; ++group) tree += builder.LyingGroup(1, 0, 0, {});
     EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
 }
 
@@ -265,7 +265,7 @@ TEST(NpaReplyTest, RefusesValuesThatAreNamedAgain) {
     // Both groups claim the same texts.
     Bytes tree =
         builder.LyingGroup(1, 1, 0, builder.LyingGroup(1, 101, 0, builder.LyingGroup(1, 100, 0, {})));
-    for (size_t count = 0; count < 100; ++count) tree += builder.Text(1, "text");
+    for (std::size_t count = 0; count < 100; ++count) tree += builder.Text(1, "text");
     EXPECT_FALSE(Decode(Npa::PacketOf(builder.Layout(), tree)));
 }
 

@@ -58,7 +58,8 @@ TEST(StatusLinesTest, ComeBackFromTheDocumentThatTheRunHasBuilt) {
 
 TEST(StatusLinesTest, EndAtTheHundredth) {
     std::vector<MSI_APP> apps(101);
-    for (size_t index = 0; index < apps.size(); ++index) apps[index].productName = std::to_wstring(index);
+    for (std::size_t index = 0; index < apps.size(); ++index)
+        apps[index].productName = std::to_wstring(index);
     apps.back().status = PackageStatus::Failed;
     const auto lines = ReadStatusDocument(BuildStatusDocument({}, apps));
     ASSERT_EQ(lines.size(), 100U);

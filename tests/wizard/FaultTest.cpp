@@ -92,10 +92,10 @@ struct BrokenSettings {
     std::string (*tail)();
 };
 
-std::string Repeated(const std::string& piece, size_t count) {
+std::string Repeated(const std::string& piece, std::size_t count) {
     std::string text;
     text.reserve(piece.size() * count);
-    for (size_t index = 0; index < count; ++index) text += piece;
+    for (std::size_t index = 0; index < count; ++index) text += piece;
     return text;
 }
 

@@ -23,8 +23,8 @@ std::vector<LibraryCall> ReadCalls(const std::wstring& path) {
     std::vector<LibraryCall> calls;
     for (const std::vector<std::wstring>& fields : ReadLines(path)) {
         LibraryCall call{.thread = fields.at(0), .name = fields.at(1), .arguments = {}};
-        for (size_t index = 2; index < fields.size(); ++index) {
-            const size_t equals = fields[index].find(L'=');
+        for (std::size_t index = 2; index < fields.size(); ++index) {
+            const std::size_t equals = fields[index].find(L'=');
             call.arguments[fields[index].substr(0, equals)] = fields[index].substr(equals + 1);
         }
         calls.push_back(call);

@@ -25,7 +25,7 @@ TEST_F(LibraryContractTest, NamesTheVendorBeforeEveryCall) {
     Run();
     const std::vector<LibraryCall> calls = Calls();
     ASSERT_GE(calls.size(), 5U);
-    for (size_t index = 1; index < calls.size(); index += 2) {
+    for (std::size_t index = 1; index < calls.size(); index += 2) {
         EXPECT_EQ(calls[index].name, L"MsiEnableInstallLog");
         EXPECT_EQ(calls[index].Argument(L"name"), tree.Vendor());
         EXPECT_EQ(calls[index].Argument(L"length"), std::to_wstring(tree.Vendor().size()));
@@ -84,7 +84,7 @@ TEST_F(LibraryContractTest, AnswersProgressAndWhatItDoesNotKnowWithOne) {
 
 // The length of a property document and the capacities with which it is asked for.
 struct LengthCase {
-    size_t length;
+    std::size_t length;
     std::vector<std::wstring> capacities;
 };
 

@@ -36,8 +36,8 @@ public:
         WaitUntil([&] { return !(lines = ReadLines(program.wstring() + L".calls")).empty(); });
         if (lines.empty()) return L"none";
         const std::wstring commandLine = lines.front().front();
-        const size_t end = commandLine.rfind(L'"');
-        const size_t start = commandLine.rfind(L'"', end - 1) + 1;
+        const std::size_t end = commandLine.rfind(L'"');
+        const std::size_t start = commandLine.rfind(L'"', end - 1) + 1;
         return commandLine.substr(start, end - start);
     }
 

@@ -32,7 +32,8 @@ TEST_F(LogTest, BeginsANewFileWithTheFirstRecordAndNoMark) {
     const std::string basic = BytesOf(L"Basic.log");
     // Seven blanks for the empty level, two more, and the year, in UTF-16.
     ASSERT_GT(basic.size(), 20U);
-    for (size_t place = 0; place < 18; place += 2) EXPECT_EQ(basic.substr(place, 2), std::string(" \0", 2));
+    for (std::size_t place = 0; place < 18; place += 2)
+        EXPECT_EQ(basic.substr(place, 2), std::string(" \0", 2));
     EXPECT_EQ(basic.substr(18, 2), std::string("2\0", 2));
     EXPECT_EQ(BytesOf(L"Advanced.log").substr(0, 2), std::string(" \0", 2));
 }

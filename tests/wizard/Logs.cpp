@@ -10,14 +10,14 @@
 namespace {
 
 constexpr std::wstring_view separator = L"  ";
-constexpr size_t levelWidth = 7;
-constexpr size_t timeWidth = 19;
+constexpr std::size_t levelWidth = 7;
+constexpr std::size_t timeWidth = 19;
 
 std::wstring ReadText(const std::wstring& path) {
     std::ifstream file(std::filesystem::path(path), std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     std::wstring text;
-    for (size_t place = 0; place + 1 < bytes.size(); place += 2) {
+    for (std::size_t place = 0; place + 1 < bytes.size(); place += 2) {
         text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[place]) |
                                      static_cast<unsigned char>(bytes[place + 1]) << 8);
     }
@@ -27,7 +27,7 @@ std::wstring ReadText(const std::wstring& path) {
 bool IsTime(std::wstring_view text) {
     constexpr std::wstring_view form = L"0000/00/00-00:00:00";
     if (text.size() != form.size()) return false;
-    for (size_t place = 0; place < form.size(); ++place) {
+    for (std::size_t place = 0; place < form.size(); ++place) {
         const bool digit = text[place] >= L'0' && text[place] <= L'9';
         if (form[place] == L'0' ? !digit : text[place] != form[place]) return false;
     }
@@ -39,15 +39,15 @@ std::wstring WithoutPadding(std::wstring_view text) {
 }
 
 // Takes one field with its separator from the front: all up to the separator behind the least width.
-std::wstring TakeField(std::wstring_view& line, size_t leastWidth) {
-    const size_t end = line.find(separator, leastWidth);
+std::wstring TakeField(std::wstring_view& line, std::size_t leastWidth) {
+    const std::size_t end = line.find(separator, leastWidth);
     const std::wstring field = WithoutPadding(line.substr(0, end));
     line.remove_prefix(end == std::wstring_view::npos ? line.size() : end + separator.size());
     return field;
 }
 
 bool BeginsRecord(std::wstring_view line) {
-    constexpr size_t head = levelWidth + separator.size();
+    constexpr std::size_t head = levelWidth + separator.size();
     return line.size() >= head + timeWidth && IsTime(line.substr(head, timeWidth));
 }
 
@@ -74,8 +74,8 @@ std::vector<LogRecord> ReadLog(const std::wstring& path, LogForm form) {
     constexpr std::wstring_view lineEnd = L"\r\n";
     const std::wstring text = ReadText(path);
     std::vector<LogRecord> records;
-    size_t start = 0;
-    for (size_t end = text.find(lineEnd); end != std::wstring::npos; end = text.find(lineEnd, start)) {
+    std::size_t start = 0;
+    for (std::size_t end = text.find(lineEnd); end != std::wstring::npos; end = text.find(lineEnd, start)) {
         const std::wstring_view line = std::wstring_view(text).substr(start, end - start);
         start = end + lineEnd.size();
         if (BeginsRecord(line)) {

@@ -63,12 +63,12 @@ void NetworkPageTest::UseNetwork(const std::wstring& sondrix, const std::wstring
     use(L"Quelmar.dll", quelmar);
 }
 
-void NetworkPageTest::StartWithRows(size_t count) {
+void NetworkPageTest::StartWithRows(std::size_t count) {
     StartOn(IDC_DISCOVERY_LIST);
     EXPECT_TRUE(WaitForRows(count));
 }
 
-bool NetworkPageTest::WaitForRows(size_t count) const {
+bool NetworkPageTest::WaitForRows(std::size_t count) const {
     return WaitUntil([&] { return Column(0).size() == count; });
 }
 
@@ -112,7 +112,7 @@ std::vector<LibraryCall> NetworkPageTest::NetworkCalls(const std::wstring& name)
     return calls;
 }
 
-bool NetworkPageTest::WaitForSearches(size_t count) const {
+bool NetworkPageTest::WaitForSearches(std::size_t count) const {
     return WaitUntil([&] { return Searches().size() == count; });
 }
 

@@ -27,8 +27,8 @@ protected:
     void Open(const std::wstring& gate) { tree.WriteFile(gate, {}); }
 
     // Starts the program and waits until the page shows so many devices.
-    void StartWithRows(size_t count);
-    bool WaitForRows(size_t count) const;
+    void StartWithRows(std::size_t count);
+    bool WaitForRows(std::size_t count) const;
     bool WaitForHeading(const std::wstring& heading) const;
     std::vector<std::wstring> Column(int column) const;
     void SelectRow(int row) const;
@@ -37,7 +37,7 @@ protected:
 
     // The calls to the two libraries, in their order.
     std::vector<LibraryCall> NetworkCalls(const std::wstring& name) const;
-    bool WaitForSearches(size_t count) const;
+    bool WaitForSearches(std::size_t count) const;
     // The search documents of the runs so far.
     std::vector<std::wstring> Searches() const;
 };

@@ -75,7 +75,7 @@ fs::path BuildFolder() {
 std::string ToUtf8(std::wstring_view text) {
     const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0,
                                            nullptr, nullptr);
-    std::string bytes(static_cast<size_t>(length), '\0');
+    std::string bytes(static_cast<std::size_t>(length), '\0');
     WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(), length, nullptr,
                         nullptr);
     return bytes;

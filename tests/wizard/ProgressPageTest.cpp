@@ -26,7 +26,7 @@ protected:
         tree.Add({.path = L"Applications\\" + name, .install = {.steps = {{L"untilFile", Sign()}}}});
     }
     LRESULT Position() const { return SendMessageW(wizard.FindControl(IDC_PROGRESS_BAR), PBM_GETPOS, 0, 0); }
-    bool WaitForInstalls(size_t count) const {
+    bool WaitForInstalls(std::size_t count) const {
         return WaitUntil([&] { return Installs().size() == count; });
     }
 };
@@ -152,10 +152,10 @@ TEST_F(ProgressPageTest, MovesItsBarBackDuringTheRollBack) {
 }
 
 // A cancel while the package at that position is at work.
-class CancelPointTest : public ProgressPageTest, public testing::WithParamInterface<size_t> {
+class CancelPointTest : public ProgressPageTest, public testing::WithParamInterface<std::size_t> {
 protected:
     void AddThree(bool waitsForCancel) {
-        for (size_t index = 0; index < names.size(); ++index) {
+        for (std::size_t index = 0; index < names.size(); ++index) {
             ScriptedCall install;
             if (index == GetParam() && waitsForCancel)
                 install = {.steps = {{L"untilCancel", {}}}, .code = 1602};

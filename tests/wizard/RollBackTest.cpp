@@ -12,8 +12,8 @@ constexpr ScriptedState older{.installed = true, .upgradable = true};
 class RollBackTest : public ShownRunTest {
 protected:
     // Five packages, of which the one at that position fails.
-    void AddFive(size_t failing, const ScriptedCall& removalOfTheFirst = {}) {
-        for (size_t index = 0; index < names.size(); ++index) {
+    void AddFive(std::size_t failing, const ScriptedCall& removalOfTheFirst = {}) {
+        for (std::size_t index = 0; index < names.size(); ++index) {
             tree.Add({.path = L"Applications\\" + names[index] + L".msi",
                       .install = {.steps = {}, .code = index == failing ? 1603U : 0U},
                       .uninstall = index == 0 ? removalOfTheFirst : ScriptedCall{}});
@@ -29,15 +29,15 @@ protected:
     const std::vector<std::wstring> names = {L"a", L"b", L"c", L"d", L"e"};
 };
 
-class RollBackPositionTest : public RollBackTest, public testing::WithParamInterface<size_t> {};
+class RollBackPositionTest : public RollBackTest, public testing::WithParamInterface<std::size_t> {};
 
 TEST_P(RollBackPositionTest, RemovesInTheOrderOfTheInstallsAndLeavesOutWhatNeverRan) {
-    const size_t failing = GetParam();
+    const std::size_t failing = GetParam();
     AddFive(failing);
     const FinishedRun run = RunAndAnswerTheError();
     std::vector<std::wstring> reached;
     std::wstring status;
-    for (size_t index = 0; index <= failing; ++index) {
+    for (std::size_t index = 0; index <= failing; ++index) {
         reached.push_back(names[index] + L".msi");
         status +=
             Element(L"App " + std::to_wstring(index),

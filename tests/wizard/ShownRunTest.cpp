@@ -7,7 +7,7 @@ namespace {
 constexpr wchar_t divider = L'|';
 
 std::wstring TakePiece(std::wstring& text) {
-    const size_t end = text.find(divider);
+    const std::size_t end = text.find(divider);
     const std::wstring piece = text.substr(0, end);
     text.erase(0, end == std::wstring::npos ? end : end + 1);
     return piece;

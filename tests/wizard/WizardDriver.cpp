@@ -200,10 +200,10 @@ HWND WizardDriver::Focus() const {
 }
 
 std::wstring WizardDriver::TextOf(HWND window) {
-    std::wstring text(static_cast<size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+    std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
     const LRESULT length =
         SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<size_t>(length));
+    text.resize(static_cast<std::size_t>(length));
     return text;
 }
 

@@ -40,7 +40,7 @@ ScriptedState ScriptedLibrary::NextState(std::wstring_view path) {
     const ScriptedPackage* const package = Find(path);
     if (package == nullptr || package->states.empty()) return {};
     const std::lock_guard guard(lock);
-    size_t& given = statesGiven[FileName(path)];
+    std::size_t& given = statesGiven[FileName(path)];
     if (given < package->states.size()) ++given;
     return package->states[given - 1];
 }

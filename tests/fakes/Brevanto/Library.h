@@ -32,7 +32,7 @@ private:
 
     std::wstring folder;
     std::map<std::wstring, ScriptedPackage, std::less<>> packages;
-    std::map<std::wstring, size_t, std::less<>> statesGiven;
+    std::map<std::wstring, std::size_t, std::less<>> statesGiven;
     std::mutex lock;
     std::condition_variable change;
     bool running = false;

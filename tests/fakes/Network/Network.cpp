@@ -13,7 +13,7 @@ namespace {
 
 constexpr wchar_t runVariable[] = L"SCRIPTED_NETWORK_RUN";
 
-size_t RunsBegun() {
+std::size_t RunsBegun() {
     std::array<wchar_t, 16> number{};
     GetEnvironmentVariableW(runVariable, number.data(), number.size());
     return std::wcstoul(number.data(), nullptr, 10);
@@ -39,7 +39,7 @@ const NetworkRun& ScriptedNetwork::NextRun() const {
 }
 
 const NetworkRun& ScriptedNetwork::CurrentRun() const {
-    return runs[std::clamp<size_t>(RunsBegun(), 1, runs.size()) - 1];
+    return runs[std::clamp<std::size_t>(RunsBegun(), 1, runs.size()) - 1];
 }
 
 void ScriptedNetwork::Wait(const NetworkAnswer& answer) const {

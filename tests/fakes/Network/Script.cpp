@@ -14,7 +14,7 @@ std::uint32_t Number(const std::wstring& text) {
 
 std::vector<std::uint8_t> Bytes(const std::wstring& hex) {
     std::vector<std::uint8_t> bytes;
-    for (size_t place = 0; place + 1 < hex.size(); place += 2) {
+    for (std::size_t place = 0; place + 1 < hex.size(); place += 2) {
         bytes.push_back(static_cast<std::uint8_t>(std::stoul(hex.substr(place, 2), nullptr, 16)));
     }
     return bytes;
@@ -38,7 +38,7 @@ void TakeStep(const std::wstring& kind, const std::wstring& argument, NetworkAns
     }
 }
 
-std::wstring Argument(const Fields& fields, size_t place) {
+std::wstring Argument(const Fields& fields, std::size_t place) {
     return fields.size() > place ? fields[place] : std::wstring();
 }
 

@@ -76,7 +76,7 @@ __declspec(dllexport) DWORD APIENTRY
     const std::optional<Share> share = FindShare(question->lpRemoteName);
     if (!share) return WN_BAD_NETNAME;
     if (share->type >= firstError) return share->type;
-    const size_t textSize = (share->name.size() + 1) * sizeof(wchar_t);
+    const std::size_t textSize = (share->name.size() + 1) * sizeof(wchar_t);
     const auto needed = static_cast<DWORD>(sizeof(NETRESOURCEW) + textSize);
     if (*size < needed) {
         *size = needed;

@@ -28,7 +28,7 @@ protected:
     }
 
     ScratchFolder folder;
-    size_t count = 0;
+    std::size_t count = 0;
 };
 
 TEST_F(FindFilesTest, TakesEveryMatchUpToTheLast) {

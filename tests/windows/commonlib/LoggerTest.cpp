@@ -169,7 +169,7 @@ TEST_F(LoggerTest, WritesWithoutALockThatCannotBeMadeNothing) {
 }
 
 TEST_F(LoggerTest, KeepsTheRecordsOfTwoProcessesWhole) {
-    constexpr size_t count = 100;
+    constexpr std::size_t count = 100;
     const std::wstring head = L"write-log \"" + vendor + L"\" " + std::to_wstring(count);
     ChildProcess first(CompanionPath(), head + L" a");
     ChildProcess second(CompanionPath(), head + L" b");

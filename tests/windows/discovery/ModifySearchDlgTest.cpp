@@ -60,7 +60,7 @@ protected:
     void Type(int field, const std::wstring& text) const { SetWindowTextW(At(field), text.c_str()); }
     std::wstring Text(int field) const {
         std::wstring text(600, L'\0');
-        text.resize(static_cast<size_t>(GetWindowTextW(At(field), text.data(), 600)));
+        text.resize(static_cast<std::size_t>(GetWindowTextW(At(field), text.data(), 600)));
         return text;
     }
     bool IsChecked(int radio) const { return SendMessageW(At(radio), BM_GETCHECK, 0, 0) == BST_CHECKED; }

@@ -20,11 +20,11 @@ TEST_F(RollBackTest, RemovesTheFirstThreeOfFiveInTheirOrder) {
     EXPECT_THAT(threadExitCodes, ElementsAre(31U));
 }
 
-class RollBackPositionTest : public InstallTest, public testing::WithParamInterface<size_t> {};
+class RollBackPositionTest : public InstallTest, public testing::WithParamInterface<std::size_t> {};
 
 TEST_P(RollBackPositionTest, RemovesWhatTheRunHasReached) {
     std::vector<std::wstring> reached;
-    for (size_t index = 0; index < 4; ++index) {
+    for (std::size_t index = 0; index < 4; ++index) {
         const std::wstring name(1, static_cast<wchar_t>(L'a' + index));
         Add(name);
         if (index <= GetParam()) reached.push_back(name + L"=2");

@@ -21,7 +21,7 @@ protected:
         std::vector<std::wstring> names;
         const auto count = page.GetDlgItem(IDC_MANUFACTURER_LIST) == nullptr ? 0 : Ask(CB_GETCOUNT, 0);
         for (WPARAM index = 0; index < static_cast<WPARAM>(count); ++index) {
-            std::wstring name(static_cast<size_t>(Ask(CB_GETLBTEXTLEN, index)), L'\0');
+            std::wstring name(static_cast<std::size_t>(Ask(CB_GETLBTEXTLEN, index)), L'\0');
             Ask(CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(name.data()));
             names.push_back(name);
         }

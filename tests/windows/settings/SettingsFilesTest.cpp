@@ -82,7 +82,7 @@ TEST_F(SettingsFilesTest, DropsTheRestOfALineBehindANullByte) {
 
 TEST_F(SettingsFilesTest, ReadsAValueOfAMillionCharacters) {
     LoadDefaults("<A>" + std::string(1 << 20, 'x') + "</A><B>2</B>");
-    EXPECT_EQ(Settings().GetString(L"A").size(), size_t{1} << 20);
+    EXPECT_EQ(Settings().GetString(L"A").size(), std::size_t{1} << 20);
     EXPECT_EQ(Settings().GetString(L"B"), L"2");
 }
 

@@ -48,8 +48,8 @@ std::wstring AddPortPageTest::Cell(int row, int column) const {
     item.iSubItem = column;
     item.pszText = text.data();
     item.cchTextMax = static_cast<int>(text.size());
-    text.resize(static_cast<size_t>(SendMessageW(At(IDC_ADD_PORT_LIST), LVM_GETITEMTEXTW,
-                                                 static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item))));
+    text.resize(static_cast<std::size_t>(SendMessageW(
+        At(IDC_ADD_PORT_LIST), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item))));
     return text;
 }
 
@@ -65,7 +65,7 @@ std::vector<std::wstring> AddPortPageTest::Drivers() const {
         std::wstring name(100, L'\0');
         const LRESULT length = SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(entry),
                                             reinterpret_cast<LPARAM>(name.data()));
-        name.resize(static_cast<size_t>(length));
+        name.resize(static_cast<std::size_t>(length));
         names.push_back(entry == selected ? L"[" + name + L"]" : name);
     }
     return names;

@@ -56,7 +56,7 @@ ChildProcess::~ChildProcess() {
 
 std::optional<std::string> ChildProcess::ReadLine() {
     for (;;) {
-        const size_t end = pending.find('\n');
+        const std::size_t end = pending.find('\n');
         if (end != std::string::npos) {
             std::string line = pending.substr(0, end);
             pending.erase(0, end + 1);

@@ -20,7 +20,7 @@ DialogUser::~DialogUser() {
 
 std::wstring TextOf(HWND window) {
     std::wstring text(400, L'\0');
-    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), 400)));
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), 400)));
     return text;
 }
 

@@ -133,7 +133,7 @@ public:
 
 private:
     std::vector<FirewallRule> rules = FakeFirewall::Rules();
-    size_t place = 0;
+    std::size_t place = 0;
 };
 
 class RuleSet : public Automation<INetFwRules> {

@@ -23,7 +23,7 @@ FARPROC(WINAPI* findExport)(HMODULE, LPCSTR) = nullptr;
 DWORD WINAPI Answer(LPNETRESOURCEW question, LPVOID buffer, LPDWORD size, LPWSTR* rest) {
     asked = Asked{.question = *question, .name = question->lpRemoteName, .room = *size};
     if (scripted.code != NO_ERROR) return scripted.code;
-    const size_t textSize = (scripted.remoteName.size() + 1) * sizeof(wchar_t);
+    const std::size_t textSize = (scripted.remoteName.size() + 1) * sizeof(wchar_t);
     const auto needed = static_cast<DWORD>(sizeof(NETRESOURCEW) + textSize);
     const DWORD room = std::exchange(*size, needed);
     if (room < needed) return ERROR_MORE_DATA;

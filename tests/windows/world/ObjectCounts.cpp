@@ -42,7 +42,7 @@ struct GdiEntry {
 // Where the system does not tell its count, its table does.
 int CountGdiObjects() {
     if (const DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return static_cast<int>(told);
-    constexpr size_t tablePlace = 0xF8;
+    constexpr std::size_t tablePlace = 0xF8;
     constexpr int entryCount = 0x4000;
     const auto* const process =
         reinterpret_cast<const std::uint8_t*>(NtCurrentTeb()->ProcessEnvironmentBlock);
@@ -54,7 +54,7 @@ int CountGdiObjects() {
 
 }  // namespace
 
-void* operator new(size_t size) {
+void* operator new(std::size_t size) {
     void* const block = std::malloc(size == 0 ? 1 : size);
     if (block == nullptr) throw std::bad_alloc();
     ++liveAllocations;
@@ -67,7 +67,7 @@ void operator delete(void* block) noexcept {
     std::free(block);
 }
 
-void operator delete(void* block, size_t) noexcept {
+void operator delete(void* block, std::size_t) noexcept {
     operator delete(block);
 }
 

@@ -36,7 +36,7 @@ std::string ToUtf8(std::wstring_view text) {
     std::string bytes(text.size() * 3, '\0');
     const int written = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
                                             static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<size_t>(written));
+    bytes.resize(static_cast<std::size_t>(written));
     return bytes;
 }
 
