@@ -24,10 +24,10 @@ constexpr DWORD handledMessages = INSTALLLOGMODE_PROGRESS | INSTALLLOGMODE_ACTIO
 class Monitor {
 public:
     // False if a run is on already.
-    bool Begin(InstallProgressCallback callback);
+    bool Begin(InstallProgressCallback newCallback);
     // Waits for a message that is being answered; later ones do not reach the callback.
     void End();
-    void Cancel() { cancelled_ = true; }
+    void Cancel() { cancelled = true; }
 
     void ReportStart();
     // Shows the end of the scale for a run that ended well.
@@ -41,12 +41,12 @@ private:
 
     // The installer may send a message from another thread while one is being answered, and, where the
     // callback shows a dialog, from the same thread.
-    std::recursive_mutex lock_;
-    InstallProgressCallback callback_ = nullptr;
-    ProgressMeter meter_;
-    int reported_ = -1;
-    bool running_ = false;
-    std::atomic<bool> cancelled_ = false;
+    std::recursive_mutex lock;
+    InstallProgressCallback callback = nullptr;
+    ProgressMeter meter;
+    int reported = -1;
+    bool running = false;
+    std::atomic<bool> cancelled = false;
 };
 
 std::vector<int> NumberFields(MSIHANDLE record) {
@@ -58,47 +58,47 @@ std::vector<int> NumberFields(MSIHANDLE record) {
     return numbers;
 }
 
-bool Monitor::Begin(InstallProgressCallback callback) {
-    const std::lock_guard guard(lock_);
-    if (running_) return false;
-    running_ = true;
-    callback_ = callback;
-    meter_ = {};
-    reported_ = -1;
-    cancelled_ = false;
+bool Monitor::Begin(InstallProgressCallback newCallback) {
+    const std::lock_guard guard(lock);
+    if (running) return false;
+    running = true;
+    callback = newCallback;
+    meter = {};
+    reported = -1;
+    cancelled = false;
     return true;
 }
 
 void Monitor::ReportStart() {
-    const std::lock_guard guard(lock_);
+    const std::lock_guard guard(lock);
     Report(true);
 }
 
 void Monitor::End() {
-    const std::lock_guard guard(lock_);
-    running_ = false;
-    callback_ = nullptr;
+    const std::lock_guard guard(lock);
+    running = false;
+    callback = nullptr;
 }
 
 void Monitor::ReportSuccess() {
-    const std::lock_guard guard(lock_);
-    meter_.Complete();
+    const std::lock_guard guard(lock);
+    meter.Complete();
     Report(false);
 }
 
 int Monitor::Answer(UINT messageType, MSIHANDLE record) {
-    const std::lock_guard guard(lock_);
-    if (!running_) return 0;
+    const std::lock_guard guard(lock);
+    if (!running) return 0;
     switch (messageType & 0xFF000000U) {
         case INSTALLMESSAGE_FILESINUSE:
             return AnswerFilesInUse(L"FILE_IN_USE", record);
         case INSTALLMESSAGE_RMFILESINUSE:
             return AnswerFilesInUse(L"RM_FILE_IN_USE", record);
         case INSTALLMESSAGE_PROGRESS:
-            ApplyProgress(NumberFields(record), meter_);
+            ApplyProgress(NumberFields(record), meter);
             return Report(false);
         case INSTALLMESSAGE_ACTIONDATA:
-            meter_.AddActionData();
+            meter.AddActionData();
             return Report(false);
         // The callback may hold the installer while it asks its user something, so each action gives it
         // occasion to.
@@ -118,14 +118,14 @@ int Monitor::AnswerFilesInUse(const wchar_t* kind, MSIHANDLE record) {
 }
 
 int Monitor::Report(bool always) {
-    if (!always && meter_.Percent() == reported_) return cancelled_ ? IDCANCEL : IDOK;
-    reported_ = meter_.Percent();
-    return Ask(PercentDocument(reported_));
+    if (!always && meter.Percent() == reported) return cancelled ? IDCANCEL : IDOK;
+    reported = meter.Percent();
+    return Ask(PercentDocument(reported));
 }
 
 int Monitor::Ask(const std::wstring& document) {
-    const int answer = callback_ != nullptr ? callback_(document.c_str()) : 0;
-    return cancelled_ ? IDCANCEL : answer;
+    const int answer = callback != nullptr ? callback(document.c_str()) : 0;
+    return cancelled ? IDCANCEL : answer;
 }
 
 Monitor& TheMonitor() {
@@ -144,19 +144,19 @@ INT CALLBACK OnInstallerMessage(LPVOID, UINT messageType, MSIHANDLE record) {
 // Takes the installer's messages for as long as it lives.
 class MessageScope {
 public:
-    MessageScope() : previousLevel_(MsiSetInternalUI(INSTALLUILEVEL_NONE, nullptr)) {
+    MessageScope() : previousLevel(MsiSetInternalUI(INSTALLUILEVEL_NONE, nullptr)) {
         MsiSetExternalUIRecord(OnInstallerMessage, handledMessages, nullptr, nullptr);
     }
     ~MessageScope() {
         MsiSetExternalUIRecord(nullptr, 0, nullptr, nullptr);
-        MsiSetInternalUI(previousLevel_, nullptr);
+        MsiSetInternalUI(previousLevel, nullptr);
         TheMonitor().End();
     }
     MessageScope(const MessageScope&) = delete;
     MessageScope& operator=(const MessageScope&) = delete;
 
 private:
-    INSTALLUILEVEL previousLevel_;
+    INSTALLUILEVEL previousLevel;
 };
 
 bool IsSuccess(UINT code) {

@@ -21,8 +21,8 @@ struct InstalledProduct {
     ProductVersion version;
 };
 
-// How a package stands to what is installed. With `installed` at most one of `upToDate` and `upgradable`
-// holds; with neither the installed product is newer than the package.
+// How a package stands to what is installed. An installed product is up to date, upgradable or, with neither
+// flag, newer than the package.
 struct InstalledState {
     bool installed = false;
     bool upToDate = false;

@@ -11,7 +11,7 @@
 
 namespace brevanto {
 
-// Reads the whole Property table of the package into `properties`, in the order of the table. Returns 0 or
+// Reads the whole Property table of the package into the list, in the order of the table. Returns 0 or
 // the code of the installer, and then leaves the list empty.
 UINT ReadPackage(const std::wstring& packagePath, std::vector<Property>& properties);
 

@@ -9,24 +9,24 @@ constexpr int preparingShare = 10;
 
 }  // namespace
 
-void ProgressMeter::BeginPhase(std::int64_t total, bool backward, bool preparing) {
-    total_ = total;
-    done_ = 0;
-    ticksPerData_ = 0;
-    backward_ = backward;
-    phaseStart_ = percent_;
-    const int left = 100 - percent_;
-    phaseShare_ = preparing ? std::min(preparingShare, left) : left;
+void ProgressMeter::BeginPhase(std::int64_t ticks, bool isBackward, bool isPreparing) {
+    total = ticks;
+    done = 0;
+    ticksPerData = 0;
+    backward = isBackward;
+    phaseStart = percent;
+    const int left = 100 - percent;
+    phaseShare = isPreparing ? std::min(preparingShare, left) : left;
 }
 
 void ProgressMeter::AddTicks(std::int64_t ticks) {
-    if (backward_ || total_ <= 0 || ticks <= 0) return;
-    done_ = std::min(done_ + ticks, total_);
-    percent_ = std::max(percent_, phaseStart_ + static_cast<int>(phaseShare_ * done_ / total_));
+    if (backward || total <= 0 || ticks <= 0) return;
+    done = std::min(done + ticks, total);
+    percent = std::max(percent, phaseStart + static_cast<int>(phaseShare * done / total));
 }
 
 void ProgressMeter::ExtendPhase(std::int64_t ticks) {
-    if (ticks > 0) total_ += ticks;
+    if (ticks > 0) total += ticks;
 }
 
 }  // namespace brevanto

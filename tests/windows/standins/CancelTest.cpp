@@ -25,7 +25,7 @@ TEST_F(CancelTest, EndsARunThatIsHalfWay) {
     std::uint32_t code = 0;
     std::thread installing([&] { code = Install(L"ticking.msi"); });
     EXPECT_TRUE(WaitForTicks());
-    library_.cancel();
+    library.cancel();
     installing.join();
     EXPECT_EQ(code, static_cast<std::uint32_t>(ERROR_INSTALL_USEREXIT));
     EXPECT_FALSE(State(L"ticking.msi").installed);
@@ -33,7 +33,7 @@ TEST_F(CancelTest, EndsARunThatIsHalfWay) {
 
 TEST_F(CancelTest, EndsARunFromInsideTheCallback) {
     AnswerWith([this](const std::wstring& message) {
-        if (message != L"<PERCENT>0</PERCENT>") library_.cancel();
+        if (message != L"<PERCENT>0</PERCENT>") library.cancel();
         return IDOK;
     });
     EXPECT_EQ(Install(L"ticking.msi"), static_cast<std::uint32_t>(ERROR_INSTALL_USEREXIT));
@@ -49,20 +49,20 @@ TEST_F(CancelTest, EndsARunByTheAnswerOfTheCallback) {
 TEST_F(CancelTest, ComesBeforeTheAnswerThatIsBeingGiven) {
     AnswerWith([this](const std::wstring& message) {
         if (!message.starts_with(L"<FILE_IN_USE>")) return IDOK;
-        library_.cancel();
+        library.cancel();
         return IDRETRY;
     });
     EXPECT_NE(Install(L"filesinuse.msi"), 0U);
 }
 
 TEST_F(CancelTest, WithoutARunHasNoEffectOnTheNext) {
-    library_.cancel();
+    library.cancel();
     EXPECT_EQ(Install(L"plain-1.0.msi"), 0U);
 }
 
 TEST_F(CancelTest, DoesNotOutlastItsRun) {
     AnswerWith([this](const std::wstring&) {
-        library_.cancel();
+        library.cancel();
         return IDOK;
     });
     EXPECT_EQ(Install(L"ticking.msi"), static_cast<std::uint32_t>(ERROR_INSTALL_USEREXIT));
@@ -76,7 +76,7 @@ TEST_F(CancelTest, LeavesASecondRunOutWhileOneIsOn) {
     std::thread installing([&] { code = Install(L"ticking.msi"); });
     EXPECT_TRUE(WaitForTicks());
     EXPECT_EQ(Install(L"plain-1.0.msi"), static_cast<std::uint32_t>(ERROR_INSTALL_ALREADY_RUNNING));
-    library_.cancel();
+    library.cancel();
     installing.join();
     EXPECT_EQ(code, static_cast<std::uint32_t>(ERROR_INSTALL_USEREXIT));
 }

@@ -71,7 +71,7 @@ TEST_F(InstallTest, StartsThePercentageAnewForEachPackage) {
 
 TEST_F(InstallTest, WorksWithoutACallbackAndWithoutADocument) {
     const std::wstring path = Package(L"plain-1.0.msi");
-    EXPECT_EQ(library_.installApp(path.c_str(), static_cast<std::uint32_t>(path.size()), nullptr, nullptr, 0),
+    EXPECT_EQ(library.installApp(path.c_str(), static_cast<std::uint32_t>(path.size()), nullptr, nullptr, 0),
               0U);
     EXPECT_TRUE(Exists(InstalledFile(L"Plain")));
 }
@@ -79,7 +79,7 @@ TEST_F(InstallTest, WorksWithoutACallbackAndWithoutADocument) {
 TEST_F(InstallTest, ReadsThePathUpToTheLengthThatIsGiven) {
     const std::wstring path = Package(L"plain-1.0.msi");
     const std::wstring longer = path + L".and more";
-    EXPECT_EQ(library_.installApp(longer.c_str(), static_cast<std::uint32_t>(path.size()), nullptr, L"", 0),
+    EXPECT_EQ(library.installApp(longer.c_str(), static_cast<std::uint32_t>(path.size()), nullptr, L"", 0),
               0U);
 }
 
@@ -150,8 +150,7 @@ TEST_F(InstallTest, NeverCallsBackFromALaterRun) {
     static int earlierCalls = 0;
     const std::wstring path = Package(L"plain-1.0.msi");
     const auto earlier = [](const wchar_t*) -> std::int32_t { return ++earlierCalls, IDOK; };
-    EXPECT_EQ(library_.installApp(path.c_str(), static_cast<std::uint32_t>(path.size()), earlier, L"", 0),
-              0U);
+    EXPECT_EQ(library.installApp(path.c_str(), static_cast<std::uint32_t>(path.size()), earlier, L"", 0), 0U);
     const int calls = earlierCalls;
     EXPECT_GT(calls, 0);
     EXPECT_EQ(Uninstall(L"plain-1.0.msi"), 0U);

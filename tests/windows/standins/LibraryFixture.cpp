@@ -62,15 +62,15 @@ void LibraryTest::SetUp() {
     answerTo = nullptr;
     const HMODULE module = LoadLibraryW((OwnFolder() + L"Brevanto.dll").c_str());
     ASSERT_NE(module, nullptr);
-    Find(module, "MsiInitialize", library_.initialize);
-    Find(module, "MsiEnableInstallLog", library_.enableInstallLog);
-    Find(module, "MsiInstallApp", library_.installApp);
-    Find(module, "MsiUninstallApp", library_.uninstallApp);
-    Find(module, "MsiCancel", library_.cancel);
-    Find(module, "MsiGetProperties", library_.getProperties);
-    Find(module, "MsiIsAppInstalledByLang", library_.isAppInstalled);
-    library_.initialize();
-    library_.enableInstallLog(L"Testwerk", 8);
+    Find(module, "MsiInitialize", library.initialize);
+    Find(module, "MsiEnableInstallLog", library.enableInstallLog);
+    Find(module, "MsiInstallApp", library.installApp);
+    Find(module, "MsiUninstallApp", library.uninstallApp);
+    Find(module, "MsiCancel", library.cancel);
+    Find(module, "MsiGetProperties", library.getProperties);
+    Find(module, "MsiIsAppInstalledByLang", library.isAppInstalled);
+    library.initialize();
+    library.enableInstallLog(L"Testwerk", 8);
 }
 
 void LibraryTest::TearDown() {
@@ -99,13 +99,13 @@ std::wstring LibraryTest::Noted(const std::wstring& id, const std::wstring& prop
 
 std::uint32_t LibraryTest::Install(const std::wstring& fileName, const std::wstring& commandDocument) {
     const std::wstring path = Package(fileName);
-    return library_.installApp(path.c_str(), static_cast<std::uint32_t>(path.size()), OnMessage,
-                               commandDocument.c_str(), static_cast<std::uint32_t>(commandDocument.size()));
+    return library.installApp(path.c_str(), static_cast<std::uint32_t>(path.size()), OnMessage,
+                              commandDocument.c_str(), static_cast<std::uint32_t>(commandDocument.size()));
 }
 
 std::uint32_t LibraryTest::Uninstall(const std::wstring& fileName) {
     const std::wstring path = Package(fileName);
-    return library_.uninstallApp(path.c_str(), static_cast<std::uint32_t>(path.size()), OnMessage);
+    return library.uninstallApp(path.c_str(), static_cast<std::uint32_t>(path.size()), OnMessage);
 }
 
 PackageState LibraryTest::State(const std::wstring& fileName) {
@@ -114,8 +114,8 @@ PackageState LibraryTest::State(const std::wstring& fileName) {
     std::uint8_t upgradable = 7;
     std::uint8_t minorUpgrade = 7;
     const std::uint8_t installed =
-        library_.isAppInstalled(path.c_str(), static_cast<std::uint32_t>(path.size()), &upToDate, &upgradable,
-                                &minorUpgrade, L"1033");
+        library.isAppInstalled(path.c_str(), static_cast<std::uint32_t>(path.size()), &upToDate, &upgradable,
+                               &minorUpgrade, L"1033");
     EXPECT_LE(std::max({upToDate, upgradable, minorUpgrade}), 1);
     return {installed == 1, upToDate == 1, upgradable == 1, minorUpgrade == 1};
 }

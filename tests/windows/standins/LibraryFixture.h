@@ -57,5 +57,5 @@ protected:
     static std::vector<std::wstring> Messages();
     static std::vector<int> Percentages();
 
-    Library library_{};
+    Library library{};
 };

@@ -21,8 +21,8 @@ protected:
     Answer Ask(const std::wstring& fileName, const wchar_t* language, std::uint32_t capacity) {
         std::vector<wchar_t> buffer(capacity + 1, L'#');
         Answer answer{.code = 0, .needed = 4711, .text = {}};
-        answer.code = library_.getProperties(Package(fileName).c_str(), language, buffer.data(), capacity,
-                                             &answer.needed);
+        answer.code = library.getProperties(Package(fileName).c_str(), language, buffer.data(), capacity,
+                                            &answer.needed);
         buffer.back() = L'\0';
         answer.text = buffer.data();
         return answer;
@@ -74,7 +74,7 @@ TEST_F(PropertiesTest, OfAFileThatIsNoPackageAreAnErrorOfLengthZero) {
     std::ofstream("no-package.msi") << "This is no package.";
     std::uint32_t needed = 4711;
     wchar_t buffer[10] = L"#";
-    EXPECT_NE(library_.getProperties(L"no-package.msi", L"1033", buffer, 10, &needed), 0U);
+    EXPECT_NE(library.getProperties(L"no-package.msi", L"1033", buffer, 10, &needed), 0U);
     EXPECT_EQ(needed, 0U);
     EXPECT_EQ(std::wstring(buffer), L"#");
     EXPECT_NE(Ask(L"missing.msi", L"1033", 10).code, 0U);
@@ -84,13 +84,12 @@ TEST_F(PropertiesTest, OfAFileThatIsNoPackageAreAnErrorOfLengthZero) {
 
 TEST_F(PropertiesTest, OfNoPathAreAnInvalidParameter) {
     std::uint32_t needed = 4711;
-    EXPECT_EQ(library_.getProperties(nullptr, nullptr, nullptr, 0, &needed),
+    EXPECT_EQ(library.getProperties(nullptr, nullptr, nullptr, 0, &needed),
               static_cast<std::uint32_t>(ERROR_INVALID_PARAMETER));
     EXPECT_EQ(needed, 0U);
-    EXPECT_EQ(library_.installApp(nullptr, 0, nullptr, nullptr, 0),
+    EXPECT_EQ(library.installApp(nullptr, 0, nullptr, nullptr, 0),
               static_cast<std::uint32_t>(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(library_.uninstallApp(nullptr, 0, nullptr),
-              static_cast<std::uint32_t>(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(library.uninstallApp(nullptr, 0, nullptr), static_cast<std::uint32_t>(ERROR_INVALID_PARAMETER));
 }
 
 }  // namespace
