@@ -1,3 +1,4 @@
+// Files that the programs of the sample leave behind.
 #pragma once
 
 #include <windows.h>

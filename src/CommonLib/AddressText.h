@@ -1,9 +1,8 @@
+// Checks of what a user types as an address. Both take time in proportion to the text and may run on any
+// thread.
 #pragma once
 
 #include <string_view>
-
-// Checks of what a user types as an address. Both take time in proportion to the text and may run on any
-// thread.
 
 // Returns true if the text is one or more labels joined by ".", each of ASCII letters, digits and hyphens
 // with no hyphen at its edges. There is no limit to the length.

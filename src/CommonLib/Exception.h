@@ -1,3 +1,4 @@
+// What the program throws.
 #pragma once
 
 #include <cstdint>

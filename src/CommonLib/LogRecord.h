@@ -1,11 +1,10 @@
+// The form of a log record: columns padded with blanks, which a longer text pushes to the right. Both
+// functions may run on any thread and return one record with its line end; the message goes in as it is.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-// The form of a log record: columns padded with blanks, which a longer text pushes to the right. Both
-// functions may run on any thread and return one record with its line end; the message goes in as it is.
 
 struct LogTime {
     unsigned year = 0;

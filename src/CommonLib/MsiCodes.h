@@ -1,8 +1,8 @@
+// The codes of Windows Installer and of its library that this program tells apart.
 #pragma once
 
 #include <cstdint>
 
-// The codes of Windows Installer and of its library that this program tells apart.
 namespace MsiCode {
 
 inline constexpr std::uint32_t Success = 0;

@@ -1,11 +1,10 @@
+// Small conversions of text. All may run on any thread, and none depends on the user's language.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-// Small conversions of text. All may run on any thread, and none depends on the user's language.
 
 // Returns the number in base 10.
 std::wstring ToDecimalString(std::uint32_t number);

@@ -1,3 +1,4 @@
+// The record of a package.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+// What the properties of a package mean. Functions of their arguments, for any thread.
 #pragma once
 
 #include <string>
@@ -5,8 +6,6 @@
 #include <vector>
 
 #include "catalogue/MSI_APP.h"
-
-// What the properties of a package mean. Functions of their arguments, for any thread.
 
 // Returns the megabytes of a text such as "12.5MB"; the unit may be missing. 0 where no number leads.
 double InstallSizeInMb(std::wstring_view text);

@@ -1,3 +1,4 @@
+// The document that tells a package's installation what to do.
 #pragma once
 
 #include <string>

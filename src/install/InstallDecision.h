@@ -1,3 +1,4 @@
+// The decisions of an install run as plain data. Functions of their arguments, for any thread.
 #pragma once
 
 #include <cstdint>
@@ -5,8 +6,6 @@
 
 #include "catalogue/MSI_APP.h"
 #include "catalogue/PackageStatus.h"
-
-// The decisions of an install run as plain data. Functions of their arguments, for any thread.
 
 enum class InstallAction {
     ReportNewer,        // something newer is installed: report it and go on with the next record

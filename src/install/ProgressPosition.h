@@ -1,8 +1,7 @@
+// How far the progress bar stands. Functions of their arguments, for any thread.
 #pragma once
 
 #include <optional>
-
-// How far the progress bar stands. Functions of their arguments, for any thread.
 
 // Returns the step count after one more step: never total on the way forward, never 0 on the way back.
 int NextStep(int current, int total, bool uninstalling);

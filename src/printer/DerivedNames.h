@@ -1,3 +1,5 @@
+// Names, tags and codes that are computed from settings. Everything here is a function of its arguments and
+// may run on any thread; a setting that is missing is handed in as the empty text.
 #pragma once
 
 #include <map>
@@ -5,9 +7,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-// Names, tags and codes that are computed from settings. Everything here is a function of its arguments and
-// may run on any thread; a setting that is missing is handed in as the empty text.
 
 struct NameInputs {
     bool isFaxDriver = false;

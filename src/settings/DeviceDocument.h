@@ -1,3 +1,5 @@
+// Operations on one device document, a tag document. They change the text in place; a document belongs to one
+// thread at a time.
 #pragma once
 
 #include <string>
@@ -7,9 +9,6 @@
 inline constexpr std::wstring_view networkPortType = L"Standard TCP/IP Port";
 inline constexpr std::wstring_view localPortType = L"Local Port";
 inline constexpr std::wstring_view usbPortType = L"USB";
-
-// Operations on one device document, a tag document. They change the text in place; a document belongs to one
-// thread at a time.
 
 // Sets a tag. The value "USB" for a device with the fax driver sets its local port instead, whatever the tag.
 void SetDeviceTag(std::wstring& device, std::wstring_view name, std::wstring_view value);

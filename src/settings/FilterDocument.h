@@ -1,3 +1,4 @@
+// Filters, by which records are picked.
 #pragma once
 
 #include <functional>

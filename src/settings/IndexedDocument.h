@@ -1,3 +1,4 @@
+// A tag document for many operations in a row.
 #pragma once
 
 #include <cstddef>

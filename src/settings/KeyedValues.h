@@ -1,3 +1,4 @@
+// Values that bring their keys along.
 #pragma once
 
 #include <map>

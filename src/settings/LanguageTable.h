@@ -1,3 +1,4 @@
+// The language files and the languages that they serve.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+// The merge of a settings file into the settings.
 #pragma once
 
 #include <string>

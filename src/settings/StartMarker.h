@@ -1,10 +1,9 @@
+// The start marker is the UTF-8 byte order mark as it looks when it was read one byte per character: the
+// characters U+00EF, U+00BB, U+00BF. Both functions may run on any thread.
 #pragma once
 
 #include <string>
 #include <string_view>
-
-// The start marker is the UTF-8 byte order mark as it looks when it was read one byte per character: the
-// characters U+00EF, U+00BB, U+00BF. Both functions may run on any thread.
 
 // Returns true if the document holds the marker anywhere.
 bool HoldsStartMarker(std::wstring_view document);

@@ -1,13 +1,13 @@
+// Operations on a tag document: a plain text of <NAME>value</NAME> elements that is searched and never
+// parsed. Nothing is escaped, nesting is not seen, names are compared exactly, and the first element of a
+// name is the one that counts. All operations are free of state, may run on any thread, take time in
+// proportion to the document, and fail only where memory runs out.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-// Operations on a tag document: a plain text of <NAME>value</NAME> elements that is searched and never
-// parsed. Nothing is escaped, nesting is not seen, names are compared exactly, and the first element of a
-// name is the one that counts. All operations are free of state, may run on any thread, take time in
-// proportion to the document, and fail only where memory runs out.
 namespace TagDocument {
 
 // Reads the first element of that name into value and returns true; an empty element gives the empty value.

@@ -1,10 +1,9 @@
-#pragma once
-
-#include <string_view>
-
 // The searches on which the tag document operations stand. They take time in proportion to the document, also
 // where name and document are made to provoke the opposite, and may run on any thread. A position is a count
 // of characters; std::wstring_view::npos says that there is none.
+#pragma once
+
+#include <string_view>
 
 struct TagPositions {
     std::size_t open = std::wstring_view::npos;

@@ -1,10 +1,9 @@
+// Steps that turn a value of a language file into the text on the screen. All may run on any thread.
 #pragma once
 
 #include <functional>
 #include <string>
 #include <string_view>
-
-// Steps that turn a value of a language file into the text on the screen. All may run on any thread.
 
 // Turns each "&amp;" into "&", the mark of an access key. surplus receives how many were found behind the
 // first one, which is the number of records that the caller writes.

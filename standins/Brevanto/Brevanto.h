@@ -1,12 +1,11 @@
-#pragma once
-
-#include <cstdint>
-
 // The eight operations by which a program reaches installer packages.
 //
 // Paths, documents and names are UTF-16 and zero-terminated; a length given with one counts code units
 // without the terminator and decides where the text ends. Return codes are those of Windows Installer.
 // Nothing throws.
+#pragma once
+
+#include <cstdint>
 
 // Receives the messages of a run: a tag document with PERCENT, or with FILE_IN_USE or RM_FILE_IN_USE and
 // APPLICATION_NAME. Its result answers the message: 1 (IDOK) to go on, 2 (IDCANCEL) to end the run, and for

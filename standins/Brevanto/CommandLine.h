@@ -1,3 +1,4 @@
+// The installer's command line for a command document.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+// The log that the installer keeps of its runs.
 #pragma once
 
 #include <string>

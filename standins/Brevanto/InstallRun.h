@@ -1,3 +1,4 @@
+// One run of the installer and its cancel.
 #pragma once
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// How a package stands to what is installed.
 #pragma once
 
 #include <string>

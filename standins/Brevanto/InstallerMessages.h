@@ -1,3 +1,4 @@
+// The installer's messages as documents for the callback.
 #pragma once
 
 #include <string>

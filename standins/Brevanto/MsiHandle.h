@@ -1,3 +1,4 @@
+// Owner of handles of Windows Installer.
 #pragma once
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// What is read from a package file.
 #pragma once
 
 #include <windows.h>

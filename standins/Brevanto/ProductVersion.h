@@ -1,3 +1,4 @@
+// Versions of products.
 #pragma once
 
 #include <compare>

@@ -1,3 +1,4 @@
+// The percentage of a run.
 #pragma once
 
 #include <cstdint>

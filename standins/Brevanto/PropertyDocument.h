@@ -1,3 +1,4 @@
+// The properties of a package as a tag document.
 #pragma once
 
 #include <string>

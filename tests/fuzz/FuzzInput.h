@@ -1,3 +1,4 @@
+// What the fuzzers share.
 #pragma once
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// The operations as plainly as they can be put, without a thought for speed, and texts to compare them on.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +7,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-// The operations as plainly as they can be put, without a thought for speed, and texts to compare them on.
 
 // The names of all matches of <(.+?)>(.+?)</\1>, found by std::wregex.
 std::vector<std::wstring> ElementNamesByRegex(const std::wstring& document);

@@ -1,3 +1,4 @@
+// The stand-in library in a test.
 #pragma once
 
 #include <windows.h>
