@@ -5,8 +5,8 @@
 #include <string>
 
 // Runs the setup program and waits for it; the window of the calling thread stays painted meanwhile, and all
-// other input to it is dropped. Gives the program's exit code, or 0 if it cannot be started, which then reads
-// as a success, and this is meant.
+// other input to it is dropped. Returns the program's exit code.
+// By design: 0, which reads as a success, if the program cannot be started.
 std::uint32_t InstallDotNetRuntime(const std::wstring& setupPath);
 
 // The value "Install" of that key of the machine's registry, 0 if there is none.

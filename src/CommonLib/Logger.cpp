@@ -116,7 +116,7 @@ void Logger::AppendToFile(const std::wstring& path, const std::wstring& text) {
                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return;
-    // The size's low 32 bits alone place the record, and this is meant.
+    // By design: the low 32 bits of the size alone place the record.
     LONG highPart = 0;
     SetFilePointer(file.get(), static_cast<LONG>(GetFileSize(file.get(), nullptr)), &highPart, FILE_BEGIN);
     DWORD written = 0;

@@ -26,7 +26,7 @@ SecurityEveryone::SecurityEveryone() : descriptor(LocalAlloc(LPTR, SECURITY_DESC
     attributes.lpSecurityDescriptor = descriptor.get();
 }
 
-// The failures here carry the text of the descriptor's own failure, and this is meant.
+// By design: the failures here carry the text of the descriptor's own failure.
 void SecurityEveryone::AllowEveryone() {
     acl.resize(sizeof(ACL) + sizeof(ACCESS_ALLOWED_ACE) - sizeof(DWORD) + GetLengthSid(sid.get()));
     auto* const list = reinterpret_cast<ACL*>(acl.data());

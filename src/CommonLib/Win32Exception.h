@@ -13,8 +13,8 @@ public:
     Win32Exception(std::wstring message, std::uint32_t code, std::wstring file,
                    std::int32_t line = __builtin_LINE());
 
-    // "Win32(", the code in decimal and the system's words for it, or empty for code 0. The parenthesis is
-    // not closed, and this is meant.
+    // "Win32(", the code in decimal and the system's words for it, or empty for code 0.
+    // By design: the parenthesis is not closed.
     std::wstring getCodeText() const override;
 };
 

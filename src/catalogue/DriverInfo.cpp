@@ -92,7 +92,7 @@ bool DriverInfo::ReadDriverProperties(IMsiInterface& msi, const std::wstring& la
         LogAdvanced(L"Failed to get DRIVERNAME property. Return Code: " + ToDecimalString(nameCode));
     }
     if (read(Property::DRIVERID, record.driverId) != MsiCode::Success) {
-        // The code is that of the name's reading, and this is meant.
+        // By design: the code is that of reading the name.
         LogAdvanced(L"Failed to get DRIVERID property. Return Code: " + ToDecimalString(nameCode));
     }
     ClassifyDriver(record);

@@ -118,7 +118,7 @@ std::uint32_t MsiInterface::FetchDocument(const std::wstring& packagePath, const
                                           std::wstring& document) {
     if (!library) return MsiCode::Success;
     EnableInstallLog();
-    // The text names another export than the one that is missing, and this is meant.
+    // By design: the text names another export than the one that is missing.
     const auto getProperties =
         Find<GetPropertiesFunction>("MsiGetProperties", L"Failed to find MsiGetPropertyValue method");
     if (getProperties == nullptr) return MsiCode::Success;

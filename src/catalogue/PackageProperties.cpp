@@ -20,7 +20,7 @@ std::wstring JoinDependentNames(const std::vector<std::wstring>& names, std::wst
 }
 
 bool SupportsSystem(std::wstring_view supportedOs, std::wstring_view systemName) {
-    // A single entry is not compared, so such a package is offered on every system. This is meant.
+    // By design: a single entry is not compared, so such a package is offered on every system.
     if (supportedOs.find(L';') == std::wstring_view::npos) return true;
     const auto names = SplitClosed(std::wstring(supportedOs) + L';', L';');
     return std::find(names.begin(), names.end(), systemName) != names.end();
@@ -28,7 +28,7 @@ bool SupportsSystem(std::wstring_view supportedOs, std::wstring_view systemName)
 
 bool MatchesDeviceType(std::wstring_view recordType, std::wstring_view wanted) {
     if (recordType.empty() || recordType == wanted) return true;
-    // What follows the last ";" is not compared, and this is meant.
+    // By design: what follows the last ";" is not compared.
     const auto types = SplitClosed(wanted, L';');
     return std::find(types.begin(), types.end(), recordType) != types.end();
 }

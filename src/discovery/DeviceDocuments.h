@@ -14,8 +14,9 @@
 
 // Everything here computes on its arguments alone and takes time in proportion to them.
 
-// Returns the documents of an enumeration: each is closed by a NUL or by ";", so that a ";" in a value splits
-// its document, and this is meant. Empty ones and a rest that nothing closes are dropped.
+// Returns the documents of an enumeration, each closed by a NUL or by ";". Empty ones and a rest that nothing
+// closes are dropped.
+// By design: a ";" in a value splits its document.
 std::vector<std::wstring> SplitEnumeration(std::wstring listed);
 
 // Returns the address of each document followed by ";". A document without the tag adds the ";" alone.

@@ -40,8 +40,9 @@ std::wstring Request(std::wstring_view tag, std::wstring_view addresses) {
            TagDocument::MakeElement(Tag::TIMEOUT, timeoutInMilliseconds);
 }
 
-// The reply packet of one device; nothing if the exchange fails. The first call tells a size of 0, whatever
-// the buffer holds, so it normally only learns the length, and this is meant.
+// The reply packet of one device; nothing if the exchange fails.
+// By design: the first call says a size of 0, whatever the buffer holds, so it normally only learns the
+// length.
 std::optional<std::vector<std::uint8_t>> Exchange(ExchangeFunction exchange, const std::wstring& address) {
     const std::wstring request = Request(Tag::IPADDRESS, address);
     std::vector<std::uint8_t> reply(firstReplySize);

@@ -22,10 +22,10 @@ public:
 
     // The colour of the first device of that series, else empty.
     std::wstring FindColourBySeries(std::wstring_view series) const;
-    // The last device with that address: later ones win, and this is meant. An empty record without one.
+    // The last device with that address, since later ones win. An empty record without one.
     DiscoveredDevice LastWithAddress(std::wstring_view address) const;
-    // The last device of that series, whichever row was picked, and this is meant. An empty record without
-    // one.
+    // The last device of that series. An empty record without one.
+    // By design: the last one counts, whichever row was picked.
     DiscoveredDevice LastOfSeries(std::wstring_view series) const;
     // Of the first device with that hardware address, false without one.
     bool IsMultiFunction(std::wstring_view macAddress) const;

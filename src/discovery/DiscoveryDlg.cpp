@@ -20,7 +20,7 @@
 
 namespace {
 
-// The fourth row of a new list is the one that is proposed, and this is meant.
+// The fourth row of a new list is the one that is proposed.
 constexpr int proposedRow = 3;
 
 constexpr wchar_t nimbojetType[] = L"NIMBOJET";
@@ -233,8 +233,8 @@ std::wstring DiscoveryDlg::GetDriverForSelection() const {
     return GetDefaultDriver(settings, discovered.FindColourBySeries(name));
 }
 
-// Goes by the address as it is shown: with the marks of a language that reads from right to left no device is
-// found, and this is meant.
+// Goes by the address as it is shown.
+// By design: with the marks of a language that reads from right to left no device is found.
 DiscoveredDevice DiscoveryDlg::SelectedDevice() const {
     return discovered.LastWithAddress(deviceList.SelectedAddress());
 }

@@ -191,8 +191,8 @@ void ModifySearchDlg::Check() {
     }
 }
 
-// A text that was checked before is refused, valid or not, until it changes, and this is meant. A text that
-// is cut off counts as good without a test.
+// A text that is cut off counts as good without a test.
+// By design: a text that was checked before is refused, valid or not, until it changes.
 bool ModifySearchDlg::CheckHost() {
     const std::wstring text = hostEdit.GetText(longestHost + 1);
     if (text.empty()) forceCheck = false;
@@ -245,7 +245,7 @@ void ModifySearchDlg::Complain(CEdit& edit, std::wstring_view textKey) {
     MessageBeep(MB_OK);
 }
 
-// Enter confirms past the check, whether OK is enabled or not, and this is meant.
+// By design: Enter confirms past the check, whether OK is enabled or not.
 bool ModifySearchDlg::PreTranslateMessage(MSG* message) {
     if (message->message == WM_KEYDOWN && message->wParam == VK_RETURN) {
         OnOK();

@@ -10,5 +10,6 @@ struct SortedCell {
 };
 
 // Compares two cells for the item sort of a list view: below 0 if the first goes in front. Addresses and
-// port names go by their numbers, other texts by code unit. Equal texts give -1, never 0, and this is meant.
+// port names go by their numbers, other texts by code unit.
+// By design: equal texts return -1, never 0.
 int CompareCells(const SortedCell& first, const SortedCell& second, bool ascending);

@@ -78,7 +78,7 @@ std::uint32_t InstallService::ReadDotNetResult(std::uint32_t code) {
 void InstallService::ReportDotNetError(std::uint32_t code) {
     if (!ShowErrorDialog(page, settings, code)) return;
     LogBasic(L"Unknown error code during .net installation", LogLevel::Error);
-    // The two blanks are meant.
+    // By design: two blanks.
     LogBasic(L"InstallService::InstallDotNet:  Unknown error code: " + ToDecimalString(code),
              LogLevel::Error);
     settings.SetBool(Tag::DOTNET_FAILED, true);

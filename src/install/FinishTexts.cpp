@@ -31,7 +31,7 @@ HeaderKeys FinishHeader(const RunOutcome& outcome) {
                                              : TextKey::DRIVER_INSTALL_COMPLETE_TEXT};
 }
 
-// Shown for every package, also for those of the other kind than its key says; this is meant.
+// By design: shown for every package, also for those of the other kind than its key says.
 std::wstring_view FinishSecondText(const RunOutcome& outcome) {
     if (!IsGoodRun(outcome)) return {};
     return outcome.usb ? TextKey::AMAZON_INSTALL_USB_PATH_COMPLETE_TEXT1

@@ -261,7 +261,7 @@ void InstallService::RecordStatus(const MSI_APP& record) {
 }
 
 void InstallService::RollBack() {
-    // In the order of the installs, which is meant; over a copy, since each removal writes to the list.
+    // By design: in the order of the installs. Over a copy, since each removal writes to the list.
     for (const MSI_APP& record : std::vector<MSI_APP>(statusList)) {
         if (record.installed) {
             LogBasic(record.msiPath +

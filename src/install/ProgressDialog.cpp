@@ -128,7 +128,7 @@ void ProgressDialog::BeginRun(int steps) {
     totalSteps = steps;
     currentStep = 0;
     highestPosition = 0;
-    // The range's upper bound has 16 bits, which cuts it, and this is meant.
+    // By design: the range's upper bound has 16 bits, which cuts it.
     bar.SetRange(0, static_cast<short>(steps * stepWidth));
 }
 

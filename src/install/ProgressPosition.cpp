@@ -11,7 +11,7 @@ BarMove MoveBar(int currentStep, int percent, int highest, int low, int high, bo
     constexpr std::int64_t stepWidth = 100;
     const std::int64_t base = currentStep * stepWidth;
     const std::int64_t forward = base + percent;
-    // On the way back the forward position is tested all the same, and this is meant.
+    // By design: on the way back the forward position is tested all the same.
     if (forward < low || forward > high) return {.inRange = false, .position = std::nullopt};
     const std::int64_t position = uninstalling ? base - percent : forward;
     const bool moves = uninstalling ? position < highest : position > highest;

@@ -10,8 +10,8 @@
 
 namespace {
 
-// The code shortens the text from its front instead of standing behind it, and this is meant. A code beyond
-// the text's length leaves the text whole.
+// By design: the code shortens the text from its front instead of following it. A code beyond the text's
+// length leaves the text whole.
 std::uint32_t LogFailure(std::wstring_view text, DWORD code) {
     LogBasic(text.substr(code <= text.size() ? code : 0), LogLevel::Error);
     return code;

@@ -17,7 +17,7 @@ constexpr int checkPicture = 0;
 constexpr int crossPicture = 1;
 constexpr int noPicture = -1;
 
-// The mark goes to names that begin with the point; one with a point further on stays, and this is meant.
+// By design: the mark goes to names that begin with the point; one with a point further on stays as it is.
 std::wstring ShownName(const std::wstring& name) {
     return IsRightToLeftLocale() && name.starts_with(L'.') ? MarkNumberLeftToRight(name) : name;
 }

@@ -91,7 +91,7 @@ std::wstring EULADlg::GetEULAPath() const {
 }
 
 std::wstring EULADlg::ReadEULAFile(const std::wstring& path) const {
-    // The shown text begins with an empty line, and this is meant.
+    // By design: the shown text begins with an empty line.
     std::wstring text = L"\r";
     const std::wstring codePageText = GetLocalizedText(TextKey::CODE_PAGE);
     const auto codePage = static_cast<UINT>(std::wcstoul(codePageText.c_str(), nullptr, 10));

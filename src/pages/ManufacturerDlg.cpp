@@ -88,7 +88,7 @@ LRESULT ManufacturerDlg::OnShowWindow(WPARAM shown, LPARAM) {
     return Default();
 }
 
-// The index counts the entries, also those without a name, which the box does not hold; this is meant.
+// By design: the index counts the entries, also those without a name, which the box does not hold.
 void ManufacturerDlg::SelectDefault() {
     const std::wstring wanted = settings.GetString(Tag::DEFAULT_MANUFACTURER);
     const auto match = std::find_if(manufacturers.begin(), manufacturers.end(),

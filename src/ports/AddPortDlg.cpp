@@ -21,7 +21,7 @@ namespace {
 
 constexpr WPARAM sharedKindIndex = 2;
 
-// A field takes one character more than is read of it, and this is meant.
+// By design: a field takes one character more than is read of it.
 constexpr std::size_t portNameRead = 63;
 constexpr std::size_t addressRead = 255;
 constexpr std::size_t pathRead = 255;
@@ -228,7 +228,7 @@ void AddPortDlg::ClearDrivers() {
     driverList.Clear();
 }
 
-// The button is not shown here, unlike on the page of the discovered printers, and this is meant.
+// By design: the button is not shown here, unlike on the page of the discovered printers.
 void AddPortDlg::AddDriver(const MSI_APP& driver) {
     if (Received(Tag::SHOW_DRIVER_LIST) == L"false") return;
     if (driverList.IsEmpty() && !settings.IsAmazonSupported()) {
@@ -313,7 +313,7 @@ std::optional<ChosenPort> AddPortDlg::TakeSharedPrinter() {
     return ChosenPort{.name = path, .type = std::wstring(localPortType), .add = true};
 }
 
-// What the list shows counts, with the marks that it may have put into a name; this is meant.
+// By design: what the list shows counts, with the marks that it may have put into a name.
 bool AddPortDlg::IsInPortList(const std::wstring& name) const {
     for (int row = 0; row < portList.GetItemCount(); ++row) {
         if (portList.GetItemText(row, 0) == name) return true;

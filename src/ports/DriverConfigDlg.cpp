@@ -23,7 +23,7 @@
 namespace {
 
 constexpr WPARAM longestPath = 260;
-// One less than can be typed, and this is meant.
+// By design: one less than can be typed.
 constexpr std::size_t charactersRead = 259;
 
 // The name of the first profile, empty where the file tells none.

@@ -22,7 +22,7 @@ bool IsSharedPrinter(const std::wstring& path) {
     std::wstring remoteName = path;
     NETRESOURCEW question{.dwScope = RESOURCE_GLOBALNET};
     question.lpRemoteName = remoteName.data();
-    // A share whose answer is longer does not count, and this is meant.
+    // By design: a share whose answer is longer does not count.
     alignas(NETRESOURCEW) std::array<BYTE, 261> buffer{};
     DWORD size = buffer.size();
     LPWSTR rest = nullptr;

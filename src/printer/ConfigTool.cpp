@@ -27,14 +27,14 @@ std::wstring LastPathWith(const std::vector<std::wstring>& paths, std::wstring_v
     return found == paths.rend() ? std::wstring() : *found;
 }
 
-// The target stands without quotes, and this is meant.
+// By design: the target stands without quotes.
 std::wstring UnpackParameters(std::wstring_view packagePath, const ConfigToolKind& tool) {
     return L"CMD /c msiexec /a " + Quoted(packagePath) + L" /qn TARGETDIR=%temp%\\" +
            std::wstring(tool.unpackFolder);
 }
 
-// The tool's path is never quoted, nor is the file of the newer tool, and this is meant: the tools read their
-// command line as a whole.
+// By design: the tool's path is never quoted, nor is the file of the newer tool. The tools read their command
+// line as a whole.
 std::wstring ConfigCommandFor(std::wstring_view driver, const ConfigCommandInputs& inputs) {
     if (IsV4Driver(driver)) return inputs.toolPath + L" save /xdc " + inputs.file;
     return inputs.toolPath + L" /m " + Quoted(inputs.vendor) + L" /d " + Quoted(inputs.product) + L" /f " +

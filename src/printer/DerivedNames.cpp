@@ -30,7 +30,7 @@ std::wstring DriverProductNameFor(const NameInputs& inputs) {
     return inputs.printerName;
 }
 
-// The blank stands there without a brand as well, and this is meant.
+// By design: the blank stands there without a brand as well.
 std::wstring OemDefaultName(std::wstring_view oemName, std::wstring_view defaultPrinterName) {
     return std::wstring(oemName).append(L" ").append(defaultPrinterName);
 }

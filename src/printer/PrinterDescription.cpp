@@ -69,7 +69,7 @@ std::wstring PrinterDescription::BuildPrinterInfo(const MSI_APP& driver) {
     return TagDocument::MakeElement(Tag::PRINTER_INFO, info);
 }
 
-// What is not set here keeps the value of the driver before, and this is meant.
+// By design: what is not set here keeps the value of the driver before.
 void PrinterDescription::FillCurrentDevice(const MSI_APP& driver) {
     const NameInputs inputs = NameInputsFor(driver);
     TagDocument::SetElement(currentDevice, Tag::PRINTER_NAME, PrinterNameFor(inputs));

@@ -8,8 +8,7 @@ using TagDocument::SetElement;
 
 void SetDeviceTag(std::wstring& device, std::wstring_view name, std::wstring_view value) {
     if (value == usbPortType && TagDocument::ValueOf(device, Tag::DRIVER_ID) == DriverId::FAX) {
-        // A fax driver cannot print through USB. The tag that was asked for is not written, and this is
-        // meant.
+        // By design: a fax driver cannot print through USB, and the tag that was asked for is not written.
         SetElement(device, Tag::PORT_NAME, L"LPT1:");
         SetElement(device, Tag::PORT_TYPE, localPortType);
         SetElement(device, Tag::ADD_PORT, L"false");

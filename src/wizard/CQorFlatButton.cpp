@@ -13,8 +13,7 @@ namespace {
 constexpr int focusInset = 5;
 constexpr int pressedShift = 2;
 
-// As it was when the last button was made: a change during the run does not reach the buttons, and this is
-// meant.
+// By design: as it was when the last button was made. A change during the run does not reach the buttons.
 bool highContrastButtons = false;
 
 COLORREF ToColorRef(RgbColour colour) {
@@ -137,7 +136,7 @@ void CQorFlatButton::DrawFrame(const DRAWITEMSTRUCT& item) const {
 
 void CQorFlatButton::DrawCaption(const DRAWITEMSTRUCT& item) const {
     RECT area = item.rcItem;
-    // A green button does not move its text when it is pressed, and this is meant.
+    // By design: a green button does not move its text when it is pressed.
     if (Has(item, ODS_SELECTED) && secondary) {
         area.left += pressedShift;
         area.top += pressedShift;

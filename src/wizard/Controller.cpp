@@ -57,7 +57,7 @@ bool Controller::AddDialog(Place& place) const {
     InstallDialogEx& page = *place.page;
     if (!page.Create(page.TemplateId(), mainWindow)) return false;
     page.SetParent(*mainWindow);
-    // The right and bottom edges serve as width and height, and this is meant: pages get their size so.
+    // By design: the right and bottom edges serve as width and height, from which pages get their size.
     page.MoveWindow(pageRect.left, pageRect.top, pageRect.right, pageRect.bottom);
     page.hidden = place.row.hiddenAtFirst;
     return true;

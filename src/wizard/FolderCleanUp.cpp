@@ -7,7 +7,7 @@
 
 bool RemoveFolder(const std::wstring& folder) {
     constexpr DWORD retryIntervalInMilliseconds = 2000;
-    // The folder stands without quotes, and this is meant.
+    // By design: the folder stands without quotes.
     const std::wstring parameters = L"CMD /c rmdir " + folder + L" /s /q";
     for (;;) {
         if (!RunElevated(L"cmd.exe", parameters)) return false;

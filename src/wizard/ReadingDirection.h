@@ -5,8 +5,8 @@
 
 #include "settings/Localizer.h"
 
-// The extended style of a window of the wizard: in a language that reads from right to left exactly that
-// layout, with nothing of what the template gives, and this is meant.
+// The extended style of a window of the wizard.
+// By design: in a language that reads from right to left exactly that layout, with nothing of the template's.
 inline DWORD ReadingStyle(const Localizer& localizer, DWORD ofTemplate) {
     return IsRightToLeft(localizer) ? WS_EX_LAYOUTRTL : ofTemplate;
 }

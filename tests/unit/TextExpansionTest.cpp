@@ -186,7 +186,7 @@ TEST(FormatWithArgumentTest, ReplacesTheFirstArgumentOnly) {
 }
 
 TEST(FormatWithArgumentTest, TakesDollarsInTheArgumentAsReplacementSigns) {
-    // The argument goes in as the pattern of a replacement, and this is meant.
+    // By design: the argument goes in as the pattern of a replacement.
     EXPECT_EQ(FormatWithArgument(L"a{0}b", L"[$&]"), L"a[{0}]b");
     EXPECT_EQ(FormatWithArgument(L"a{0}b", L"$2"), L"a0b");
     EXPECT_EQ(FormatWithArgument(L"a{0}b", L"5$$"), L"a5$b");

@@ -98,8 +98,7 @@ TEST_F(ButtonPageTest, StaysDarkWhenItIsPaintedUnderTheMouse) {
 TEST_F(ButtonPageTest, MovesTheTextOfAGreyButtonAloneWhenItIsPressed) {
     for (const wchar_t* key : {L"INSTALL_BUTTON", L"CANCEL_BUTTON"}) tree.SetText(key, L"I");
     StartOn(IDC_START_TITLE);
-    // A pressed button is as bright as an untouched one, and a green one keeps its text in place; both are
-    // meant.
+    // By design: a pressed button is as bright as an untouched one, and a green one keeps its text in place.
     EXPECT_EQ(CaptionShift(wizard.FindControl(IDCANCEL), hotGrey, grey), 1);
     EXPECT_EQ(CaptionShift(wizard.FindControl(IDOK), hotGreen, green), 0);
     EXPECT_TRUE(StaysQuiet());

@@ -149,7 +149,7 @@ TEST_F(CatalogueTest, TakesTheExactWordForTheBrandedConfigurationAlone) {
 }
 
 TEST_F(CatalogueTest, NamesTheCodeOfTheDriversNameAlsoForItsIdentifier) {
-    // The first reading's own code goes with the name; the identifier's line repeats it, and this is meant.
+    // By design: the first reading's own code goes with the name, and the identifier's line repeats it.
     tree.Add({.path = L"Drivers\\x64\\x.msi", .properties = L"<DRIVERNAME>X</DRIVERNAME>"});
     Run();
     EXPECT_THAT(AdvancedLog(), HasRecord(L"", L"Failed to get DRIVERID property. Return Code: 0"));

@@ -33,7 +33,7 @@ protected:
 TEST_F(CommandTest, TellsAnApplicationWhereToGoAndInWhichLanguage) {
     tree.Add({.path = L"Applications\\a.msi"});
     Run();
-    // The name's blank stands between the missing brand and the missing model, and is meant.
+    // By design: the name's blank stands between the missing brand and the missing model.
     EXPECT_EQ(
         CommandOf(L"a.msi"),
         L"<PRINTER_INFO><DEVICE><PRINTER_NAME> </PRINTER_NAME><DRIVER_PRODUCT_NAME></DRIVER_PRODUCT_NAME>"

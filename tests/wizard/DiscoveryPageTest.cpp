@@ -29,7 +29,7 @@ TEST_F(DiscoveryPageTest, InstallsTheDriverForThePrinterThatWasPicked) {
     SelectRow(1);
     wizard.Press(IDOK);
     CloseOnFinishPage();
-    // Drivers are selected until somebody says otherwise, and the page only adds to them; this is meant.
+    // By design: drivers are selected until somebody says otherwise, and the page only adds to them.
     EXPECT_THAT(Installs(), UnorderedElementsAre(L"COLOR1.msi", L"MONO1.msi"));
     EXPECT_THAT(CommandOf(L"COLOR1.msi"), HasSubstr(L"<PORT_NAME>host2</PORT_NAME>"));
     EXPECT_THAT(CommandOf(L"COLOR1.msi"), HasSubstr(L"<HOST_NAME>host2</HOST_NAME>"));

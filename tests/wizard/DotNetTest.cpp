@@ -167,7 +167,7 @@ TEST_F(DotNetTest, StaysOnTheProgressPageWithoutAThreadWhenItsSetupReturns1603) 
     EXPECT_THAT(Installs(), IsEmpty());
 }
 
-// This is meant: what cannot be started counts as a success.
+// By design: what cannot be started counts as a success.
 TEST_F(DotNetTest, CountsASetupThatCannotBeStartedAsInstalled) {
     std::filesystem::create_directories(tree.Root() / L"DotNet" / L"setup.exe");
     EXPECT_EQ(RunShown().status, StatusDocument({{L"Framework", 0}, {L"Net", 0}}));

@@ -144,8 +144,8 @@ TEST_F(DriverConfigPageTest, HandsWhatTheNewerToolHasMadeToTheDriver) {
     EXPECT_EQ(Told(L"OMBREL_DESC", L"monov4.msi"), L"");
 }
 
-// The walk passes the page for a port by hand, whose list of drivers is filled anew there; as with every
-// change of the driver the file is dropped, and this is meant.
+// By design: the walk passes the page for a port by hand, whose list of drivers is filled anew there, and as
+// with every change of the driver the file is dropped.
 TEST_F(DriverConfigPageTest, DropsTheFileOnTheWayOverTheHiddenPage) {
     tree.WriteFile(L"presets\\a.zdc", "<x/>");
     AddKit(olderKit);

@@ -177,7 +177,7 @@ INSTANTIATE_TEST_SUITE_P(
                     MissingCase{L"MsiEnableInstallLog", L"Failed to find MsiEnableInstallLog method", true},
                     MissingCase{L"MsiInstallApp", L"Failed to find MsiInstallApp method", false},
                     MissingCase{L"MsiUninstallApp", L"", true}, MissingCase{L"MsiCancel", L"", true},
-                    // The text names another export, and this is meant.
+                    // By design: the text names another export.
                     MissingCase{L"MsiGetProperties", L"Failed to find MsiGetPropertyValue method", true},
                     MissingCase{L"MsiIsAppInstalledByLang", L"Failed to find MsiIsAppInstalled method",
                                 true}),

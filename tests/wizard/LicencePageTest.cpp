@@ -24,7 +24,7 @@ protected:
 TEST_F(LicencePageTest, CanBeAgreedToAtOnceWhereTheTextIsShort) {
     const HWND licence = StartWith("Be kind.\n");
     EXPECT_TRUE(IsEnabled(IDOK));
-    // The shown text begins with an empty line, and this is meant.
+    // By design: the shown text begins with an empty line.
     EXPECT_THAT(WizardDriver::TextOf(licence), testing::StartsWith(L"\r"));
     EXPECT_THAT(WizardDriver::TextOf(licence), HasSubstr(L"Be kind."));
 }

@@ -128,8 +128,7 @@ TEST_F(WalkTest, WaitsForItselfWhenTheFinishPagesAreHidden) {
     tree.SetSettings(std::wstring(Settings::shownFromProgress) + L"<HIDE_FINAL>true</HIDE_FINAL>");
     tree.Add({.path = L"Applications\\a.msi"});
     wizard.Start();
-    // The install thread itself walks over the end, and there it waits until no thread is left. This is
-    // meant.
+    // By design: the install thread itself walks over the end, and there it waits until no thread is left.
     EXPECT_TRUE(WaitForMessage(L"Installation is Finished"));
     EXPECT_FALSE(WaitUntil([this] { return !wizard.IsRunning(); }, std::chrono::milliseconds(1500)));
     EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Thread Count decremented 0")));

@@ -40,7 +40,7 @@ TEST_F(FinishDlgTest, NamesItInACancelledRunAlone) {
     EXPECT_EQ(Header(), L"Cancelled.");
 }
 
-// The line of the prerequisite itself makes the run a failed one, and this is meant.
+// By design: the line of the prerequisite itself makes the run a failed one.
 TEST_F(FinishDlgTest, SaysThatTheRunFailedWhereTheDependencyHasALine) {
     Settings().SetString(Tag::APP_INSTALLATION_STATUS,
                          L"<App 0><NAME>Framework</NAME><STATUS>1</STATUS></App 0>");

@@ -49,7 +49,7 @@ TEST_F(ManufacturerDlgTest, LeavesNamesAloneForOtherUsers) {
     EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.", L"B. Co"));
 }
 
-// The mark is part of the stored name too, so the name without it is not found any more; this is meant.
+// By design: the mark is part of the stored name too, so the name without it is not found any more.
 TEST_F(ManufacturerDlgTest, FindsNoDefaultUnderTheNameWithoutItsMark) {
     Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.");
     const ArabicUser user;

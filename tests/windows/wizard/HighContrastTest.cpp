@@ -138,7 +138,7 @@ TEST_P(HighContrastFaceTest, TakesTheSystemsColours) {
     EXPECT_EQ(sheet.At(0, 0), GetSysColor(GetParam().frame));
 }
 
-// The buttons are made at the start, so a later change does not reach them, and this is meant.
+// By design: the buttons are made at the start, so a later change does not reach them.
 TEST_P(HighContrastFaceTest, StaysWhenTheSettingGoes) {
     isOn = true;
     CQorFlatButton button;
