@@ -23,7 +23,7 @@ protected:
         tree.SetSettings(std::wstring(Settings::silent) + document);
     }
 
-    // Everything between the values that every run sets behind the file's.
+    // The record of a settings file that cannot be read.
     std::wstring ReadFailure(const std::wstring& file) const {
         return L"InstallSettings::ReadFromFile(), Loading InstallSettings file failed! " +
                tree.ProgramFolder().wstring() + L"\\..\\" + file;
