@@ -14,7 +14,7 @@ public:
     // OnInitDialog. The parent may be null. False if there is no such template or the system refuses.
     bool Create(UINT dialogTemplate, CWnd* parentWindow);
     // Shows the dialog of the constructor's template, keeps its parent disabled and runs a message loop until
-    // EndDialog. May run on any thread. Gives EndDialog's result, -1 if the dialog cannot be created.
+    // EndDialog. May run on any thread. Returns EndDialog's result, -1 if the dialog cannot be created.
     int DoModal();
     // Ends DoModal; on a modeless dialog nothing happens.
     void EndDialog(int result);

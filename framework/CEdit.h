@@ -13,7 +13,7 @@ public:
     // The first characters of the text, as many as that.
     std::wstring GetText(std::size_t longest) const { return GetWindowText().substr(0, longest); }
 
-    // Puts the caret behind the text and into view.
+    // Puts the caret after the text and into view.
     void MoveCaretToEnd();
     // Shows the text in a balloon at the field until the user types or goes elsewhere.
     void ShowBalloonTip(std::wstring text);

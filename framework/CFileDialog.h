@@ -13,10 +13,10 @@ public:
     CFileDialog(std::wstring defaultExtension, const std::wstring& suggestion, const std::wstring& filter,
                 const CWnd& parent);
 
-    // Runs the dialog for a file that must exist. Gives IDOK, or IDCANCEL if the user or the system refuses.
-    // The working directory stays as it is.
+    // Runs the dialog for a file that must exist. Returns IDOK, or IDCANCEL if the user or the system
+    // refuses. The working directory stays as it is.
     int DoModal();
-    // The full path of the chosen file, once DoModal has given IDOK.
+    // The full path of the chosen file, once DoModal has returned IDOK.
     const std::wstring& GetPathName() const { return pathName; }
 
 private:

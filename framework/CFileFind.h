@@ -8,7 +8,7 @@
 #include "framework/Handles.h"
 
 // FindFile opens the walk, each FindNextFile moves to the next entry and says whether there is one more
-// behind it; so the entry of the call that returned false still counts, if FindFile has found anything at
+// after it; so the entry of the call that returned false still counts, if FindFile has found anything at
 // all.
 class CFileFind {
 public:

@@ -23,9 +23,9 @@ public:
 
     // Registers the program with the restart manager if the flags ask for it. True: enter the message loop.
     virtual bool InitInstance();
-    // Runs the message loop until the quit message; gives that message's code.
+    // Runs the message loop until the quit message; returns that message's code.
     virtual int Run();
-    // Runs last, also when InitInstance has returned false. Gives the exit code of the process.
+    // Runs last, also when InitInstance has returned false. Returns the exit code of the process.
     virtual int ExitInstance();
     // Offers a posted message to the windows between the one it is for and the main window.
     virtual bool PreTranslateMessage(MSG* message);
@@ -35,7 +35,7 @@ public:
     // Hands the process's parameters to the receiver.
     void ParseCommandLine(CCommandLineInfo& receiver) const;
 
-    // Inside a catch block: tells the application object of the exception being handled.
+    // Inside a catch block: reports to the application object the exception being handled.
     static void ReportUnhandledException(const std::wstring& where) noexcept;
 
     CWnd* GetMainWnd() const { return mainWindow; }
@@ -57,5 +57,5 @@ CWinApp* AfxGetApp();
 // The application's main window, or null.
 CWnd* AfxGetMainWnd();
 
-// The body of the program: InitInstance, Run, ExitInstance. Gives the exit code of the process.
+// The body of the program: InitInstance, Run, ExitInstance. Returns the exit code of the process.
 int AfxWinMain();

@@ -113,7 +113,7 @@ LRESULT CWnd::WindowProc(const WindowMessage& message) {
     LRESULT result = 0;
     if (!GetMessageMap().Dispatch(*this, message, result)) result = DefWindowProc(message);
     current = outer;
-    // Nothing is sent behind this message, so that the object may be bound anew or go.
+    // Nothing is sent after this message, so that the object may be bound anew or go.
     if (message.message == WM_NCDESTROY) Unbind();
     return result;
 }

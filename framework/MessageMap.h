@@ -25,7 +25,7 @@ public:
     // The base map is asked for what this table does not name; it may be null and must outlive this map.
     MessageMap(const MessageMap* baseMap, std::vector<MessageMapEntry> ownEntries);
 
-    // Gives the message to the first entry that names it, own entries first. False if none does.
+    // Hands the message to the first entry that names it, own entries first. False if none does.
     bool Dispatch(CWnd& window, const WindowMessage& message, LRESULT& result) const;
 
 private:
@@ -36,7 +36,7 @@ private:
 // The makers of a map's entries for the window class Window.
 template <class Window>
 struct EventsOf {
-    // A window message, registered ones included. The handler gets both parameters and gives the result.
+    // A window message, registered ones included. The handler gets both parameters and returns the result.
     static MessageMapEntry Message(UINT message, LRESULT (Window::*handler)(WPARAM, LPARAM)) {
         return {.matches = [message](const WindowMessage& m) { return m.message == message; },
                 .handle =
@@ -62,7 +62,7 @@ struct EventsOf {
                 }};
     }
 
-    // A notification that the control with this id sends with a record. The handler gives the result.
+    // A notification that the control with this id sends with a record. The handler returns the result.
     static MessageMapEntry Notify(UINT id, UINT code, LRESULT (Window::*handler)(NMHDR&)) {
         return {.matches =
                     [id, code](const WindowMessage& m) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Builds .msi packages from a list of them.
 
-The list names the packages and what they hold; docs/package-builders.md tells its fields. A package is built anew only
+The list names the packages and what they hold; docs/package-builders.md describes its fields. A package is built anew only
 when its description or one of its files has changed. Prints the name of each package that it built.
 """
 import argparse

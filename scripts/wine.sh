@@ -1,4 +1,4 @@
-# Windows for the tests and the demo: Wine prefixes below the build folder. Sourced, behind common.sh.
+# Windows for the tests and the demo: Wine prefixes below the build folder. Sourced, after common.sh.
 #
 # A prefix takes ten seconds to make, so one template is made per build folder, and each suite runs in a copy of
 # it whose system files are hard links.
@@ -72,7 +72,7 @@ start_display() {
 }
 
 # failed_tests LOG...: the tests that failed in runs of GoogleTest, divided by colons as a filter takes them. Nothing if
-# one of the runs did not come to its end, for it has told of no test.
+# one of the runs did not come to its end, for it has named no test.
 failed_tests() {
     [ -z "$(grep -aL '^\[  PASSED  \]' "$@")" ] || return 0
     cat "$@" | tr -d '\r' | sed -n 's/^\[  FAILED  \] \([^ ,]*\).*ms)$/\1/p' | sort -u | paste -sd:

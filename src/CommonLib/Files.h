@@ -12,7 +12,7 @@ std::wstring GetExeDirectory();
 
 // Appends to the list the full path of every entry of the folder (which ends in a backslash) with that
 // extension, folders included, in the order of the file system; an empty extension takes every entry. With a
-// name filter an entry counts only if its name occurs in the filter's text. Gives the size of the list.
+// name filter an entry counts only if its name occurs in the filter's text. Returns the size of the list.
 std::size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths,
                       const std::wstring& extension, const std::wstring& nameFilter = {});
 

@@ -20,7 +20,7 @@ public:
     explicit InterProcessLockGuard(InterProcessLock& guarded) : lock(guarded) { lock.acquire(); }
     InterProcessLockGuard(const InterProcessLockGuard&) = delete;
     InterProcessLockGuard& operator=(const InterProcessLockGuard&) = delete;
-    // A release that fails has nobody to tell it to here: the holder is leaving already.
+    // A release that fails has nobody to report to here: the holder is leaving already.
     ~InterProcessLockGuard();
 
 private:

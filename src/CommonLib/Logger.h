@@ -34,7 +34,7 @@ public:
     // Appends a record to Advanced.log if the switch is on at this moment.
     void WriteAdvanced(std::wstring_view level, std::wstring_view application, std::wstring_view message);
 
-    // Makes sure that the log folder exists; gives it with its closing backslash.
+    // Makes sure that the log folder exists; returns it with its closing backslash.
     std::wstring GetLogFolder();
     std::wstring GetBasicLogPath() { return GetLogFolder() + L"Basic.log"; }
     std::wstring GetAdvancedLogPath() { return GetLogFolder() + L"Advanced.log"; }

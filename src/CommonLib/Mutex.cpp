@@ -32,7 +32,7 @@ void Mutex::acquire() {
 
 void Mutex::release() {
     if (GetCurrentThreadId() != ownerThread) return;
-    // The fields are settled while the mutex is still held: straight behind the last release they are another
+    // The fields are settled while the mutex is still held: straight after the last release they are another
     // thread's.
     ownerThread = 0;
     for (DWORD count = lockCount.exchange(0); count > 0; --count) {

@@ -9,13 +9,13 @@
 // Returns the number in base 10.
 std::wstring ToDecimalString(std::uint32_t number);
 
-// Returns the pieces that a separator closes, in order; a rest behind the last separator is dropped.
+// Returns the pieces that a separator closes, in order; a rest after the last separator is dropped.
 std::vector<std::wstring> SplitClosed(std::wstring_view text, wchar_t separator);
 
 // Returns true if the texts are equal but for the case of ASCII letters.
 bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right);
 
-// Returns the decimal number at the start of the text, behind white space and a sign; 0 where there is none,
+// Returns the decimal number at the start of the text, after white space and a sign; 0 where there is none,
 // and the nearest possible number where it is too large.
 std::int32_t LeadingInteger(std::wstring_view text);
 

@@ -28,8 +28,8 @@ public:
     XmlAttributeReader& operator=(const XmlAttributeReader&) = delete;
     ~XmlAttributeReader() = default;
 
-    // Gives 0 and the value of that attribute of the first node that the query finds, or 1168 if there is no
-    // such node or attribute; the value is then left as it was. Throws ComException for a query that the
+    // Returns 0 and the value of that attribute of the first node that the query finds, or 1168 if there is
+    // no such node or attribute; the value is then left as it was. Throws ComException for a query that the
     // parser refuses.
     std::uint32_t GetAttribute(const std::wstring& query, const std::wstring& attribute,
                                std::wstring& value) const;

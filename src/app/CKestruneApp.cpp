@@ -138,7 +138,7 @@ void CKestruneApp::OnUnhandledException(const std::wstring& where, const std::st
     try {
         LogBasic(L"Unhandled exception in the " + where + L": " + Utf8ToWide(what), LogLevel::Error);
     } catch (...) {
-        // Nothing is left to tell it to.
+        // Nothing is left to report it to.
         return;
     }
 }

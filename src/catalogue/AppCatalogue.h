@@ -21,7 +21,7 @@ public:
     // Copies of the records that pass the filter document, in catalogue order; an empty filter passes all.
     std::list<MSI_APP> Select(std::wstring_view filter) const;
 
-    // A copy of the first record of exactly that type, as the package's APPTYPE tells it.
+    // A copy of the first record of exactly that type, as the package's APPTYPE says it.
     std::optional<MSI_APP> FirstOfType(std::wstring_view appType) const;
 
     void Clear();

@@ -21,12 +21,12 @@ public:
           applications(appCatalogue),
           drivers(driverCatalogue) {}
 
-    // Reads the drivers, then the applications, on the caller's thread. Gives 0.
+    // Reads the drivers, then the applications, on the caller's thread. Returns 0.
     std::uint32_t DoRun() override;
     // Stops a build that has not begun; one that has goes on to its end.
     void Cancel() override { cancelled = true; }
 
-    // Each gives 0, or 1602 if the service was cancelled meanwhile.
+    // Each returns 0, or 1602 if the service was cancelled meanwhile.
     std::uint32_t buildDriverInfo();
     std::uint32_t buildAppInfo();
 

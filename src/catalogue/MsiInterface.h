@@ -9,7 +9,7 @@
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 
-// Without the library, or where it lacks an export, the operations log that and give neutral results.
+// Without the library, or where it lacks an export, the operations log that and return neutral results.
 class MsiInterface : public IMsiInterface {
 public:
     // Null only if there was no memory for it at the first call. The instance is never destroyed.

@@ -8,7 +8,8 @@
 #include "catalogue/MSI_APP.h"
 #include "settings/Localizer.h"
 
-// Reads a property of a package into the field; a non-zero code, which it gives, leaves the field as it was.
+// Reads a property of a package into the field; a non-zero code, which it returns, leaves the field as it
+// was.
 std::uint32_t ReadProperty(IMsiInterface& msi, const std::wstring& path, const std::wstring& language,
                            const wchar_t* name, std::wstring& field);
 

@@ -25,7 +25,7 @@ std::wstring AddressList(const std::vector<std::wstring>& documents);
 // Returns the document that limits an enumeration; empty values leave their element out.
 std::wstring EnumerationDocument(std::wstring_view oemByte, std::wstring_view seriesList);
 
-// Returns the record of a document; a missing tag gives an empty field.
+// Returns the record of a document; a missing tag leaves its field empty.
 DiscoveredDevice ReadDevice(std::wstring_view document);
 
 // Returns true if the record is kept for a caller with that message: one that speaks of fax or scanner wants

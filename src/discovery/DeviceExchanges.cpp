@@ -27,10 +27,10 @@ using ExchangeFunction = std::uint32_t (*)(const wchar_t* request, const std::ui
 
 constexpr std::wstring_view timeoutInMilliseconds = L"3000";
 constexpr std::size_t firstReplySize = 4096;
-// A packet counts the bytes behind its three leading ones in 16 bits.
+// A packet counts the bytes after its three leading ones in 16 bits.
 constexpr std::uint32_t longestPacket = 3 + 0xFFFF;
 
-// The start byte, the big-endian count of the bytes behind the count, and the question.
+// The start byte, the big-endian count of the bytes after the count, and the question.
 constexpr auto colourQuestion = std::to_array<std::uint8_t>({0xA5, 0x00, 0x03, 0x50, 0x01, 0x00});
 constexpr auto deviceQuestion =
     std::to_array<std::uint8_t>({0xA5, 0x00, 0x07, 0x50, 0xE0, 0x21, 0x01, 0x00, 0x00, 0x00});
@@ -93,7 +93,7 @@ void DiscoveryService::ExchangeFax(const std::wstring& addresses, DeviceIndex& i
     const auto exchange = FindExport<ExchangeFunction>(quelmarModule.get(), "BidiExchangeNpaW");
     if (exchange == nullptr) return;
     for (const std::wstring& address : SplitClosed(addresses, L';')) {
-        // What is found out behind a cancel goes nowhere, and each device can take seconds.
+        // What is found out after a cancel goes nowhere, and each device can take seconds.
         if (cancelled) return;
         const auto reply = Exchange(exchange, address);
         if (!reply) continue;

@@ -33,7 +33,7 @@ public:
     // Waits for a worker that still runs.
     ~DiscoveryService() override;
 
-    // Fills the page's list of drivers and starts a worker. Gives 0.
+    // Fills the page's list of drivers and starts a worker. Returns 0.
     std::uint32_t DoRun() override;
     // For good: the running worker delivers nothing, and no later one does anything.
     void Cancel() override { cancelled = true; }

@@ -80,7 +80,7 @@ std::string_view AsText(Bytes field) {
     return {reinterpret_cast<const char*>(field.data()), field.size()};
 }
 
-// The decimal number behind a label; 0 for a label that is missing.
+// The decimal number after a label; 0 for a label that is missing.
 std::uint32_t Width(std::string_view texts, std::string_view label) {
     const std::size_t found = texts.find(label);
     if (found == std::string_view::npos) return 0;
@@ -93,7 +93,7 @@ std::uint32_t Width(std::string_view texts, std::string_view label) {
     return width;
 }
 
-// Cuts the next brace group off, with its closing brace and the two bytes behind that.
+// Cuts the next brace group off, with its closing brace and the two bytes after that.
 std::string_view NextLayoutGroup(std::string_view& rest) {
     constexpr std::size_t between = 3;
     const std::size_t end = rest.find('}');
@@ -180,12 +180,12 @@ private:
     }
 
     void ReadGroup(std::size_t start) {
-        Reader behind(bytes, start);
-        behind.Skip(layout.idWidth + layout.typeWidth + layout.countWidth);
-        const std::uint64_t length = Length(behind.Take(layout.groupLengthWidth));
-        Charge(behind.Position() - start);
-        behind.Skip(length);
-        open.back().position = behind.Position();
+        Reader after(bytes, start);
+        after.Skip(layout.idWidth + layout.typeWidth + layout.countWidth);
+        const std::uint64_t length = Length(after.Take(layout.groupLengthWidth));
+        Charge(after.Position() - start);
+        after.Skip(length);
+        open.back().position = after.Position();
         // All paths below hold the text if one does.
         if (open.size() > 1 || path.find("1.1") != std::string::npos) Enter(start);
     }

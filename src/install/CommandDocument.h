@@ -1,4 +1,4 @@
-// The document that tells a package's installation what to do.
+// The document that says what a package's installation is to do.
 #pragma once
 
 #include <string>

@@ -6,7 +6,7 @@
 #include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
 
-// DoModal gives IDRETRY, IDIGNORE or IDCANCEL. Runs on the library's thread.
+// DoModal returns IDRETRY, IDIGNORE or IDCANCEL. Runs on the library's thread.
 class FileInUseDlg : public InstallDialogEx {
 public:
     explicit FileInUseDlg(const PageContext& context);

@@ -1,4 +1,4 @@
-// The page that tells how the run went. The chain holds it twice, under two names.
+// The page that says how the run went. The chain holds it twice, under two names.
 #pragma once
 
 #include <string>

@@ -29,7 +29,7 @@ bool IsUsbFinish(const RunOutcome& outcome);
 // The key of the second text, empty where the page has none.
 std::wstring_view FinishSecondText(const RunOutcome& outcome);
 
-// The file name of the picture that tells the outcome.
+// The file name of the picture that shows the outcome.
 std::wstring_view FinishPicture(std::wstring_view installStatus, bool usbFinish);
 
 // The key of the text for a status, and whether its picture is the check mark. A number that is no status

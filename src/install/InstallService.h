@@ -29,8 +29,8 @@ public:
     InstallService(IInstallProgress* progressPage, IMsiInterface* gateway, const PageContext& context,
                    AppCatalogue& appCatalogue, DriverInfo& driverCatalogue);
 
-    // Chooses the packages, sees to the .NET prerequisite and starts the install thread. Gives 0, or 1603 if
-    // the prerequisite has stopped the run before it began.
+    // Chooses the packages, sees to the .NET prerequisite and starts the install thread. Returns 0, or 1603
+    // if the prerequisite has stopped the run before it began.
     std::uint32_t DoRun() override;
     void Cancel() override;
 

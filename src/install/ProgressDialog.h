@@ -14,7 +14,7 @@
 class FileInUseDlg;
 class RMFileInUseDlg;
 
-// What the library's callback tells the page; the page's handler takes it over with the posted message.
+// What the library's callback sends the page; the page's handler takes it over with the posted message.
 struct ProgressUpdate {
     std::int32_t reserved = 0;
     std::int32_t percent = 0;

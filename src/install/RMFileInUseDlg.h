@@ -6,7 +6,7 @@
 #include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
 
-// DoModal gives IDOK if it may, else IDCANCEL. Runs on the library's thread.
+// DoModal returns IDOK if it may, else IDCANCEL. Runs on the library's thread.
 class RMFileInUseDlg : public InstallDialogEx {
 public:
     explicit RMFileInUseDlg(const PageContext& context);

@@ -5,7 +5,8 @@
 
 class RebootService : public Service {
 public:
-    // Asks the system to restart; the request is under way when this returns. Gives 0 or the system's error.
+    // Asks the system to restart; the request is under way when this returns. Returns 0 or the system's
+    // error.
     std::uint32_t DoRun() override;
     void Cancel() override {}
 };

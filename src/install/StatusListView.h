@@ -19,7 +19,7 @@ public:
 
     // Gives the list view its look and its pictures, if both can be loaded.
     void Attach(HWND listView);
-    // Replaces the rows by the lines of the run's status document, and gives those.
+    // Replaces the rows by the lines of the run's status document, and returns those.
     std::vector<StatusLine> Fill();
     // For LVN_ITEMCHANGED: keeps rows from staying selected.
     static void KeepUnselected(const NMHDR& header);

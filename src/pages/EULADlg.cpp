@@ -110,7 +110,7 @@ LRESULT EULADlg::OnShowWindow(WPARAM, LPARAM) {
 }
 
 // The control asks before it acts, and the thumb of its scroll bar brings no other event. So the position is
-// read now and once more behind the move.
+// read now and once more after the move.
 LRESULT EULADlg::OnMessageFilter(NMHDR&) {
     OnScroll();
     PostMessage(scrollDone);

@@ -18,5 +18,5 @@ std::vector<Manufacturer> ParseManufacturers(std::wstring_view list);
 // brand keeps it.
 std::wstring BrandFor(std::wstring_view oem, std::wstring_view chosen);
 
-// The name with a left-to-right mark behind a final point.
+// The name with a left-to-right mark after a final point.
 std::wstring MarkFinalPoint(std::wstring name);

@@ -9,7 +9,7 @@
 
 namespace {
 
-// One printer driver that the package upgrades rules the way out, whatever stands before or behind it.
+// One printer driver that the package upgrades rules the way out, whatever stands before or after it.
 bool IsPrinterSoftwareUpToDate(const DriverInfo& drivers) {
     bool upToDate = false;
     for (const MSI_APP& driver : drivers.GetDrivers()) {

@@ -296,7 +296,7 @@ std::optional<ChosenPort> AddPortDlg::TakeExistingPort() {
                       .add = false};
 }
 
-// The address may be anything; the port's monitor tells what it makes of it.
+// The address may be anything; the port's monitor says what it makes of it.
 std::optional<ChosenPort> AddPortDlg::TakeNetworkPort() {
     const std::wstring name = TextOf(IDC_ADD_PORT_NAME, portNameRead);
     if (IsInPortList(name)) return Refuse(TextKey::DUP_PORT_TEXT, IDC_ADD_PORT_NAME);

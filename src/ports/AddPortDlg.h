@@ -29,7 +29,8 @@ public:
     AddPortDlg& operator=(const AddPortDlg&) = delete;
     ~AddPortDlg() override;
 
-    // Takes a tag document that may hide the shared printers and the drivers, and name the page behind Back.
+    // Takes a tag document that may hide the shared printers and the drivers, and name the page to which Back
+    // leads.
     std::uint32_t ReceiveMessage(std::wstring message) override;
 
     // IAddPortDialog.

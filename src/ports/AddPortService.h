@@ -15,7 +15,7 @@ public:
                    const DriverInfo& driverCatalogue)
         : page(addPortPage), settings(store), drivers(driverCatalogue) {}
 
-    // Fills the page's lists anew, on the page's thread. Gives 0. A system that does not tell its ports has
+    // Fills the page's lists anew, on the page's thread. Returns 0. A system that does not list its ports has
     // none.
     std::uint32_t DoRun() override;
     void Cancel() override {}

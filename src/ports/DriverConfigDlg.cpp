@@ -26,7 +26,7 @@ constexpr WPARAM longestPath = 260;
 // By design: one less than can be typed.
 constexpr std::size_t charactersRead = 259;
 
-// The name of the first profile, empty where the file tells none.
+// The name of the first profile, empty where the file names none.
 std::wstring ProfileName(const std::wstring& path) {
     std::wstring name;
     try {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-// Returns the name with marks behind the first closing bracket of each kind, where the texts read from right
+// Returns the name with marks after the first closing bracket of each kind, where the texts read from right
 // to left, and around an address, where the user's own language does.
 std::wstring ShownPortName(std::wstring name, bool rightToLeftTexts, bool rightToLeftLocale);
 

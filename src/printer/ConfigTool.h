@@ -7,14 +7,14 @@
 #include <vector>
 
 // Everything here is a function of its arguments and may run on any thread. A driver text is an identifier or
-// a name of a driver; it tells the generation.
+// a name of a driver; it says which generation.
 
 struct ConfigToolKind {
     std::wstring_view fileExtension;       // of a configuration file, with its point
     std::wstring_view appType;             // of its package in the catalogue
     std::wstring_view packageName;         // a part of its package's file name
     std::wstring_view unpackFolder;        // below the temporary folder
-    std::wstring_view folderBeforeVendor;  // of the tool, behind the temporary folder
+    std::wstring_view folderBeforeVendor;  // of the tool, after the temporary folder
     std::wstring_view folderBehindVendor;
     std::wstring_view program;
 };
@@ -44,7 +44,7 @@ const ConfigToolKind& ConfigToolFor(std::wstring_view driver);
 // Returns the last of the paths that holds the part, or the empty text.
 std::wstring LastPathWith(const std::vector<std::wstring>& paths, std::wstring_view part);
 
-// Returns what the command interpreter is told to unpack a package's tool into the temporary folder.
+// Returns what the command interpreter gets to unpack a package's tool into the temporary folder.
 std::wstring UnpackParameters(std::wstring_view packagePath, const ConfigToolKind& tool);
 
 struct ConfigCommandInputs {

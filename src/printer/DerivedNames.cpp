@@ -58,14 +58,14 @@ std::wstring ProductCodeFor(const std::map<std::wstring, std::wstring>& codesByS
     return std::wstring(code);
 }
 
-// The first match counts, and the character behind it is dropped, whatever it is: it is a blank as a rule. An
+// The first match counts, and the character after it is dropped, whatever it is: it is a blank as a rule. An
 // empty brand is found at the start.
 std::optional<std::wstring> FormatProductCode(std::wstring_view code, std::wstring_view oemName) {
     const std::size_t brand = code.find(oemName);
     if (brand == std::wstring_view::npos) return std::wstring();
-    const std::size_t behind = brand + oemName.size() + 1;
-    if (behind > code.size()) return std::nullopt;
-    return std::wstring(oemName).append(L"_").append(code.substr(behind));
+    const std::size_t after = brand + oemName.size() + 1;
+    if (after > code.size()) return std::nullopt;
+    return std::wstring(oemName).append(L"_").append(code.substr(after));
 }
 
 // A series that comes back after another one counts as different, since only neighbours are compared.

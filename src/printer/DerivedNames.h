@@ -39,7 +39,7 @@ std::wstring DefaultDriverTag(std::wstring_view colourClass, bool windows8OrLate
 std::wstring ProductCodeFor(const std::map<std::wstring, std::wstring>& codesBySeries,
                             std::wstring_view model, const std::wstring& series);
 
-// Returns the brand, "_" and the part of the code that begins one character behind the brand; empty where the
+// Returns the brand, "_" and the part of the code that begins one character after the brand; empty where the
 // brand does not occur. Returns nothing for a code that ends with the first occurrence of the brand: such a
 // code is a mistake of the package, which the caller logs as an error and treats as empty.
 std::optional<std::wstring> FormatProductCode(std::wstring_view code, std::wstring_view oemName);

@@ -19,7 +19,7 @@ public:
     // An identifier that holds "V4" selects the newer tool of the catalogue, any other the older one.
     void SetDriverId(const std::wstring& id) { driverId = id; }
 
-    // Starts the unpacking and does not wait for it. Gives 1.
+    // Starts the unpacking and does not wait for it. Returns 1.
     std::uint32_t DoRun() override;
     void Cancel() override {}
 

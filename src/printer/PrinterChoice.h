@@ -67,7 +67,7 @@ struct ChoiceInputs {
     std::wstring driverPath;  // of its package
 };
 
-// A device of the network as its row and its record tell it.
+// A device of the network as its row and its record describe it.
 struct ChosenDevice {
     std::wstring rowName;
     std::wstring hostName;
@@ -77,7 +77,7 @@ struct ChosenDevice {
     bool hasFax = false;
 };
 
-// A port described by hand; a host is told for a new network port only.
+// A port described by hand; a host is set for a new network port only.
 struct ChosenPort {
     std::wstring name;
     std::optional<std::wstring> host;

@@ -25,7 +25,7 @@ public:
     PrinterDescription(const InstallSettings& store, PortLookup isSystemPort)
         : settings(store), portExists(std::move(isSystemPort)) {}
 
-    // Returns the PRINTER_INFO element that tells the installation of this driver what to set up.
+    // Returns the PRINTER_INFO element that says what the installation of this driver is to set up.
     std::wstring BuildPrinterInfo(const MSI_APP& driver);
     std::wstring GetPrinterName(const MSI_APP& driver) const;
     std::wstring GetDriverProductName(const MSI_APP& driver) const;

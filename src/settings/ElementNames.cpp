@@ -5,10 +5,10 @@
 
 #include "settings/TagDocument.h"
 
-// The linear matcher behind ListElementNames. A match lies in one line. It begins with "<" at some i, and its
-// name ends at the first ">" at or behind i + 2: a longer name could only close where that one closes as
+// The linear matcher of ListElementNames. A match lies in one line. It begins with "<" at some i, and its
+// name ends at the first ">" at or after i + 2: a longer name could only close where that one closes as
 // well. The text from i + 1 through that ">" is the key of the open tag. The match exists if the key stands
-// again behind a "</" at least one character behind the open tag, and the first such place ends it.
+// again after a "</" at least one character after the open tag, and the first such place ends it.
 
 namespace {
 
@@ -25,11 +25,11 @@ struct LineSigns {
 
     std::size_t lineStart = 0;
     std::vector<std::size_t> opens;      // each "<"
-    std::vector<std::size_t> closeTags;  // each "<" with a "/" behind it
+    std::vector<std::size_t> closeTags;  // each "<" with a "/" after it
     std::vector<std::size_t> ends;       // each ">"
 };
 
-// Finds a sign at or behind positions that only grow.
+// Finds a sign at or after positions that only grow.
 class SignCursor {
 public:
     explicit SignCursor(const std::vector<std::size_t>& signPositions) : positions(signPositions) {}

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr std::size_t none = static_cast<std::size_t>(-1);
-constexpr std::size_t head = 0;  // The sign in front of the first and behind the last one, outside the text.
+constexpr std::size_t head = 0;  // The sign in front of the first and after the last one, outside the text.
 
 bool IsSimple(std::wstring_view name) {
     return name.find_first_of(L"<>") == std::wstring_view::npos;
@@ -151,7 +151,7 @@ void IndexedDocument::Remove(std::size_t first, std::size_t last) {
     Join(left, seam);
 }
 
-// What was removed may have parted a tag: the text in front of it and that behind it now belong together.
+// What was removed may have parted a tag: the text in front of it and that after it now belong together.
 void IndexedDocument::Join(std::size_t left, std::size_t seam) {
     if (!signs[left].opens) return;
     IndexTag(left);

@@ -9,10 +9,10 @@
 #include <unordered_map>
 #include <vector>
 
-// A tag document for many operations in a row. Each gives exactly the result of its namesake in TagDocument,
-// but finds its tags in an index instead of searching the text, so that a run of operations takes time in
-// proportion to what it reads and changes. Only for a name that holds a "<" or ">" the text is searched. An
-// object belongs to one thread.
+// A tag document for many operations in a row. Each returns exactly the result of its namesake in
+// TagDocument, but finds its tags in an index instead of searching the text, so that a run of operations
+// takes time in proportion to what it reads and changes. Only for a name that holds a "<" or ">" the text is
+// searched. An object belongs to one thread.
 class IndexedDocument {
 public:
     explicit IndexedDocument(std::wstring document);

@@ -1,7 +1,7 @@
 // The words by which packages say what they are.
 #pragma once
 
-// Device types, the property DEVICETYPE; a page tells discovery with the same words what it looks for.
+// Device types, the property DEVICETYPE; a page says with the same words what discovery is to look for.
 namespace DeviceType {
 
 inline constexpr wchar_t PRINTER[] = L"PRINTER";

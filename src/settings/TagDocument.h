@@ -10,7 +10,7 @@
 
 namespace TagDocument {
 
-// Reads the first element of that name into value and returns true; an empty element gives the empty value.
+// Reads the first element of that name into value and returns true; an empty element has the empty value.
 // Where the close tag stands before the open tag, the value is all that follows the open tag. Attributes of
 // the open tag are passed over. Returns false and leaves value as it was where there is no such element.
 bool FindValue(std::wstring_view document, std::wstring_view name, std::wstring& value);

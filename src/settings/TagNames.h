@@ -106,11 +106,11 @@ inline constexpr std::wstring_view MULTI_FUNCTION_MODEL = L"aioModelName";
 inline constexpr std::wstring_view COLORTYPE = L"COLORTYPE";
 inline constexpr std::wstring_view FAXINSTALLED = L"FAXINSTALLED";
 
-// Tags of the document that tells a driver's installation what to set up.
+// Tags of the document that says what a driver's installation is to set up.
 inline constexpr std::wstring_view PRINTER_INFO = L"PRINTER_INFO";
 inline constexpr std::wstring_view DRIVER_PRODUCT_NAME = L"DRIVER_PRODUCT_NAME";
 
-// Tags of the document that tells a package's installation what to do, beside those above.
+// Tags of the document that says what a package's installation is to do, beside those above.
 inline constexpr std::wstring_view LANGUAGEID = L"LANGUAGEID";
 inline constexpr std::wstring_view DEVICEFRIENDLYNAME = L"DEVICEFRIENDLYNAME";
 inline constexpr std::wstring_view TAG_REINSTALL = L"TAG_REINSTALL";

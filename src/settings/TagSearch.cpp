@@ -58,8 +58,8 @@ bool HoldsOpenSign(std::wstring_view name) {
     return name.find(L'<') != none;
 }
 
-// Finds both tags in one pass over the text behind their first signs, name and ">". A comparison starts only
-// behind a "<" and ends at the next one, since the name holds none.
+// Finds both tags in one pass over the text after their first signs, name and ">". A comparison starts only
+// after a "<" and ends at the next one, since the name holds none.
 class SimpleTagSearch {
 public:
     SimpleTagSearch(std::wstring_view searchedDocument, std::wstring_view name)

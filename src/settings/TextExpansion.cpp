@@ -30,9 +30,9 @@ public:
     const std::wstring& Text() const { return settled; }
 
 private:
-    // A value in the rest, known by how many characters stand behind it.
+    // A value in the rest, known by how many characters stand after it.
     struct Region {
-        std::size_t behind;
+        std::size_t after;
         std::set<std::wstring>::iterator name;
     };
 
@@ -50,8 +50,8 @@ private:
     bool ReplaceNext() {
         const std::size_t second =
             rest.size() > 1 ? rest.rfind(tagSign, rest.size() - 2) : std::wstring::npos;
-        const std::size_t behind = second == std::wstring::npos ? 0 : second + 1;
-        const std::wstring name(rest.rbegin() + 1, rest.rend() - static_cast<std::ptrdiff_t>(behind));
+        const std::size_t after = second == std::wstring::npos ? 0 : second + 1;
+        const std::wstring name(rest.rbegin() + 1, rest.rend() - static_cast<std::ptrdiff_t>(after));
         const std::wstring value = readTag(name);
         characters += name.size() + value.size();
         if (replacementsLeft-- == 0 || characters > mostCharacters) return false;
@@ -61,15 +61,15 @@ private:
     }
 
     // A tag that is named again by its own value leads back to where it was.
-    bool TakeTag(std::size_t behind, const std::wstring& name, const std::wstring& value) {
-        rest.resize(behind);
-        while (!regions.empty() && regions.back().behind > behind) {
+    bool TakeTag(std::size_t after, const std::wstring& name, const std::wstring& value) {
+        rest.resize(after);
+        while (!regions.empty() && regions.back().after > after) {
             names.erase(regions.back().name);
             regions.pop_back();
         }
         if (value.empty()) return true;
         const auto [entry, isNew] = names.insert(name);
-        if (isNew) regions.push_back({.behind = behind, .name = entry});
+        if (isNew) regions.push_back({.after = after, .name = entry});
         return isNew;
     }
 

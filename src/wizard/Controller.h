@@ -44,7 +44,8 @@ public:
     // Asks whether to cancel, unless forced, and cancels all services passed so far. True if the cancel goes
     // ahead.
     bool Cancel(bool force);
-    // Waits for the workers, closes the wizard, and starts the packages' programs or the restart. Gives true.
+    // Waits for the workers, closes the wizard, and starts the packages' programs or the restart. Returns
+    // true.
     bool Finish(bool reboot);
     // Removes the folders of the configuration tools and posts the end of the message loop.
     void Close();

@@ -88,7 +88,7 @@ bool InstallDialogEx::OnInitDialog() {
     refreshIcon = LoadIconFile(L"..\\res\\images\\refresh.png");
     refreshIconHighContrast = LoadIconFile(L"..\\res\\images\\high_contrast_refresh.png");
     helpImagePath = GetExeDirectory() + L"\\..\\res\\images\\help.png";
-    // The help follows the user's language, even where the texts are told to be of another.
+    // The help follows the user's language, even where the texts are chosen to be of another.
     helpFile = L"..\\" + GetLanguageCode() + L"\\install.chm";
     toolTips.Create(*this);
     if (IsHighContrastOn()) CMFCLinkCtrl::SetUnderlinedFont(MakeFont(L"Arial", 8, regular, true));

@@ -15,7 +15,7 @@ using InstallProgressCallback = std::int32_t (*)(const wchar_t* message);
 
 extern "C" {
 
-// Called once behind the load and once before the unload. Both may be left out.
+// Called once after the load and once before the unload. Both may be left out.
 void MsiInitialize();
 void MsiUninitialize();
 

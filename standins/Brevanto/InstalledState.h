@@ -9,7 +9,7 @@
 
 namespace brevanto {
 
-// What tells which product a package is.
+// What says which product a package is.
 struct PackageIdentity {
     std::wstring productCode;
     std::wstring upgradeCode;

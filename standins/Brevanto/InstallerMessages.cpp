@@ -7,7 +7,7 @@
 namespace brevanto {
 namespace {
 
-// The first field of a progress message tells what the others mean.
+// The first field of a progress message says what the others mean.
 constexpr int phaseBegins = 0;
 constexpr int actionBegins = 1;
 constexpr int ticks = 2;

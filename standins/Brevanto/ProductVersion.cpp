@@ -7,7 +7,7 @@ namespace {
 
 constexpr unsigned largestField = 65535;
 
-// Takes the leading number off the text, and what stands behind it up to and including the next point.
+// Takes the leading number off the text, and what stands after it up to and including the next point.
 unsigned TakeField(std::wstring_view& text) {
     unsigned value = 0;
     std::size_t digits = 0;

@@ -6,7 +6,7 @@
 
 namespace brevanto {
 
-// A product's version as Windows Installer compares it: three fields, whatever stands behind them.
+// A product's version as Windows Installer compares it: three fields, whatever stands after them.
 struct ProductVersion {
     unsigned majorField = 0;
     unsigned minorField = 0;

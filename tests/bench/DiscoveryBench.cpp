@@ -69,7 +69,7 @@ void DecodesAReply(benchmark::State& state) {
 }
 BENCHMARK(DecodesAReply)->Arg(1)->Arg(10)->Arg(250);
 
-// The worst that lengths can do: groups that name the bytes behind them over and over.
+// The worst that lengths can do: groups that name the bytes after them over and over.
 void RefusesALyingReply(benchmark::State& state) {
     const Npa::Builder builder;
     Npa::Bytes tree;

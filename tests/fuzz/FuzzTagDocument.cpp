@@ -33,8 +33,8 @@ void CheckRemoval(const std::wstring& document, const std::wstring& name) {
     std::wstring left = document;
     TagDocument::RemoveElement(left, name);
     std::wstring expected = document;
-    const std::size_t behind = tags.close + name.size() + 3;
-    if (tags.BothFound()) expected.erase(tags.open, tags.close < tags.open ? none : behind - tags.open);
+    const std::size_t after = tags.close + name.size() + 3;
+    if (tags.BothFound()) expected.erase(tags.open, tags.close < tags.open ? none : after - tags.open);
     Require(left == expected);
 
     IndexedDocument indexed(document);

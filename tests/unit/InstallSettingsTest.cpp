@@ -17,7 +17,7 @@ protected:
 
     static InstallSettings& Settings() { return InstallSettings::GetInstance(); }
 
-    // The whole document, behind the one "<" more that the log has.
+    // The whole document, after the one "<" more that the log has.
     static std::wstring Document() { return Settings().StripMarker().substr(1); }
 };
 

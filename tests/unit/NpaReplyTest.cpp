@@ -181,7 +181,7 @@ TEST_P(LooseLayoutTest, LeavesTheTreeAtItsPlace) {
     EXPECT_TRUE(info->HasFax());
 }
 
-// Whatever stands in the two bytes behind a brace is stepped over, another brace as well.
+// Whatever stands in the two bytes after a brace is stepped over, another brace as well.
 INSTANTIATE_TEST_SUITE_P(Layouts, LooseLayoutTest,
                          testing::Values("P{ID:1,DT:1}..{NE:1,LD:2}..{LD:2}xyz",
                                          "P{ID:1,DT:1}}}NE:1,LD:2}}}LD:2}"));

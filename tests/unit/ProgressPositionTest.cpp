@@ -48,9 +48,9 @@ TEST(MoveBarTest, RefusesAPositionOutOfRange) {
 
 TEST(MoveBarTest, MovesBackDuringARollBack) {
     EXPECT_EQ(MoveBar(2, 30, 250, 0, 300, true).position, 170);
-    const auto behind = MoveBar(2, 30, 170, 0, 300, true);
-    EXPECT_TRUE(behind.inRange);
-    EXPECT_EQ(behind.position, std::nullopt);
+    const auto after = MoveBar(2, 30, 170, 0, 300, true);
+    EXPECT_TRUE(after.inRange);
+    EXPECT_EQ(after.position, std::nullopt);
 }
 
 TEST(MoveBarTest, TestsTheForwardPositionOnTheWayBack) {

@@ -14,7 +14,7 @@ std::vector<std::wstring> ElementNamesByRegex(const std::wstring& document);
 // The merge, written with one search of the text per operation.
 void MergeBySearch(std::wstring& document, std::wstring& mergedRecord, std::wstring incoming);
 
-// The reduction of access keys; surplus is how many were found behind the first.
+// The reduction of access keys; surplus is how many were found after the first.
 std::wstring ReduceBySearch(std::wstring value, int& surplus);
 
 // The expansion, written with one search of the text per replacement; gives up after some thousand of them.

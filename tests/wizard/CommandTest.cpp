@@ -21,7 +21,7 @@ protected:
         tree.Add({.path = L"Drivers\\x64\\x.msi", .properties = printerDriver + furtherProperties});
     }
 
-    // The elements behind the printer's.
+    // The elements after the printer's.
     std::wstring Rest(const std::wstring& friendlyName = {}, const std::wstring& shortcut = {},
                       const std::wstring& link = {}) const {
         return Element(L"TARGET_DIR", TargetFolder()) + Element(L"LANGUAGEID", L"1033") +

@@ -47,7 +47,7 @@ TEST_F(DirectionPageTest, IsMirroredForALanguageFromTheRight) {
     EXPECT_FALSE(IsCancelOnTheRight());
 }
 
-// How far the logo of that width lies behind the left edge of the window's ground.
+// How far the logo of that width lies right of the left edge of the window's ground.
 class LogoTest : public DirectionPageTest, public testing::WithParamInterface<const wchar_t*> {
 protected:
     LONG LogoOffset(int width) {

@@ -86,7 +86,7 @@ TEST_F(FaultTest, ATextThatGrowsForEverIsBoundedToo) {
     EXPECT_THAT(AdvancedLog(), HasRecordWith(L"ERROR", L"never end: INSTALL_TITLE"));
 }
 
-// A settings file that is too large or broken behind its good beginning.
+// A settings file that is too large or broken after its good beginning.
 struct BrokenSettings {
     const char* name;
     std::string (*tail)();

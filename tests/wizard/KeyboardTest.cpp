@@ -28,7 +28,7 @@ protected:
         wizard.BringToFront();
     }
 
-    // The control that has the focus behind these keys, which are to bring it to the expected one.
+    // The control that has the focus after these keys, which are to bring it to the expected one.
     int FocusBehind(std::initializer_list<WORD> keys, int expected) {
         PressKeys(keys);
         const auto focused = [this] {

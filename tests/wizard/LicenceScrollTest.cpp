@@ -21,7 +21,7 @@ protected:
         tree.WriteFile(L"Notices\\EULA\\eula_en.txt", LongLicence());
     }
 
-    // The control can be asked while the wizard waits for messages only, so a sent message comes behind it.
+    // The control can be asked while the wizard waits for messages only, so a sent message comes after it.
     void Scroll(WPARAM how) const { SendMessageW(wizard.FindControl(IDC_LICENCE_TEXT), WM_VSCROLL, how, 0); }
 
     // Whether the deed enables the button. A window that is activated late takes the mouse and the keys away,

@@ -38,7 +38,7 @@ std::wstring WithoutPadding(std::wstring_view text) {
     return std::wstring(text.substr(0, text.find_last_not_of(L' ') + 1));
 }
 
-// Takes one field with its separator from the front: all up to the separator behind the least width.
+// Takes one field with its separator from the front: all up to the separator after the least width.
 std::wstring TakeField(std::wstring_view& line, std::size_t leastWidth) {
     const std::size_t end = line.find(separator, leastWidth);
     const std::wstring field = WithoutPadding(line.substr(0, end));

@@ -47,7 +47,7 @@ public:
     std::filesystem::path Root() const { return root; }
     std::filesystem::path ProgramFolder() const { return root / L"Setup" / L"x64"; }
 
-    // The text behind the vendor's tag in the default settings.
+    // The text after the vendor's tag in the default settings.
     void SetSettings(std::wstring_view document);
     void SetUserSettings(std::wstring_view document);
     // Sets a text of a language file, the English one if no other is named.

@@ -1,4 +1,4 @@
-// The question whether to restart, behind a run that asks for it.
+// The question whether to restart, after a run that asks for it.
 
 #include "CommonLib/SystemText.h"
 #include "PageTest.h"

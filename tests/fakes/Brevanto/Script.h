@@ -11,7 +11,7 @@
 //       pause MILLISECONDS
 //       untilCancel          waits for a cancel
 //       untilFile PATH       waits until the file exists
-//       return CODE          what the call returns behind all steps, 0 without it
+//       return CODE          what the call returns after all steps, 0 without it
 #pragma once
 
 #include <cstdint>

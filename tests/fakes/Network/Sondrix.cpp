@@ -43,7 +43,7 @@ std::uint32_t EnumerateW(wchar_t* buffer, std::uint32_t capacity, std::uint32_t*
     const auto needed = static_cast<std::uint32_t>(run.listing.size());
     *required = run.enumerate.required.value_or(needed);
     if (run.enumerate.again || capacity < needed) return bufferTooSmall;
-    // What is behind the listing is left as the caller made it.
+    // What follows the listing is left as the caller made it.
     std::copy(run.listing.begin(), run.listing.end(), buffer);
     return run.enumerate.code;
 }

@@ -39,7 +39,7 @@ protected:
         Settings().SetBool(L"SILENT_INSTALL", false);
         AddTexts("<LANGUAGE_ID>1033</LANGUAGE_ID><DOTNET>The framework</DOTNET>");
         Add(L"a").properties[L"SecureCustomProperties"] = L"OTHER;NETFRAMEWORK40;MORE";
-        // Behind the prerequisite the run is silent again, so that the walk does not go on.
+        // After the prerequisite the run is silent again, so that the walk does not go on.
         msi.packages[L"a.msi"].duringInstall = [] { Settings().SetBool(L"SILENT_INSTALL", true); };
     }
     ~DotNetPrerequisiteTest() override { RegDeleteTreeW(HKEY_CURRENT_USER, ownKeys); }

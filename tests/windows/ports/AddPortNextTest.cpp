@@ -26,7 +26,7 @@ protected:
         PressNext();
         EXPECT_THAT(BasicMessages(), Contains(L"Installation is Finished"));
     }
-    // Name, host, type and whether it is to be made, each behind a bar.
+    // Name, host, type and whether it is to be made, each after a bar.
     static std::wstring Port() {
         std::wstring port;
         for (const wchar_t* tag : {L"PORT_NAME", L"HOST_NAME", L"PORT_TYPE", L"ADD_PORT"}) {

@@ -50,7 +50,7 @@ TEST(SharedPrinterTest, IsNotAskedForWhereThePathNamesNoShare) {
     }
 }
 
-// The record takes 48 bytes of the 261, so 105 characters and the end of the text fit behind it.
+// The record takes 48 bytes of the 261, so 105 characters and the end of the text fit after it.
 TEST(SharedPrinterTest, HasAnAnswerOfAtMost261Bytes) {
     const std::wstring longest = L"\\\\server\\" + std::wstring(96, L'p');
     {

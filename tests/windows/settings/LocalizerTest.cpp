@@ -20,7 +20,7 @@ protected:
         AddTexts("<KEY>" + value + "</KEY>");
         return Text(L"KEY");
     }
-    // The records behind those of the loading.
+    // The records after those of the loading.
     std::vector<LogRecord> RecordsOfTheText() const {
         std::vector<LogRecord> log = AdvancedLog();
         log.erase(log.begin(), log.begin() + 2);

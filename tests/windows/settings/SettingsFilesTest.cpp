@@ -24,7 +24,7 @@ protected:
     std::string OemElement() const { return "<OEM>" + ToUtf8(vendor) + "</OEM>"; }
     std::wstring WideOem() const { return L"<OEM>" + vendor + L"</OEM>"; }
 
-    // Loads a default file of these bytes behind the vendor's element.
+    // Loads a default file of these bytes after the vendor's element.
     void LoadDefaults(const std::string& bytes) {
         AddDefaults(OemElement() + bytes);
         ASSERT_EQ(::LoadDefaults(Settings()), 0);

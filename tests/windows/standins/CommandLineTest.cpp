@@ -13,7 +13,7 @@ const std::wstring always = L"REBOOT=ReallySuppress";
 struct Case {
     const char* name;
     const wchar_t* document;
-    const wchar_t* line;  // what stands behind the part that is always there
+    const wchar_t* line;  // what stands after the part that is always there
 };
 
 class CommandLineTest : public testing::TestWithParam<Case> {};

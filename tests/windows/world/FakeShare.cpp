@@ -18,7 +18,7 @@ FakeShare::Answer scripted;
 std::optional<Asked> asked;
 FARPROC(WINAPI* findExport)(HMODULE, LPCSTR) = nullptr;
 
-// As the function is documented: the texts lie behind the record, and a buffer that does not hold both is
+// As the function is documented: the texts lie after the record, and a buffer that does not hold both is
 // left alone.
 DWORD WINAPI Answer(LPNETRESOURCEW question, LPVOID buffer, LPDWORD size, LPWSTR* rest) {
     asked = Asked{.question = *question, .name = question->lpRemoteName, .room = *size};

@@ -8,7 +8,7 @@
 #include "ThreadWatch.h"
 #include "install/InstallService.h"
 
-// The run is silent, so that the walk does not go on behind it.
+// The run is silent, so that the walk does not go on after it.
 class InstallTest : public CatalogueTest {
 protected:
     InstallTest();

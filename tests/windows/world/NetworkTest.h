@@ -42,7 +42,7 @@ protected:
     void UseLibraries(const std::wstring& sondrix, const std::wstring& quelmar);
     // Adds a line to the script of the network.
     void Script(const std::vector<std::wstring>& fields) const;
-    // Adds a device of that address to the listing, with more tags behind.
+    // Adds a device of that address to the listing, with more tags after it.
     void AddDevice(const std::wstring& address, const std::wstring& moreTags = {}) const;
 
     // Makes the service for the page.

@@ -90,7 +90,7 @@ bool LeavesNothingBehind(const std::function<void()>& deed) {
         deed();
         if (WaitUntil([&] { return CountObjects() == before; }, std::chrono::seconds(2))) return true;
         std::cout << "before: " << testing::PrintToString(before)
-                  << ", behind: " << testing::PrintToString(CountObjects()) << std::endl;
+                  << ", after: " << testing::PrintToString(CountObjects()) << std::endl;
     }
     return false;
 }

@@ -25,7 +25,7 @@ private:
 protected:
     static InstallSettings& Settings() { return InstallSettings::GetInstance(); }
     static Localizer& Texts() { return Localizer::GetInstance(); }
-    // The whole document, behind the one "<" more that the log has.
+    // The whole document, after the one "<" more that the log has.
     static std::wstring Document() { return Settings().StripMarker().substr(1); }
 
     // Lays the files where the program looks for them.

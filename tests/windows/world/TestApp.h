@@ -15,7 +15,7 @@ public:
 
     void OnUnhandledException(const std::wstring& where, const std::string& what) noexcept override;
 
-    // Each as the place and, behind a colon, what it was.
+    // Each as the place and, after a colon, what it was.
     std::vector<std::string> Exceptions() const;
 
 private:
