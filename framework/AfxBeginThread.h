@@ -6,4 +6,4 @@
 // Runs the procedure on a new thread, whose exit code is the procedure's result. False if the system starts
 // no thread; the procedure then never runs. An exception that leaves the procedure is reported to the
 // application object and ends the thread only.
-bool AfxBeginThread(std::function<unsigned()> procedure);
+[[nodiscard]] bool AfxBeginThread(std::function<unsigned()> procedure);

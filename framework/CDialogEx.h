@@ -12,7 +12,7 @@ public:
 
     // Creates the modeless dialog from the program's template of that id, with its controls, and runs
     // OnInitDialog. The parent may be null. False if there is no such template or the system refuses.
-    bool Create(UINT dialogTemplate, CWnd* parentWindow);
+    [[nodiscard]] bool Create(UINT dialogTemplate, CWnd* parentWindow);
     // Shows the dialog of the constructor's template, keeps its parent disabled and runs a message loop until
     // EndDialog. May run on any thread. Returns EndDialog's result, -1 if the dialog cannot be created.
     int DoModal();

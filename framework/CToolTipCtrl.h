@@ -9,7 +9,7 @@ class CToolTipCtrl : public CWnd {
 public:
     // Takes styles beside those of every tool tip. False if the system refuses; the other operations then do
     // nothing.
-    bool Create(const CWnd& parentWindow, DWORD style = 0);
+    [[nodiscard]] bool Create(const CWnd& parentWindow, DWORD style = 0);
     // Lets the tool tips see a message of the program.
     void RelayEvent(MSG* message);
     // Gives a control of the parent its tip.

@@ -25,9 +25,9 @@ public:
     HandleOwner& operator=(const HandleOwner&) = delete;
     ~HandleOwner() { reset(); }
 
-    Handle get() const { return handle; }
-    explicit operator bool() const { return handle != Kind::invalid(); }
-    Handle release() { return std::exchange(handle, Kind::invalid()); }
+    Handle get() const noexcept { return handle; }
+    explicit operator bool() const noexcept { return handle != Kind::invalid(); }
+    [[nodiscard]] Handle release() noexcept { return std::exchange(handle, Kind::invalid()); }
 
     void reset(Handle owned = Kind::invalid()) {
         const Handle old = std::exchange(handle, owned);
@@ -51,7 +51,7 @@ private:
 template <class Type>
 struct NullInvalid {
     using Handle = Type;
-    static Handle invalid() { return nullptr; }
+    static Handle invalid() noexcept { return nullptr; }
 };
 
 struct KernelHandleKind : NullInvalid<HANDLE> {
@@ -59,12 +59,12 @@ struct KernelHandleKind : NullInvalid<HANDLE> {
 };
 struct FileHandleKind {
     using Handle = HANDLE;
-    static HANDLE invalid() { return INVALID_HANDLE_VALUE; }
+    static HANDLE invalid() noexcept { return INVALID_HANDLE_VALUE; }
     static void close(HANDLE handle) { CloseHandle(handle); }
 };
 struct FindHandleKind {
     using Handle = HANDLE;
-    static HANDLE invalid() { return INVALID_HANDLE_VALUE; }
+    static HANDLE invalid() noexcept { return INVALID_HANDLE_VALUE; }
     static void close(HANDLE handle) { FindClose(handle); }
 };
 struct RegistryKeyKind : NullInvalid<HKEY> {
@@ -132,7 +132,7 @@ public:
     WindowDc& operator=(const WindowDc&) = delete;
     ~WindowDc() { ReleaseDC(window, context); }
 
-    HDC get() const { return context; }
+    HDC get() const noexcept { return context; }
 
 private:
     HWND window;
@@ -147,7 +147,7 @@ public:
     PaintDc& operator=(const PaintDc&) = delete;
     ~PaintDc() { EndPaint(window, &paint); }
 
-    HDC get() const { return context; }
+    HDC get() const noexcept { return context; }
 
 private:
     PAINTSTRUCT paint{};

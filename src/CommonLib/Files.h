@@ -17,7 +17,7 @@ std::size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& pat
                       const std::wstring& extension, const std::wstring& nameFilter = {});
 
 // Creates the folder with all that lead to it. True if it is there afterwards.
-bool CreateFolderPath(const std::wstring& path);
+[[nodiscard]] bool CreateFolderPath(const std::wstring& path);
 
 // Returns true if there is a file or folder of that path, whether it can be opened or not.
 bool PathExists(const std::wstring& path);
@@ -30,7 +30,7 @@ bool CanBeRead(const std::wstring& path);
 bool CanBeReadAlone(const std::wstring& path);
 
 // Copies a file over whatever is at the target.
-bool CopyFileTo(const std::wstring& target, const std::wstring& source);
+[[nodiscard]] bool CopyFileTo(const std::wstring& target, const std::wstring& source);
 
 // The folder of the system for temporary files, with its closing backslash.
 std::wstring GetTemporaryFolder();

@@ -113,7 +113,7 @@ void CKestruneApp::BringUpLibraries() {
 
 void CKestruneApp::CreateMainWindow(const Collaborators& shared, bool silent) {
     mainDialog = std::make_unique<KestruneDlg>(shared.controller, shared.localizer);
-    mainDialog->Create(IDD_MAIN, nullptr);
+    static_cast<void>(mainDialog->Create(IDD_MAIN, nullptr));
     SetMainWnd(mainDialog.get());
     shared.controller.Start(MakeChain(shared), silent);
     mainDialog->ShowWindow(shared.settings.GetBool(Tag::SILENT_INSTALL) ? SW_HIDE : SW_SHOW);

@@ -155,7 +155,7 @@ void CopyLogToPackage() {
     std::wstring folder = CmdLineHelper::GetInstance().GetValue(CmdLineHelper::Option::PackageDirectory);
     if (folder.empty()) folder = GetExeDirectory();
     if (log.find(L'\\') == std::wstring::npos) return;
-    CopyFileTo(folder + L"\\" + std::wstring(FileNameOf(log)), log);
+    static_cast<void>(CopyFileTo(folder + L"\\" + std::wstring(FileNameOf(log)), log));
 }
 
 bool IsCoreSoftwareSelected(const AppCatalogue& applications) {

@@ -50,9 +50,9 @@ void ResolveDriverConfigPaths(InstallSettings& settings) {
         const std::wstring value = TagDocument::ValueOf(device, Tag::DRIVERCONFIG_PATH);
         if (value.empty()) continue;
         const std::wstring folder = GetConfigurationFolder();
-        CreateFolderPath(folder);
+        static_cast<void>(CreateFolderPath(folder));
         const std::wstring target = FreeTarget(folder, value);
-        CopyFileTo(target, GetExeDirectory() + L"\\..\\" + value);
+        static_cast<void>(CopyFileTo(target, GetExeDirectory() + L"\\..\\" + value));
         TagDocument::SetElement(device, Tag::DRIVERCONFIG_PATH, target);
     }
     settings.SetDevices(std::move(resolved));

@@ -11,7 +11,7 @@
 int LoadDefaults(InstallSettings& settings);
 
 // Lays the file's elements over the settings.
-int MergeFile(InstallSettings& settings, const std::wstring& path);
+[[nodiscard]] int MergeFile(InstallSettings& settings, const std::wstring& path);
 
 // Appends the file's text.
 int ReadFromFile(const std::wstring& path, std::wstring& text);

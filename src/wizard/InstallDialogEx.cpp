@@ -90,7 +90,8 @@ bool InstallDialogEx::OnInitDialog() {
     helpImagePath = GetExeDirectory() + L"\\..\\res\\images\\help.png";
     // The help follows the user's language, even where the texts are chosen to be of another.
     helpFile = L"..\\" + GetLanguageCode() + L"\\install.chm";
-    toolTips.Create(*this);
+    // A page without tips serves as well.
+    static_cast<void>(toolTips.Create(*this));
     if (IsHighContrastOn()) CMFCLinkCtrl::SetUnderlinedFont(MakeFont(L"Arial", 8, regular, true));
     return true;
 }

@@ -11,7 +11,7 @@ namespace brevanto {
 
 struct MsiHandleKind {
     using Handle = MSIHANDLE;
-    static MSIHANDLE invalid() { return 0; }
+    static MSIHANDLE invalid() noexcept { return 0; }
     static void close(MSIHANDLE handle) { MsiCloseHandle(handle); }
 };
 

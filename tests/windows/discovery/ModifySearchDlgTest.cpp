@@ -44,13 +44,13 @@ protected:
         }
         AddTexts(texts);
         balloons.clear();
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
     }
 
     void Open(const std::wstring& search = {}) {
         Settings().SetString(Tag::DISCOVER_PARAMS, search);
-        dialog.Create(dialog.TemplateId(), &window);
+        EXPECT_TRUE(dialog.Create(dialog.TemplateId(), &window));
         for (const int field : {IDC_MODIFY_SEARCH_HOST, IDC_MODIFY_SEARCH_ADDRESS, IDC_MODIFY_SEARCH_MASK})
             SetWindowSubclass(At(field), &NoteBalloon, 1, 0);
         dialog.ShowWindow(SW_SHOW);

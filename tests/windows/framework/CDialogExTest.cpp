@@ -118,7 +118,7 @@ TEST_F(CDialogExTest, EndsWhenAMessageEndsItThatAnotherThreadHasSent) {
 
 TEST_F(CDialogExTest, KeepsItsParentDisabledAsLongAsItIsThere) {
     CDialogEx parent;
-    parent.Create(IDD_TEST, nullptr);
+    EXPECT_TRUE(parent.Create(IDD_TEST, nullptr));
     app.SetMainWnd(&parent);
     bool wasEnabled = true;
     dialog.whenShown = [&](TestDialog& shown) {
@@ -132,7 +132,7 @@ TEST_F(CDialogExTest, KeepsItsParentDisabledAsLongAsItIsThere) {
 
 TEST_F(CDialogExTest, LeavesAParentDisabledThatWasSoBefore) {
     CDialogEx parent;
-    parent.Create(IDD_TEST, nullptr);
+    EXPECT_TRUE(parent.Create(IDD_TEST, nullptr));
     parent.EnableWindow(false);
     app.SetMainWnd(&parent);
     dialog.whenShown = [](TestDialog& shown) { shown.EndDialog(1); };
@@ -155,7 +155,7 @@ TEST_F(CDialogExTest, LeavesTheEndOfTheProgramToTheOuterLoop) {
 }
 
 TEST_F(CDialogExTest, IgnoresTheEndOfADialogThatIsNotModal) {
-    dialog.Create(IDD_TEST, nullptr);
+    EXPECT_TRUE(dialog.Create(IDD_TEST, nullptr));
     dialog.EndDialog(1);
     PumpMessages();
     EXPECT_NE(dialog.GetSafeHwnd(), nullptr);
@@ -173,7 +173,7 @@ public:
 
 TEST_F(CDialogExTest, TellsAControlOfItsClickAndItsDrawing) {
     CDialogEx plain;
-    plain.Create(IDD_TEST, nullptr);
+    EXPECT_TRUE(plain.Create(IDD_TEST, nullptr));
     TestButton button;
     button.SubclassDlgItem(IDC_TEST_BUTTON, plain);
     plain.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_TEST_BUTTON, BN_CLICKED), LPARAM(button.GetSafeHwnd()));

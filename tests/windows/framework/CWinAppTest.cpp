@@ -64,7 +64,7 @@ TEST(CWinAppTest, OffersAMessageToTheWindowsUpToTheMainOne) {
     TestApp app;
     Filter main;
     Filter inner;
-    main.Create(IDD_TEST, nullptr);
+    EXPECT_TRUE(main.Create(IDD_TEST, nullptr));
     inner.SubclassDlgItem(IDC_TEST_EDIT, main);
     app.SetMainWnd(&main);
     MSG message{.hwnd = inner.GetSafeHwnd(), .message = WM_KEYDOWN};
@@ -80,7 +80,7 @@ TEST(CWinAppTest, OffersAMessageToNoWindowAroundTheMainOne) {
     TestApp app;
     Filter outer;
     Filter main;
-    outer.Create(IDD_TEST, nullptr);
+    EXPECT_TRUE(outer.Create(IDD_TEST, nullptr));
     main.SubclassDlgItem(IDC_TEST_EDIT, outer);
     app.SetMainWnd(&main);
     outer.takes = true;

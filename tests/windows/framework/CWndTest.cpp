@@ -41,7 +41,7 @@ private:
 class CWndTest : public testing::Test {
 protected:
     CWndTest() {
-        dialog.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(dialog.Create(IDD_TEST, nullptr));
         edit.SubclassDlgItem(IDC_TEST_EDIT, dialog);
     }
 
@@ -100,7 +100,7 @@ TEST_F(CWndTest, DestroysItsWindowWithItself) {
     HWND handle = nullptr;
     {
         CDialogEx other;
-        other.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(other.Create(IDD_TEST, nullptr));
         handle = other.GetSafeHwnd();
         EXPECT_TRUE(IsWindow(handle));
     }

@@ -11,7 +11,7 @@ std::vector<int> closed;
 
 struct NumberKind {
     using Handle = int;
-    static int invalid() { return -1; }
+    static int invalid() noexcept { return -1; }
     static void close(int number) {
         closed.push_back(number);
         SetLastError(ERROR_GEN_FAILURE);

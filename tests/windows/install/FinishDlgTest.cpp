@@ -17,8 +17,8 @@ protected:
             "REQUIRED_DEPENDENCY><INSTALLATION_FAILED_TEXT>Failed.</INSTALLATION_FAILED_TEXT>");
         Settings().SetString(Tag::INSTALL_STATUS, L"CANCELED");
         Settings().SetBool(Tag::DOTNET_FAILED, true);
-        window.Create(IDD_TEST, nullptr);
-        page.Create(page.TemplateId(), &window);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+        EXPECT_TRUE(page.Create(page.TemplateId(), &window));
     }
 
     std::wstring Header() {

@@ -22,7 +22,7 @@ protected:
             "<PERMISSION_ERROR_TEXT>rights</PERMISSION_ERROR_TEXT>"
             "<ERROR_TITLE>error title</ERROR_TITLE><ERROR_TEXT>error</ERROR_TEXT>"
             "<FILES_IN_USE_HEADER>in use</FILES_IN_USE_HEADER>");
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
         DeliverMessagesTo(&page);
     }

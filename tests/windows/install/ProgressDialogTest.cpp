@@ -22,9 +22,9 @@ protected:
             "INSTALLING_TEXT>"
             "<UNINSTALLING_TEXT>Removing</UNINSTALLING_TEXT><CANCELING_TEXT>Cancelling</CANCELING_TEXT>"
             "<CANCEL_BUTTON>&amp;Stop</CANCEL_BUTTON>");
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
-        page.Create(page.TemplateId(), &window);
+        EXPECT_TRUE(page.Create(page.TemplateId(), &window));
         DeliverMessagesTo(&page);
     }
     ~ProgressDialogTest() override { DeliverMessagesTo(nullptr); }

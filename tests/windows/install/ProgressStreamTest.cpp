@@ -51,9 +51,9 @@ class ProgressStreamTest : public SettingsTest {
 protected:
     ProgressStreamTest() {
         AddTexts("<INSTALLING_TEXT>Installing</INSTALLING_TEXT>");
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
-        page.Create(page.TemplateId(), &window);
+        EXPECT_TRUE(page.Create(page.TemplateId(), &window));
         page.BeginRun(packageCount);
         DeliverMessagesTo(&page);
     }

@@ -15,7 +15,7 @@ namespace {
 class StatusListViewTest : public SettingsTest {
 protected:
     StatusListViewTest() {
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT, 0, 0, 200, 100,
                                window.GetSafeHwnd(), nullptr, nullptr, nullptr);
         Settings().SetString(Tag::APP_INSTALLATION_STATUS,

@@ -18,11 +18,11 @@ LANGID WINAPI TellIndonesian() {
 
 class EULADlgTest : public SettingsTest {
 protected:
-    EULADlgTest() { window.Create(IDD_TEST, nullptr); }
+    EULADlgTest() { EXPECT_TRUE(window.Create(IDD_TEST, nullptr)); }
 
     // The text that the page shows once it is built.
     std::wstring Shown() {
-        page.Create(IDD_LICENCE, &window);
+        EXPECT_TRUE(page.Create(IDD_LICENCE, &window));
         return TextOf(page.GetDlgItem(IDC_LICENCE_TEXT));
     }
 

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 class ManufacturerDlgTest : public SettingsTest {
 protected:
     ManufacturerDlgTest() {
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         Settings().SetString(Tag::MANUFACTURERS, L"Velt Co.:1|B. Co:2");
     }
 
@@ -40,12 +40,12 @@ private:
 
 TEST_F(ManufacturerDlgTest, MarksAFinalPointForAnArabicUser) {
     const ArabicUser user;
-    page.Create(IDD_MANUFACTURER, &window);
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
     EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.\x200E", L"B. Co"));
 }
 
 TEST_F(ManufacturerDlgTest, LeavesNamesAloneForOtherUsers) {
-    page.Create(IDD_MANUFACTURER, &window);
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
     EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.", L"B. Co"));
 }
 
@@ -53,7 +53,7 @@ TEST_F(ManufacturerDlgTest, LeavesNamesAloneForOtherUsers) {
 TEST_F(ManufacturerDlgTest, FindsNoDefaultUnderTheNameWithoutItsMark) {
     Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.");
     const ArabicUser user;
-    page.Create(IDD_MANUFACTURER, &window);
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
     page.SendMessage(WM_SHOWWINDOW, TRUE);
     EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDOK)));
     Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.\x200E");

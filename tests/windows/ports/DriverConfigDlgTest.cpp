@@ -34,14 +34,14 @@ protected:
             "<INVALID_PATH_TEXT>No such file.</INVALID_PATH_TEXT>");
         fs::remove_all(GetConfigurationFolder());
         Settings().SetString(L"OEM", L"Maker");
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
     }
     ~DriverConfigDlgTest() override { fs::remove_all(GetConfigurationFolder()); }
 
     void Open(const std::wstring& driverId = L"HVMONO") {
         dialog.ReceiveMessage(driverId);
-        dialog.Create(dialog.TemplateId(), &window);
+        EXPECT_TRUE(dialog.Create(dialog.TemplateId(), &window));
         dialog.ShowWindow(SW_SHOW);
     }
     void Press(int button) const {

@@ -78,7 +78,7 @@ protected:
         toolRuns.clear();
         toolDeed = [](HANDLE tool) { SetEvent(tool); };
         Settings().SetStrings({{L"OEM", L"Maker"}, {L"PRODUCT_NAME", L"Loom"}});
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
     }
     ~DriverConfigFileTest() override { RemoveTraces(); }
@@ -89,7 +89,7 @@ protected:
 
     void Open(const std::wstring& driverId = driver) {
         dialog.ReceiveMessage(driverId);
-        dialog.Create(dialog.TemplateId(), &window);
+        EXPECT_TRUE(dialog.Create(dialog.TemplateId(), &window));
         dialog.ShowWindow(SW_SHOW);
     }
     void Press(int button) const {

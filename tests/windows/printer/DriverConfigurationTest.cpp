@@ -159,7 +159,7 @@ protected:
     UnpackingTest() {
         commands.clear();
         shellResult = 42;
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
     }
     // Presses the button for that driver and cancels the dialog that comes.

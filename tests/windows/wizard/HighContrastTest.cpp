@@ -61,7 +61,7 @@ protected:
         isOn = false;
         tree.Add(L"Setup\\res\\images\\help.png", BitmapFile(plainPicture));
         tree.Add(L"Setup\\res\\images\\high_contrast_help.png", BitmapFile(contrastPicture));
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
     }
 
     // The colour of the picture on the page's help button.
@@ -89,7 +89,7 @@ protected:
 
 TEST_F(HighContrastTest, ChangesThePicturesAtTheNextPaint) {
     ManufacturerDlg page{context};
-    page.Create(IDD_MANUFACTURER, &window);
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
     EXPECT_EQ(HelpPicture(page), plainPicture);
     isOn = true;
     EXPECT_EQ(HelpPicture(page), plainPicture);
@@ -102,7 +102,7 @@ TEST_F(HighContrastTest, ChangesThePicturesAtTheNextPaint) {
 
 TEST_F(HighContrastTest, GivesTheMainWindowTheSystemsGround) {
     KestruneDlg main(controller, Texts());
-    main.Create(IDD_MAIN, nullptr);
+    EXPECT_TRUE(main.Create(IDD_MAIN, nullptr));
     Erase(main);
     EXPECT_EQ(sheet.At(2, 2), white);
     isOn = true;

@@ -126,7 +126,7 @@ protected:
         Settings().SetString(Tag::APP_INSTALLATION_STATUS,
                              L"<App 0><NAME>a</NAME><STATUS>0</STATUS></App 0>");
         SwitchAdvancedLog(0);
-        window.Create(IDD_TEST, nullptr);
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         window.ShowWindow(SW_SHOW);
     }
 

@@ -8,7 +8,7 @@
 #include "tests/windows/resource.h"
 
 AddPortPageTest::AddPortPageTest() {
-    window.Create(IDD_TEST, nullptr);
+    EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
     app.SetMainWnd(&window);
 }
 
@@ -23,7 +23,7 @@ void AddPortPageTest::Open(const std::string& direction) {
         "<INVALID_NET_PATH_TEXT>No such printer.</INVALID_NET_PATH_TEXT>");
     // The catalogues may have asked for texts already.
     ReadTextsAnew();
-    page.Create(page.TemplateId(), &window);
+    EXPECT_TRUE(page.Create(page.TemplateId(), &window));
 }
 
 void AddPortPageTest::Choose(int kind) const {

@@ -27,10 +27,10 @@ DevicesPageTest::DevicesPageTest() {
     Settings().SetStrings({{L"WIN8_MONO_DEFAULT", L"MONO1"},
                            {L"WIN8_COLOR_DEFAULT", L"COLOR1V4"},
                            {L"WIN8_NO_COMM_DEFAULT", L"NONE1"}});
-    window.Create(IDD_TEST, nullptr);
+    EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
     window.ShowWindow(SW_SHOW);
     app.SetMainWnd(&window);
-    page.Create(IDD_DISCOVERY, &window);
+    EXPECT_TRUE(page.Create(IDD_DISCOVERY, &window));
 }
 
 DevicesPageTest::~DevicesPageTest() {
