@@ -17,12 +17,12 @@ bool IsLetterOrDigit(wchar_t character) {
 
 bool IsLabel(std::wstring_view label) {
     return !label.empty() && IsLetterOrDigit(label.front()) && IsLetterOrDigit(label.back()) &&
-           std::all_of(label.begin(), label.end(),
-                       [](wchar_t character) { return character == L'-' || IsLetterOrDigit(character); });
+           std::ranges::all_of(
+               label, [](wchar_t character) { return character == L'-' || IsLetterOrDigit(character); });
 }
 
 bool IsByte(std::wstring_view text) {
-    if (text.empty() || text.size() > 3 || !std::all_of(text.begin(), text.end(), IsDigit)) return false;
+    if (text.empty() || text.size() > 3 || !std::ranges::all_of(text, IsDigit)) return false;
     if (text.size() > 1 && text.front() == L'0') return false;
     return text.size() < 3 || text <= L"255";
 }

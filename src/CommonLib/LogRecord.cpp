@@ -23,7 +23,7 @@ std::wstring Digits(std::uint32_t number, std::uint32_t base) {
         text += digits[number % base];
         number /= base;
     } while (number != 0);
-    std::reverse(text.begin(), text.end());
+    std::ranges::reverse(text);
     return text;
 }
 

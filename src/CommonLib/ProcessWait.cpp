@@ -7,8 +7,7 @@ void WaitForProcess(HANDLE process, std::initializer_list<UINT> handledMessages)
     while (WaitForSingleObject(process, intervalInMilliseconds) == WAIT_TIMEOUT) {
         MSG message{};
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-            if (std::find(handledMessages.begin(), handledMessages.end(), message.message) ==
-                handledMessages.end()) {
+            if (std::ranges::find(handledMessages, message.message) == handledMessages.end()) {
                 continue;
             }
             TranslateMessage(&message);

@@ -81,8 +81,7 @@ std::vector<std::wstring> SplitClosed(std::wstring_view text, wchar_t separator)
 }
 
 bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](wchar_t a, wchar_t b) { return ToLower(a) == ToLower(b); });
+    return std::ranges::equal(left, right, [](wchar_t a, wchar_t b) { return ToLower(a) == ToLower(b); });
 }
 
 std::int32_t LeadingInteger(std::wstring_view text) {

@@ -26,8 +26,7 @@ std::list<MSI_APP> AppCatalogue::Select(std::wstring_view filter) const {
 
 std::optional<MSI_APP> AppCatalogue::FirstOfType(std::wstring_view appType) const {
     const std::lock_guard guard(lock);
-    const auto found = std::find_if(records.begin(), records.end(),
-                                    [&](const MSI_APP& record) { return record.appType == appType; });
+    const auto found = std::ranges::find(records, appType, &MSI_APP::appType);
     return found == records.end() ? std::nullopt : std::optional<MSI_APP>(*found);
 }
 

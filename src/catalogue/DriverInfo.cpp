@@ -99,8 +99,7 @@ bool DriverInfo::ReadDriverProperties(IMsiInterface& msi, const std::wstring& la
     if (!record.isPrinterDriver) return true;
 
     // A driver that a predefined configuration names is selected, as every accepted driver is from the start.
-    if (std::find(acceptedDriverTypes.begin(), acceptedDriverTypes.end(), record.driverId) ==
-        acceptedDriverTypes.end()) {
+    if (std::ranges::find(acceptedDriverTypes, record.driverId) == acceptedDriverTypes.end()) {
         LogAdvanced(L"DRIVERID " + record.driverId +
                     L" is NOT supported. Not added to driver driverInfoList.");
         return false;

@@ -23,14 +23,14 @@ bool SupportsSystem(std::wstring_view supportedOs, std::wstring_view systemName)
     // By design: a single entry is not compared, so such a package is offered on every system.
     if (supportedOs.find(L';') == std::wstring_view::npos) return true;
     const auto names = SplitClosed(std::wstring(supportedOs) + L';', L';');
-    return std::find(names.begin(), names.end(), systemName) != names.end();
+    return std::ranges::find(names, systemName) != names.end();
 }
 
 bool MatchesDeviceType(std::wstring_view recordType, std::wstring_view wanted) {
     if (recordType.empty() || recordType == wanted) return true;
     // By design: what follows the last ";" is not compared.
     const auto types = SplitClosed(wanted, L';');
-    return std::find(types.begin(), types.end(), recordType) != types.end();
+    return std::ranges::find(types, recordType) != types.end();
 }
 
 bool NamesFaxDriver(std::wstring_view driverId) {

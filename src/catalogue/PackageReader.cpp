@@ -76,7 +76,7 @@ private:
 
     // A package that depends on itself, over whatever way, would be read for ever.
     bool IsOwnParent(const std::wstring& path) const {
-        if (std::find(parents.begin(), parents.end(), path) == parents.end()) return false;
+        if (std::ranges::find(parents, path) == parents.end()) return false;
         LogBasic(L"A package depends on itself and is left out as its own dependent: " + path,
                  LogLevel::Error);
         return true;

@@ -15,7 +15,7 @@ DiscoveredDevice LastThat(const Devices& devices, Condition condition) {
 
 template <class Devices, class Condition>
 DiscoveredDevice FirstThat(const Devices& devices, Condition condition) {
-    const auto found = std::find_if(devices.begin(), devices.end(), condition);
+    const auto found = std::ranges::find_if(devices, condition);
     return found == devices.end() ? DiscoveredDevice{} : *found;
 }
 

@@ -64,7 +64,7 @@ std::uint32_t LowBits(Bytes field) {
 std::uint64_t Length(Bytes field) {
     const Bytes low = field.last(std::min(field.size(), sizeof(std::uint64_t) - 1));
     const Bytes high = field.first(field.size() - low.size());
-    if (std::any_of(high.begin(), high.end(), [](std::uint8_t byte) { return byte != 0; })) {
+    if (std::ranges::any_of(high, [](std::uint8_t byte) { return byte != 0; })) {
         throw MalformedReply();
     }
     std::uint64_t value = 0;
@@ -207,7 +207,7 @@ private:
 
     template <class Keys>
     bool Holds(const Keys& keys) const {
-        return std::find(keys.begin(), keys.end(), path) != keys.end();
+        return std::ranges::find(keys, path) != keys.end();
     }
 
     Bytes bytes;

@@ -204,9 +204,9 @@ void InstallService::Install(MSI_APP& record, const std::wstring& command) {
     record.status = StatusFor(outcome, record);
     const bool stopsRun = ActOnOutcome(record, outcome, code);
     const bool dependentFailed =
-        HasDependentsToRun(record) &&
-        std::any_of(record.dependents.begin(), record.dependents.end(),
-                    [](const MSI_APP& dependent) { return dependent.status == PackageStatus::Failed; });
+        HasDependentsToRun(record) && std::ranges::any_of(record.dependents, [](const MSI_APP& dependent) {
+            return dependent.status == PackageStatus::Failed;
+        });
     if (dependentFailed) record.status = PackageStatus::Failed;
     RecordStatus(record);
     if (settings.GetBool(Tag::OPTIONAL_INSTALL)) {

@@ -91,8 +91,7 @@ LRESULT ManufacturerDlg::OnShowWindow(WPARAM shown, LPARAM) {
 // By design: the index counts the entries, also those without a name, which the box does not hold.
 void ManufacturerDlg::SelectDefault() {
     const std::wstring wanted = settings.GetString(Tag::DEFAULT_MANUFACTURER);
-    const auto match = std::find_if(manufacturers.begin(), manufacturers.end(),
-                                    [&](const Manufacturer& entry) { return entry.name == wanted; });
+    const auto match = std::ranges::find(manufacturers, wanted, &Manufacturer::name);
     if (match == manufacturers.end()) return;
     ::SendMessageW(GetDlgItem(IDC_MANUFACTURER_LIST), CB_SETCURSEL,
                    static_cast<WPARAM>(match - manufacturers.begin()), 0);
@@ -109,8 +108,7 @@ void ManufacturerDlg::OnSelectionChange() {
         L'\0');
     ::SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(name.data()));
     ApplyBrand(settings, name);
-    const auto match = std::find_if(manufacturers.begin(), manufacturers.end(),
-                                    [&](const Manufacturer& entry) { return entry.name == name; });
+    const auto match = std::ranges::find(manufacturers, name, &Manufacturer::name);
     if (match != manufacturers.end()) settings.SetString(Tag::OEMBYTE, match->oemByte);
     EnableControl(IDOK, true);
 }

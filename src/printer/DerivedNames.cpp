@@ -71,7 +71,7 @@ std::optional<std::wstring> FormatProductCode(std::wstring_view code, std::wstri
 // A series that comes back after another one counts as different, since only neighbours are compared.
 SeriesAndModel CommonSeries(const std::vector<SeriesAndModel>& devices) {
     if (devices.empty()) return {};
-    const bool shared = std::all_of(devices.begin(), devices.end(), [&](const SeriesAndModel& device) {
+    const bool shared = std::ranges::all_of(devices, [&](const SeriesAndModel& device) {
         return !device.series.empty() && device.series == devices.front().series;
     });
     return shared ? devices.back() : SeriesAndModel{};

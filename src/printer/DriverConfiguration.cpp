@@ -26,16 +26,14 @@ bool DriverConfiguration::IsInCatalogue(std::wstring_view appType) const {
 
 bool DriverConfiguration::IsConfigToolAvailable(const std::wstring& driver) const {
     const auto tools = ToolsFor(driver);
-    if (std::any_of(tools.begin(), tools.end(),
-                    [this](const auto* tool) { return IsInCatalogue(tool->appType); })) {
+    if (std::ranges::any_of(tools, [this](const auto* tool) { return IsInCatalogue(tool->appType); })) {
         return true;
     }
     std::vector<std::wstring> packages;
     FindFiles(GetExeDirectory() + L"\\..\\..\\Install\\", packages, L"msi");
-    return std::any_of(packages.begin(), packages.end(), [&](const std::wstring& path) {
-        return std::any_of(tools.begin(), tools.end(), [&](const auto* tool) {
-            return path.find(tool->packageName) != std::wstring::npos;
-        });
+    return std::ranges::any_of(packages, [&](const std::wstring& path) {
+        return std::ranges::any_of(
+            tools, [&](const auto* tool) { return path.find(tool->packageName) != std::wstring::npos; });
     });
 }
 

@@ -25,5 +25,5 @@ std::vector<PortEntry> SystemPorts() {
 
 bool IsSystemPort(const std::wstring& name) {
     const std::vector<PortEntry> ports = SystemPorts();
-    return std::any_of(ports.begin(), ports.end(), [&](const PortEntry& port) { return port.name == name; });
+    return std::ranges::any_of(ports, [&](const PortEntry& port) { return port.name == name; });
 }

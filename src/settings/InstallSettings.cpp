@@ -36,7 +36,7 @@ std::wstring InstallSettings::GetString(std::wstring_view tag) const {
 
 bool InstallSettings::GetBool(std::wstring_view tag) const {
     std::wstring value = GetString(tag);
-    std::transform(value.begin(), value.end(), value.begin(), [](wchar_t c) {
+    std::ranges::transform(value, value.begin(), [](wchar_t c) {
         return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c)));
     });
     return value == L"true" || value == L"1";

@@ -34,9 +34,7 @@ std::wstring_view SerbianOrCroatianCode(unsigned sublanguage) {
 std::wstring_view CodeOf(unsigned primaryId, unsigned sublanguage) {
     if (primaryId == 4) return ChineseCode(sublanguage);
     if (primaryId == 26) return SerbianOrCroatianCode(sublanguage);
-    const auto found =
-        std::find_if(std::begin(languages), std::end(languages),
-                     [=](const Language& language) { return language.primaryId == primaryId; });
+    const auto found = std::ranges::find(languages, primaryId, &Language::primaryId);
     return found == std::end(languages) ? english : found->code;
 }
 

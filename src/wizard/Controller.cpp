@@ -191,9 +191,8 @@ bool Controller::Back(std::wstring message) {
 
 bool Controller::GoToSpecifiedDlg(const std::wstring& name, std::wstring message) {
     HideCurrentPage();
-    const auto named = std::find_if(places.begin(), places.end(), [&](const Place& place) {
-        return place.isAdded && place.page->dialogName == name;
-    });
+    const auto named = std::ranges::find_if(
+        places, [&](const Place& place) { return place.isAdded && place.page->dialogName == name; });
     if (named != places.end()) currentDialog = static_cast<int>(named - places.begin());
     LogAdvanced(L"Controller::GoToSpecifiedDlg, Move to " + std::to_wstring(currentDialog));
     if (CurrentPage() == nullptr) return false;

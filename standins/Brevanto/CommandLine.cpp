@@ -24,12 +24,11 @@ bool IsPropertyName(std::wstring_view name) {
     const auto isPart = [](wchar_t unit) {
         return (unit >= L'A' && unit <= L'Z') || (unit >= L'0' && unit <= L'9') || unit == L'_';
     };
-    return !name.empty() && !(name[0] >= L'0' && name[0] <= L'9') &&
-           std::all_of(name.begin(), name.end(), isPart);
+    return !name.empty() && !(name[0] >= L'0' && name[0] <= L'9') && std::ranges::all_of(name, isPart);
 }
 
 bool IsSteering(std::wstring_view name) {
-    return std::find(steeringNames.begin(), steeringNames.end(), name) != steeringNames.end();
+    return std::ranges::find(steeringNames, name) != steeringNames.end();
 }
 
 // Takes the next outer element off the document; nothing when none is left.

@@ -40,7 +40,7 @@ void SetInstallLogName(const std::wstring& name) {
 
 std::wstring InstallLogPath(const std::wstring& name) {
     std::wstring vendor = name.empty() ? unnamedVendor : name;
-    std::replace_if(vendor.begin(), vendor.end(), IsUnfitForName, L'_');
+    std::ranges::replace_if(vendor, IsUnfitForName, L'_');
     return ExpandEnvironment(L"%ALLUSERSPROFILE%\\") + vendor + L" Install Logs\\Packages.log";
 }
 

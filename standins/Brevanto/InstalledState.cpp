@@ -63,10 +63,8 @@ InstalledState Judge(const PackageIdentity& package, const std::vector<Installed
     const auto isOwn = [&](const InstalledProduct& product) {
         return IsSameCode(product.productCode, package.productCode);
     };
-    const auto own = std::find_if(products.begin(), products.end(), isOwn);
-    const auto newest =
-        std::max_element(products.begin(), products.end(),
-                         [](const auto& left, const auto& right) { return left.version < right.version; });
+    const auto own = std::ranges::find_if(products, isOwn);
+    const auto newest = std::ranges::max_element(products, {}, &InstalledProduct::version);
     const InstalledProduct& product = own != products.end() ? *own : *newest;
 
     // A new version under the same product code is one that the installer refuses but for a reinstall.

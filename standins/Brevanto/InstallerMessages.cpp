@@ -42,7 +42,7 @@ std::wstring PercentDocument(int percent) {
 std::wstring FilesInUseDocument(const std::wstring& kind, const std::vector<std::wstring>& fields) {
     std::vector<std::wstring> names;
     for (std::size_t index = 0; index < fields.size(); index += 2) {
-        const bool isNew = std::find(names.begin(), names.end(), fields[index]) == names.end();
+        const bool isNew = std::ranges::find(names, fields[index]) == names.end();
         if (!fields[index].empty() && isNew) names.push_back(fields[index]);
     }
     std::wstring lines;

@@ -38,8 +38,7 @@ std::vector<Property> Resolve(const std::vector<Property>& properties, const std
 }  // namespace
 
 std::wstring PropertyValue(const std::vector<Property>& properties, const std::wstring& name) {
-    const auto found = std::find_if(properties.begin(), properties.end(),
-                                    [&](const Property& property) { return property.name == name; });
+    const auto found = std::ranges::find(properties, name, &Property::name);
     return found == properties.end() ? std::wstring() : found->value;
 }
 
