@@ -28,7 +28,7 @@ check() {
 format() { clang-format --dry-run -Werror "${sources[@]}"; }
 
 # What only computes must build without Windows, and a page knows the Controller and no other page.
-includes() { python3 scripts/check-includes.py && python3 scripts/check-resource-ids.py; }
+includes() { python3 scripts/check-includes.py && python3 scripts/check-resource-ids.py && python3 scripts/check-dialect.py; }
 
 tidy() { python3 scripts/run-tidy.py build/windows "${program_units[@]}"; }
 
