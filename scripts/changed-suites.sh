@@ -13,10 +13,17 @@ for upstream in '@{upstream}' origin/HEAD origin/main origin/master; do
     fi
 done
 
+# is_logic SOURCE: whether a source is one of those that only compute.
+is_logic() {
+    local folder=${1#src/}
+    sed -n "/^floor(${folder%%/*}\$/,/)/p" src/floors.cmake | tr '\n' ' ' | sed 's/.*LOGIC/LOGIC/; s/SYSTEM.*//' |
+        grep -q "^LOGIC.*\b$(basename "$1" .cpp)\b"
+}
+
 # of_source FILE: the suites of a source of the program. A header without a source may be anybody's.
 of_source() {
     local unit=${1%.*}.cpp
-    if grep -qF "$unit" src/logic.cmake || [ ! -f "$unit" ]; then echo unit fuzz standins; fi
+    if is_logic "$unit" || [ ! -f "$unit" ]; then echo unit fuzz standins; fi
     echo windows wizard lint
 }
 
