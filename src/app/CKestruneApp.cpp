@@ -20,6 +20,7 @@
 #include "settings/Localizer.h"
 #include "settings/SettingsFiles.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/CmdLineHelper.h"
 #include "wizard/KestruneDlg.h"
 #include "wizard/LocalizedMessage.h"

@@ -35,22 +35,22 @@ using ServicePointer = std::unique_ptr<Service>;
 
 // When a page is hidden: by a flag of the settings, or always where there is no flag.
 struct Condition {
-    std::wstring_view flag;
+    std::optional<FlagTag> flag;
     bool hidingValue = true;
 };
 
-constexpr Condition When(std::wstring_view flag) {
+constexpr Condition When(FlagTag flag) {
     return {.flag = flag, .hidingValue = true};
 }
 
-constexpr Condition Unless(std::wstring_view flag) {
+constexpr Condition Unless(FlagTag flag) {
     return {.flag = flag, .hidingValue = false};
 }
 
 constexpr Condition always{};
 
 bool Holds(const Condition& condition, const InstallSettings& settings) {
-    return condition.flag.empty() || settings.GetBool(condition.flag) == condition.hidingValue;
+    return !condition.flag || settings.GetBool(*condition.flag) == condition.hidingValue;
 }
 
 template <class Page>

@@ -13,6 +13,7 @@
 #include "catalogue/PackageReader.h"
 #include "catalogue/PropertyNames.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 namespace {
 

@@ -12,6 +12,7 @@
 #include "CommonLib/Vendor.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 namespace {
 

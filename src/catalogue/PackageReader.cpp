@@ -9,7 +9,7 @@
 #include "CommonLib/TextUtilities.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PropertyNames.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 namespace {
 

@@ -15,6 +15,7 @@
 #include "printer/DefaultDriver.h"
 #include "resources/resource.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 #include "wizard/RegisteredMessages.h"
 
@@ -146,7 +147,7 @@ void DiscoveryDlg::HideUnsupportedRadios() {
     };
     const bool isAmazon = settings.IsAmazonSupported();
     if (isAmazon || !applications.FirstOfType(nimbojetType)) hide(IDC_DISCOVERY_NIMBOJET);
-    if (isAmazon || settings.GetString(Tag::USB_SUPPORTED) != L"1") hide(IDC_DISCOVERY_USB);
+    if (isAmazon || !settings.IsSet(Tag::USB_SUPPORTED)) hide(IDC_DISCOVERY_USB);
 }
 
 LRESULT DiscoveryDlg::OnWindowDestroyed(WPARAM, LPARAM) {

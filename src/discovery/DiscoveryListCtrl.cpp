@@ -12,8 +12,8 @@
 #include "framework/CImage.h"
 #include "framework/Handles.h"
 #include "settings/ColourWords.h"
-#include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
+#include "settings/TextKeys.h"
 
 namespace {
 

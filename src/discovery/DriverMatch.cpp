@@ -1,6 +1,6 @@
 #include "discovery/DriverMatch.h"
 
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 std::optional<std::wstring> OverridingDriver(std::wstring_view table, std::wstring_view deviceText) {
     const std::size_t found = table.find(deviceText);
@@ -11,7 +11,7 @@ std::optional<std::wstring> OverridingDriver(std::wstring_view table, std::wstri
     return std::wstring(rest.substr(0, rest.find(L';')));
 }
 
-std::wstring_view SelectionTextKey(bool isMultiFunction, bool hasFax) {
+TextId SelectionTextKey(bool isMultiFunction, bool hasFax) {
     if (!isMultiFunction) return TextKey::SELECT_PRINT_TEXT;
     return hasFax ? TextKey::DOWNLOAD_INSTALL_TITLE : TextKey::SELECT_PRINTSCAN_TEXT;
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "settings/TextKeys.h"
+
 // Both compute on their arguments alone and may run on any thread.
 
 // Returns the driver that the table names for a device: free text of entries device text, ":", driver, ";".
@@ -14,4 +16,4 @@
 std::optional<std::wstring> OverridingDriver(std::wstring_view table, std::wstring_view deviceText);
 
 // Returns the key of the text that says what will be installed for the selected device.
-std::wstring_view SelectionTextKey(bool isMultiFunction, bool hasFax);
+TextId SelectionTextKey(bool isMultiFunction, bool hasFax);

@@ -10,6 +10,7 @@
 #include "settings/InstallSettings.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 namespace {
 
@@ -234,13 +235,13 @@ bool ModifySearchDlg::TestAddress(AddressField& field, const std::wstring& text)
     return accepted;
 }
 
-void ModifySearchDlg::CutOff(CEdit& edit, std::size_t longest, std::wstring_view limitText) {
+void ModifySearchDlg::CutOff(CEdit& edit, std::size_t longest, TextId limitText) {
     edit.SetWindowText(edit.GetText(longest));
     edit.MoveCaretToEnd();
     Complain(edit, limitText);
 }
 
-void ModifySearchDlg::Complain(CEdit& edit, std::wstring_view textKey) {
+void ModifySearchDlg::Complain(CEdit& edit, TextId textKey) {
     edit.ShowBalloonTip(GetLocalizedText(textKey));
     MessageBeep(MB_OK);
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "framework/CEdit.h"
+#include "settings/TextKeys.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/CQorLinkButton.h"
 #include "wizard/InstallDialogEx.h"
@@ -25,8 +26,8 @@ private:
     // A field for an address: the limit of its text, what is said about it, and how it was last found.
     struct AddressField {
         CEdit edit;
-        std::wstring_view limitText;
-        std::wstring_view invalidText;
+        TextId limitText;
+        TextId invalidText;
         std::wstring lastText;
     };
 
@@ -46,8 +47,8 @@ private:
     bool CheckHost();
     bool CheckAddress(AddressField& field);
     bool TestAddress(AddressField& field, const std::wstring& text);
-    void CutOff(CEdit& edit, std::size_t longest, std::wstring_view limitText);
-    void Complain(CEdit& edit, std::wstring_view textKey);
+    void CutOff(CEdit& edit, std::size_t longest, TextId limitText);
+    void Complain(CEdit& edit, TextId textKey);
 
     CEdit hostEdit;
     std::wstring lastHostText;

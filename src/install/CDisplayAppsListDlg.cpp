@@ -5,7 +5,7 @@
 #include <commctrl.h>
 
 #include "resources/resource.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 const MessageMap& CDisplayAppsListDlg::GetMessageMap() const {
     using On = EventsOf<CDisplayAppsListDlg>;

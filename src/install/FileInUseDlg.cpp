@@ -3,6 +3,7 @@
 #include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 
 const MessageMap& FileInUseDlg::GetMessageMap() const {

@@ -13,6 +13,7 @@
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 #include "wizard/EndOfRun.h"
 
@@ -116,7 +117,7 @@ void FinishDlg::ShowOutcome() {
     ::SetWindowTextW(GetDlgItem(IDC_OUTCOME_TITLE), text.c_str());
     if (IsUsbFinish(outcome)) usbFinish = true;
 
-    const std::wstring_view second = FinishSecondText(outcome);
+    const TextId second = FinishSecondText(outcome);
     if (!second.empty()) SetLocalizedText(IDC_FINISH_SECOND_TEXT, second);
     ShowControl(IDC_FINISH_SECOND_TEXT, !second.empty());
 }

@@ -1,7 +1,7 @@
 #include "install/FinishTexts.h"
 
 #include "settings/InstallStatus.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ bool IsUsbFinish(const RunOutcome& outcome) {
 HeaderKeys FinishHeader(const RunOutcome& outcome) {
     if (outcome.installStatus == InstallStatus::CANCELED) {
         return {.first = TextKey::INSTALL_CANCELED_TEXT,
-                .second = outcome.dotNetFailed ? TextKey::REQUIRED_DEPENDENCY : std::wstring_view()};
+                .second = outcome.dotNetFailed ? TextKey::REQUIRED_DEPENDENCY : TextId()};
     }
     if (outcome.installStatus == InstallStatus::FAILED) return {.first = TextKey::INSTALLATION_FAILED_TEXT};
     if (outcome.usb) {
@@ -32,7 +32,7 @@ HeaderKeys FinishHeader(const RunOutcome& outcome) {
 }
 
 // By design: shown for every package, also for those of the other kind than its key says.
-std::wstring_view FinishSecondText(const RunOutcome& outcome) {
+TextId FinishSecondText(const RunOutcome& outcome) {
     if (!IsGoodRun(outcome)) return {};
     return outcome.usb ? TextKey::AMAZON_INSTALL_USB_PATH_COMPLETE_TEXT1
                        : TextKey::AMAZON_INSTALL_COMPLETE_TEXT1;
@@ -46,7 +46,7 @@ std::wstring_view FinishPicture(std::wstring_view installStatus, bool usbFinish)
     return usbFinish ? L"usbconnect.png" : L"installsuccess.png";
 }
 
-std::wstring_view StatusTextKey(PackageStatus status) {
+TextId StatusTextKey(PackageStatus status) {
     switch (status) {
         case PackageStatus::Done:
             return TextKey::COMPLETED_TEXT;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "catalogue/PackageStatus.h"
+#include "settings/TextKeys.h"
 
 // What the page's texts and picture depend on.
 struct RunOutcome {
@@ -18,8 +19,8 @@ struct RunOutcome {
 
 // The keys of the header; the second is empty where the header is one text.
 struct HeaderKeys {
-    std::wstring_view first;
-    std::wstring_view second;
+    TextId first;
+    TextId second;
 };
 HeaderKeys FinishHeader(const RunOutcome& outcome);
 
@@ -27,14 +28,14 @@ HeaderKeys FinishHeader(const RunOutcome& outcome);
 bool IsUsbFinish(const RunOutcome& outcome);
 
 // The key of the second text, empty where the page has none.
-std::wstring_view FinishSecondText(const RunOutcome& outcome);
+TextId FinishSecondText(const RunOutcome& outcome);
 
 // The file name of the picture that shows the outcome.
 std::wstring_view FinishPicture(std::wstring_view installStatus, bool usbFinish);
 
 // The key of the text for a status, and whether its picture is the check mark. A number that is no status
 // counts as failed.
-std::wstring_view StatusTextKey(PackageStatus status);
+TextId StatusTextKey(PackageStatus status);
 bool IsGoodStatus(PackageStatus status);
 
 // The value of INSTALL_STATUS that a line brings about; empty where it brings none.

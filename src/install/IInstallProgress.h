@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "settings/TextKeys.h"
+
 class IInstallProgress {
 public:
     IInstallProgress() = default;
@@ -35,5 +37,5 @@ public:
     // The run is being cancelled. Any thread.
     virtual void Cancel() = 0;
     // Shows the box with the texts of these keys and waits for it. Any thread.
-    virtual void ShowError(std::wstring_view textKey, std::wstring_view titleKey) = 0;
+    virtual void ShowError(TextId textKey, TextId titleKey) = 0;
 };

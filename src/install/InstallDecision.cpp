@@ -1,7 +1,7 @@
 #include "install/InstallDecision.h"
 
 #include "CommonLib/MsiCodes.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 bool ReportsNewer(const MSI_APP& app) {
     return app.installed && app.newerInstalled;

@@ -6,6 +6,7 @@
 
 #include "catalogue/MSI_APP.h"
 #include "catalogue/PackageStatus.h"
+#include "settings/TextKeys.h"
 
 enum class InstallAction {
     ReportNewer,        // something newer is installed: report it and go on with the next record
@@ -34,8 +35,8 @@ PackageStatus StatusFor(InstallOutcome outcome, const MSI_APP& app);
 // The keys of the localised texts of an error box, and whether the error stops the run. Keys are empty for
 // codes of a cancelled run; they point to constant texts.
 struct ErrorDialogTexts {
-    std::wstring_view titleKey;
-    std::wstring_view textKey;
+    TextId titleKey;
+    TextId textKey;
     bool stopsRun = false;
 };
 

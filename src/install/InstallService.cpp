@@ -20,6 +20,7 @@
 #include "install/StatusDocument.h"
 #include "printer/SystemPorts.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 #include "wizard/CountedWorker.h"
 

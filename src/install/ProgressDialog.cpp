@@ -8,7 +8,7 @@
 #include "install/ProgressPosition.h"
 #include "install/RMFileInUseDlg.h"
 #include "resources/resource.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 #include "wizard/LocalizedMessage.h"
 #include "wizard/PageNames.h"
@@ -166,7 +166,7 @@ std::int32_t ProgressDialog::AskToClosePrograms(const std::optional<std::wstring
     return Ask(rmFileInUseDlg, Context(), programs);
 }
 
-void ProgressDialog::ShowError(std::wstring_view textKey, std::wstring_view titleKey) {
+void ProgressDialog::ShowError(TextId textKey, TextId titleKey) {
     if (const CWnd* const mainWindow = AfxGetMainWnd()) {
         ShowLocalizedMessage(localizer, mainWindow->GetSafeHwnd(), textKey, titleKey);
     }

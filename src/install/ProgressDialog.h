@@ -42,7 +42,7 @@ public:
     std::int32_t AskToClosePrograms(const std::optional<std::wstring>& programs) override;
     // Says on the page that the run is being cancelled, and keeps Cancel disabled from then on.
     void Cancel() override;
-    void ShowError(std::wstring_view textKey, std::wstring_view titleKey) override;
+    void ShowError(TextId textKey, TextId titleKey) override;
 
 protected:
     bool OnInitDialog() override;

@@ -1,7 +1,7 @@
 #include "install/RMFileInUseDlg.h"
 
 #include "resources/resource.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 RMFileInUseDlg::RMFileInUseDlg(const PageContext& context) : InstallDialogEx(context, IDD_CLOSABLE_FILES) {}
 

@@ -4,6 +4,7 @@
 #include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 
 const MessageMap& RebootDlg::GetMessageMap() const {
@@ -33,7 +34,7 @@ bool RebootDlg::OnInitDialog() {
 }
 
 LRESULT RebootDlg::OnShowWindow(WPARAM, LPARAM) {
-    const bool showLink = settings.GetString(Tag::SHOW_REGISTRATION) == L"1";
+    const bool showLink = settings.IsSet(Tag::SHOW_REGISTRATION);
     if (showLink) registrationLink.SetURL(settings.GetString(Tag::REGISTRATION_LINK));
     ShowControl(IDC_WEB_LINK, showLink);
     if (settings.GetBool(Tag::USB)) updateRebootText();

@@ -7,7 +7,7 @@
 #include "printer/ApplyChoice.h"
 #include "printer/DefaultDriver.h"
 #include "resources/resource.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 #include "wizard/PageNames.h"
 

@@ -16,7 +16,7 @@
 #include "resources/resource.h"
 #include "settings/LanguageTable.h"
 #include "settings/Localizer.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 #include "wizard/EndOfRun.h"
 

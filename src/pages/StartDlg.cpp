@@ -4,6 +4,7 @@
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 
 const MessageMap& StartDlg::GetMessageMap() const {

@@ -13,6 +13,7 @@
 #include "settings/DeviceDocument.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 #include "wizard/LocalizedMessage.h"
 #include "wizard/PageNames.h"
@@ -321,7 +322,7 @@ bool AddPortDlg::IsInPortList(const std::wstring& name) const {
     return false;
 }
 
-std::nullopt_t AddPortDlg::Refuse(std::wstring_view textKey, int field) {
+std::nullopt_t AddPortDlg::Refuse(TextId textKey, int field) {
     ShowLocalizedMessage(localizer, GetSafeHwnd(), textKey, TextKey::GEN_ERROR_TITLE);
     SelectAll(field);
     ::SendMessageW(GetDlgItem(field), WM_CLEAR, 0, 0);

@@ -70,7 +70,7 @@ private:
     std::optional<ChosenPort> TakeSharedPrinter();
     bool IsInPortList(const std::wstring& name) const;
     // Answers what was entered with that text and empties the field. Returns nothing.
-    std::nullopt_t Refuse(std::wstring_view textKey, int field);
+    std::nullopt_t Refuse(TextId textKey, int field);
 
     AppCatalogue& applications;
     DriverInfo& drivers;

@@ -17,6 +17,7 @@
 #include "printer/ConfigTool.h"
 #include "resources/resource.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/LocalizedMessage.h"
 #include "wizard/RegisteredMessages.h"
 
@@ -193,7 +194,7 @@ void DriverConfigDlg::OnOK() {
     EndDialog(IDOK);
 }
 
-void DriverConfigDlg::Refuse(std::wstring_view textKey) {
+void DriverConfigDlg::Refuse(TextId textKey) {
     ShowLocalizedMessage(localizer, GetSafeHwnd(), textKey, TextKey::GEN_ERROR_TITLE);
 }
 

@@ -32,7 +32,7 @@ private:
     void ShowPath(const std::wstring& path);
     void CheckApplyFuture(bool checked);
     // Answers what was entered with the text of that key.
-    void Refuse(std::wstring_view textKey);
+    void Refuse(TextId textKey);
 
     DriverConfiguration& configuration;
     std::wstring driverId;

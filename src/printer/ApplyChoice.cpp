@@ -45,7 +45,7 @@ void BuildLinks(LinkSource source, const ChoiceTargets& targets) {
 }  // namespace
 
 void ApplyChoice(const PrinterChoice& choice, const ChoiceTargets& targets) {
-    for (const auto& [tag, value] : choice.tags) targets.settings.SetString(tag, value);
+    for (const auto& [tag, value] : choice.tags) targets.settings.SetString(TextTag(tag), value);
     ApplyToDevices(choice, targets);
     targets.applications.Update([&](MSI_APP& record) { ChangeParts(record, choice.parts); });
     for (const auto& [id, selected] : choice.drivers) targets.drivers.SelectDriver(id, selected);

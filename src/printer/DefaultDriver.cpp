@@ -4,6 +4,7 @@
 #include "printer/DerivedNames.h"
 
 std::wstring GetDefaultDriver(const InstallSettings& settings, const std::wstring& colourClass) {
-    return settings.GetString(
-        DefaultDriverTag(colourClass, IsWindowsVersionOrGreater(WindowsVersion::Windows8)));
+    const std::wstring tag =
+        DefaultDriverTag(colourClass, IsWindowsVersionOrGreater(WindowsVersion::Windows8));
+    return settings.GetString(TextTag(tag));
 }

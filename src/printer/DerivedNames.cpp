@@ -10,7 +10,7 @@ namespace {
 
 std::wstring BaseNameFor(const NameInputs& inputs) {
     if (inputs.isFaxDriver) return inputs.faxModelName;
-    if (!inputs.printerName.empty() && inputs.nameFromDiscovery == L"1") return inputs.printerName;
+    if (!inputs.printerName.empty() && inputs.isNameFromDiscovery) return inputs.printerName;
     if (inputs.oem == unnamedVendor) return inputs.modelName;
     return OemDefaultName(inputs.oemName, inputs.defaultPrinterName);
 }

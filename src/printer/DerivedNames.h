@@ -12,7 +12,7 @@ struct NameInputs {
     bool isFaxDriver = false;
     std::wstring streamDisplayName;  // of the driver's record
     std::wstring printerName;
-    std::wstring nameFromDiscovery;
+    bool isNameFromDiscovery = false;
     std::wstring oem;
     std::wstring oemName;
     std::wstring defaultPrinterName;

@@ -5,6 +5,7 @@
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
+#include "settings/TextKeys.h"
 
 namespace {
 

@@ -14,7 +14,7 @@ NameInputs PrinterDescription::NameInputsFor(const MSI_APP& driver) const {
     return {.isFaxDriver = driver.isFaxDriver,
             .streamDisplayName = driver.streamDisplayName,
             .printerName = settings.GetString(Tag::PRINTER_NAME),
-            .nameFromDiscovery = settings.GetString(Tag::PO_NAME_FROM_DISCOVERY),
+            .isNameFromDiscovery = settings.IsSet(Tag::PO_NAME_FROM_DISCOVERY),
             .oem = settings.GetString(Tag::OEM),
             .oemName = settings.GetString(Tag::OEM_NAME),
             .defaultPrinterName = settings.GetString(Tag::DEFAULT_PRINTER_NAME),
@@ -86,8 +86,8 @@ void PrinterDescription::FillCurrentDevice(const MSI_APP& driver) {
     CopyToCurrentDevice({Tag::IPADDRESS});
 }
 
-void PrinterDescription::CopyToCurrentDevice(std::initializer_list<std::wstring_view> tags) {
-    for (const std::wstring_view tag : tags) {
+void PrinterDescription::CopyToCurrentDevice(std::initializer_list<TextTag> tags) {
+    for (const TextTag tag : tags) {
         const std::wstring value = settings.GetString(tag);
         if (!value.empty()) TagDocument::SetElement(currentDevice, tag, value);
     }

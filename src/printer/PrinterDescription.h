@@ -38,7 +38,7 @@ private:
     std::wstring GetDevicesForDriver(const std::wstring& driverId) const;
     std::wstring BuildDeviceElement(std::wstring device) const;
     void FillCurrentDevice(const MSI_APP& driver);
-    void CopyToCurrentDevice(std::initializer_list<std::wstring_view> tags);
+    void CopyToCurrentDevice(std::initializer_list<TextTag> tags);
 
     const InstallSettings& settings;
     PortLookup portExists;

@@ -29,26 +29,30 @@ void InstallSettings::DestroyInstance() {
     singleton.Destroy();
 }
 
-std::wstring InstallSettings::GetString(std::wstring_view tag) const {
+std::wstring InstallSettings::GetString(TextTag tag) const {
     const std::lock_guard guard(lock);
     return TagDocument::ValueOf(document, tag);
 }
 
-bool InstallSettings::GetBool(std::wstring_view tag) const {
-    std::wstring value = GetString(tag);
+bool InstallSettings::GetBool(FlagTag tag) const {
+    std::wstring value = GetString(TextTag(tag));
     std::ranges::transform(value, value.begin(), [](wchar_t c) {
         return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c)));
     });
     return value == L"true" || value == L"1";
 }
 
-void InstallSettings::SetString(std::wstring_view tag, std::wstring_view value) {
+bool InstallSettings::IsSet(StrictFlagTag tag) const {
+    return GetString(tag) == tag.Yes();
+}
+
+void InstallSettings::SetString(TextTag tag, std::wstring_view value) {
     const std::lock_guard guard(lock);
     TagDocument::SetElement(document, tag, value);
 }
 
-void InstallSettings::SetBool(std::wstring_view tag, bool flag) {
-    SetString(tag, FlagText(flag));
+void InstallSettings::SetBool(FlagTag tag, bool flag) {
+    SetString(TextTag(tag), FlagText(flag));
 }
 
 void InstallSettings::SetStrings(std::initializer_list<NamedText> values) {
@@ -59,12 +63,12 @@ void InstallSettings::SetBools(std::initializer_list<NamedFlag> flags) {
     for (const auto& [tag, flag] : flags) SetBool(tag, flag);
 }
 
-std::vector<std::wstring> InstallSettings::GetAllValues(std::wstring_view tag) const {
+std::vector<std::wstring> InstallSettings::GetAllValues(ListTag tag) const {
     const std::lock_guard guard(lock);
     return TagDocument::ListValues(document, tag);
 }
 
-std::map<std::wstring, std::wstring> InstallSettings::GetKeyedValues(std::wstring_view tag,
+std::map<std::wstring, std::wstring> InstallSettings::GetKeyedValues(ListTag tag,
                                                                      std::wstring_view separator) const {
     return KeyedValues(GetAllValues(tag), separator);
 }
@@ -129,5 +133,5 @@ void InstallSettings::Merge(std::wstring_view incoming) {
 }
 
 bool InstallSettings::IsAmazonSupported() const {
-    return GetString(Tag::AMAZON_SUPPORTED) == L"TRUE";
+    return IsSet(Tag::AMAZON_SUPPORTED);
 }

@@ -9,35 +9,38 @@
 #include <utility>
 #include <vector>
 
+#include "settings/TagName.h"
+
 // Holds one tag document, filled at start from the package's settings files and never saved. Each operation
 // is safe on any thread; what several operations mean together rests on the order of the wizard: a page
 // leaves alone what a running service writes. A missing tag is no error anywhere: it reads as empty or false.
 class InstallSettings {
 public:
-    using NamedText = std::pair<std::wstring_view, std::wstring_view>;
-    using NamedFlag = std::pair<std::wstring_view, bool>;
+    using NamedText = std::pair<TextTag, std::wstring_view>;
+    using NamedFlag = std::pair<FlagTag, bool>;
 
     static InstallSettings& GetInstance();
     static void DestroyInstance();
 
     InstallSettings() = default;
 
-    std::wstring GetString(std::wstring_view tag) const;
+    std::wstring GetString(TextTag tag) const;
     // True for "true" in any case and for "1".
-    bool GetBool(std::wstring_view tag) const;
+    bool GetBool(FlagTag tag) const;
+    // True for the one text that means yes, and for no other.
+    bool IsSet(StrictFlagTag tag) const;
     // Moves the tag to the end of the document. An empty tag name changes nothing.
-    void SetString(std::wstring_view tag, std::wstring_view value);
-    void SetBool(std::wstring_view tag, bool flag);
+    void SetString(TextTag tag, std::wstring_view value);
+    void SetBool(FlagTag tag, bool flag);
     // The same for each pair, in the order given.
     void SetStrings(std::initializer_list<NamedText> values);
     void SetBools(std::initializer_list<NamedFlag> flags);
 
     // All values of a repeated tag, in document order.
-    std::vector<std::wstring> GetAllValues(std::wstring_view tag) const;
+    std::vector<std::wstring> GetAllValues(ListTag tag) const;
     // The values of a repeated tag that hold the separator, as key and value around its first occurrence; the
     // first entry of a key is kept.
-    std::map<std::wstring, std::wstring> GetKeyedValues(std::wstring_view tag,
-                                                        std::wstring_view separator) const;
+    std::map<std::wstring, std::wstring> GetKeyedValues(ListTag tag, std::wstring_view separator) const;
 
     // The device documents of a predefined configuration, in file order.
     std::vector<std::wstring> GetDevices() const;
@@ -63,7 +66,7 @@ public:
     // Lays the elements of a second settings file over the document.
     void Merge(std::wstring_view incoming);
 
-    // By design: true only for the exact word "TRUE", unlike GetBool.
+    // Whether the package is of the second variant.
     bool IsAmazonSupported() const;
 
 private:

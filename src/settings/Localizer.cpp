@@ -15,8 +15,8 @@
 #include "framework/Handles.h"
 #include "settings/LanguageTable.h"
 #include "settings/TagDocument.h"
-#include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
+#include "settings/TextKeys.h"
 
 namespace {
 
@@ -77,20 +77,20 @@ std::wstring Localizer::GetXmlFileName(std::uint16_t languageId) const {
     return name;
 }
 
-std::wstring Localizer::GetString(std::wstring_view key) const {
+std::wstring Localizer::GetString(TextId key) const {
     std::call_once(loaded, [this] { Load(); });
     int surplus = 0;
-    std::wstring value = ReduceAccessKeys(TagDocument::ValueOf(text, key), surplus);
+    std::wstring value = ReduceAccessKeys(TagDocument::ValueOf(text, key.Name()), surplus);
     for (; surplus > 0; --surplus) {
-        LogAdvanced(std::wstring(L"Localizer::GetString, multiple access keys found: ").append(key),
+        LogAdvanced(std::wstring(L"Localizer::GetString, multiple access keys found: ").append(key.Name()),
                     LogLevel::Error);
     }
-    TagExpansion expansion =
-        ExpandTags(std::move(value), [this](std::wstring_view tag) { return settings.GetString(tag); });
+    TagExpansion expansion = ExpandTags(
+        std::move(value), [this](std::wstring_view tag) { return settings.GetString(TextTag(tag)); });
     if (expansion.endless) {
-        LogAdvanced(
-            std::wstring(L"Localizer::GetString, the settings values in a text never end: ").append(key),
-            LogLevel::Error);
+        LogAdvanced(std::wstring(L"Localizer::GetString, the settings values in a text never end: ")
+                        .append(key.Name()),
+                    LogLevel::Error);
     }
     return expansion.text;
 }

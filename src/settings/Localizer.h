@@ -9,6 +9,7 @@
 
 #include "CommonLib/Singleton.h"
 #include "settings/InstallSettings.h"
+#include "settings/TextKeys.h"
 
 // The language is settled at the first question for a text. Any thread may ask for texts; the option belongs
 // to the start of the program, before that question.
@@ -24,7 +25,7 @@ public:
     void SetLanguageOption(std::wstring code) { languageOption = std::move(code); }
 
     // The text of a key as it reads with the settings of this moment; empty for a key that the file lacks.
-    std::wstring GetString(std::wstring_view key) const;
+    std::wstring GetString(TextId key) const;
 
     // The name of the language file for a system language, which the option overrules.
     std::wstring GetXmlFileName(std::uint16_t languageId) const;

@@ -9,6 +9,7 @@
 #include "framework/CWinApp.h"
 #include "settings/InstallStatus.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/FolderCleanUp.h"
 #include "wizard/LocalizedMessage.h"
 

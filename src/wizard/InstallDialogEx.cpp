@@ -125,16 +125,16 @@ DWORD InstallDialogEx::ExtendedStyle(DWORD ofTemplate) const {
     return ReadingStyle(localizer, ofTemplate);
 }
 
-void InstallDialogEx::SetLocalizedText(HWND window, std::wstring_view key) {
+void InstallDialogEx::SetLocalizedText(HWND window, TextId key) {
     ::SetWindowTextW(window, GetLocalizedText(key).c_str());
 }
 
-void InstallDialogEx::InsertLocalizedString(HWND comboBox, int index, std::wstring_view key) {
+void InstallDialogEx::InsertLocalizedString(HWND comboBox, int index, TextId key) {
     ::SendMessageW(comboBox, CB_INSERTSTRING, static_cast<WPARAM>(index),
                    reinterpret_cast<LPARAM>(GetLocalizedText(key).c_str()));
 }
 
-std::wstring InstallDialogEx::GetLocalizedText(std::wstring_view key) const {
+std::wstring InstallDialogEx::GetLocalizedText(TextId key) const {
     return localizer.GetString(key);
 }
 
@@ -142,7 +142,7 @@ void InstallDialogEx::SetControlFont(int controlId, const Font& font) {
     ::SendMessageW(GetDlgItem(controlId), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
 }
 
-void InstallDialogEx::SetUpControl(int controlId, std::wstring_view key, const Font& font) {
+void InstallDialogEx::SetUpControl(int controlId, TextId key, const Font& font) {
     SetLocalizedText(controlId, key);
     SetControlFont(controlId, font);
 }

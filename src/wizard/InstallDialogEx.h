@@ -9,6 +9,7 @@
 #include "framework/CToolTipCtrl.h"
 #include "framework/Handles.h"
 #include "resources/resource.h"
+#include "settings/TextKeys.h"
 #include "wizard/PageContext.h"
 
 // A page is created once, hidden, and lives until the process ends; a sub-dialog is shown by DoModal. The
@@ -37,13 +38,11 @@ protected:
     const MessageMap& GetMessageMap() const override { return Events(); }
     static const MessageMap& Events();
 
-    virtual void SetLocalizedText(HWND window, std::wstring_view key);
-    void SetLocalizedText(int controlId, std::wstring_view key) {
-        SetLocalizedText(GetDlgItem(controlId), key);
-    }
+    virtual void SetLocalizedText(HWND window, TextId key);
+    void SetLocalizedText(int controlId, TextId key) { SetLocalizedText(GetDlgItem(controlId), key); }
     // Inserts the text of the key into a combo box at that index.
-    virtual void InsertLocalizedString(HWND comboBox, int index, std::wstring_view key);
-    virtual std::wstring GetLocalizedText(std::wstring_view key) const;
+    virtual void InsertLocalizedString(HWND comboBox, int index, TextId key);
+    virtual std::wstring GetLocalizedText(TextId key) const;
     // Redraws the part of this page under a control, for controls that let it show through.
     virtual void RedrawControl(HWND control);
     // The background of a control, for WM_CTLCOLORSTATIC.
@@ -51,7 +50,7 @@ protected:
 
     void SetControlFont(int controlId, const Font& font);
     // Text and font of a control at once.
-    void SetUpControl(int controlId, std::wstring_view key, const Font& font);
+    void SetUpControl(int controlId, TextId key, const Font& font);
     void ShowControl(int controlId, bool shown) {
         ::ShowWindow(GetDlgItem(controlId), shown ? SW_SHOW : SW_HIDE);
     }

@@ -2,7 +2,7 @@
 
 #include "resources/resource.h"
 #include "settings/Localizer.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 #include "wizard/HighContrast.h"
 #include "wizard/InstallDialogEx.h"

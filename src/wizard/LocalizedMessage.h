@@ -6,8 +6,9 @@
 #include <string_view>
 
 #include "settings/Localizer.h"
+#include "settings/TextKeys.h"
 
 // Shows the texts of the keys; an empty key stands for an empty text. In a language that reads from right to
 // left the box does so too. The owner may be null. Returns the box's answer.
-int ShowLocalizedMessage(const Localizer& localizer, HWND owner, std::wstring_view textKey,
-                         std::wstring_view titleKey, UINT style = 0);
+int ShowLocalizedMessage(const Localizer& localizer, HWND owner, TextId textKey, TextId titleKey,
+                         UINT style = 0);

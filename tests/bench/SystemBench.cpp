@@ -35,7 +35,7 @@
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "settings/SettingsFiles.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "standins/Brevanto/Brevanto.h"
 
 namespace {

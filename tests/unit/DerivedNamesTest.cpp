@@ -24,7 +24,7 @@ TEST(PrinterNameTest, OfAFaxDriverNeverTakesTheStreamName) {
     inputs.isFaxDriver = true;
     inputs.streamDisplayName = L"PS3";
     inputs.printerName = L"Hall";
-    inputs.nameFromDiscovery = L"1";
+    inputs.isNameFromDiscovery = true;
     EXPECT_EQ(PrinterNameFor(inputs), L"Fax Model");
 }
 
@@ -48,9 +48,9 @@ TEST(PrinterNameTest, OfAFaxDriverTakesTheVersionAsWell) {
 TEST(PrinterNameTest, KeepsTheDiscoveredNameOnlyForExactlyOne) {
     auto inputs = PackageOfABrand();
     inputs.printerName = L"Hall";
-    inputs.nameFromDiscovery = L"true";
+    inputs.isNameFromDiscovery = false;
     EXPECT_EQ(PrinterNameFor(inputs), L"Zevana Universal");
-    inputs.nameFromDiscovery = L"1";
+    inputs.isNameFromDiscovery = true;
     EXPECT_EQ(PrinterNameFor(inputs), L"Hall");
     inputs.printerName.clear();
     EXPECT_EQ(PrinterNameFor(inputs), L"Zevana Universal");

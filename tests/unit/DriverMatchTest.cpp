@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "discovery/DriverMatch.h"
-#include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 
 namespace {
 

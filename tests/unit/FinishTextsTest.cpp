@@ -19,9 +19,9 @@ class FinishHeaderTest : public testing::TestWithParam<HeaderCase> {};
 
 TEST_P(FinishHeaderTest, ShowsTheTextsOfTheOutcome) {
     const HeaderKeys header = FinishHeader(GetParam().outcome);
-    EXPECT_EQ(header.first, GetParam().first);
-    EXPECT_EQ(header.second, GetParam().second);
-    EXPECT_EQ(FinishSecondText(GetParam().outcome), GetParam().text);
+    EXPECT_EQ(header.first.Name(), GetParam().first);
+    EXPECT_EQ(header.second.Name(), GetParam().second);
+    EXPECT_EQ(FinishSecondText(GetParam().outcome).Name(), GetParam().text);
     EXPECT_EQ(IsUsbFinish(GetParam().outcome), GetParam().usbFinish);
 }
 
@@ -76,13 +76,13 @@ TEST(FinishPictureTest, TellsTheOutcome) {
 constexpr auto unknownStatus = static_cast<PackageStatus>(7);
 
 TEST(StatusLooksTest, GiveEachStatusItsTextAndPicture) {
-    EXPECT_EQ(StatusTextKey(PackageStatus::Done), L"COMPLETED_TEXT");
-    EXPECT_EQ(StatusTextKey(PackageStatus::Failed), L"FAILED_TEXT");
-    EXPECT_EQ(StatusTextKey(PackageStatus::Cancelled), L"CANCELED_TEXT");
-    EXPECT_EQ(StatusTextKey(PackageStatus::Updated), L"UPDATED_TEXT");
-    EXPECT_EQ(StatusTextKey(PackageStatus::NotSupported), L"NOT_SUPPORTED_TEXT");
-    EXPECT_EQ(StatusTextKey(PackageStatus::NotRun), L"FAILED_TEXT");
-    EXPECT_EQ(StatusTextKey(unknownStatus), L"FAILED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::Done).Name(), L"COMPLETED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::Failed).Name(), L"FAILED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::Cancelled).Name(), L"CANCELED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::Updated).Name(), L"UPDATED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::NotSupported).Name(), L"NOT_SUPPORTED_TEXT");
+    EXPECT_EQ(StatusTextKey(PackageStatus::NotRun).Name(), L"FAILED_TEXT");
+    EXPECT_EQ(StatusTextKey(unknownStatus).Name(), L"FAILED_TEXT");
     for (const auto good : {PackageStatus::Done, PackageStatus::Updated}) EXPECT_TRUE(IsGoodStatus(good));
     for (const auto bad : {PackageStatus::NotRun, PackageStatus::Failed, PackageStatus::Cancelled,
                            PackageStatus::NotSupported, unknownStatus}) {

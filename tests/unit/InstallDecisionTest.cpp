@@ -125,8 +125,8 @@ class ErrorDialogTest : public testing::TestWithParam<DialogCase> {};
 TEST_P(ErrorDialogTest, HasTextsAndSaysWhetherTheRunStops) {
     const auto dialog = ErrorDialogFor(GetParam().code);
     const auto& prefix = GetParam().prefix;
-    EXPECT_EQ(dialog.titleKey, prefix.empty() ? L"" : prefix + L"_TITLE");
-    EXPECT_EQ(dialog.textKey, prefix.empty() ? L"" : prefix + L"_TEXT");
+    EXPECT_EQ(dialog.titleKey.Name(), prefix.empty() ? L"" : prefix + L"_TITLE");
+    EXPECT_EQ(dialog.textKey.Name(), prefix.empty() ? L"" : prefix + L"_TEXT");
     EXPECT_EQ(dialog.stopsRun, GetParam().stops);
 }
 

@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "settings/InstallSettings.h"
+#include "settings/TagNames.h"
 
 namespace {
 
@@ -22,35 +23,35 @@ protected:
 };
 
 TEST_F(InstallSettingsTest, ReadsAMissingTagAsEmptyAndFalse) {
-    EXPECT_EQ(Settings().GetString(L"OEM"), L"");
-    EXPECT_FALSE(Settings().GetBool(L"REBOOT"));
-    EXPECT_THAT(Settings().GetAllValues(L"DEVICE"), IsEmpty());
+    EXPECT_EQ(Settings().GetString(Tag::OEM), L"");
+    EXPECT_FALSE(Settings().GetBool(Tag::REBOOT));
+    EXPECT_THAT(Settings().GetAllValues(Tag::DEVICE), IsEmpty());
 }
 
 TEST_F(InstallSettingsTest, MovesATagToTheEndWhenSettingIt) {
-    Settings().SetStrings({{L"A", L"1"}, {L"B", L"2"}, {L"A", L"3"}});
+    Settings().SetStrings({{TextTag(L"A"), L"1"}, {TextTag(L"B"), L"2"}, {TextTag(L"A"), L"3"}});
     EXPECT_EQ(Document(), L"<B>2</B><A>3</A>");
 }
 
 TEST_F(InstallSettingsTest, ChangesNothingForAnEmptyTagName) {
-    Settings().SetString(L"A", L"1");
-    Settings().SetString(L"", L"2");
+    Settings().SetString(TextTag(L"A"), L"1");
+    Settings().SetString(TextTag(L""), L"2");
     Settings().SetStrings({});
     Settings().SetBools({});
     EXPECT_EQ(Document(), L"<A>1</A>");
 }
 
 TEST_F(InstallSettingsTest, WritesFlagsInLowerCase) {
-    Settings().SetBools({{L"A", true}, {L"B", false}});
+    Settings().SetBools({{FlagTag(L"A"), true}, {FlagTag(L"B"), false}});
     EXPECT_EQ(Document(), L"<A>true</A><B>false</B>");
 }
 
 TEST_F(InstallSettingsTest, CountsAsTheSecondVariantForTheExactWordOnly) {
     for (const wchar_t* text : {L"true", L"True", L"1", L"TRUE "}) {
-        Settings().SetString(L"AMAZON_SUPPORTED", text);
+        Settings().SetString(Tag::AMAZON_SUPPORTED, text);
         EXPECT_FALSE(Settings().IsAmazonSupported());
     }
-    Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
+    Settings().SetString(Tag::AMAZON_SUPPORTED, L"TRUE");
     EXPECT_TRUE(Settings().IsAmazonSupported());
 }
 
@@ -62,8 +63,8 @@ struct FlagCase {
 class StoredFlagTest : public InstallSettingsTest, public testing::WithParamInterface<FlagCase> {};
 
 TEST_P(StoredFlagTest, IsTrueForAnyCaseOfTrueAndForOne) {
-    Settings().SetString(L"FLAG", GetParam().text);
-    EXPECT_EQ(Settings().GetBool(L"FLAG"), GetParam().flag);
+    Settings().SetString(TextTag(L"FLAG"), GetParam().text);
+    EXPECT_EQ(Settings().GetBool(FlagTag(L"FLAG")), GetParam().flag);
 }
 
 const FlagCase flags[] = {{L"TRUE", true}, {L"True", true},   {L"true", true}, {L"1", true},
@@ -74,9 +75,10 @@ INSTANTIATE_TEST_SUITE_P(Texts, StoredFlagTest, testing::ValuesIn(flags));
 
 TEST_F(InstallSettingsTest, ReadsTheKeysOfARepeatedTag) {
     Settings().SetString(
-        L"ALL", L"<MODEL_NAME>A:X</MODEL_NAME><MODEL_NAME>A:Y</MODEL_NAME><MODEL_NAME>B</MODEL_NAME>");
-    EXPECT_THAT(Settings().GetAllValues(L"MODEL_NAME"), ElementsAre(L"A:X", L"A:Y", L"B"));
-    EXPECT_THAT(Settings().GetKeyedValues(L"MODEL_NAME", L":"), ElementsAre(Pair(L"A", L"X")));
+        TextTag(L"ALL"),
+        L"<MODEL_NAME>A:X</MODEL_NAME><MODEL_NAME>A:Y</MODEL_NAME><MODEL_NAME>B</MODEL_NAME>");
+    EXPECT_THAT(Settings().GetAllValues(Tag::MODEL_NAME), ElementsAre(L"A:X", L"A:Y", L"B"));
+    EXPECT_THAT(Settings().GetKeyedValues(Tag::MODEL_NAME, L":"), ElementsAre(Pair(L"A", L"X")));
 }
 
 TEST_F(InstallSettingsTest, LeavesOutDevicesWithoutAValue) {
@@ -109,21 +111,26 @@ TEST_F(InstallSettingsTest, AppendsProgramsWithNothingBetween) {
 }
 
 TEST_F(InstallSettingsTest, BeginsEmptyAgainWhenItWasDestroyed) {
-    Settings().SetString(L"A", L"1");
+    Settings().SetString(TextTag(L"A"), L"1");
     InstallSettings::DestroyInstance();
-    EXPECT_EQ(Settings().GetString(L"A"), L"");
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), L"");
 }
 
 TEST_F(InstallSettingsTest, LosesNoTagOfTwoThreads) {
     const auto setTags = [](const std::wstring& prefix) {
-        for (int i = 0; i < 200; ++i) Settings().SetString(prefix + std::to_wstring(i), L"1");
+        for (int i = 0; i < 200; ++i) {
+            const std::wstring tag = prefix + std::to_wstring(i);
+            Settings().SetString(TextTag(tag), L"1");
+        }
     };
     std::thread other(setTags, L"OTHER_");
     setTags(L"OWN_");
     other.join();
     for (int i = 0; i < 200; ++i) {
-        EXPECT_TRUE(Settings().GetBool(L"OWN_" + std::to_wstring(i)));
-        EXPECT_TRUE(Settings().GetBool(L"OTHER_" + std::to_wstring(i)));
+        for (const wchar_t* const prefix : {L"OWN_", L"OTHER_"}) {
+            const std::wstring tag = prefix + std::to_wstring(i);
+            EXPECT_TRUE(Settings().GetBool(FlagTag(tag)));
+        }
     }
 }
 

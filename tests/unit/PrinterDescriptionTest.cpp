@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "printer/PrinterDescription.h"
+#include "settings/TagNames.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ protected:
     void SetModels() {
         settings.Append(
             L"<MODEL_NAME>A:X</MODEL_NAME><MODEL_NAME>A:Y</MODEL_NAME><MODEL_NAME_FAX>A:F</MODEL_NAME_FAX>");
-        settings.SetString(L"OEM_NAME", L"A");
+        settings.SetString(Tag::OEM_NAME, L"A");
     }
 
     InstallSettings settings;
@@ -54,43 +55,43 @@ TEST_F(PrinterDescriptionTest, NamesAFaxByItsOwnModelAndNeverByItsStream) {
 
 TEST_F(PrinterDescriptionTest, NamesAPrinterOfNoVendorByItsModelStreamAndVersion) {
     SetModels();
-    settings.SetStrings({{L"OEM", L"Printer"},
-                         {L"DEFAULT_PRINTER_NAME", L"unused"},
-                         {L"UPD", L"2"},
-                         {L"WEBDRIVERVER", L"1.0"}});
+    settings.SetStrings({{Tag::OEM, L"Printer"},
+                         {Tag::DEFAULT_PRINTER_NAME, L"unused"},
+                         {Tag::UPD, L"2"},
+                         {Tag::WEBDRIVERVER, L"1.0"}});
     MSI_APP driver = PrinterDriver();
     driver.streamDisplayName = L"PS3";
     EXPECT_EQ(printers.GetPrinterName(driver), L"X PS3 (1.0)");
 }
 
 TEST_F(PrinterDescriptionTest, NamesAPrinterByBrandAndDefault) {
-    settings.SetStrings({{L"OEM", L"Maker"}, {L"DEFAULT_PRINTER_NAME", L"Loom"}});
+    settings.SetStrings({{Tag::OEM, L"Maker"}, {Tag::DEFAULT_PRINTER_NAME, L"Loom"}});
     EXPECT_EQ(printers.GetPrinterName(PrinterDriver()), L" Loom");
-    settings.SetString(L"OEM_NAME", L"Brand");
+    settings.SetString(Tag::OEM_NAME, L"Brand");
     EXPECT_EQ(printers.GetPrinterName(PrinterDriver()), L"Brand Loom");
 }
 
 TEST_F(PrinterDescriptionTest, KeepsTheDiscoveredNameForTheExactOneOnly) {
     settings.SetStrings(
-        {{L"OEM", L"Maker"}, {L"DEFAULT_PRINTER_NAME", L"Loom"}, {L"PRINTER_NAME", L"Found"}});
+        {{Tag::OEM, L"Maker"}, {Tag::DEFAULT_PRINTER_NAME, L"Loom"}, {Tag::PRINTER_NAME, L"Found"}});
     EXPECT_EQ(printers.GetPrinterName(PrinterDriver()), L" Loom");
-    settings.SetString(L"PO_NAME_FROM_DISCOVERY", L"true");
+    settings.SetString(Tag::PO_NAME_FROM_DISCOVERY, L"true");
     EXPECT_EQ(printers.GetPrinterName(PrinterDriver()), L" Loom");
-    settings.SetString(L"PO_NAME_FROM_DISCOVERY", L"1");
+    settings.SetString(Tag::PO_NAME_FROM_DISCOVERY, L"1");
     EXPECT_EQ(printers.GetPrinterName(PrinterDriver()), L"Found");
 }
 
 TEST_F(PrinterDescriptionTest, TakesTheProductNameFromThePrinterUnlessThePackageIsUniversal) {
     SetModels();
     EXPECT_EQ(printers.GetDriverProductName(PrinterDriver()), L"X");
-    settings.SetString(L"PRINTER_NAME", L"Found");
+    settings.SetString(Tag::PRINTER_NAME, L"Found");
     EXPECT_EQ(printers.GetDriverProductName(PrinterDriver()), L"Found");
-    settings.SetString(L"UPD", L"1");
+    settings.SetString(Tag::UPD, L"1");
     EXPECT_EQ(printers.GetDriverProductName(PrinterDriver()), L"X");
 }
 
 TEST_F(PrinterDescriptionTest, AddsNoPortForUsbAndForTheBrandedType) {
-    settings.SetString(L"OEM", L"Maker");
+    settings.SetString(Tag::OEM, L"Maker");
     EXPECT_FALSE(printers.PortNeedsAdding(L"USB", L"new"));
     EXPECT_FALSE(printers.PortNeedsAdding(L"Maker Nimbo Jet", L"new"));
     EXPECT_TRUE(printers.PortNeedsAdding(L"usb", L"new"));
@@ -104,21 +105,21 @@ TEST_F(PrinterDescriptionTest, AddsAPortThatTheSystemLacks) {
 }
 
 TEST_F(PrinterDescriptionTest, DescribesThePrinterOfAnInteractiveRunToTheLetter) {
-    settings.SetStrings({{L"OEM", L"Maker"},
-                         {L"PRINTER_NAME", L"Loom 5"},
-                         {L"PORT_NAME", L"p"},
-                         {L"HOST_NAME", L"h"},
-                         {L"PORT_TYPE", L"t"},
-                         {L"NETWORK_PATH", L"\\\\s\\q"},
-                         {L"DEFAULT_PRINTER_NAME", L"Loom"},
-                         {L"OEM_NAME", L"Brand"},
-                         {L"ADD_PORT", L"true"},
-                         {L"SET_DEFAULT", L"1"},
-                         {L"DRIVERCONFIG_PATH", L"d"},
-                         {L"CONFIG_EXE_PATH", L"e"},
-                         {L"OMBREL_DESC", L"o"},
-                         {L"CONFIG_APPLY_FUTURE", L"TRUE"},
-                         {L"IPADDRESS", L"10.0.0.7"}});
+    settings.SetStrings({{Tag::OEM, L"Maker"},
+                         {Tag::PRINTER_NAME, L"Loom 5"},
+                         {Tag::PORT_NAME, L"p"},
+                         {Tag::HOST_NAME, L"h"},
+                         {Tag::PORT_TYPE, L"t"},
+                         {Tag::NETWORK_PATH, L"\\\\s\\q"},
+                         {Tag::DEFAULT_PRINTER_NAME, L"Loom"},
+                         {Tag::OEM_NAME, L"Brand"},
+                         {TextTag(L"ADD_PORT"), L"true"},
+                         {TextTag(L"SET_DEFAULT"), L"1"},
+                         {Tag::DRIVERCONFIG_PATH, L"d"},
+                         {Tag::CONFIG_EXE_PATH, L"e"},
+                         {Tag::OMBREL_DESC, L"o"},
+                         {TextTag(L"CONFIG_APPLY_FUTURE"), L"TRUE"},
+                         {Tag::IPADDRESS, L"10.0.0.7"}});
     EXPECT_EQ(printers.BuildPrinterInfo(PrinterDriver()),
               L"<PRINTER_INFO><DEVICE><PRINTER_NAME>Brand Loom</PRINTER_NAME>"
               L"<DRIVER_PRODUCT_NAME>Loom 5</DRIVER_PRODUCT_NAME><PORT_NAME>p</PORT_NAME>"
@@ -138,9 +139,13 @@ TEST_F(PrinterDescriptionTest, DescribesAPrinterWithoutAnySettings) {
 }
 
 TEST_F(PrinterDescriptionTest, CarriesOverWhatTheNextDriverDoesNotSet) {
-    settings.SetStrings({{L"PORT_NAME", L"p"}, {L"ADD_PORT", L"true"}, {L"CONFIG_APPLY_FUTURE", L"true"}});
+    settings.SetStrings({{Tag::PORT_NAME, L"p"},
+                         {TextTag(L"ADD_PORT"), L"true"},
+                         {TextTag(L"CONFIG_APPLY_FUTURE"), L"true"}});
     printers.BuildPrinterInfo(PrinterDriver());
-    settings.SetStrings({{L"PORT_NAME", L""}, {L"ADD_PORT", L"false"}, {L"CONFIG_APPLY_FUTURE", L"false"}});
+    settings.SetStrings({{Tag::PORT_NAME, L""},
+                         {TextTag(L"ADD_PORT"), L"false"},
+                         {TextTag(L"CONFIG_APPLY_FUTURE"), L"false"}});
     const std::wstring info = printers.BuildPrinterInfo(PrinterDriver());
     EXPECT_THAT(info, testing::HasSubstr(L"<PORT_NAME>p</PORT_NAME>"));
     EXPECT_THAT(info, testing::HasSubstr(L"<ADD_PORT>true</ADD_PORT>"));
@@ -148,7 +153,7 @@ TEST_F(PrinterDescriptionTest, CarriesOverWhatTheNextDriverDoesNotSet) {
 }
 
 TEST_F(PrinterDescriptionTest, NeverMakesAScannerTheDefault) {
-    settings.SetBool(L"SET_DEFAULT", true);
+    settings.SetBool(Tag::SET_DEFAULT, true);
     EXPECT_THAT(printers.BuildPrinterInfo(ScanDriver()),
                 testing::HasSubstr(L"<SET_DEFAULT>false</SET_DEFAULT>"));
     EXPECT_THAT(printers.BuildPrinterInfo(FaxDriver()),
@@ -158,7 +163,7 @@ TEST_F(PrinterDescriptionTest, NeverMakesAScannerTheDefault) {
 }
 
 TEST_F(PrinterDescriptionTest, DescribesTheDevicesOfAPredefinedRunToTheLetter) {
-    settings.SetBool(L"INSTALL_FROM_CONFIG", true);
+    settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
     const std::wstring existing = Element(L"PORT_NAME", existingPort);
     settings.SetDevices(
         {L"<PRINTER_NAME>one</PRINTER_NAME><DRIVER_ID>PS</DRIVER_ID><ADD_PORT>true</ADD_PORT>" + existing,
@@ -172,8 +177,8 @@ TEST_F(PrinterDescriptionTest, DescribesTheDevicesOfAPredefinedRunToTheLetter) {
 }
 
 TEST_F(PrinterDescriptionTest, PutsTheAddressBesideTheDevices) {
-    settings.SetBool(L"INSTALL_FROM_CONFIG", true);
-    settings.SetString(L"IPADDRESS", L"10.0.0.7");
+    settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
+    settings.SetString(Tag::IPADDRESS, L"10.0.0.7");
     settings.SetDevices({L"<DRIVER_ID>PS</DRIVER_ID><PORT_TYPE>USB</PORT_TYPE>"});
     EXPECT_EQ(printers.BuildPrinterInfo(PrinterDriver()),
               L"<PRINTER_INFO><DEVICE><PORT_TYPE>USB</PORT_TYPE><ADD_PORT>false</ADD_PORT></DEVICE>"
@@ -181,7 +186,7 @@ TEST_F(PrinterDescriptionTest, PutsTheAddressBesideTheDevices) {
 }
 
 TEST_F(PrinterDescriptionTest, DescribesNothingForADriverWithoutADevice) {
-    settings.SetBool(L"INSTALL_FROM_CONFIG", true);
+    settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
     settings.SetDevices({L"<DRIVER_ID>PCL</DRIVER_ID>"});
     EXPECT_EQ(printers.BuildPrinterInfo(PrinterDriver()), L"<PRINTER_INFO></PRINTER_INFO>");
 }

@@ -41,14 +41,14 @@ TEST_F(DriverInfoTest, DropsEveryPrinterDriverWhereNoTypeIsAccepted) {
 }
 
 TEST_F(DriverInfoTest, ComparesTypesWithTheirCase) {
-    Settings().SetString(L"WIN8_DRVTYPES", L"caseSensitive");
+    Settings().SetString(Tag::WIN8_DRVTYPES, L"caseSensitive");
     AddPackage(L"Drivers\\x64", L"d.msi").properties[L"DRIVERID"] = L"CaseSensitive";
     BuildCatalogues();
     EXPECT_THAT(DriverNames(), IsEmpty());
 }
 
 TEST_F(DriverInfoTest, TakesEachTypeOfTheListAndNoBlankAway) {
-    Settings().SetString(L"WIN8_DRVTYPES", L"LISTA; LISTB;;LISTC;");
+    Settings().SetString(Tag::WIN8_DRVTYPES, L"LISTA; LISTB;;LISTC;");
     for (const wchar_t* id : {L"LISTA", L"LISTB", L"LISTC"}) {
         AddPackage(L"Drivers\\x64", std::wstring(id) + L".msi").properties[L"DRIVERID"] = id;
     }

@@ -30,7 +30,7 @@ class MsiInterfaceTest : public SettingsTest {
 protected:
     MsiInterfaceTest() {
         answeredMessages.clear();
-        Settings().SetString(L"OEM", L"Maker");
+        Settings().SetString(Tag::OEM, L"Maker");
         AddTexts("<LANGUAGE_ID>1031</LANGUAGE_ID>");
     }
 
@@ -125,7 +125,7 @@ TEST_F(MsiInterfaceTest, NamesTheLogAfterTheVendorBeforeEveryCall) {
 }
 
 TEST_F(MsiInterfaceTest, NamesTheLogPrinterWithoutAVendor) {
-    Settings().SetString(L"OEM", L"");
+    Settings().SetString(Tag::OEM, L"");
     MsiInterface gateway = Gateway();
     gateway.Cancel();
     EXPECT_EQ(Call(L"MsiEnableInstallLog").Argument(L"name"), L"Printer");

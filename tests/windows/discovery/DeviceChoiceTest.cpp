@@ -33,7 +33,7 @@ protected:
     }
     ~DeviceChoiceTest() override { DiscoveredDevices::GetInstance().Assign({}); }
 
-    static std::wstring Tag(std::wstring_view name) { return Settings().GetString(name); }
+    static std::wstring Setting(TextTag tag) { return Settings().GetString(tag); }
     // What is optional and what is selected of the applications and of the scan driver.
     static std::vector<std::wstring> OptionalNames() { return NamesThat(&MSI_APP::isOptional); }
     static std::vector<std::wstring> SelectedNames() { return NamesThat(&MSI_APP::isSelected); }
@@ -67,7 +67,7 @@ protected:
 
     // The catalogues with the applications above beside what lies in the tree.
     void Prepare() {
-        Settings().SetString(L"WIN8_DRVTYPES", L"SCAN");
+        Settings().SetString(Tag::WIN8_DRVTYPES, L"SCAN");
         BuildCatalogues();
         for (const MSI_APP& record : applications) AppRecords().Append(record);
     }
@@ -78,16 +78,16 @@ private:
 
 TEST_F(DeviceChoiceTest, WritesThePortOfTheLastDeviceOfTheSeries) {
     Prepare();
-    Settings().SetString(L"OEM_NAME", L"Brand");
+    Settings().SetString(Tag::OEM_NAME, L"Brand");
     TakeDevice(L"S", false);
-    EXPECT_EQ(Tag(L"PRINTER_NAME"), L"S");
-    EXPECT_EQ(Tag(L"PORT_NAME"), L"host2");
-    EXPECT_EQ(Tag(L"HOST_NAME"), L"host2");
-    EXPECT_EQ(Tag(L"IPADDRESS"), L"10.0.0.2");
-    EXPECT_EQ(Tag(L"DRIVER_MODEL_NAME"), L"M2");
-    EXPECT_EQ(Tag(L"PORT_TYPE"), L"Standard TCP/IP Port");
-    EXPECT_TRUE(Settings().GetBool(L"SET_DEFAULT") && Settings().GetBool(L"ADD_PORT") &&
-                Settings().GetBool(L"PRINT_DEVICE"));
+    EXPECT_EQ(Setting(Tag::PRINTER_NAME), L"S");
+    EXPECT_EQ(Setting(Tag::PORT_NAME), L"host2");
+    EXPECT_EQ(Setting(Tag::HOST_NAME), L"host2");
+    EXPECT_EQ(Setting(Tag::IPADDRESS), L"10.0.0.2");
+    EXPECT_EQ(Setting(Tag::DRIVER_MODEL_NAME), L"M2");
+    EXPECT_EQ(Setting(Tag::PORT_TYPE), L"Standard TCP/IP Port");
+    EXPECT_TRUE(Settings().GetBool(Tag::SET_DEFAULT) && Settings().GetBool(Tag::ADD_PORT) &&
+                Settings().GetBool(Tag::PRINT_DEVICE));
     EXPECT_THAT(BasicMessages(),
                 ElementsAre(L"Selected Port Type: Standard TCP/IP Port", L"Selected Host Name: host2",
                             L"Selected Port Name: host2", L"Selected Printer Name: S", L"Selected driver: "));
@@ -96,9 +96,11 @@ TEST_F(DeviceChoiceTest, WritesThePortOfTheLastDeviceOfTheSeries) {
 TEST_F(DeviceChoiceTest, FindsNothingForARowThatShowsAModel) {
     Prepare();
     TakeDevice(L"M3", false);
-    EXPECT_EQ(Tag(L"PRINTER_NAME"), L"M3");
-    EXPECT_EQ(Tag(L"PORT_NAME") + Tag(L"HOST_NAME") + Tag(L"IPADDRESS") + Tag(L"DRIVER_MODEL_NAME"), L"");
-    EXPECT_TRUE(Settings().GetBool(L"ADD_PORT"));
+    EXPECT_EQ(Setting(Tag::PRINTER_NAME), L"M3");
+    EXPECT_EQ(Setting(Tag::PORT_NAME) + Setting(Tag::HOST_NAME) + Setting(Tag::IPADDRESS) +
+                  Setting(Tag::DRIVER_MODEL_NAME),
+              L"");
+    EXPECT_TRUE(Settings().GetBool(Tag::ADD_PORT));
 }
 
 TEST_F(DeviceChoiceTest, OffersScanAndFaxForAMultiFunctionDevice) {
@@ -127,7 +129,7 @@ TEST_F(DeviceChoiceTest, TakesTheOfferBackForASingleFunction) {
 }
 
 TEST_F(DeviceChoiceTest, SelectsFaxApplicationsByTheRowInTheSecondVariant) {
-    Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
+    Settings().SetString(Tag::AMAZON_SUPPORTED, L"TRUE");
     Prepare();
     TakeDevice(L"S", true);
     EXPECT_THAT(SelectedNames(), ElementsAre(L"fax"));
@@ -139,7 +141,7 @@ TEST_F(DeviceChoiceTest, SelectsFaxApplicationsByTheRowInTheSecondVariant) {
 
 TEST_F(DeviceChoiceTest, TurnsToTheDevicesOfAConfiguration) {
     Prepare();
-    Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
+    Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
     Settings().SetDevices({L"<DETECT_PRINTER>true</DETECT_PRINTER>", L"<DRIVER_ID>Fax</DRIVER_ID>"});
     TakeDevice(L"S", true);
     EXPECT_THAT(Settings().GetDeviceValues(L"PRINTER_NAME"), Contains(L"S"));
@@ -155,7 +157,7 @@ TEST_F(DeviceChoiceTest, TurnsToTheDevicesOfAConfiguration) {
 
 TEST_F(DeviceChoiceTest, LeavesTheCatalogueToAConfiguration) {
     Prepare();
-    Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
+    Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
     DriverRecords().SelectDriver(L"SCAN", false);
     TakeDevice(L"S", true);
     EXPECT_THAT(OptionalNames(), ElementsAre());

@@ -27,7 +27,7 @@ TEST_F(DeviceDriversTest, ProposesTheDriverWithoutAColourForARowThatShowsAModel)
 }
 
 TEST_F(DeviceDriversTest, ProposesTheDriverThatThePackageNames) {
-    Settings().SetString(L"MODEL_DEFAULT_OVERRIDE", L"B:COLOR1V4;");
+    Settings().SetString(Tag::MODEL_DEFAULT_OVERRIDE, L"B:COLOR1V4;");
     Show();
     Deliver(FourDevices());
     Select(1);
@@ -35,7 +35,7 @@ TEST_F(DeviceDriversTest, ProposesTheDriverThatThePackageNames) {
 }
 
 TEST_F(DeviceDriversTest, KeepsTheDriverWhenThePackageNamesOneThatThereIsNot) {
-    Settings().SetString(L"MODEL_DEFAULT_OVERRIDE", L"A:color1v4;");
+    Settings().SetString(Tag::MODEL_DEFAULT_OVERRIDE, L"A:color1v4;");
     Show();
     Deliver(FourDevices());
     Select(1);
@@ -44,10 +44,10 @@ TEST_F(DeviceDriversTest, KeepsTheDriverWhenThePackageNamesOneThatThereIsNot) {
 }
 
 TEST_F(DeviceDriversTest, DropsAConfigurationWithTheDriver) {
-    Settings().SetString(L"DRIVERCONFIG_PATH", L"C:\\a.zdc");
+    Settings().SetString(Tag::DRIVERCONFIG_PATH, L"C:\\a.zdc");
     Show();
     Deliver(FourDevices());
-    EXPECT_EQ(Settings().GetString(L"DRIVERCONFIG_PATH"), L"");
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), L"");
 }
 
 TEST_F(DeviceDriversTest, HidesTheDriverChoiceWhileThereAreNoDrivers) {
@@ -85,9 +85,9 @@ struct ConfigureCase {
 class ConfigureOnUsbTest : public DeviceDriversTest, public testing::WithParamInterface<ConfigureCase> {};
 
 TEST_P(ConfigureOnUsbTest, IsShutForTheNewerKindOfDriver) {
-    Settings().SetStrings({{L"USB_SUPPORTED", L"1"},
-                           {L"WIN8_DRVTYPES", L"MONO1;COLOR1V4"},
-                           {L"WIN8_NO_COMM_DEFAULT", GetParam().driverId}});
+    Settings().SetStrings({{Tag::USB_SUPPORTED, L"1"},
+                           {Tag::WIN8_DRVTYPES, L"MONO1;COLOR1V4"},
+                           {TextTag(L"WIN8_NO_COMM_DEFAULT"), GetParam().driverId}});
     AddDriver(L"d.msi", GetParam().driverId).properties[L"ISOMBRELSUPPORTED"] = L"TRUE";
     tree.Add(L"Install\\MakerDriverConfig.msi");
     tree.Add(L"Install\\MakerArdentis.msi");
@@ -110,7 +110,7 @@ TEST_F(DeviceDriversTest, HidesTheDriverListInARunFromConfiguration) {
 }
 
 TEST_F(DeviceDriversTest, HidesTheChoicesInTheSecondVariant) {
-    Settings().SetStrings({{L"AMAZON_SUPPORTED", L"TRUE"}, {L"USB_SUPPORTED", L"1"}});
+    Settings().SetStrings({{Tag::AMAZON_SUPPORTED, L"TRUE"}, {Tag::USB_SUPPORTED, L"1"}});
     AddPackage(L"Applications", L"n.msi").properties[L"APPTYPE"] = L"NIMBOJET";
     BuildCatalogues();
     Show();
@@ -123,7 +123,7 @@ TEST_F(DeviceDriversTest, HidesTheChoicesInTheSecondVariant) {
 }
 
 TEST_F(DeviceDriversTest, HidesTheChoicesAgainWheneverItIsShownInTheSecondVariant) {
-    Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
+    Settings().SetString(Tag::AMAZON_SUPPORTED, L"TRUE");
     Show();
     const std::vector<int> choices{IDC_DISCOVERY_DRIVER_LIST, IDC_DISCOVERY_DRIVER_FRAME,
                                    IDC_DISCOVERY_DRIVER_LABEL, IDC_DISCOVERY_CONFIGURE};
@@ -134,14 +134,14 @@ TEST_F(DeviceDriversTest, HidesTheChoicesAgainWheneverItIsShownInTheSecondVarian
 }
 
 TEST_F(DeviceDriversTest, OffersUsbToThePackagesThatAskForIt) {
-    Settings().SetString(L"USB_SUPPORTED", L"1");
+    Settings().SetString(Tag::USB_SUPPORTED, L"1");
     Show();
     EXPECT_TRUE(IsShown(IDC_DISCOVERY_USB) && IsEnabled(IDC_DISCOVERY_USB));
     EXPECT_FALSE(IsShown(IDC_DISCOVERY_NIMBOJET) || IsEnabled(IDC_DISCOVERY_NIMBOJET));
 }
 
 TEST_F(DeviceDriversTest, OffersNoUsbForAnyOtherValue) {
-    Settings().SetString(L"USB_SUPPORTED", L"true");
+    Settings().SetString(Tag::USB_SUPPORTED, L"true");
     Show();
     EXPECT_FALSE(IsShown(IDC_DISCOVERY_USB) || IsEnabled(IDC_DISCOVERY_USB));
 }
@@ -156,7 +156,7 @@ TEST_F(DeviceDriversTest, OffersTheNimbojetThatThePackageHas) {
 class RadioTest : public DeviceDriversTest, public testing::WithParamInterface<int> {
 protected:
     RadioTest() {
-        Settings().SetString(L"USB_SUPPORTED", L"1");
+        Settings().SetString(Tag::USB_SUPPORTED, L"1");
         AddPackage(L"Applications", L"n.msi").properties[L"APPTYPE"] = L"NIMBOJET";
         BuildCatalogues();
     }

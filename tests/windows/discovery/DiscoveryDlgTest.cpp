@@ -25,7 +25,7 @@ TEST_F(DiscoveryDlgTest, BeginsWithTheSearchAndNothingChosen) {
                  IsShown(IDC_DISCOVERY_CONFIGURE));
     EXPECT_TRUE(IsShown(IDC_DISCOVERY_SECOND_NOTE));
     EXPECT_EQ(IsDlgButtonChecked(page.GetSafeHwnd(), IDC_DISCOVERY_USB), static_cast<UINT>(BST_UNCHECKED));
-    EXPECT_TRUE(Settings().GetBool(L"DISCOVERY_DONE"));
+    EXPECT_TRUE(Settings().GetBool(Tag::DISCOVERY_DONE));
 }
 
 TEST_F(DiscoveryDlgTest, ShowsADeviceBySeriesAddressAndColour) {
@@ -210,7 +210,7 @@ TEST_F(DiscoveryDlgTest, TakesADeliveryBehindItsEnd) {
 }
 
 TEST_F(DiscoveryDlgTest, SwallowsF5WhileRefreshIsShut) {
-    Settings().SetString(L"USB_SUPPORTED", L"1");
+    Settings().SetString(Tag::USB_SUPPORTED, L"1");
     Show();
     Deliver(FourDevices());
     Click(IDC_DISCOVERY_USB);

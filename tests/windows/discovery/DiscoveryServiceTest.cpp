@@ -44,7 +44,7 @@ TEST_F(DiscoveryServiceTest, AsksOnAWorkerOfItsOwn) {
 
 TEST_F(DiscoveryServiceTest, AsksForRoomFirstAndThenForTheListing) {
     AddDevice(L"10.0.0.1");
-    Settings().SetString(L"OEMBYTE", L"72");
+    Settings().SetString(Tag::OEMBYTE, L"72");
     Start();
     Run();
     const std::vector<LibraryCall> calls = Calls();
@@ -337,7 +337,7 @@ TEST_F(DiscoveryServiceTest, CountsAWorkerThatFailedNoMore) {
 }
 
 TEST_F(DiscoveryServiceTest, OffersThePrinterDriversInTheirOrder) {
-    Settings().SetString(L"WIN8_DRVTYPES", L"ONE;SCAN;TWO");
+    Settings().SetString(Tag::WIN8_DRVTYPES, L"ONE;SCAN;TWO");
     AddDriver(L"b.msi", L"TWO").properties[L"DRIVERNAME"] = L"Second";
     AddDriver(L"a.msi", L"ONE").properties[L"DRIVERNAME"] = L"First";
     AddDriver(L"s.msi", L"SCAN").properties[L"DRIVERNAME"] = L"Scan";
@@ -350,7 +350,7 @@ TEST_F(DiscoveryServiceTest, OffersThePrinterDriversInTheirOrder) {
 }
 
 TEST_F(DiscoveryServiceTest, OffersNoDriversInARunFromConfiguration) {
-    Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
+    Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
     Start();
     Run();
     EXPECT_THAT(page.drivers, IsEmpty());

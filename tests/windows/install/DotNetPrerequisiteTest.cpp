@@ -36,11 +36,11 @@ class DotNetPrerequisiteTest : public InstallTest {
 protected:
     DotNetPrerequisiteTest() {
         questions = 0;
-        Settings().SetBool(L"SILENT_INSTALL", false);
+        Settings().SetBool(Tag::SILENT_INSTALL, false);
         AddTexts("<LANGUAGE_ID>1033</LANGUAGE_ID><DOTNET>The framework</DOTNET>");
         Add(L"a").properties[L"SecureCustomProperties"] = L"OTHER;NETFRAMEWORK40;MORE";
         // After the prerequisite the run is silent again, so that the walk does not go on.
-        msi.packages[L"a.msi"].duringInstall = [] { Settings().SetBool(L"SILENT_INSTALL", true); };
+        msi.packages[L"a.msi"].duringInstall = [] { Settings().SetBool(Tag::SILENT_INSTALL, true); };
     }
     ~DotNetPrerequisiteTest() override { RegDeleteTreeW(HKEY_CURRENT_USER, ownKeys); }
 
@@ -75,7 +75,7 @@ TEST_F(DotNetPrerequisiteTest, IsPresentInEitherForm) {
         EXPECT_EQ(Run(), 0U);
         EXPECT_FALSE(HasSetUpRun());
         EXPECT_THAT(StatusLines(), ElementsAre(L"a=0"));
-        Settings().SetBool(L"SILENT_INSTALL", false);
+        Settings().SetBool(Tag::SILENT_INSTALL, false);
     }
 }
 
@@ -83,7 +83,7 @@ TEST_F(DotNetPrerequisiteTest, IsInstalledAndGetsTheFirstLine) {
     AddSetup(0);
     EXPECT_EQ(Run(), 0U);
     EXPECT_TRUE(HasSetUpRun());
-    EXPECT_TRUE(Settings().GetBool(L"DOTNET_INSTALLED"));
+    EXPECT_TRUE(Settings().GetBool(Tag::DOTNET_INSTALLED));
     EXPECT_THAT(StatusLines(), ElementsAre(L"The framework=0", L"a=0"));
     EXPECT_THAT(BasicLog(), Contains(Record(L"", L".Net Installation Successful")));
 }
@@ -100,8 +100,8 @@ class DotNetRestartTest : public DotNetPrerequisiteTest, public testing::WithPar
 TEST_P(DotNetRestartTest, IsASuccessWithoutALine) {
     AddSetup(GetParam());
     EXPECT_EQ(Run(), 0U);
-    EXPECT_TRUE(Settings().GetBool(L"REBOOT"));
-    EXPECT_FALSE(Settings().GetBool(L"DOTNET_INSTALLED"));
+    EXPECT_TRUE(Settings().GetBool(Tag::REBOOT));
+    EXPECT_FALSE(Settings().GetBool(Tag::DOTNET_INSTALLED));
     EXPECT_THAT(StatusLines(), ElementsAre(L"a=0"));
     EXPECT_THAT(BasicLog(), Contains(Record(L"", L".Net installation successful, reboot required")));
 }
@@ -111,7 +111,7 @@ INSTANTIATE_TEST_SUITE_P(Codes, DotNetRestartTest, testing::Values(1641U, 3010U,
 TEST_F(DotNetPrerequisiteTest, CancelsTheRunWhereTheUserHasCancelled) {
     AddSetup(1602);
     EXPECT_EQ(Run(), 0U);
-    EXPECT_TRUE(Settings().GetBool(L"DOTNET_FAILED"));
+    EXPECT_TRUE(Settings().GetBool(Tag::DOTNET_FAILED));
     EXPECT_TRUE(HasStopped());
     EXPECT_THAT(BasicMessages(),
                 testing::IsSupersetOf(
@@ -120,7 +120,7 @@ TEST_F(DotNetPrerequisiteTest, CancelsTheRunWhereTheUserHasCancelled) {
 
 TEST_F(DotNetPrerequisiteTest, CancelsTheRunForAnEmptyFolder) {
     EXPECT_EQ(Run(), 0U);
-    EXPECT_TRUE(Settings().GetBool(L"DOTNET_FAILED"));
+    EXPECT_TRUE(Settings().GetBool(Tag::DOTNET_FAILED));
     EXPECT_TRUE(HasStopped());
     EXPECT_THAT(BasicLog(), testing::IsSupersetOf(
                                 {Record(L"ERROR", L"Unknown error code during .net installation"),
@@ -134,12 +134,12 @@ TEST_F(DotNetPrerequisiteTest, EndsTheRunForTheCodeOfAFailedInstallation) {
     EXPECT_EQ(Run(), 1603U);
     EXPECT_THAT(threadExitCodes, IsEmpty());
     EXPECT_THAT(msi.Calls(), IsEmpty());
-    EXPECT_TRUE(Settings().GetBool(L"DOTNET_FAILED"));
+    EXPECT_TRUE(Settings().GetBool(Tag::DOTNET_FAILED));
 }
 
 TEST_F(DotNetPrerequisiteTest, EndsASilentRunAndNamesWhereTheFrameworkIsToBeHad) {
     AddSetup(0);
-    Settings().SetBool(L"SILENT_INSTALL", true);
+    Settings().SetBool(Tag::SILENT_INSTALL, true);
     EXPECT_EQ(Run(), 1603U);
     EXPECT_FALSE(HasSetUpRun());
     EXPECT_THAT(BasicMessages(),
@@ -151,7 +151,7 @@ TEST_F(DotNetPrerequisiteTest, EndsASilentRunAndNamesWhereTheFrameworkIsToBeHad)
 
 TEST_F(DotNetPrerequisiteTest, StaysSilentAboutAnErrorInAnOptionalRun) {
     AddSetup(5);
-    Settings().SetBool(L"OPTIONAL_INSTALL", true);
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
     tree.Add(L"Common\\x64\\a.msi");
     std::filesystem::remove(ProgramTree::Root() / L"Applications\\a.msi");
     BuildCatalogues();
@@ -160,16 +160,16 @@ TEST_F(DotNetPrerequisiteTest, StaysSilentAboutAnErrorInAnOptionalRun) {
     EXPECT_EQ(service.DoRun(), 0U);
     ThreadWatch::WaitForAll();
     EXPECT_TRUE(HasSetUpRun());
-    EXPECT_FALSE(Settings().GetBool(L"DOTNET_FAILED"));
+    EXPECT_FALSE(Settings().GetBool(Tag::DOTNET_FAILED));
     EXPECT_FALSE(HasStopped());
     EXPECT_THAT(BasicMessages(), Not(Contains(L"Cancelling installation")));
 }
 
 TEST_F(DotNetPrerequisiteTest, ForgetsTheOutcomeOfAnEarlierRun) {
-    Settings().SetStrings({{L"DOTNET_FAILED", L"true"}, {L"DOTNET_INSTALLED", L"true"}});
+    Settings().SetStrings({{TextTag(L"DOTNET_FAILED"), L"true"}, {TextTag(L"DOTNET_INSTALLED"), L"true"}});
     SetFramework(L"Full");
     Run();
-    EXPECT_FALSE(Settings().GetBool(L"DOTNET_FAILED") || Settings().GetBool(L"DOTNET_INSTALLED"));
+    EXPECT_FALSE(Settings().GetBool(Tag::DOTNET_FAILED) || Settings().GetBool(Tag::DOTNET_INSTALLED));
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ class FinishServiceTest : public SettingsTest {
 protected:
     FinishServiceTest() {
         std::filesystem::copy_file(CompanionPath(), folder / L"program.exe");
-        Settings().SetString(L"TARGET_DIR", folder.Path());
+        Settings().SetString(Tag::TARGET_DIR, folder.Path());
     }
 
     std::wstring Starting(const std::wstring& trace) const {

@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Codes, ErrorBoxTest, testing::ValuesIn(boxes),
 using ErrorDialogTest = DialogTest;
 
 TEST_F(ErrorDialogTest, StaysAwayInAnOptionalRun) {
-    Settings().SetBool(L"OPTIONAL_INSTALL", true);
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
     EXPECT_FALSE(ShowErrorDialog(&page, Settings(), 112));
 }
 
@@ -137,7 +137,7 @@ TEST_F(FileInUseDialogTest, HidesTheButtonThatIgnoresTheQuestion) {
         EXPECT_EQ(OnInstallMessage(L"<FILE_IN_USE>true</FILE_IN_USE>"), 5);
     }
     EXPECT_FALSE(visible);
-    EXPECT_TRUE(Settings().GetBool(L"REBOOT"));
+    EXPECT_TRUE(Settings().GetBool(Tag::REBOOT));
 }
 
 TEST_F(FileInUseDialogTest, IsCancelledByEscape) {

@@ -52,7 +52,7 @@ TEST_F(InstallServiceTest, TakesTheOptionalPackagesAndNoDriverInAnOptionalRun) {
     AddPackage(L"Common\\x64", L"common.msi");
     Add(L"application");
     AddDriver(L"driver.msi", L"OPTIONALRUN");
-    Settings().SetBool(L"OPTIONAL_INSTALL", true);
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
     BuildCatalogues();
     AppCatalogue::GetInstance().Update([](MSI_APP& app) { app.isSelected = true; });
     EXPECT_EQ(service.SelectApps().size(), 1U);
@@ -63,7 +63,7 @@ TEST_F(InstallServiceTest, TakesTheOptionalPackagesAndNoDriverInAnOptionalRun) {
 TEST_F(InstallServiceTest, TakesEverythingSelectedInThePackagesSecondVariant) {
     AddPackage(L"Common\\x64", L"common.msi");
     Add(L"application");
-    Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
+    Settings().SetString(Tag::AMAZON_SUPPORTED, L"TRUE");
     BuildCatalogues();
     AppCatalogue::GetInstance().Update([](MSI_APP& app) { app.isSelected = true; });
     EXPECT_EQ(service.SelectApps().size(), 2U);
@@ -71,9 +71,9 @@ TEST_F(InstallServiceTest, TakesEverythingSelectedInThePackagesSecondVariant) {
 
 TEST_F(InstallServiceTest, HandsTheCommandDocumentOver) {
     AddTexts("<LANGUAGE_ID>1031</LANGUAGE_ID>");
-    Settings().SetStrings({{L"PRINTER_NAME", L"Loom"},
-                           {L"INFOCENTER_SHORTCUT", L"Help"},
-                           {L"EXACT_INFOCENTER_LINK", L"http://help"}});
+    Settings().SetStrings({{Tag::PRINTER_NAME, L"Loom"},
+                           {Tag::INFOCENTER_SHORTCUT, L"Help"},
+                           {Tag::EXACT_INFOCENTER_LINK, L"http://help"}});
     Add(L"a");
     Run();
     const std::wstring target = ExpandEnvironment(L"%ProgramFiles%\\Maker\\");
@@ -84,15 +84,15 @@ TEST_F(InstallServiceTest, HandsTheCommandDocumentOver) {
                                   L"</TARGET_DIR><LANGUAGEID>1031</LANGUAGEID><DEVICEFRIENDLYNAME>Loom"
                                   L"</DEVICEFRIENDLYNAME><INFOCENTER_SHORTCUT>Help</INFOCENTER_SHORTCUT>"
                                   L"<INFOCENTER_LINK>http://help</INFOCENTER_LINK>"));
-    EXPECT_EQ(Settings().GetString(L"TARGET_DIR"), target);
+    EXPECT_EQ(Settings().GetString(Tag::TARGET_DIR), target);
 }
 
 TEST_F(InstallServiceTest, InstallsIntoTheFolderOfPrinterWithoutAVendor) {
-    Settings().SetString(L"OEM", L"");
-    Settings().SetString(L"TARGET_DIR", L"what stood here before");
+    Settings().SetString(Tag::OEM, L"");
+    Settings().SetString(Tag::TARGET_DIR, L"what stood here before");
     Add(L"a");
     Run();
-    EXPECT_EQ(Settings().GetString(L"TARGET_DIR"), ExpandEnvironment(L"%ProgramFiles%\\Printer\\"));
+    EXPECT_EQ(Settings().GetString(Tag::TARGET_DIR), ExpandEnvironment(L"%ProgramFiles%\\Printer\\"));
 }
 
 TEST_F(InstallServiceTest, ReportsANewerProductAndDoesNotTouchIt) {
@@ -190,7 +190,7 @@ TEST_P(ReturnCodeTest, DecidesTheStatus) {
     Add(L"b");
     Run();
     EXPECT_THAT(StatusLines(), ElementsAre(L"a=" + GetParam().status, L"b=0"));
-    EXPECT_EQ(Settings().GetBool(L"REBOOT"), GetParam().asksForRestart);
+    EXPECT_EQ(Settings().GetBool(Tag::REBOOT), GetParam().asksForRestart);
     EXPECT_EQ(HasStopped(), GetParam().stopsTheRun);
     EXPECT_THAT(BasicLog(), Contains(Record(GetParam().level, GetParam().message)));
     EXPECT_EQ(static_cast<int>(Application(L"a").status), std::stoi(GetParam().status));
@@ -262,7 +262,7 @@ TEST_F(InstallServiceTest, LeavesTheDependentsOfAParentThatWantsARestart) {
     Run();
     EXPECT_THAT(msi.Calls(), ElementsAre(L"install a.msi"));
     EXPECT_THAT(StatusLines(), ElementsAre(L"a=0"));
-    EXPECT_TRUE(Settings().GetBool(L"REBOOT"));
+    EXPECT_TRUE(Settings().GetBool(Tag::REBOOT));
 }
 
 TEST_F(InstallServiceTest, CountsAParentAsFailedWithItsDependentAndKeepsIt) {
@@ -278,7 +278,7 @@ TEST_F(InstallServiceTest, RemovesAParentWithItsDependentInAnOptionalRun) {
     AddPackage(L"Common\\x64", L"a.msi");
     AddDependent(L"a", L"d").installCode = 1603;
     msi.packages[L"a.msi"].uninstallCode = 1605;
-    Settings().SetBool(L"OPTIONAL_INSTALL", true);
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
     BuildCatalogues();
     AppCatalogue::GetInstance().Update([](MSI_APP& app) { app.isSelected = app.hasDependents = true; });
     const ThreadWatch threads;

@@ -120,7 +120,7 @@ TEST_F(AddPortDlgTest, StaysWithoutAKind) {
     Enter(IDC_ADD_PORT_ADDRESS, L"b");
     SendMessageW(At(IDC_ADD_PORT_KIND), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     PressNext();
-    EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"");
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"");
     Enter(IDC_ADD_PORT_ADDRESS, L"c");
     EXPECT_FALSE(IsEnabled(IDOK));
 }
@@ -156,7 +156,7 @@ TEST_F(AddPortDlgTest, ShowsTheDriversWithTheFirstOne) {
 }
 
 TEST_F(AddPortDlgTest, HidesTheDriversOfAPackageThatSettlesThemItself) {
-    Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
+    Settings().SetString(Tag::AMAZON_SUPPORTED, L"TRUE");
     Open();
     Show();
     page.AddDriver({.driverName = L"Loom", .driverId = L"LOOM"});
@@ -169,7 +169,7 @@ TEST_F(AddPortDlgTest, HidesTheDriversOfAPackageThatSettlesThemItself) {
 TEST_F(AddPortDlgTest, HidesTheDriversOfAPredefinedConfiguration) {
     Open();
     page.AddDriver({.driverName = L"Loom", .driverId = L"LOOM"});
-    Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
+    Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
     Show();
     EXPECT_FALSE(IsShown(IDC_ADD_PORT_DRIVER_LIST));
     EXPECT_FALSE(IsShown(IDC_ADD_PORT_CONFIGURE));
@@ -177,7 +177,7 @@ TEST_F(AddPortDlgTest, HidesTheDriversOfAPredefinedConfiguration) {
 }
 
 TEST_F(AddPortDlgTest, DisablesTheTitleOfAPackageWithoutDrivers) {
-    Settings().SetBool(L"APPS_ONLY_PACKAGE", true);
+    Settings().SetBool(Tag::APPS_ONLY_PACKAGE, true);
     Open();
     Show();
     EXPECT_FALSE(IsEnabled(IDC_ADD_PORT_TITLE));
@@ -202,7 +202,7 @@ TEST_F(AddPortDlgTest, KeepsTheSelectedPortOfAKindThatIsNotChosen) {
 }
 
 TEST_F(AddPortDlgTest, SelectsTheDefaultDriverWithEachOneThatComes) {
-    Settings().SetStrings({{L"NO_COMM_DEFAULT", L"B"}, {L"WIN8_NO_COMM_DEFAULT", L"B"}});
+    Settings().SetStrings({{Tag::NO_COMM_DEFAULT, L"B"}, {TextTag(L"WIN8_NO_COMM_DEFAULT"), L"B"}});
     Open();
     page.AddDriver({.driverName = L"First", .driverId = L"A"});
     EXPECT_THAT(Drivers(), ElementsAre(L"First"));
@@ -224,7 +224,7 @@ TEST_F(AddPortDlgTest, ForgetsTheDriversThatAreCleared) {
 TEST_F(AddPortDlgTest, DropsTheConfigurationWithAnotherDriver) {
     Open();
     page.AddDriver({.driverName = L"First", .driverId = L"A"});
-    Settings().SetString(L"DRIVERCONFIG_PATH", L"C:\\a.zdc");
+    Settings().SetString(Tag::DRIVERCONFIG_PATH, L"C:\\a.zdc");
     page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_DRIVER_LIST, CBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(At(IDC_ADD_PORT_DRIVER_LIST)));
     EXPECT_THAT(Settings().StripMarker(), HasSubstr(L"<DRIVERCONFIG_PATH></DRIVERCONFIG_PATH>"));
@@ -250,7 +250,7 @@ TEST_P(AddPortConfigureTest, IsOfferedForADriverThatTakesOneAndHasATool) {
     AddPackage(L"Common\\x64", L"t.msi").properties[L"APPTYPE"] = GetParam().toolType;
     BuildCatalogues();
     Settings().SetStrings(
-        {{L"NO_COMM_DEFAULT", L"CONFIGURABLE"}, {L"WIN8_NO_COMM_DEFAULT", L"CONFIGURABLE"}});
+        {{Tag::NO_COMM_DEFAULT, L"CONFIGURABLE"}, {TextTag(L"WIN8_NO_COMM_DEFAULT"), L"CONFIGURABLE"}});
     Open();
     page.AddDriver({.driverName = L"Driver", .driverId = L"CONFIGURABLE"});
     EXPECT_EQ(IsEnabled(IDC_ADD_PORT_CONFIGURE), GetParam().enabled);
@@ -332,7 +332,7 @@ TEST_F(AddPortDlgTest, RefusesANameThatTheListHas) {
     EXPECT_EQ(TextOf(At(IDC_ADD_PORT_ADDRESS)), L"10.1.2.3");
     EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_NAME));
     EXPECT_FALSE(IsEnabled(IDOK));
-    EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"");
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"");
     Enter(IDC_ADD_PORT_NAME, L"O");
     EXPECT_TRUE(IsEnabled(IDOK));
 }
@@ -356,7 +356,7 @@ TEST_F(AddPortDlgTest, RefusesAPathThatIsNoSharedPrinter) {
     EXPECT_EQ(PressNextAndConfirm(), L"Wrong: No such printer.");
     EXPECT_EQ(TextOf(At(IDC_ADD_PORT_PATH)), L"");
     EXPECT_FALSE(IsEnabled(IDOK));
-    EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"");
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"");
 }
 
 TEST_F(AddPortDlgTest, GoesBackToThePageThatTheMessageNames) {

@@ -30,12 +30,12 @@ protected:
     static std::wstring Port() {
         std::wstring port;
         for (const wchar_t* tag : {L"PORT_NAME", L"HOST_NAME", L"PORT_TYPE", L"ADD_PORT"}) {
-            port += L"|" + Settings().GetString(tag);
+            port += L"|" + Settings().GetString(TextTag(tag));
         }
         return port;
     }
     void UseConfiguration() const {
-        Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
+        Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
         Settings().SetDevices({Element(L"DRIVER_ID", L"A")});
     }
 };
@@ -72,8 +72,8 @@ TEST_F(AddPortNextTest, LosesTheLastCharacterOfAFullField) {
     Enter(IDC_ADD_PORT_NAME, std::wstring(63, L'n') + L"N");
     Enter(IDC_ADD_PORT_ADDRESS, std::wstring(255, L'a') + L"A");
     GoOn();
-    EXPECT_EQ(Settings().GetString(L"PORT_NAME"), std::wstring(63, L'n'));
-    EXPECT_EQ(Settings().GetString(L"HOST_NAME"), std::wstring(255, L'a'));
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), std::wstring(63, L'n'));
+    EXPECT_EQ(Settings().GetString(Tag::HOST_NAME), std::wstring(255, L'a'));
 }
 
 TEST_F(AddPortNextTest, DescribesASharedPrinter) {
@@ -105,7 +105,7 @@ TEST_F(AddPortNextTest, HandsAnExistingPortToThePredefinedDevices) {
     EXPECT_THAT(Settings().GetDevices(),
                 ElementsAre(L"<DRIVER_ID>A</DRIVER_ID><PORT_NAME>LPT1:</PORT_NAME>"
                             L"<ADD_PORT>false</ADD_PORT><PORT_TYPE>Local Port</PORT_TYPE>"));
-    EXPECT_EQ(Settings().GetString(L"SET_DEFAULT"), L"");
+    EXPECT_EQ(Settings().GetString(TextTag(L"SET_DEFAULT")), L"");
 }
 
 TEST_F(AddPortNextTest, HandsANetworkPortToThePredefinedDevices) {
@@ -129,7 +129,7 @@ TEST_F(AddPortNextTest, TakesANameBesideItsMarkedTwinForNoDuplicate) {
     Enter(IDC_ADD_PORT_NAME, L"Office (1)");
     Enter(IDC_ADD_PORT_ADDRESS, L"10.1.2.3");
     GoOn();
-    EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"Office (1)");
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"Office (1)");
 }
 
 TEST_F(AddPortNextTest, KeepsTheMarksOfANameThatIsNoAddress) {
@@ -137,7 +137,7 @@ TEST_F(AddPortNextTest, KeepsTheMarksOfANameThatIsNoAddress) {
     page.FillPortList({{L"Office (1)", L""}});
     SelectPort(0);
     GoOn();
-    EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"Office (1)\u200E");
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"Office (1)\u200E");
 }
 
 FARPROC(WINAPI* findExport)(HMODULE, LPCSTR) = nullptr;
@@ -177,7 +177,7 @@ protected:
         AddDriver(L"scan.msi", L"SCAN");
         AddPackage(L"Applications", L"fax.msi").properties[L"DEVICETYPE"] = L"FAX";
         AddPackage(L"Applications", L"scanner.msi").properties[L"DEVICETYPE"] = L"SCANNER";
-        Settings().SetStrings({{L"NO_COMM_DEFAULT", L"MONO"}, {L"WIN8_NO_COMM_DEFAULT", L"MONO"}});
+        Settings().SetStrings({{Tag::NO_COMM_DEFAULT, L"MONO"}, {TextTag(L"WIN8_NO_COMM_DEFAULT"), L"MONO"}});
         BuildCatalogues();
     }
     void GoOnWithAPort() {
@@ -191,8 +191,8 @@ protected:
 
 TEST_F(AddPortSelectionTest, TakesTheDriverAndMakesItsPrinterTheDefault) {
     GoOnWithAPort();
-    EXPECT_EQ(Settings().GetString(L"SELECTED_DRIVER"), ProgramTree::AsWritten(L"Drivers\\x64\\mono.msi"));
-    EXPECT_EQ(Settings().GetString(L"SET_DEFAULT"), L"true");
+    EXPECT_EQ(Settings().GetString(Tag::SELECTED_DRIVER), ProgramTree::AsWritten(L"Drivers\\x64\\mono.msi"));
+    EXPECT_EQ(Settings().GetString(TextTag(L"SET_DEFAULT")), L"true");
     EXPECT_TRUE(DriverInfo::GetInstance().GetDriver(L"MONO").isSelected);
     EXPECT_TRUE(DriverInfo::GetInstance().GetDriver(L"SCAN").isSelected);
     EXPECT_TRUE(Application(L"fax").isOptional);
@@ -200,16 +200,16 @@ TEST_F(AddPortSelectionTest, TakesTheDriverAndMakesItsPrinterTheDefault) {
 }
 
 TEST_F(AddPortSelectionTest, TakesNoDriverWhereTheListIsEmpty) {
-    Settings().SetString(L"SELECTED_DRIVER", L"before");
+    Settings().SetString(Tag::SELECTED_DRIVER, L"before");
     Open();
     page.FillPortList({{L"LPT1:", L""}});
     SelectPort(0);
     GoOn();
-    EXPECT_EQ(Settings().GetString(L"SELECTED_DRIVER"), L"");
+    EXPECT_EQ(Settings().GetString(Tag::SELECTED_DRIVER), L"");
 }
 
 TEST_F(AddPortSelectionTest, MakesScannerAndFaxPartOfTheRunWhereThePackageSettlesThem) {
-    Settings().SetString(L"AMAZON_SUPPORTED", L"TRUE");
+    Settings().SetString(Tag::AMAZON_SUPPORTED, L"TRUE");
     AppCatalogue::GetInstance().Update([](MSI_APP& record) { record.isOptional = true; });
     GoOnWithAPort();
     EXPECT_FALSE(Application(L"fax").isOptional);
@@ -217,13 +217,13 @@ TEST_F(AddPortSelectionTest, MakesScannerAndFaxPartOfTheRunWhereThePackageSettle
 }
 
 TEST_F(AddPortSelectionTest, BuildsTheHelpLinkOfTheKnownPrinter) {
-    Settings().SetStrings({{L"MODEL_PRODUCT_CODE", L"Loom 200:Maker L210"},
-                           {L"OEM_NAME", L"Maker"},
-                           {L"PRINTER_NAME", L"Loom 200"},
-                           {L"DRIVER_MODEL_NAME", L"Maker L210"},
-                           {L"INFOCENTER_LINK", L"https://help.example/"}});
+    Settings().SetStrings({{TextTag(L"MODEL_PRODUCT_CODE"), L"Loom 200:Maker L210"},
+                           {Tag::OEM_NAME, L"Maker"},
+                           {Tag::PRINTER_NAME, L"Loom 200"},
+                           {Tag::DRIVER_MODEL_NAME, L"Maker L210"},
+                           {Tag::INFOCENTER_LINK, L"https://help.example/"}});
     GoOnWithAPort();
-    EXPECT_THAT(Settings().GetString(L"EXACT_INFOCENTER_LINK"),
+    EXPECT_THAT(Settings().GetString(Tag::EXACT_INFOCENTER_LINK),
                 testing::StartsWith(L"https://help.example/?productCode=Maker_L210&loc="));
 }
 

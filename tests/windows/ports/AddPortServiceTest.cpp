@@ -103,7 +103,7 @@ TEST_F(AddPortServiceTest, LeavesThePageWithoutDriversWhereThePackageHasNone) {
 TEST_F(AddPortServiceTest, FillsThePortsAloneInAPredefinedConfiguration) {
     AddDriver(L"mono.msi", L"CONFIGMONO");
     BuildCatalogues();
-    Settings().SetBool(L"INSTALL_FROM_CONFIG", true);
+    Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
     Open();
     Run({{L"LPT1:", L""}});
     EXPECT_THAT(Drivers(), IsEmpty());

@@ -33,7 +33,7 @@ protected:
             "<EMPTY_DRIVERCONFIG_PATH>Nothing chosen.</EMPTY_DRIVERCONFIG_PATH>"
             "<INVALID_PATH_TEXT>No such file.</INVALID_PATH_TEXT>");
         fs::remove_all(GetConfigurationFolder());
-        Settings().SetString(L"OEM", L"Maker");
+        Settings().SetString(Tag::OEM, L"Maker");
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
     }
@@ -72,7 +72,7 @@ protected:
         Open();
         Enter(files / name);
         Press(IDOK);
-        return Settings().GetString(L"OMBREL_DESC");
+        return Settings().GetString(Tag::OMBREL_DESC);
     }
 
     ScratchFolder files;
@@ -94,8 +94,8 @@ TEST_F(DriverConfigDlgTest, BeginsEmpty) {
 
 TEST_F(DriverConfigDlgTest, RestoresWhatWasChosenBefore) {
     WriteBytes(files / L"a.zdc");
-    Settings().SetString(L"DRIVERCONFIG_PATH", files / L"a.zdc");
-    Settings().SetBool(L"CONFIG_APPLY_FUTURE", true);
+    Settings().SetString(Tag::DRIVERCONFIG_PATH, files / L"a.zdc");
+    Settings().SetBool(Tag::CONFIG_APPLY_FUTURE, true);
     Open();
     EXPECT_EQ(Path(), files / L"a.zdc");
     EXPECT_TRUE(IsApplyFutureChecked());
@@ -107,8 +107,8 @@ TEST_F(DriverConfigDlgTest, RestoresWhatWasChosenBefore) {
 }
 
 TEST_F(DriverConfigDlgTest, DropsAFormerFileThatIsGone) {
-    Settings().SetString(L"DRIVERCONFIG_PATH", files / L"gone.zdc");
-    Settings().SetBool(L"CONFIG_APPLY_FUTURE", true);
+    Settings().SetString(Tag::DRIVERCONFIG_PATH, files / L"gone.zdc");
+    Settings().SetBool(Tag::CONFIG_APPLY_FUTURE, true);
     Open();
     EXPECT_EQ(Path(), L"");
     EXPECT_FALSE(IsApplyFutureChecked());
@@ -118,19 +118,19 @@ TEST_F(DriverConfigDlgTest, DropsAFormerFileThatIsGone) {
 
 TEST_F(DriverConfigDlgTest, EmptiesTheFieldAndKeepsTheTagsOnReset) {
     WriteBytes(files / L"a.zdc");
-    Settings().SetString(L"DRIVERCONFIG_PATH", files / L"a.zdc");
-    Settings().SetBool(L"CONFIG_APPLY_FUTURE", true);
+    Settings().SetString(Tag::DRIVERCONFIG_PATH, files / L"a.zdc");
+    Settings().SetBool(Tag::CONFIG_APPLY_FUTURE, true);
     Open();
     Press(IDC_DRIVER_CONFIG_RESET);
     EXPECT_EQ(Path(), L"");
     EXPECT_FALSE(IsApplyFutureChecked());
-    EXPECT_EQ(Settings().GetString(L"DRIVERCONFIG_PATH"), files / L"a.zdc");
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), files / L"a.zdc");
 }
 
 TEST_F(DriverConfigDlgTest, AsksForAFile) {
     Open();
     EXPECT_EQ(PressOkAndConfirm(), L"Wrong: Nothing chosen.");
-    EXPECT_EQ(Settings().GetString(L"OMBREL_DESC"), L"");
+    EXPECT_EQ(Settings().GetString(Tag::OMBREL_DESC), L"");
 }
 
 class UnfitFileTest : public DriverConfigDlgTest, public testing::WithParamInterface<std::wstring> {};
@@ -155,29 +155,29 @@ TEST_F(DriverConfigDlgTest, WritesDownWhatWasChosen) {
     EXPECT_EQ(Describe("<ConfigurationProfiles><PrinterProfiles><PrinterProfile name='Two-sided'/>"
                        "<PrinterProfile name='Second'/></PrinterProfiles></ConfigurationProfiles>"),
               L"Two-sided");
-    EXPECT_EQ(Settings().GetString(L"DRIVERCONFIG_PATH"), files / L"a.zdc");
-    EXPECT_EQ(Settings().GetString(L"CONFIG_EXE_PATH"), tool);
-    EXPECT_EQ(Settings().GetString(L"CONFIG_APPLY_FUTURE"), L"false");
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), files / L"a.zdc");
+    EXPECT_EQ(Settings().GetString(Tag::CONFIG_EXE_PATH), tool);
+    EXPECT_EQ(Settings().GetString(TextTag(L"CONFIG_APPLY_FUTURE")), L"false");
     fs::remove_all(GetTemporaryFolder() + L"TolvaneKit");
 }
 
 TEST_F(DriverConfigDlgTest, KeepsTheStateOfTheHiddenChoice) {
     WriteBytes(files / L"a.xdc");
-    Settings().SetString(L"DRIVERCONFIG_PATH", files / L"a.xdc");
-    Settings().SetBool(L"CONFIG_APPLY_FUTURE", true);
+    Settings().SetString(Tag::DRIVERCONFIG_PATH, files / L"a.xdc");
+    Settings().SetBool(Tag::CONFIG_APPLY_FUTURE, true);
     Open();
     Press(IDOK);
-    EXPECT_EQ(Settings().GetString(L"CONFIG_APPLY_FUTURE"), L"true");
-    EXPECT_EQ(Settings().GetString(L"CONFIG_EXE_PATH"), L"");
+    EXPECT_EQ(Settings().GetString(TextTag(L"CONFIG_APPLY_FUTURE")), L"true");
+    EXPECT_EQ(Settings().GetString(Tag::CONFIG_EXE_PATH), L"");
 }
 
 TEST_F(DriverConfigDlgTest, ReadsNoDescriptionFromANewerFile) {
-    Settings().SetString(L"OMBREL_DESC", L"before");
+    Settings().SetString(Tag::OMBREL_DESC, L"before");
     EXPECT_EQ(Describe("<ConfigurationProfiles><PrinterProfiles><PrinterProfile name='Two-sided'/>"
                        "</PrinterProfiles></ConfigurationProfiles>",
                        L"a.xdc"),
               L"");
-    EXPECT_EQ(Settings().GetString(L"DRIVERCONFIG_PATH"), files / L"a.xdc");
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), files / L"a.xdc");
 }
 
 struct FileCase {
@@ -189,7 +189,7 @@ class OlderFileTest : public DriverConfigDlgTest, public testing::WithParamInter
 
 TEST_P(OlderFileTest, IsTakenWhateverItTells) {
     EXPECT_EQ(Describe(GetParam().content), GetParam().description);
-    EXPECT_EQ(Settings().GetString(L"DRIVERCONFIG_PATH"), files / L"a.zdc");
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), files / L"a.zdc");
     EXPECT_THAT(app.Exceptions(), IsEmpty());
 }
 
@@ -219,7 +219,7 @@ TEST_F(DriverConfigDlgTest, ReadsOneCharacterLessThanCanBeTyped) {
     Open();
     Enter(name + L"x");
     Press(IDOK);
-    EXPECT_EQ(Settings().GetString(L"DRIVERCONFIG_PATH"), name);
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), name);
 }
 
 TEST_F(DriverConfigDlgTest, LeavesEverythingAsItWasOnCancel) {

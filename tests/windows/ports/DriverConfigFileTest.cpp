@@ -77,7 +77,7 @@ protected:
         RemoveTraces();
         toolRuns.clear();
         toolDeed = [](HANDLE tool) { SetEvent(tool); };
-        Settings().SetStrings({{L"OEM", L"Maker"}, {L"PRODUCT_NAME", L"Loom"}});
+        Settings().SetStrings({{Tag::OEM, L"Maker"}, {Tag::PRODUCT_NAME, L"Loom"}});
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
     }

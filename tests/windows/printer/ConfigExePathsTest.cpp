@@ -35,7 +35,7 @@ protected:
         commands.clear();
         slept = 0;
         fs::remove_all(Kit());
-        Settings().SetString(L"OEM", L"Maker");
+        Settings().SetString(Tag::OEM, L"Maker");
         Settings().SetDevices({L"<CONFIG_EXE_PATH>Ardentis</CONFIG_EXE_PATH>"});
     }
     ~ConfigExePathsTest() override { fs::remove_all(Kit()); }

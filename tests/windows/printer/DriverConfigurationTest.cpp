@@ -28,7 +28,7 @@ class DriverConfigurationTest : public CatalogueTest {
 protected:
     DriverConfigurationTest() {
         RemoveTraces();
-        Settings().SetStrings({{L"OEM", maker}, {L"PRODUCT_NAME", L"Loom 100%"}});
+        Settings().SetStrings({{Tag::OEM, maker}, {Tag::PRODUCT_NAME, L"Loom 100%"}});
         v4ToolUnpacked = false;
         olderToolUnpacked = false;
     }
@@ -130,7 +130,7 @@ TEST_F(DriverConfigurationTest, CountsTheNamesOfNewFilesUp) {
 }
 
 TEST_F(DriverConfigurationTest, NamesAFileOfNoMakerByItsExtension) {
-    Settings().SetString(L"OEM", L"");
+    Settings().SetString(Tag::OEM, L"");
     EXPECT_EQ(configuration.MakeConfigFileName(newer), GetConfigurationFolder() + L".xdc");
 }
 

@@ -16,9 +16,9 @@ protected:
         AddTexts(
             "<INFOCENTER_LINK_LABEL>Help</INFOCENTER_LINK_LABEL>"
             "<DISCOVERY_INFOCENTER_LINK_LABEL>Help for {0}</DISCOVERY_INFOCENTER_LINK_LABEL>");
-        Settings().SetStrings({{L"INFOCENTER_LINK", L"http://help"},
-                               {L"OEM_NAME", L"Brand"},
-                               {L"ALL",
+        Settings().SetStrings({{Tag::INFOCENTER_LINK, L"http://help"},
+                               {Tag::OEM_NAME, L"Brand"},
+                               {TextTag(L"ALL"),
                                 L"<MODEL_PRODUCT_CODE>S5:Brand L5|Brand L55</MODEL_PRODUCT_CODE>"
                                 L"<MODEL_PRODUCT_CODE>S6:Brand</MODEL_PRODUCT_CODE>"}});
     }
@@ -32,8 +32,8 @@ protected:
         Settings().SetDevices(devices);
         DeriveInfoCenterLinks(Settings(), Texts());
     }
-    static std::wstring Label() { return Settings().GetString(L"INFOCENTER_SHORTCUT"); }
-    static std::wstring Link() { return Settings().GetString(L"EXACT_INFOCENTER_LINK"); }
+    static std::wstring Label() { return Settings().GetString(Tag::INFOCENTER_SHORTCUT); }
+    static std::wstring Link() { return Settings().GetString(Tag::EXACT_INFOCENTER_LINK); }
     static std::wstring GeneralLink() { return L"http://help?loc=" + GetLanguageCode(); }
     static std::wstring LinkOf(const std::wstring& code) {
         return L"http://help?productCode=" + code + L"&loc=" + GetLanguageCode();
@@ -84,7 +84,7 @@ TEST_F(InfoCenterLinksTest, FollowTheSystemsLanguageWhateverTheOptionSays) {
 }
 
 TEST_F(InfoCenterLinksTest, TakeThePrintersNameWhereNoSeriesIsGiven) {
-    Settings().SetString(L"PRINTER_NAME", L"S5");
+    Settings().SetString(Tag::PRINTER_NAME, L"S5");
     BuildInfoCenterLinks(Settings(), Texts(), L"Brand L5", L"");
     EXPECT_EQ(Link(), LinkOf(L"Brand_L5"));
 }
@@ -96,14 +96,14 @@ TEST_F(InfoCenterLinksTest, HaveNoCodeForAnUnknownSeries) {
 }
 
 TEST_F(InfoCenterLinksTest, HaveNoCodeOfAnotherBrand) {
-    Settings().SetString(L"OEM_NAME", L"Other");
+    Settings().SetString(Tag::OEM_NAME, L"Other");
     BuildInfoCenterLinks(Settings(), Texts(), L"Brand L5", L"S5");
     EXPECT_EQ(Link(), LinkOf(L""));
     EXPECT_EQ(Label(), L"Help for Brand L5");
 }
 
 TEST_F(InfoCenterLinksTest, LoseTheFirstCharacterOfTheCodeWithoutABrand) {
-    Settings().SetString(L"OEM_NAME", L"");
+    Settings().SetString(Tag::OEM_NAME, L"");
     BuildInfoCenterLinks(Settings(), Texts(), L"Brand L5", L"S5");
     EXPECT_EQ(Link(), LinkOf(L"_rand L5"));
 }

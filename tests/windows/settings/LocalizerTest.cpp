@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 class LocalizerTest : public SettingsTest {
 protected:
-    static std::wstring Text(std::wstring_view key) { return Texts().GetString(key); }
+    static std::wstring Text(std::wstring_view key) { return Texts().GetString(TextId(key)); }
 
     // The text of an English file's one element.
     std::wstring TextOf(const std::string& value) const {
@@ -104,7 +104,7 @@ TEST_F(LocalizerTest, DoublesTheSignOfAnAccessKeyWithoutItsEndAtTheStart) {
 }
 
 TEST_F(LocalizerTest, PutsSettingsIntoTheText) {
-    Settings().SetString(L"OEM", L"Printer");
+    Settings().SetString(Tag::OEM, L"Printer");
     EXPECT_EQ(TextOf("^OEM^ setup"), L"Printer setup");
 }
 
@@ -114,15 +114,15 @@ TEST_F(LocalizerTest, PutsNothingForAnUnsetTag) {
 
 TEST_F(LocalizerTest, FollowsTheSettingsOfTheMoment) {
     AddTexts("<KEY>^OEM^</KEY>");
-    Settings().SetString(L"OEM", L"one");
+    Settings().SetString(Tag::OEM, L"one");
     EXPECT_EQ(Text(L"KEY"), L"one");
-    Settings().SetString(L"OEM", L"two");
+    Settings().SetString(Tag::OEM, L"two");
     EXPECT_EQ(Text(L"KEY"), L"two");
 }
 
 TEST_F(LocalizerTest, ExpandsAValueInTurn) {
-    Settings().SetString(L"OUTER", L"<^INNER^>");
-    Settings().SetString(L"INNER", L"x");
+    Settings().SetString(TextTag(L"OUTER"), L"<^INNER^>");
+    Settings().SetString(TextTag(L"INNER"), L"x");
     EXPECT_EQ(TextOf("a^OUTER^b"), L"a<x>b");
 }
 

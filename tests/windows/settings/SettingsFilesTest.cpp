@@ -40,38 +40,38 @@ protected:
 TEST_F(SettingsFilesTest, KeepsTheWholeTextOfTheFile) {
     LoadDefaults("<?xml version='1.0'?><!-- <A>1</A> --><B c='d'>2</B>");
     EXPECT_EQ(Document(), WideOem() + L"<?xml version='1.0'?><!-- <A>1</A> --><B c='d'>2</B>");
-    EXPECT_EQ(Settings().GetString(L"A"), L"1");
-    EXPECT_EQ(Settings().GetString(L"B"), L"2");
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), L"1");
+    EXPECT_EQ(Settings().GetString(TextTag(L"B")), L"2");
 }
 
 TEST_F(SettingsFilesTest, KeepsAByteOrderMarkAtTheHead) {
     AddDefaults("\xEF\xBB\xBF" + OemElement());
     EXPECT_EQ(::LoadDefaults(Settings()), 0);
     EXPECT_EQ(Settings().StripMarker(), L"<\xFEFF" + WideOem());
-    EXPECT_EQ(Settings().GetString(L"OEM"), vendor);
+    EXPECT_EQ(Settings().GetString(Tag::OEM), vendor);
 }
 
 TEST_F(SettingsFilesTest, DecodesUtf8) {
     LoadDefaults("<A>\xC3\xA4\xE2\x82\xAC\xF0\x9F\x96\xA8</A>");
-    EXPECT_EQ(Settings().GetString(L"A"), L"\u00E4\u20AC\xD83D\xDDA8");
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), L"\u00E4\u20AC\xD83D\xDDA8");
 }
 
 TEST_F(SettingsFilesTest, ReadsACarriageReturnAndLineFeedAsOneLineFeed) {
     LoadDefaults("<A>one\r\ntwo</A>\r\n<B>3</B>\r\n");
-    EXPECT_EQ(Settings().GetString(L"A"), L"one\ntwo");
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), L"one\ntwo");
     EXPECT_EQ(Document(), WideOem() + L"<A>one\ntwo</A>\n<B>3</B>\n");
 }
 
 TEST_F(SettingsFilesTest, ReadsALineThatIsLongerThanOnePiece) {
     LoadDefaults("<A>" + std::string(10000, 'x') + "</A>");
-    EXPECT_EQ(Settings().GetString(L"A"), std::wstring(10000, L'x'));
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), std::wstring(10000, L'x'));
 }
 
 TEST_F(SettingsFilesTest, LosesOnlyTheCharacterThatTwoPiecesShare) {
     const std::string head = OemElement() + "<A>";
     AddDefaults(head + std::string(2046 - head.size(), 'x') + "\xC3\xA4" + "y</A>");
     EXPECT_EQ(::LoadDefaults(Settings()), 0);
-    EXPECT_EQ(Settings().GetString(L"A"), std::wstring(2046 - head.size(), L'x') + L"\uFFFD\uFFFDy");
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), std::wstring(2046 - head.size(), L'x') + L"\uFFFD\uFFFDy");
 }
 
 TEST_F(SettingsFilesTest, DropsTheRestOfALineBehindANullByte) {
@@ -82,15 +82,15 @@ TEST_F(SettingsFilesTest, DropsTheRestOfALineBehindANullByte) {
 
 TEST_F(SettingsFilesTest, ReadsAValueOfAMillionCharacters) {
     LoadDefaults("<A>" + std::string(1 << 20, 'x') + "</A><B>2</B>");
-    EXPECT_EQ(Settings().GetString(L"A").size(), std::size_t{1} << 20);
-    EXPECT_EQ(Settings().GetString(L"B"), L"2");
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")).size(), std::size_t{1} << 20);
+    EXPECT_EQ(Settings().GetString(TextTag(L"B")), L"2");
 }
 
 TEST_F(SettingsFilesTest, ReadsAFileOfTenMillionBytes) {
     std::string lines;
     while (lines.size() < 10'000'000) lines += "<FILL>" + std::string(90, 'x') + "</FILL>\r\n";
     LoadDefaults(lines + "<LAST>1</LAST>");
-    EXPECT_TRUE(Settings().GetBool(L"LAST"));
+    EXPECT_TRUE(Settings().GetBool(FlagTag(L"LAST")));
 }
 
 TEST_F(SettingsFilesTest, TellsThatTheDefaultsAreMissing) {
@@ -108,7 +108,7 @@ TEST_F(SettingsFilesTest, TakesPrinterForTheVendorOfAnEmptyFile) {
     UseVendor(L"Printer");
     AddDefaults("");
     EXPECT_EQ(::LoadDefaults(Settings()), 0);
-    EXPECT_EQ(Settings().GetString(L"OEM"), L"Printer");
+    EXPECT_EQ(Settings().GetString(Tag::OEM), L"Printer");
     EXPECT_THAT(BasicLog(),
                 ElementsAre(Record(L"ERROR", badVendor), Record(L"", L"Default Configuration File Values"),
                             Record(L"", L"<OEM>Printer</OEM>")));
@@ -118,7 +118,7 @@ TEST_F(SettingsFilesTest, TakesPrinterForTheVendorOfAFileInUtf16) {
     UseVendor(L"Printer");
     AddDefaults("\xFF\xFE" + ToUtf16Bytes(L"<OEM>Maker</OEM>\r\n"));
     EXPECT_EQ(::LoadDefaults(Settings()), 0);
-    EXPECT_EQ(Settings().GetString(L"OEM"), L"Printer");
+    EXPECT_EQ(Settings().GetString(Tag::OEM), L"Printer");
     EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", badVendor)));
 }
 
@@ -146,13 +146,13 @@ TEST_F(SettingsFilesTest, ReplacesADefaultByTheFirstAndAppendsTheLater) {
     LoadDefaults("<A>1</A>");
     EXPECT_EQ(Merge("<A>2</A><A>3</A>"), 0);
     EXPECT_EQ(Document(), WideOem() + L"<A>2</A><A>3</A>");
-    EXPECT_EQ(Settings().GetString(L"A"), L"2");
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), L"2");
 }
 
 TEST_F(SettingsFilesTest, KeepsTheFurtherValuesOfARepeatedDefault) {
     LoadDefaults("<A>1</A><A>2</A>");
     EXPECT_EQ(Merge("<A>3</A>"), 0);
-    EXPECT_THAT(Settings().GetAllValues(L"A"), ElementsAre(L"2", L"3"));
+    EXPECT_THAT(Settings().GetAllValues(ListTag(L"A")), ElementsAre(L"2", L"3"));
 }
 
 TEST_F(SettingsFilesTest, LeavesADefaultUntouchedByAnEmptyElement) {
@@ -166,15 +166,15 @@ TEST_F(SettingsFilesTest, TakesEachDeviceOnALineOfItsOwn) {
     EXPECT_EQ(
         Merge("<DEVICE><DRIVER_ID>PS</DRIVER_ID></DEVICE>\r\n<DEVICE><DRIVER_ID>Fax</DRIVER_ID></DEVICE>"),
         0);
-    EXPECT_THAT(Settings().GetAllValues(L"DEVICE"),
+    EXPECT_THAT(Settings().GetAllValues(Tag::DEVICE),
                 ElementsAre(L"<DRIVER_ID>PS</DRIVER_ID>", L"<DRIVER_ID>Fax</DRIVER_ID>"));
 }
 
 TEST_F(SettingsFilesTest, TakesOnlyTheInsideOfADeviceOverSeveralLines) {
     LoadDefaults("<PORT_NAME>default</PORT_NAME>");
     EXPECT_EQ(Merge("<DEVICE>\r\n<PORT_NAME>10.0.0.7</PORT_NAME>\r\n</DEVICE>\r\n"), 0);
-    EXPECT_THAT(Settings().GetAllValues(L"DEVICE"), IsEmpty());
-    EXPECT_EQ(Settings().GetString(L"PORT_NAME"), L"10.0.0.7");
+    EXPECT_THAT(Settings().GetAllValues(Tag::DEVICE), IsEmpty());
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"10.0.0.7");
 }
 
 TEST_F(SettingsFilesTest, ChangesNothingWithoutAFileToMerge) {
@@ -194,7 +194,7 @@ TEST_F(SettingsFilesTest, TakesAFileThatNobodyMayReadForMissing) {
         CreateFileW(UserSettingsPath().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(kept);
     EXPECT_NE(MergeFile(Settings(), UserSettingsPath()), 0);
-    EXPECT_EQ(Settings().GetString(L"A"), L"1");
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), L"1");
 }
 
 }  // namespace

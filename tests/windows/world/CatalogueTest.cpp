@@ -26,8 +26,8 @@ FakePackage& CatalogueTest::AddPackage(const std::wstring& folder, const std::ws
 }
 
 FakePackage& CatalogueTest::AddDriver(const std::wstring& name, const std::wstring& driverId) {
-    const std::wstring accepted = Settings().GetString(L"WIN8_DRVTYPES");
-    Settings().SetString(L"WIN8_DRVTYPES", accepted.empty() ? driverId : accepted + L";" + driverId);
+    const std::wstring accepted = Settings().GetString(Tag::WIN8_DRVTYPES);
+    Settings().SetString(Tag::WIN8_DRVTYPES, accepted.empty() ? driverId : accepted + L";" + driverId);
     FakePackage& package = AddPackage(L"Drivers\\x64", name);
     package.properties[L"DRIVERID"] = driverId;
     return package;

@@ -24,9 +24,9 @@ DevicesPageTest::DevicesPageTest() {
         texts += std::string("<") + key + ">" + key + "</" + key + ">";
     }
     AddTexts(texts);
-    Settings().SetStrings({{L"WIN8_MONO_DEFAULT", L"MONO1"},
-                           {L"WIN8_COLOR_DEFAULT", L"COLOR1V4"},
-                           {L"WIN8_NO_COMM_DEFAULT", L"NONE1"}});
+    Settings().SetStrings({{TextTag(L"WIN8_MONO_DEFAULT"), L"MONO1"},
+                           {TextTag(L"WIN8_COLOR_DEFAULT"), L"COLOR1V4"},
+                           {TextTag(L"WIN8_NO_COMM_DEFAULT"), L"NONE1"}});
     EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
     window.ShowWindow(SW_SHOW);
     app.SetMainWnd(&window);

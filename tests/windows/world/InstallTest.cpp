@@ -5,7 +5,7 @@
 #include "settings/TagDocument.h"
 
 InstallTest::InstallTest() {
-    Settings().SetStrings({{L"SILENT_INSTALL", L"true"}, {L"OEM", L"Maker"}});
+    Settings().SetStrings({{TextTag(L"SILENT_INSTALL"), L"true"}, {Tag::OEM, L"Maker"}});
 }
 
 FakePackage& InstallTest::AddDependent(const std::wstring& parent, const std::wstring& name) {
@@ -22,7 +22,7 @@ std::uint32_t InstallTest::Run() {
 }
 
 std::vector<std::wstring> InstallTest::StatusLines() {
-    const std::wstring document = Settings().GetString(L"APP_INSTALLATION_STATUS");
+    const std::wstring document = Settings().GetString(Tag::APP_INSTALLATION_STATUS);
     std::vector<std::wstring> lines;
     std::wstring line;
     while (TagDocument::FindValue(document, L"App " + std::to_wstring(lines.size()), line)) {

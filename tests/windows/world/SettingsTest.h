@@ -7,6 +7,7 @@
 #include "ProgramTree.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
+#include "settings/TagNames.h"
 #include "wizard/Controller.h"
 #include "wizard/PageContext.h"
 
