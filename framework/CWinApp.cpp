@@ -87,6 +87,12 @@ CWnd* AfxGetMainWnd() {
     return application == nullptr ? nullptr : application->GetMainWnd();
 }
 
+void EndMessageLoop() {
+    if (application == nullptr) return;
+    if (CWnd* const mainWindow = AfxGetMainWnd()) mainWindow->PostMessage(WM_CLOSE);
+    PostQuitMessage(0);
+}
+
 int AfxWinMain() {
     CWinApp* const app = AfxGetApp();
     try {

@@ -57,5 +57,9 @@ CWinApp* AfxGetApp();
 // The application's main window, or null.
 CWnd* AfxGetMainWnd();
 
+// Closes the main window and ends the message loop, once what is under way now is done. Without an
+// application object there is nothing to end.
+void EndMessageLoop();
+
 // The body of the program: InitInstance, Run, ExitInstance. Returns the exit code of the process.
 int AfxWinMain();

@@ -21,7 +21,6 @@
 #include "settings/SettingsFiles.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
-#include "wizard/CmdLineHelper.h"
 #include "wizard/KestruneDlg.h"
 #include "wizard/LocalizedMessage.h"
 
@@ -62,14 +61,13 @@ bool CKestruneApp::InitInstance() {
         return false;
     }
     BringUpLibraries();
-    CmdLineHelper& commandLine = CmdLineHelper::GetInstance();
-    ParseCommandLine(commandLine);
-    shared.localizer.SetLanguageOption(commandLine.GetValue(CmdLineHelper::Option::Language));
+    ParseCommandLine(shared.commandLine);
+    shared.localizer.SetLanguageOption(shared.commandLine.GetValue(CmdLineHelper::Option::Language));
     const bool silent = InitializeWizard(shared);
 
     // A silent run needs a printer from the command line, or discovery switched off.
     if (!shared.settings.GetBool(Tag::HIDE_DISCOVERY) && shared.settings.GetBool(Tag::SILENT_INSTALL) &&
-        commandLine.GetValue(CmdLineHelper::Option::Address).empty()) {
+        shared.commandLine.GetValue(CmdLineHelper::Option::Address).empty()) {
         return false;
     }
     CreateMainWindow(shared, silent);

@@ -6,6 +6,7 @@
 #include "discovery/DiscoveredDevices.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
+#include "wizard/CmdLineHelper.h"
 #include "wizard/Controller.h"
 #include "wizard/PageContext.h"
 
@@ -17,6 +18,7 @@ struct Collaborators {
     DriverInfo& drivers;
     DiscoveredDevices& devices;
     Controller& controller;
+    CmdLineHelper& commandLine;
 
     PageContext ForPages() const { return {controller, settings, localizer}; }
 };
@@ -28,5 +30,6 @@ inline Collaborators TheCollaborators() {
             .applications = AppCatalogue::GetInstance(),
             .drivers = DriverInfo::GetInstance(),
             .devices = DiscoveredDevices::GetInstance(),
-            .controller = Controller::GetInstance()};
+            .controller = Controller::GetInstance(),
+            .commandLine = CmdLineHelper::GetInstance()};
 }

@@ -9,7 +9,6 @@
 #include "printer/InfoCenterLinks.h"
 #include "settings/SettingsFiles.h"
 #include "settings/TagNames.h"
-#include "wizard/CmdLineHelper.h"
 
 namespace {
 
@@ -24,10 +23,9 @@ void MergeUserSettings(const Collaborators& shared) {
 
 void TakePrinterFromCommandLine(const Collaborators& shared) {
     if (shared.settings.GetBool(Tag::HIDE_DISCOVERY)) return;
-    const CmdLineHelper& commandLine = CmdLineHelper::GetInstance();
-    const std::wstring address = commandLine.GetValue(CmdLineHelper::Option::Address);
+    const std::wstring address = shared.commandLine.GetValue(CmdLineHelper::Option::Address);
     if (address.empty()) return;
-    ApplyChoice(ChooseAddress({address, commandLine.GetValue(CmdLineHelper::Option::Port)}),
+    ApplyChoice(ChooseAddress({address, shared.commandLine.GetValue(CmdLineHelper::Option::Port)}),
                 {shared.settings, shared.applications, shared.drivers, shared.localizer});
 }
 

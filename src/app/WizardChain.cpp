@@ -25,7 +25,6 @@
 #include "ports/AddPortDlg.h"
 #include "ports/AddPortService.h"
 #include "settings/TagNames.h"
-#include "wizard/CmdLineHelper.h"
 #include "wizard/PageNames.h"
 
 namespace {
@@ -150,9 +149,9 @@ ChainRow RowOf(const PageEntry& entry, const Collaborators& shared) {
 }
 
 // Copies the basic log into the folder that the command line names, or beside the program.
-void CopyLogToPackage() {
+void CopyLogToPackage(const CmdLineHelper& commandLine) {
     const std::wstring log = Logger::GetInstance().GetBasicLogPath();
-    std::wstring folder = CmdLineHelper::GetInstance().GetValue(CmdLineHelper::Option::PackageDirectory);
+    std::wstring folder = commandLine.GetValue(CmdLineHelper::Option::PackageDirectory);
     if (folder.empty()) folder = GetExeDirectory();
     if (log.find(L'\\') == std::wstring::npos) return;
     static_cast<void>(CopyFileTo(folder + L"\\" + std::wstring(FileNameOf(log)), log));
@@ -169,7 +168,7 @@ Chain MakeChain(const Collaborators& shared) {
     for (const PageEntry& entry : entries) chain.rows.push_back(RowOf(entry, shared));
     chain.ends = {.isCoreSoftwareSelected =
                       [&applications = shared.applications] { return IsCoreSoftwareSelected(applications); },
-                  .copyLogToPackage = &CopyLogToPackage,
+                  .copyLogToPackage = [&commandLine = shared.commandLine] { CopyLogToPackage(commandLine); },
                   .startPrograms = [&settings = shared.settings] { FinishService(settings).DoRun(); },
                   .restart = [] { RebootService().DoRun(); }};
     return chain;

@@ -2,13 +2,10 @@
 
 #include <windows.h>
 
-#include "CommonLib/AddressText.h"
 #include "CommonLib/IpAddress.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/SystemVersion.h"
 #include "resources/resource.h"
-#include "settings/InstallSettings.h"
-#include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
 
@@ -16,21 +13,6 @@ namespace {
 
 constexpr UINT_PTR checkTimer = 0;
 constexpr UINT pauseInMilliseconds = 300;
-constexpr std::size_t longestHost = 255;
-constexpr std::size_t longestAddress = 45;
-
-// Systems before Vista cannot read addresses: they take every one.
-bool CanTestAddresses() {
-    return IsWindowsVersionOrGreater(WindowsVersion::Vista);
-}
-
-bool IsAcceptedHost(const std::wstring& text) {
-    return (CanTestAddresses() && IsValidIpAddress(text) == 1) || IsValidHostName(text);
-}
-
-bool IsAcceptedAddress(const std::wstring& text) {
-    return !CanTestAddresses() || IsValidIpAddress(text) == 1;
-}
 
 }  // namespace
 
@@ -51,18 +33,15 @@ const MessageMap& ModifySearchDlg::GetMessageMap() const {
 }
 
 ModifySearchDlg::ModifySearchDlg(const PageContext& context, CWnd& page)
-    : InstallDialogEx(context, IDD_MODIFY_SEARCH, HIDD_MODIFY_SEARCH, &page) {
-    addressField.limitText = TextKey::MSG_IP_LIMIT;
-    addressField.invalidText = TextKey::MSG_INVALID_IP;
-    maskField.limitText = TextKey::MSG_SUBNET_LIMIT;
-    maskField.invalidText = TextKey::MSG_INVALID_SUBNET;
-}
+    : InstallDialogEx(context, IDD_MODIFY_SEARCH, HIDD_MODIFY_SEARCH, &page),
+      check({.isPossible = [] { return IsWindowsVersionOrGreater(WindowsVersion::Vista); },
+             .isAddress = [](const std::wstring& text) { return IsValidIpAddress(text) == 1; }}) {}
 
 bool ModifySearchDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     hostEdit.SubclassDlgItem(IDC_MODIFY_SEARCH_HOST, *this);
-    addressField.edit.SubclassDlgItem(IDC_MODIFY_SEARCH_ADDRESS, *this);
-    maskField.edit.SubclassDlgItem(IDC_MODIFY_SEARCH_MASK, *this);
+    addressEdit.SubclassDlgItem(IDC_MODIFY_SEARCH_ADDRESS, *this);
+    maskEdit.SubclassDlgItem(IDC_MODIFY_SEARCH_MASK, *this);
     okButton.SubclassDlgItem(IDOK, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
     helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
@@ -95,39 +74,37 @@ void ModifySearchDlg::SetUpTexts() {
 
 // Restores the fields from the search that is in place.
 LRESULT ModifySearchDlg::OnShowWindow(WPARAM, LPARAM) {
-    const std::wstring search = settings.GetString(Tag::DISCOVER_PARAMS);
-    const std::wstring host = TagDocument::ValueOf(search, Tag::UNICAST_ADDRESS);
-    const std::wstring subnet = TagDocument::ValueOf(search, Tag::REMOTE_SUBNETS);
-    if (search.empty()) {
-        CheckRadio(IDC_MODIFY_SEARCH_LOCAL);
-        FocusControl(IDC_MODIFY_SEARCH_LOCAL);
-        OnRadio();
-    } else if (!host.empty()) {
-        EnableFields(true, false);
-        Fill(hostEdit, host);
-        CheckRadio(IDC_MODIFY_SEARCH_BY_HOST);
-        EnableControl(IDOK, true);
-    } else if (!subnet.empty()) {
-        RestoreSubnet(subnet);
-    } else {
-        LogBasic(L"No control is checked");
+    const ShownSearch search = ReadSearch(settings.GetString(Tag::DISCOVER_PARAMS));
+    switch (search.kind) {
+        case SearchKind::OwnSubnet:
+            CheckRadio(IDC_MODIFY_SEARCH_LOCAL);
+            FocusControl(IDC_MODIFY_SEARCH_LOCAL);
+            OnRadio();
+            break;
+        case SearchKind::Host:
+            EnableFields(SearchKind::Host);
+            Fill(hostEdit, search.host);
+            Restore(IDC_MODIFY_SEARCH_BY_HOST);
+            break;
+        case SearchKind::Subnet:
+            EnableFields(SearchKind::Subnet);
+            maskEdit.SetWindowText(search.mask);
+            Fill(addressEdit, search.address);
+            Restore(IDC_MODIFY_SEARCH_BY_SUBNET);
+            break;
+        case SearchKind::Unreadable:
+            LogBasic(L"No control is checked");
+            break;
+        case SearchKind::UnreadableSubnet:
+            LogBasic(L"Subnet values are not proper");
+            break;
     }
     ShowControl(IDC_HELP_BUTTON, false);
     return Default();
 }
 
-void ModifySearchDlg::RestoreSubnet(const std::wstring& subnet) {
-    const std::size_t colon = subnet.find(L':');
-    if (colon == std::wstring::npos) {
-        LogBasic(L"Subnet values are not proper");
-        return;
-    }
-    EnableFields(false, true);
-    std::wstring mask = subnet.substr(colon + 1);
-    if (!mask.empty()) mask.pop_back();
-    maskField.edit.SetWindowText(mask);
-    Fill(addressField.edit, subnet.substr(0, colon));
-    CheckRadio(IDC_MODIFY_SEARCH_BY_SUBNET);
+void ModifySearchDlg::Restore(int radioId) {
+    CheckRadio(radioId);
     EnableControl(IDOK, true);
 }
 
@@ -145,30 +122,30 @@ void ModifySearchDlg::CheckRadio(int radioId) {
     CheckRadioButton(GetSafeHwnd(), IDC_MODIFY_SEARCH_LOCAL, IDC_MODIFY_SEARCH_BY_SUBNET, radioId);
 }
 
-void ModifySearchDlg::EnableFields(bool host, bool subnet) {
-    EnableControl(IDC_MODIFY_SEARCH_HOST, host);
-    EnableControl(IDC_MODIFY_SEARCH_ADDRESS, subnet);
-    EnableControl(IDC_MODIFY_SEARCH_MASK, subnet);
+SearchKind ModifySearchDlg::SelectedKind() const {
+    if (IsChecked(IDC_MODIFY_SEARCH_BY_HOST)) return SearchKind::Host;
+    return IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET) ? SearchKind::Subnet : SearchKind::OwnSubnet;
+}
+
+void ModifySearchDlg::EnableFields(SearchKind kind) {
+    EnableControl(IDC_MODIFY_SEARCH_HOST, kind == SearchKind::Host);
+    EnableControl(IDC_MODIFY_SEARCH_ADDRESS, kind == SearchKind::Subnet);
+    EnableControl(IDC_MODIFY_SEARCH_MASK, kind == SearchKind::Subnet);
 }
 
 void ModifySearchDlg::OnRadio() {
-    if (IsChecked(IDC_MODIFY_SEARCH_LOCAL)) {
-        EnableFields(false, false);
-    } else if (IsChecked(IDC_MODIFY_SEARCH_BY_HOST)) {
-        EnableFields(true, false);
-        hostEdit.SetFocus();
-    } else if (IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET)) {
-        EnableFields(false, true);
-        addressField.edit.SetFocus();
-    }
-    forceCheck = true;
+    const SearchKind kind = SelectedKind();
+    EnableFields(kind);
+    if (kind == SearchKind::Host) hostEdit.SetFocus();
+    if (kind == SearchKind::Subnet) addressEdit.SetFocus();
+    check.Force();
     ScheduleCheck();
 }
 
 // The check runs when the user has paused, but at once for a text that is too long.
 void ModifySearchDlg::ScheduleCheck() {
-    if (hostEdit.GetLength() > longestHost || addressField.edit.GetLength() > longestAddress ||
-        maskField.edit.GetLength() > longestAddress) {
+    if (hostEdit.GetLength() > longestHost || addressEdit.GetLength() > longestAddress ||
+        maskEdit.GetLength() > longestAddress) {
         KillTimer(GetSafeHwnd(), checkTimer);
         Check();
     } else if (SetTimer(GetSafeHwnd(), checkTimer, pauseInMilliseconds, nullptr) == 0) {
@@ -183,67 +160,30 @@ LRESULT ModifySearchDlg::OnTimer(WPARAM timer, LPARAM) {
 
 void ModifySearchDlg::Check() {
     EnableControl(IDOK, false);
-    if (IsChecked(IDC_MODIFY_SEARCH_LOCAL) || (IsChecked(IDC_MODIFY_SEARCH_BY_HOST) && CheckHost())) {
-        EnableControl(IDOK, true);
-    } else if (IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET)) {
-        const bool isAddressGood = CheckAddress(addressField);
-        const bool isMaskGood = CheckAddress(maskField);
-        if (isAddressGood && isMaskGood) EnableControl(IDOK, true);
+    EnableControl(IDOK, IsSearchGood());
+}
+
+// Both fields of a subnet are checked, whatever comes of the first.
+bool ModifySearchDlg::IsSearchGood() {
+    if (IsChecked(IDC_MODIFY_SEARCH_LOCAL)) return true;
+    if (IsChecked(IDC_MODIFY_SEARCH_BY_HOST))
+        return Obey(hostEdit, check.CheckHost(hostEdit.GetWindowText()));
+    if (!IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET)) return false;
+    const bool isAddressGood = Obey(addressEdit, check.CheckAddress(addressEdit.GetWindowText()));
+    const bool isMaskGood = Obey(maskEdit, check.CheckMask(maskEdit.GetWindowText()));
+    return isAddressGood && isMaskGood;
+}
+
+bool ModifySearchDlg::Obey(CEdit& edit, const FieldVerdict& verdict) {
+    if (verdict.cutTo) {
+        edit.SetWindowText(edit.GetText(*verdict.cutTo));
+        edit.MoveCaretToEnd();
     }
-}
-
-// A text that is cut off counts as good without a test.
-// By design: a text that was checked before is refused, valid or not, until it changes.
-bool ModifySearchDlg::CheckHost() {
-    const std::wstring text = hostEdit.GetText(longestHost + 1);
-    if (text.empty()) forceCheck = false;
-    // An empty text is never good, nor is one that is as it was.
-    if (text.empty() || (text == lastHostText && !forceCheck)) return false;
-    bool accepted = true;
-    if (hostEdit.GetLength() > longestHost) {
-        CutOff(hostEdit, longestHost, TextKey::MSG_HOSTNAME_LIMIT);
-    } else {
-        accepted = IsAcceptedHost(text);
-        // Before Vista the message comes whether or not the text has changed.
-        if (!accepted && (text != lastHostText || !CanTestAddresses())) {
-            Complain(hostEdit, TextKey::MSG_INVALID_IPHOST_NAME);
-        }
+    if (!verdict.complaint.empty()) {
+        edit.ShowBalloonTip(GetLocalizedText(verdict.complaint));
+        MessageBeep(MB_OK);
     }
-    lastHostText = hostEdit.GetText(longestHost);
-    forceCheck = false;
-    return accepted;
-}
-
-// Clears the force for the field that is checked next, which an unchanged text then passes in silence.
-bool ModifySearchDlg::CheckAddress(AddressField& field) {
-    const std::wstring text = field.edit.GetText(longestAddress + 2);
-    const bool accepted = !text.empty() && TestAddress(field, text);
-    forceCheck = false;
-    return accepted;
-}
-
-bool ModifySearchDlg::TestAddress(AddressField& field, const std::wstring& text) {
-    const bool isChanged = text != field.lastText;
-    if (isChanged && field.edit.GetLength() > longestAddress) {
-        CutOff(field.edit, longestAddress, field.limitText);
-        field.lastText = field.edit.GetText(longestAddress);
-        return true;
-    }
-    field.lastText = text;
-    const bool accepted = IsAcceptedAddress(text);
-    if (!accepted && isChanged) Complain(field.edit, field.invalidText);
-    return accepted;
-}
-
-void ModifySearchDlg::CutOff(CEdit& edit, std::size_t longest, TextId limitText) {
-    edit.SetWindowText(edit.GetText(longest));
-    edit.MoveCaretToEnd();
-    Complain(edit, limitText);
-}
-
-void ModifySearchDlg::Complain(CEdit& edit, TextId textKey) {
-    edit.ShowBalloonTip(GetLocalizedText(textKey));
-    MessageBeep(MB_OK);
+    return verdict.accepted;
 }
 
 // By design: Enter confirms past the check, whether OK is enabled or not.
@@ -256,17 +196,16 @@ bool ModifySearchDlg::PreTranslateMessage(MSG* message) {
 }
 
 void ModifySearchDlg::OnOK() {
-    if (IsChecked(IDC_MODIFY_SEARCH_BY_HOST)) {
-        const std::wstring host = hostEdit.GetText(longestHost);
-        settings.SetString(Tag::DISCOVER_PARAMS, TagDocument::MakeElement(Tag::UNICAST_ADDRESS, host));
-        LogBasic(L"Filter for Hostname: " + host);
-    } else if (IsChecked(IDC_MODIFY_SEARCH_BY_SUBNET)) {
-        const std::wstring subnet =
-            addressField.edit.GetText(longestAddress) + L":" + maskField.edit.GetText(longestAddress) + L";";
-        settings.SetString(Tag::DISCOVER_PARAMS, TagDocument::MakeElement(Tag::REMOTE_SUBNETS, subnet));
-        LogBasic(L"Filter for Subnet: " + subnet);
+    const ShownSearch search{.kind = SelectedKind(),
+                             .host = hostEdit.GetText(longestHost),
+                             .address = addressEdit.GetText(longestAddress),
+                             .mask = maskEdit.GetText(longestAddress)};
+    settings.SetString(Tag::DISCOVER_PARAMS, WriteSearch(search));
+    if (search.kind == SearchKind::Host) {
+        LogBasic(L"Filter for Hostname: " + search.host);
+    } else if (search.kind == SearchKind::Subnet) {
+        LogBasic(L"Filter for Subnet: " + search.address + L":" + search.mask + L";");
     } else {
-        settings.SetString(Tag::DISCOVER_PARAMS, {});
         LogBasic(L"No user-set filter in place");
     }
     EndDialog(IDOK);

@@ -2,10 +2,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
+#include "discovery/SearchCheck.h"
 #include "framework/CEdit.h"
-#include "settings/TextKeys.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/CQorLinkButton.h"
 #include "wizard/InstallDialogEx.h"
@@ -23,39 +22,29 @@ protected:
     const MessageMap& GetMessageMap() const override;
 
 private:
-    // A field for an address: the limit of its text, what is said about it, and how it was last found.
-    struct AddressField {
-        CEdit edit;
-        TextId limitText;
-        TextId invalidText;
-        std::wstring lastText;
-    };
-
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     LRESULT OnTimer(WPARAM timer, LPARAM);
     void OnRadio();
     void ScheduleCheck();
 
     void SetUpTexts();
-    void RestoreSubnet(const std::wstring& subnet);
+    void Restore(int radioId);
     void Fill(CEdit& edit, const std::wstring& text);
     bool IsChecked(int radioId) const;
     void CheckRadio(int radioId);
-    void EnableFields(bool host, bool subnet);
+    // The own subnet where no radio is checked.
+    SearchKind SelectedKind() const;
+    void EnableFields(SearchKind kind);
 
     void Check();
-    bool CheckHost();
-    bool CheckAddress(AddressField& field);
-    bool TestAddress(AddressField& field, const std::wstring& text);
-    void CutOff(CEdit& edit, std::size_t longest, TextId limitText);
-    void Complain(CEdit& edit, TextId textKey);
+    bool IsSearchGood();
+    // Does to the field what the check says, and says that to the user. Returns whether the text is accepted.
+    bool Obey(CEdit& edit, const FieldVerdict& verdict);
 
+    SearchCheck check;
     CEdit hostEdit;
-    std::wstring lastHostText;
-    AddressField addressField;
-    AddressField maskField;
-    // The next check runs although the text did not change.
-    bool forceCheck = false;
+    CEdit addressEdit;
+    CEdit maskEdit;
     CQorFlatButton okButton;
     CQorFlatButton cancelButton;
     CQorLinkButton helpButton;

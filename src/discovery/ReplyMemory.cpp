@@ -1,28 +1,40 @@
 #include "discovery/ReplyMemory.h"
 
 #include <algorithm>
+#include <map>
+#include <memory>
+#include <mutex>
 #include <new>
 #include <utility>
 
+#include "CommonLib/Singleton.h"
+
 namespace {
 
-Singleton<ReplyMemory> singleton;
+struct Block {
+    std::unique_ptr<wchar_t[]> memory;
+    std::uint32_t count = 0;
+};
+
+struct Blocks {
+    std::mutex lock;
+    std::map<const wchar_t*, Block> byAddress;
+};
+
+// Lives until the process is gone: a library may ask at the very end.
+Singleton<Blocks> blocks;
 
 }  // namespace
-
-ReplyMemory& ReplyMemory::GetInstance() {
-    return singleton.Get();
-}
 
 wchar_t* ReplyMemory::Allocate(std::uint32_t count, wchar_t** memory) {
     if (memory == nullptr) return nullptr;
     *memory = nullptr;
     try {
         Block block{.memory = std::make_unique<wchar_t[]>(count), .count = count};
-        ReplyMemory& instance = GetInstance();
-        const std::lock_guard guard(instance.lock);
+        Blocks& all = blocks.Get();
+        const std::lock_guard guard(all.lock);
         wchar_t* const address = block.memory.get();
-        instance.blocks.emplace(address, std::move(block));
+        all.byAddress.emplace(address, std::move(block));
         return *memory = address;
     } catch (const std::bad_alloc&) {
         return nullptr;
@@ -30,15 +42,15 @@ wchar_t* ReplyMemory::Allocate(std::uint32_t count, wchar_t** memory) {
 }
 
 std::wstring ReplyMemory::Read(const wchar_t* memory, std::uint32_t count) {
-    ReplyMemory& instance = GetInstance();
-    const std::lock_guard guard(instance.lock);
-    const auto found = instance.blocks.find(memory);
-    if (found == instance.blocks.end()) return {};
+    Blocks& all = blocks.Get();
+    const std::lock_guard guard(all.lock);
+    const auto found = all.byAddress.find(memory);
+    if (found == all.byAddress.end()) return {};
     return {memory, std::min(count, found->second.count)};
 }
 
 void ReplyMemory::ReleaseAll() {
-    ReplyMemory& instance = GetInstance();
-    const std::lock_guard guard(instance.lock);
-    instance.blocks.clear();
+    Blocks& all = blocks.Get();
+    const std::lock_guard guard(all.lock);
+    all.byAddress.clear();
 }

@@ -2,12 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
-#include <memory>
-#include <mutex>
 #include <string>
-
-#include "CommonLib/Singleton.h"
 
 // What a library has asked for belongs to the program until it is released. Any thread may ask.
 class ReplyMemory {
@@ -21,17 +16,4 @@ public:
     static std::wstring Read(const wchar_t* memory, std::uint32_t count);
     // Frees everything that libraries have asked for.
     static void ReleaseAll();
-
-private:
-    friend class Singleton<ReplyMemory>;
-    ReplyMemory() = default;
-
-    struct Block {
-        std::unique_ptr<wchar_t[]> memory;
-        std::uint32_t count = 0;
-    };
-    static ReplyMemory& GetInstance();
-
-    std::mutex lock;
-    std::map<const wchar_t*, Block> blocks;
 };

@@ -11,17 +11,15 @@ namespace {
 
 // Puts the maker's name where the logger finds it, and the values as the file gave them into the log.
 void ApplyVendor(InstallSettings& settings) {
-    const std::wstring vendor = settings.GetString(Tag::OEM);
-    if (vendor.empty()) {
-        settings.SetString(Tag::OEM, unnamedVendor);
-        Logger::GetInstance().SetVendor(unnamedVendor);
+    const bool isUnnamed = settings.GetString(Tag::OEM).empty();
+    if (isUnnamed) settings.SetString(Tag::OEM, unnamedVendor);
+    Logger::GetInstance().SetVendor(settings.GetString(Tag::OEM));
+    if (isUnnamed) {
         LogBasic(
             L"Default Settings file does not have Vendor name. Bad configuration found. Ensure UTF-8 file "
             L"format "
             L"is used.",
             LogLevel::Error);
-    } else {
-        Logger::GetInstance().SetVendor(vendor);
     }
     LogBasic(L"Default Configuration File Values");
     LogBasic(settings.FileValues());

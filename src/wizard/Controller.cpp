@@ -53,14 +53,8 @@ void Controller::BuildDialogs() {
 }
 
 bool Controller::AddDialog(Place& place) const {
-    if (AfxGetApp() == nullptr) return false;
-    CWnd* const mainWindow = AfxGetMainWnd();
-    InstallDialogEx& page = *place.page;
-    if (!page.Create(page.TemplateId(), mainWindow)) return false;
-    page.SetParent(*mainWindow);
-    // By design: the right and bottom edges serve as width and height, from which pages get their size.
-    page.MoveWindow(pageRect.left, pageRect.top, pageRect.right, pageRect.bottom);
-    page.hidden = place.row.hiddenAtFirst;
+    if (!place.page->CreateAsPage(pageRect)) return false;
+    place.page->hidden = place.row.hiddenAtFirst;
     return true;
 }
 
@@ -278,9 +272,7 @@ void Controller::Close() {
     LogAdvanced(L"Controller::Close");
     RemoveFolder(GetTemporaryFolder() + L"ArdentisKit");
     RemoveFolder(GetTemporaryFolder() + L"TolvaneKit");
-    if (AfxGetApp() == nullptr) return;
-    if (CWnd* const mainWindow = AfxGetMainWnd()) mainWindow->PostMessage(WM_CLOSE);
-    PostQuitMessage(0);
+    EndMessageLoop();
 }
 
 // The record is written while the worker still counts: once it does not, the program may end under it.

@@ -10,6 +10,7 @@
 #include "CommonLib/Files.h"
 #include "framework/CImage.h"
 #include "framework/CMFCLinkCtrl.h"
+#include "framework/CWinApp.h"
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "wizard/Controller.h"
@@ -75,6 +76,16 @@ InstallDialogEx::InstallDialogEx(const PageContext& context, UINT dialogTemplate
       localizer(context.localizer),
       helpTopic(topic),
       fontResource(InstallFont()) {}
+
+bool InstallDialogEx::CreateAsPage(const RECT& place) {
+    if (AfxGetApp() == nullptr) return false;
+    CWnd* const mainWindow = AfxGetMainWnd();
+    if (!Create(TemplateId(), mainWindow)) return false;
+    SetParent(*mainWindow);
+    // By design: the right and bottom edges serve as width and height; pages get their size so.
+    MoveWindow(place.left, place.top, place.right, place.bottom);
+    return true;
+}
 
 std::uint32_t InstallDialogEx::ReceiveMessage(std::wstring) {
     return 0;

@@ -20,6 +20,9 @@ public:
     InstallDialogEx(const PageContext& context, UINT dialogTemplate, DWORD topic = HIDD_DEFAULT,
                     CWnd* parentWindow = nullptr);
 
+    // Creates the window as a child of the main window, at that place of it. Returns false if that fails.
+    [[nodiscard]] bool CreateAsPage(const RECT& place);
+
     // Takes the message that the Controller hands on before the page is shown. Pages that need it keep it.
     virtual std::uint32_t ReceiveMessage(std::wstring message);
 
