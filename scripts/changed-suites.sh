@@ -29,6 +29,7 @@ of_source() {
 
 suites_of() {
     case $1 in
+        docs/folders.txt | docs/architecture.md) echo lint ;;
         *.md | docs/* | demo) ;;
         tests/unit/ReferenceForms.*) echo unit fuzz lint ;;
         tests/unit/*.cpp | tests/unit/*.h) echo unit lint ;;
@@ -48,7 +49,7 @@ suites_of() {
         scripts/run-standin-tests.sh) echo standins ;;
         scripts/run-wizard-tests.sh) echo wizard ;;
         scripts/wine.sh) echo unit windows standins wizard ;;
-        scripts/lint.sh | scripts/run-tidy.py | scripts/check-* | .clang-*) echo lint ;;
+        scripts/lint.sh | scripts/run-tidy.py | scripts/check-* | scripts/draw-folders.py | .clang-*) echo lint ;;
         *) echo unit fuzz windows standins wizard lint ;;
     esac
 }

@@ -27,8 +27,11 @@ check() {
 
 format() { clang-format --dry-run -Werror "${sources[@]}"; }
 
-# What only computes must build without Windows, and a page knows the Controller and no other page.
-includes() { python3 scripts/check-includes.py && python3 scripts/check-resource-ids.py && python3 scripts/check-dialect.py; }
+# Who includes whom, the names of ids, the heads of headers, what headers say of tags, and the picture of the folders.
+includes() {
+    python3 scripts/check-includes.py && python3 scripts/check-resource-ids.py && python3 scripts/check-dialect.py &&
+        python3 scripts/check-tags.py && python3 scripts/draw-folders.py --check
+}
 
 tidy() { python3 scripts/run-tidy.py build/windows "${program_units[@]}"; }
 
@@ -47,7 +50,7 @@ wanted=("$@")
 for name in "${wanted[@]}"; do
     case $name in
         format) check format 'git ls-files "*.cpp" "*.h" | xargs clang-format -i' format ;;
-        includes) check includes 'move the code that needs Windows out of kestrune_logic' includes ;;
+        includes) check includes 'fix what it names; the picture of the folders is drawn again by scripts/draw-folders.py' includes ;;
         tidy)
             configure windows
             check clang-tidy 'fix what it names' tidy
