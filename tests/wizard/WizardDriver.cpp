@@ -76,9 +76,16 @@ void WizardDriver::Start(const std::wstring& arguments) {
     STARTUPINFOW startup{.cb = sizeof(STARTUPINFOW)};
     PROCESS_INFORMATION information{};
     const std::wstring folder = program.parent_path().wstring();
-    ASSERT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               folder.c_str(), &startup, &information))
-        << "error " << GetLastError();
+    const auto start = [&] {
+        return CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                              folder.c_str(), &startup, &information) != FALSE;
+    };
+    // A loaded Wine sometimes loses a process before its first instruction, and says so by this error:
+    // nothing of the program has run then.
+    bool started = start();
+    for (int lost = 0; !started && lost < 3 && GetLastError() == ERROR_INTERNAL_ERROR; ++lost)
+        started = start();
+    ASSERT_TRUE(started) << "error " << GetLastError();
     KeepProcess(information);
 }
 
