@@ -1,5 +1,6 @@
 add_library(kestrune_framework STATIC
   framework/AfxBeginThread.cpp
+  framework/CComboBox.cpp
   framework/CDialogEx.cpp
   framework/CEdit.cpp
   framework/CFileDialog.cpp

@@ -66,7 +66,7 @@ bool DiscoveryDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
     deviceList.SubclassDlgItem(IDC_DISCOVERY_LIST, *this);
     deviceList.SetExtendedStyle(LVS_EX_FULLROWSELECT);
-    driverList.Attach(GetDlgItem(IDC_DISCOVERY_DRIVER_LIST));
+    driverList.SubclassDlgItem(IDC_DISCOVERY_DRIVER_LIST, *this);
     SetUpTexts();
     SetUpButtons();
     CheckRadioButton(GetSafeHwnd(), IDC_DISCOVERY_BACK_TO_LIST, IDC_DISCOVERY_NIMBOJET,

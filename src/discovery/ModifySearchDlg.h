@@ -16,12 +16,11 @@ public:
 
     bool PreTranslateMessage(MSG* message) override;
 
-protected:
+private:
     bool OnInitDialog() override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     LRESULT OnTimer(WPARAM timer, LPARAM);
     void OnRadio();

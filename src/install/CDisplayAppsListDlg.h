@@ -9,11 +9,10 @@ class CDisplayAppsListDlg : public InstallDialogEx {
 public:
     CDisplayAppsListDlg(const PageContext& context, CWnd& page);
 
-protected:
+private:
     bool OnInitDialog() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     LRESULT OnListChanged(NMHDR& header);
 

@@ -14,11 +14,10 @@ public:
     // The programs to name; kept from question to question.
     void SetApplicationName(const std::wstring& name) { applicationName = name; }
 
-protected:
+private:
     bool OnInitDialog() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     void OnRetry();
     void OnIgnore();
 

@@ -13,14 +13,13 @@ class FinishDlg : public InstallDialogEx {
 public:
     FinishDlg(const PageContext& context, const wchar_t* name);
 
-protected:
+private:
     bool OnInitDialog() override;
     // The button with id 1, which is hidden: goes on to the optional software.
     void OnOK() override;
     void PaintGround(HDC context) override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     LRESULT OnSetCursor(WPARAM window, LPARAM);
     LRESULT OnListChanged(NMHDR& header);

@@ -10,12 +10,11 @@ class RebootDlg : public InstallDialogEx {
 public:
     explicit RebootDlg(const PageContext& context);
 
-protected:
+private:
     bool OnInitDialog() override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     void updateRebootText();
 

@@ -14,12 +14,11 @@ class ConnectivityDlg : public InstallDialogEx {
 public:
     ConnectivityDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue);
 
-protected:
+private:
     bool OnInitDialog() override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     void OnNetworkChoice();
     void OnUsbChoice();

@@ -14,12 +14,11 @@ public:
     EULADlg& operator=(const EULADlg&) = delete;
     ~EULADlg() override;
 
-protected:
+private:
     bool OnInitDialog() override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     LRESULT OnMessageFilter(NMHDR& header);
     LRESULT OnScrollDone(WPARAM, LPARAM);

@@ -33,6 +33,7 @@ ManufacturerDlg::ManufacturerDlg(const PageContext& context)
 
 bool ManufacturerDlg::OnInitDialog() {
     InstallDialogEx::OnInitDialog();
+    list.SubclassDlgItem(IDC_MANUFACTURER_LIST, *this);
     nextButton.SubclassDlgItem(IDOK, *this);
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
     helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
@@ -61,7 +62,7 @@ void ManufacturerDlg::GetManufacturers() {
 // With one entry or none there is nothing to pick, and the page hides itself.
 void ManufacturerDlg::BuildList() {
     GetManufacturers();
-    ::SendMessageW(GetDlgItem(IDC_MANUFACTURER_LIST), CB_RESETCONTENT, 0, 0);
+    list.ResetContent();
     settings.SetBool(Tag::SHOW_MANUFACTURERS, manufacturers.size() > 1);
     if (manufacturers.empty()) {
         ApplyBrand(settings, {});
@@ -76,8 +77,7 @@ void ManufacturerDlg::BuildList() {
     for (Manufacturer& entry : manufacturers) {
         if (rightToLeft) entry.name = MarkFinalPoint(entry.name);
         if (entry.name.empty()) continue;
-        ::SendMessageW(GetDlgItem(IDC_MANUFACTURER_LIST), CB_ADDSTRING, 0,
-                       reinterpret_cast<LPARAM>(entry.name.c_str()));
+        list.AddString(entry.name);
     }
 }
 
@@ -94,20 +94,15 @@ void ManufacturerDlg::SelectDefault() {
     const std::wstring wanted = settings.GetString(Tag::DEFAULT_MANUFACTURER);
     const auto match = std::ranges::find(manufacturers, wanted, &Manufacturer::name);
     if (match == manufacturers.end()) return;
-    ::SendMessageW(GetDlgItem(IDC_MANUFACTURER_LIST), CB_SETCURSEL,
-                   static_cast<WPARAM>(match - manufacturers.begin()), 0);
+    list.SetCurSel(static_cast<int>(match - manufacturers.begin()));
     OnSelectionChange();
     EnableControl(IDOK, true);
 }
 
 void ManufacturerDlg::OnSelectionChange() {
-    const HWND list = GetDlgItem(IDC_MANUFACTURER_LIST);
-    const LRESULT selected = ::SendMessageW(list, CB_GETCURSEL, 0, 0);
-    if (selected == CB_ERR) return;
-    std::wstring name(
-        static_cast<std::size_t>(::SendMessageW(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(selected), 0)),
-        L'\0');
-    ::SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(name.data()));
+    const int selected = list.GetCurSel();
+    if (selected < 0) return;
+    const std::wstring name = list.GetLBText(selected);
     ApplyBrand(settings, name);
     const auto match = std::ranges::find(manufacturers, name, &Manufacturer::name);
     if (match != manufacturers.end()) settings.SetString(Tag::OEMBYTE, match->oemByte);

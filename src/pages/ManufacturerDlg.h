@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "framework/CComboBox.h"
 #include "pages/ManufacturerList.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
@@ -12,12 +13,11 @@ class ManufacturerDlg : public InstallDialogEx {
 public:
     explicit ManufacturerDlg(const PageContext& context);
 
-protected:
+private:
     bool OnInitDialog() override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     void OnSelectionChange();
     void GetManufacturers();
@@ -25,6 +25,7 @@ private:
     void SelectDefault();
 
     std::vector<Manufacturer> manufacturers;
+    CComboBox list;
     CQorFlatButton nextButton;
     CQorFlatButton cancelButton;
     CQorFlatButton helpButton;

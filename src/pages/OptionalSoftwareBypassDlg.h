@@ -10,12 +10,11 @@ class OptionalSoftwareBypassDlg : public InstallDialogEx {
 public:
     OptionalSoftwareBypassDlg(const PageContext& context, const DriverInfo& driverCatalogue);
 
-protected:
+private:
     bool OnInitDialog() override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     void OnReinstallChoice();
     void OnSkipChoice();

@@ -9,12 +9,11 @@ class StartDlg : public InstallDialogEx {
 public:
     explicit StartDlg(const PageContext& context);
 
-protected:
+private:
     bool OnInitDialog() override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
 
     CQorFlatButton installButton;

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr WPARAM sharedKindIndex = 2;
+constexpr int sharedKindIndex = 2;
 
 // By design: a field takes one character more than is read of it.
 constexpr std::size_t portNameRead = 63;
@@ -83,14 +83,14 @@ bool AddPortDlg::OnInitDialog() {
     constexpr LONG_PTR rightToLeft = WS_EX_RTLREADING | WS_EX_LAYOUTRTL;
     const HWND address = GetDlgItem(IDC_ADD_PORT_ADDRESS);
     SetWindowLongPtrW(address, GWL_EXSTYLE, GetWindowLongPtrW(address, GWL_EXSTYLE) & ~rightToLeft);
-    const HWND kinds = GetDlgItem(IDC_ADD_PORT_KIND);
-    InsertLocalizedString(kinds, 0, TextKey::DISCOVERED_PORTS);
-    InsertLocalizedString(kinds, 1, TextKey::IP_PORT);
-    InsertLocalizedString(kinds, sharedKindIndex, TextKey::UNC_PORT);
-    ::SendMessageW(kinds, CB_SETCURSEL, 0, 0);
+    kindList.SubclassDlgItem(IDC_ADD_PORT_KIND, *this);
+    InsertLocalizedString(kindList.GetSafeHwnd(), 0, TextKey::DISCOVERED_PORTS);
+    InsertLocalizedString(kindList.GetSafeHwnd(), 1, TextKey::IP_PORT);
+    InsertLocalizedString(kindList.GetSafeHwnd(), sharedKindIndex, TextKey::UNC_PORT);
+    kindList.SetCurSel(0);
     portList.SubclassDlgItem(IDC_ADD_PORT_LIST, *this);
     portList.SetExtendedStyle(LVS_EX_FULLROWSELECT);
-    driverList.Attach(GetDlgItem(IDC_ADD_PORT_DRIVER_LIST));
+    driverList.SubclassDlgItem(IDC_ADD_PORT_DRIVER_LIST, *this);
     SetUpButtons();
     OnKindChanged();
     SetUpTexts();
@@ -147,8 +147,7 @@ void AddPortDlg::FitColumns() {
 }
 
 std::optional<AddPortDlg::PortKind> AddPortDlg::SelectedKind() const {
-    const HWND kinds = GetDlgItem(IDC_ADD_PORT_KIND);
-    if (::SendMessageW(kinds, CB_GETCURSEL, 0, 0) == CB_ERR) return std::nullopt;
+    if (kindList.GetCurSel() < 0) return std::nullopt;
     constexpr std::size_t longestText = 400;
     const std::wstring shown = TextOf(IDC_ADD_PORT_KIND, longestText);
     if (shown == GetLocalizedText(TextKey::DISCOVERED_PORTS)) return PortKind::Existing;
@@ -217,7 +216,7 @@ LRESULT AddPortDlg::OnShowWindow(WPARAM shown, LPARAM) {
 
 void AddPortDlg::ObeyMessage() {
     if (Received(Tag::SHOW_UNC) == L"false") {
-        ::SendMessageW(GetDlgItem(IDC_ADD_PORT_KIND), CB_DELETESTRING, sharedKindIndex, 0);
+        kindList.DeleteString(sharedKindIndex);
     }
     if (Received(Tag::SHOW_DRIVER_LIST) == L"false") {
         for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_CONFIGURE, IDC_ADD_PORT_DRIVER_FRAME})

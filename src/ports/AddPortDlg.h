@@ -9,6 +9,7 @@
 
 #include "catalogue/AppCatalogue.h"
 #include "catalogue/DriverInfo.h"
+#include "framework/CComboBox.h"
 #include "framework/CListCtrl.h"
 #include "ports/IAddPortDialog.h"
 #include "printer/DriverConfiguration.h"
@@ -76,6 +77,7 @@ private:
     DriverInfo& drivers;
     DriverConfiguration configuration;
     std::wstring receivedMessage;
+    CComboBox kindList;
     CListCtrl portList;
     DriverList driverList;
     CQorFlatButton configureButton;

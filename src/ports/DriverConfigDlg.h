@@ -16,12 +16,11 @@ public:
     // Takes the driver's identifier, before the dialog is run.
     std::uint32_t ReceiveMessage(std::wstring message) override;
 
-protected:
+private:
     bool OnInitDialog() override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
-private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     void OnNew();
     void OnLoad();

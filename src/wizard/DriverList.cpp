@@ -1,37 +1,28 @@
 #include "wizard/DriverList.h"
 
-bool DriverList::IsEmpty() const {
-    return ::SendMessageW(list, CB_GETCOUNT, 0, 0) <= 0;
-}
-
 void DriverList::Add(const std::wstring& driverId, const std::wstring& name) {
-    const LRESULT entry = ::SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    const int entry = AddString(name);
     if (entry < 0) return;
-    ::SendMessageW(list, CB_SETITEMDATA, static_cast<WPARAM>(entry), static_cast<LPARAM>(driverIds.size()));
+    SetItemData(entry, static_cast<LPARAM>(driverIds.size()));
     driverIds.push_back(driverId);
 }
 
 void DriverList::Clear() {
-    ::SendMessageW(list, CB_RESETCONTENT, 0, 0);
+    ResetContent();
     driverIds.clear();
 }
 
-void DriverList::Select(const std::wstring& driverId) const {
-    const LRESULT count = ::SendMessageW(list, CB_GETCOUNT, 0, 0);
-    for (LRESULT entry = 0; entry < count; ++entry) {
+void DriverList::Select(const std::wstring& driverId) {
+    const int count = GetCount();
+    for (int entry = 0; entry < count; ++entry) {
         if (IdOf(entry) != driverId) continue;
-        ::SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+        SetCurSel(entry);
         return;
     }
 }
 
-std::wstring DriverList::SelectedId() const {
-    return IdOf(::SendMessageW(list, CB_GETCURSEL, 0, 0));
-}
-
-std::wstring DriverList::IdOf(LRESULT entry) const {
+std::wstring DriverList::IdOf(int entry) const {
     if (entry < 0) return {};
-    const auto place =
-        static_cast<std::size_t>(::SendMessageW(list, CB_GETITEMDATA, static_cast<WPARAM>(entry), 0));
+    const auto place = static_cast<std::size_t>(GetItemData(entry));
     return place < driverIds.size() ? driverIds[place] : std::wstring();
 }
