@@ -43,7 +43,7 @@ bool InstallSettings::GetBool(FlagTag tag) const {
 }
 
 bool InstallSettings::IsSet(StrictFlagTag tag) const {
-    return GetString(tag) == tag.Yes();
+    return GetString(TextTag(std::wstring_view(tag))) == tag.Yes();
 }
 
 void InstallSettings::SetString(TextTag tag, std::wstring_view value) {
