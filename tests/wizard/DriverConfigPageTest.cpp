@@ -242,10 +242,9 @@ TEST_F(DriverConfigPageTest, AsksAnewForAnotherDriver) {
     wizard.Press(IDC_DISCOVERY_CONFIGURE);
     EXPECT_TRUE(WaitUntil([this] { return !TextOf(IDC_DRIVER_CONFIG_PATH).empty(); }));
     wizard.Press(IDCANCEL);
-    EXPECT_TRUE(WaitUntil([this] {
-        return !IsShown(IDC_DRIVER_CONFIG_PATH) && IsWindowEnabled(wizard.MainWindow()) != FALSE;
-    }));
-    const HWND drivers = wizard.FindControl(IDC_DISCOVERY_DRIVER_LIST);
+    // A dialog that is hidden already is not gone yet, so the page's own control is what to wait for.
+    EXPECT_TRUE(WaitUntil([this] { return !IsShown(IDC_DRIVER_CONFIG_PATH); }));
+    const HWND drivers = wizard.WaitForControl(IDC_DISCOVERY_DRIVER_LIST);
     SendMessageW(GetParent(drivers), WM_COMMAND, MAKEWPARAM(IDC_DISCOVERY_DRIVER_LIST, CBN_SELCHANGE),
                  reinterpret_cast<LPARAM>(drivers));
     wizard.Press(IDC_DISCOVERY_CONFIGURE);

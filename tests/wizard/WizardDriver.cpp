@@ -51,6 +51,12 @@ bool IsDialog(HWND window) {
     return std::wstring(name) == L"#32770";
 }
 
+// A window behind a dialog is disabled with all that is in it, whatever its controls say.
+bool TakesClicks(HWND control) {
+    return control != nullptr && IsWindowEnabled(control) != FALSE &&
+           IsWindowEnabled(GetAncestor(control, GA_ROOT)) != FALSE;
+}
+
 std::wstring CommandLine(const std::filesystem::path& program, const std::wstring& arguments) {
     return L"\"" + program.wstring() + L"\" " + arguments;
 }
@@ -158,10 +164,15 @@ MessageBoxOnScreen WizardDriver::Answer(int button) const {
     return box;
 }
 
+// A dialog that is closing is hidden a moment before it is gone, so the visible window counts first; in a
+// silent run there is none.
 HWND WizardDriver::MainWindow() const {
-    return FindTopLevel([this](HWND window) {
+    const auto isOwn = [this](HWND window) {
         return BelongsTo(processId, window) && IsDialog(window) && GetDlgItem(window, boxTextId) == nullptr;
-    });
+    };
+    const HWND shown =
+        FindTopLevel([&](HWND window) { return isOwn(window) && IsWindowVisible(window) != FALSE; });
+    return shown != nullptr ? shown : FindTopLevel(isOwn);
 }
 
 HWND WizardDriver::FindControl(int id) const {
@@ -183,9 +194,9 @@ void WizardDriver::Press(int id) const {
     HWND control = nullptr;
     WaitUntil([&] {
         control = FindControl(id);
-        return (control != nullptr && IsWindowEnabled(control)) || !IsRunning();
+        return TakesClicks(control) || !IsRunning();
     });
-    ASSERT_TRUE(IsWindowEnabled(control)) << "the control " << id << " cannot be clicked";
+    ASSERT_TRUE(TakesClicks(control)) << "the control " << id << " cannot be clicked";
     PostMessageW(control, BM_CLICK, 0, 0);
 }
 
