@@ -33,7 +33,7 @@ protected:
     }
     ~DeviceChoiceTest() override { DiscoveredDevices::GetInstance().Assign({}); }
 
-    static std::wstring Setting(TextTag tag) { return Settings().GetString(tag); }
+    static std::wstring Setting(const TextTag& tag) { return Settings().GetString(tag); }
     // What is optional and what is selected of the applications and of the scan driver.
     static std::vector<std::wstring> OptionalNames() { return NamesThat(&MSI_APP::isOptional); }
     static std::vector<std::wstring> SelectedNames() { return NamesThat(&MSI_APP::isSelected); }
