@@ -72,9 +72,8 @@ PrinterChoice ChooseDevice(const std::optional<ChosenDevice>& device, const Choi
     return choice;
 }
 
-// Unlike a device, a port takes its type before the flag that adds it in the settings, and after it in the
-// devices.
-// By design: it makes the fax applications optional whatever the device is.
+// By design: unlike a device, a port takes its type before the flag that adds it in the settings, and after
+// it in the devices; and it makes the fax applications optional whatever the device is.
 PrinterChoice ChoosePort(const ChosenPort& port, const ChoiceInputs& inputs) {
     PrinterChoice choice;
     choice.tags.push_back({Tag::PORT_NAME, port.name});

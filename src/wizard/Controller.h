@@ -63,7 +63,6 @@ public:
     void SetPageRect(const RECT& area) { pageRect = area; }
     // The current page, or null.
     InstallDialogEx* CurrentPage() const;
-    int CurrentIndex() const { return currentDialog; }
 
 private:
     friend class Singleton<Controller>;
