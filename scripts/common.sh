@@ -19,7 +19,7 @@ need_packages() {
 }
 
 build_packages() {
-    need_packages cmake ninja-build ccache g++-mingw-w64-x86-64-posix wixl msitools librsvg2-bin icoutils netpbm fonttools fonts-noto-core \
+    need_packages cmake ninja-build ccache g++-mingw-w64-x86-64-posix lld wixl msitools librsvg2-bin icoutils netpbm fonttools fonts-noto-core \
         fonts-liberation fp-utils googletest \
         python3 wine wine64 xvfb xauth
 }
