@@ -1,4 +1,4 @@
-# Headers that the compiler reads once for many sources. A source still includes all it uses: lint reads it without these.
+# Headers that the compiler reads once for many sources. A source still includes all that it uses, which lint checks.
 
 set(EMPTY_SOURCE ${CMAKE_BINARY_DIR}/headers/empty.cpp)
 file(CONFIGURE OUTPUT ${EMPTY_SOURCE} CONTENT "")

@@ -3,7 +3,8 @@
 
 A folder includes what stands below it and nothing above, the platform-free sources include no header of Windows or of
 the window framework, not even through another header of this project, and a page includes no other page: they know
-the Controller alone.
+the Controller alone. A source that names something of the standard library includes its header, itself or through a
+header of this project: the compiler would not miss it, since it reads many sources at once.
 """
 import pathlib
 import re
@@ -95,9 +96,55 @@ def page_to_page():
                 yield f'{source.relative_to(ROOT)} includes the page {included}'
 
 
+# What is used, as a pattern, by the header that declares it.
+STANDARD_NAMES = {
+    'algorithm': r'(ranges::)?(sort|stable_sort|find|find_if|all_of|any_of|none_of|count|count_if|copy|equal|min|max|clamp|'
+                 r'search|transform|replace|reverse|lower_bound|unique)\(',
+    'array': r'array<', 'atomic': r'atomic\b', 'chrono': r'chrono::', 'exception': r'(exception|current_exception)\b',
+    'filesystem': r'filesystem::', 'fstream': r'[io]?fstream\b', 'functional': r'function<', 'limits': r'numeric_limits\b',
+    'list': r'list<', 'map': r'(multi)?map<', 'memory': r'(unique_ptr|shared_ptr|make_unique|make_shared)\b',
+    'mutex': r'(mutex|lock_guard|unique_lock)\b', 'optional': r'(optional|nullopt)\b', 'set': r'set<',
+    'string': r'w?string\b|to_w?string\b', 'string_view': r'w?string_view\b', 'thread': r'(thread|this_thread)\b',
+    'unordered_map': r'unordered_(multi)?map<', 'utility': r'(move|exchange|pair)\b', 'variant': r'variant<',
+    'vector': r'vector<',
+}
+USES = {header: re.compile(r'\bstd::(?:' + names + ')') for header, names in STANDARD_NAMES.items()}
+COMMENT = re.compile(r'//.*')
+
+
+def reached_headers(source):
+    """The headers in angles that a source includes, itself or through headers of this project."""
+    seen, waiting, reached = set(), [source], set()
+    while waiting:
+        path = waiting.pop()
+        if path in seen:
+            continue
+        seen.add(path)
+        for kind, name in includes_of(path):
+            target = (resolve(name) or path.parent / name) if kind == '"' else None
+            if kind == '<':
+                reached.add(name)
+            elif target.is_file():
+                waiting.append(target)
+    return reached
+
+
+def missing_standard_headers():
+    for folder in ('src', 'framework', 'standins', 'tools', 'package'):
+        for source in sorted((ROOT / folder).rglob('*.[ch]*')):
+            if source.suffix not in ('.cpp', '.h'):
+                continue
+            text = COMMENT.sub('', source.read_text(encoding='utf-8'))
+            reached = reached_headers(source)
+            for header, use in USES.items():
+                if header not in reached and use.search(text):
+                    yield f'{source.relative_to(ROOT)} does not include <{header}>'
+
+
 def main():
     findings = sorted(set(f for source in logic_sources() for f in foreign_includes(source)))
     findings += list(folders_on_no_floor()) + list(upward_includes()) + list(page_to_page())
+    findings += list(missing_standard_headers())
     print('\n'.join(findings))
     sys.exit(1 if findings else 0)
 

@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over the given sources, as many at a time as there are cores, and only over those that changed, with
-what they include, since they last passed.
+"""Runs clang-tidy over the program, as many batches at a time as there are cores, and only over those batches that
+changed, with what they include, since they last passed. A batch is what the build compiles at a time: most of the time
+goes into the headers, which are read once for all its sources.
 
-usage: run-tidy.py BUILD_FOLDER SOURCE...
+usage: run-tidy.py BUILD_FOLDER FOLDER...    the batches that hold sources of these folders
 
 Windows sources are read by clang with the headers of mingw-w64, of the compiler that builds them, and without its
-precompiled headers: a source that does not include what it uses is not read to its end.
+precompiled headers.
 """
 import concurrent.futures
 import functools
@@ -24,11 +25,22 @@ INCLUDE = re.compile(r'^\s*#include\s+"([^"]+)"', re.M)
 
 
 def write_commands(build, folder):
-    """The commands of the build without the precompiled headers."""
+    """Writes the commands of the build without the precompiled headers, and returns their sources."""
     commands = json.loads((build / 'compile_commands.json').read_text())
     for entry in commands:
         entry['command'] = PRECOMPILED.sub('', entry['command'])
     (folder / 'compile_commands.json').write_text(json.dumps(commands))
+    return [pathlib.Path(entry['file']) for entry in commands]
+
+
+def batches_of(sources, folders):
+    """Those of the sources that the build made of sources in the folders."""
+    roots = [pathlib.Path(folder).resolve() for folder in folders]
+
+    def concerns(batch):
+        return any(pathlib.Path(name).is_relative_to(root) for name in INCLUDE.findall(batch.read_text()) for root in roots)
+
+    return sorted(str(source) for source in sources if source.parent.name == 'Unity' and concerns(source))
 
 
 def tidy_command(commands, source):
@@ -36,6 +48,8 @@ def tidy_command(commands, source):
              '--extra-arg=-Wno-unknown-warning-option']
     for folder in SYSTEM_HEADERS:
         extra += ['--extra-arg=-isystem', f'--extra-arg={folder}']
+    # That a batch includes its sources is no mistake.
+    extra += ['--checks=-bugprone-suspicious-include']
     return ['clang-tidy', '--quiet', '-p', str(commands), *extra, source]
 
 
@@ -63,14 +77,14 @@ def digest_of(source):
 
 
 def main():
-    build, sources = pathlib.Path(sys.argv[1]), sys.argv[2:]
+    build, folders = pathlib.Path(sys.argv[1]), sys.argv[2:]
     stamps = build / 'tidy'
     stamps.mkdir(exist_ok=True)
-    write_commands(build, stamps)
+    sources = batches_of(write_commands(build, stamps), folders)
 
     def run(source):
         digest = digest_of(source)
-        stamp = stamps / (source.replace('/', '_') + '.passed')
+        stamp = stamps / (source.removeprefix(str(build.resolve())).replace('/', '_') + '.passed')
         if stamp.exists() and stamp.read_text() == digest:
             return ''
         result = subprocess.run(tidy_command(stamps, source), capture_output=True, text=True)

@@ -2,13 +2,11 @@
 
 #include <algorithm>
 
+#include "CommonLib/TextUtilities.h"
+
 // A regular expression would recurse once per character and overflow the stack on a long text.
 
 namespace {
-
-bool IsDigit(wchar_t character) {
-    return character >= L'0' && character <= L'9';
-}
 
 bool IsLetterOrDigit(wchar_t character) {
     return IsDigit(character) || (character >= L'a' && character <= L'z') ||

@@ -7,13 +7,13 @@ namespace {
 constexpr std::size_t levelWidth = 7;
 constexpr std::size_t idWidth = 4;
 constexpr std::size_t applicationWidth = 15;
-constexpr std::wstring_view separator = L"  ";
+constexpr std::wstring_view fieldSeparator = L"  ";
 constexpr std::wstring_view lineEnd = L"\r\n";
 
 void AppendColumn(std::wstring& record, std::wstring_view text, std::size_t width) {
     record.append(text);
     if (text.size() < width) record.append(width - text.size(), L' ');
-    record.append(separator);
+    record.append(fieldSeparator);
 }
 
 std::wstring Digits(std::uint32_t number, std::uint32_t base) {
@@ -45,7 +45,7 @@ void AppendTime(std::wstring& record, const LogTime& time) {
     AppendPadded(record, time.minute, 2);
     record += L':';
     AppendPadded(record, time.second, 2);
-    record.append(separator);
+    record.append(fieldSeparator);
 }
 
 std::wstring BeginRecord(std::wstring_view level, const LogTime& time, std::size_t messageSize) {

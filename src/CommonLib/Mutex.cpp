@@ -4,19 +4,20 @@
 
 namespace {
 
-constexpr wchar_t sourceName[] = L"CommonLib/Mutex";
+constexpr wchar_t mutexSource[] = L"CommonLib/Mutex";
 
 }  // namespace
 
 HANDLE Mutex::createMutex(SECURITY_ATTRIBUTES* attributes, const std::wstring& mutexName) {
     handle.reset(CreateMutexW(attributes, FALSE, mutexName.c_str()));
-    if (!handle) throw Win32Exception(L"Mutex::createMutex() CreateMutex failed", GetLastError(), sourceName);
+    if (!handle)
+        throw Win32Exception(L"Mutex::createMutex() CreateMutex failed", GetLastError(), mutexSource);
     return handle.get();
 }
 
 HANDLE Mutex::openMutex(const std::wstring& mutexName) {
     handle.reset(OpenMutexW(MUTEX_ALL_ACCESS, TRUE, mutexName.c_str()));
-    if (!handle) throw Win32Exception(L"Mutex::openMutex() openMutex failed", GetLastError(), sourceName);
+    if (!handle) throw Win32Exception(L"Mutex::openMutex() openMutex failed", GetLastError(), mutexSource);
     return handle.get();
 }
 
@@ -26,7 +27,7 @@ void Mutex::acquire() {
         ownerThread = GetCurrentThreadId();
         ++lockCount;
     } else if (result != WAIT_TIMEOUT) {
-        throw Win32Exception(L"Mutex::acquire() WaitForSingleObject failed", GetLastError(), sourceName);
+        throw Win32Exception(L"Mutex::acquire() WaitForSingleObject failed", GetLastError(), mutexSource);
     }
 }
 
@@ -37,7 +38,7 @@ void Mutex::release() {
     ownerThread = 0;
     for (DWORD count = lockCount.exchange(0); count > 0; --count) {
         if (ReleaseMutex(handle.get()) == FALSE) {
-            throw Win32Exception(L"Mutex::release() ReleaseMutex failed", GetLastError(), sourceName);
+            throw Win32Exception(L"Mutex::release() ReleaseMutex failed", GetLastError(), mutexSource);
         }
     }
 }

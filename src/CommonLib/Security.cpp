@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr wchar_t sourceName[] = L"CommonLib/Security";
+constexpr wchar_t securitySource[] = L"CommonLib/Security";
 
 }  // namespace
 
@@ -14,7 +14,7 @@ void Security::doApply(HANDLE kernelObject) {
     if (SetKernelObjectSecurity(kernelObject, DACL_SECURITY_INFORMATION, attributes.lpSecurityDescriptor) ==
         FALSE) {
         throw Win32Exception(L"Security::doApply() SetKernelObjectSecurity failed ", GetLastError(),
-                             sourceName);
+                             securitySource);
     }
 }
 
@@ -24,11 +24,11 @@ void Security::doApply(HKEY registryKey) {
     PACL list = nullptr;
     if (GetSecurityDescriptorDacl(attributes.lpSecurityDescriptor, &present, &list, &defaulted) == FALSE) {
         throw Win32Exception(L"Security::doApply() GetSecurityDescriptorDacl failed ", GetLastError(),
-                             sourceName);
+                             securitySource);
     }
     const DWORD code = SetSecurityInfo(registryKey, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr,
                                        nullptr, list, nullptr);
     if (code != ERROR_SUCCESS) {
-        throw Win32Exception(L"Security::doApply() SetSecurityInfo failed ", code, sourceName);
+        throw Win32Exception(L"Security::doApply() SetSecurityInfo failed ", code, securitySource);
     }
 }

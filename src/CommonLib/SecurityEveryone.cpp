@@ -4,11 +4,11 @@
 
 namespace {
 
-constexpr wchar_t sourceName[] = L"CommonLib/SecurityEveryone";
+constexpr wchar_t everyoneSource[] = L"CommonLib/SecurityEveryone";
 constexpr DWORD accessEntryRevision = 2;
 
 void Require(BOOL succeeded, const wchar_t* message, std::int32_t line = __builtin_LINE()) {
-    if (succeeded == FALSE) throw Win32Exception(message, GetLastError(), sourceName, line);
+    if (succeeded == FALSE) throw Win32Exception(message, GetLastError(), everyoneSource, line);
 }
 
 constexpr wchar_t descriptorFailed[] =

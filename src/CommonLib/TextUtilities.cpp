@@ -6,9 +6,6 @@
 
 namespace {
 
-bool IsDigit(wchar_t character) {
-    return character >= L'0' && character <= L'9';
-}
 bool IsSign(wchar_t character) {
     return character == L'+' || character == L'-';
 }

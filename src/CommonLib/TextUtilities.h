@@ -12,6 +12,10 @@ std::wstring ToDecimalString(std::uint32_t number);
 // Returns the pieces that a separator closes, in order; a rest after the last separator is dropped.
 std::vector<std::wstring> SplitClosed(std::wstring_view text, wchar_t separator);
 
+constexpr bool IsDigit(wchar_t character) {
+    return character >= L'0' && character <= L'9';
+}
+
 // Returns true if the texts are equal but for the case of ASCII letters.
 bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right);
 

@@ -8,12 +8,12 @@
 
 namespace {
 
-Singleton<AppCatalogue> singleton;
+Singleton<AppCatalogue> theApplications;
 
 }  // namespace
 
 AppCatalogue& AppCatalogue::GetInstance() {
-    return singleton.Get();
+    return theApplications.Get();
 }
 
 std::list<MSI_APP> AppCatalogue::Select(std::wstring_view filter) const {

@@ -17,7 +17,7 @@
 
 namespace {
 
-Singleton<DriverInfo> singleton;
+Singleton<DriverInfo> theDrivers;
 
 std::vector<std::wstring> FindDriverFiles() {
     const std::wstring root = GetExeDirectory() + L"\\..\\..\\Drivers\\";
@@ -44,7 +44,7 @@ void ReadCommonProperties(IMsiInterface& msi, const std::wstring& language, MSI_
 }  // namespace
 
 DriverInfo& DriverInfo::GetInstance() {
-    return singleton.Get();
+    return theDrivers.Get();
 }
 
 void DriverInfo::PopulateDriverList(IMsiInterface& msi, const InstallSettings& settings,

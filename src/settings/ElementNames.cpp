@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "settings/TagDocument.h"
+#include "settings/TagSearch.h"
 
 // The linear matcher of ListElementNames. A match lies in one line. It begins with "<" at some i, and its
 // name ends at the first ">" at or after i + 2: a longer name could only close where that one closes as
@@ -11,8 +12,6 @@
 // again after a "</" at least one character after the open tag, and the first such place ends it.
 
 namespace {
-
-constexpr std::size_t none = std::wstring_view::npos;
 
 // Where the signs of one line stand in the document, in their order.
 struct LineSigns {
@@ -36,7 +35,7 @@ public:
 
     std::size_t AtOrBehind(std::size_t start) {
         while (next < positions.size() && positions[next] < start) ++next;
-        return next < positions.size() ? positions[next] : none;
+        return next < positions.size() ? positions[next] : nowhere;
     }
 
 private:
@@ -90,13 +89,13 @@ public:
     // The text is compared only here, where success ends the search for everything up to the close tag.
     std::size_t Find(std::size_t open, std::size_t nameEnd) {
         while (!opens.empty() && opens.back().position < open) opens.pop_back();
-        if (opens.empty() || opens.back().position != open) return none;
+        if (opens.empty() || opens.back().position != open) return nowhere;
         const std::wstring_view key = text.substr(open + 1, nameEnd - open);
         for (auto i = opens.back().close; i != endOfChain; i = closes[i].next) {
             const std::size_t position = closes[i].position;
             if (position >= nameEnd + 2 && text.substr(position + 2, key.size()) == key) return position;
         }
-        return none;
+        return nowhere;
     }
 
 private:
@@ -109,7 +108,7 @@ private:
         std::size_t close;
     };
 
-    static constexpr std::size_t endOfChain = none;
+    static constexpr std::size_t endOfChain = nowhere;
 
     // Reads the keys that end at this ">". The ">" in front of it may itself be the first character of one.
     void ReadKeys(std::size_t first, std::size_t end) {
@@ -149,12 +148,12 @@ public:
           closeEnds(signs.ends) {}
 
     void AddNamesTo(std::vector<std::wstring>& names) {
-        for (std::size_t open = opens.AtOrBehind(signs.lineStart); open != none;) {
+        for (std::size_t open = opens.AtOrBehind(signs.lineStart); open != nowhere;) {
             const std::size_t nameEnd = nameEnds.AtOrBehind(open + 2);
-            if (nameEnd == none) return;
+            if (nameEnd == nowhere) return;
             const std::size_t close = FindClose(open, nameEnd);
-            if (close != none) names.emplace_back(NameOf(open, nameEnd));
-            open = opens.AtOrBehind(close == none ? open + 1 : close + 2 + (nameEnd - open));
+            if (close != nowhere) names.emplace_back(NameOf(open, nameEnd));
+            open = opens.AtOrBehind(close == nowhere ? open + 1 : close + 2 + (nameEnd - open));
         }
     }
 
@@ -162,9 +161,9 @@ private:
     // The next close tag is nearly always the right one; only where it is not does the line need its index.
     std::size_t FindClose(std::size_t open, std::size_t nameEnd) {
         const std::size_t close = closeTags.AtOrBehind(nameEnd + 2);
-        if (close == none) return none;
+        if (close == nowhere) return nowhere;
         const std::size_t closeEnd = closeEnds.AtOrBehind(close + 3);
-        if (closeEnd == none) return none;
+        if (closeEnd == nowhere) return nowhere;
         const std::size_t length = nameEnd - open;
         if (closeEnd - close - 1 == length &&
             text.substr(open + 1, length) == text.substr(close + 2, length)) {

@@ -1,12 +1,13 @@
 #include "settings/IndexedDocument.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "settings/TagDocument.h"
+#include "settings/TagSearch.h"
 
 namespace {
 
-constexpr std::size_t none = static_cast<std::size_t>(-1);
 constexpr std::size_t head = 0;  // The sign in front of the first and after the last one, outside the text.
 
 bool IsSimple(std::wstring_view name) {
@@ -42,7 +43,7 @@ void IndexedDocument::RemoveElement(std::wstring_view name) {
     }
     const std::size_t open = FirstSign(tags, name);
     const std::size_t close = FirstSign(tags, L'/' + std::wstring(name));
-    if (open == none || close == none) return;
+    if (open == nowhere || close == nowhere) return;
     if (close < open) Drop({.start = signs[open].position, .end = text.size()});
     Remove(open, close < open ? signs[head].previous : signs[close].next);
 }
@@ -101,21 +102,21 @@ void IndexedDocument::IndexWord(std::size_t sign, std::size_t from) {
 
 std::size_t IndexedDocument::FirstSign(SignIndex& index, std::wstring_view key) {
     const auto entry = index.find(key);
-    if (entry == index.end()) return none;
+    if (entry == index.end()) return nowhere;
     SignHeap& heap = entry->second;
     while (!heap.empty() && signs[heap.front()].removed) {
         std::pop_heap(heap.begin(), heap.end(), std::greater<>());
         heap.pop_back();
     }
-    return heap.empty() ? none : heap.front();
+    return heap.empty() ? nowhere : heap.front();
 }
 
 bool IndexedDocument::FindValue(std::wstring_view name, Span& value) {
     const std::size_t close = FirstSign(tags, L'/' + std::wstring(name));
-    if (close == none) return false;
+    if (close == nowhere) return false;
     const std::size_t open = FirstSign(tags, name);
-    std::size_t tagEnd = open == none ? none : signs[open].next;
-    if (open == none && !FindAttributeTag(name, tagEnd)) return false;
+    std::size_t tagEnd = open == nowhere ? nowhere : signs[open].next;
+    if (open == nowhere && !FindAttributeTag(name, tagEnd)) return false;
     value.start = signs[tagEnd].position + 1;
     value.end = signs[close].position < value.start ? text.size() : signs[close].position;
     return true;
@@ -125,11 +126,11 @@ bool IndexedDocument::FindValue(std::wstring_view name, Span& value) {
 bool IndexedDocument::FindAttributeTag(std::wstring_view name, std::size_t& tagEnd) {
     const auto entry = words.find(name.substr(0, name.find(L' ')));
     if (entry == words.end()) return false;
-    std::size_t open = none;
+    std::size_t open = nowhere;
     for (const std::size_t sign : entry->second) {
         if (sign < open && !signs[sign].removed && BeginsWithWords(sign, name)) open = sign;
     }
-    if (open == none) return false;
+    if (open == nowhere) return false;
     for (tagEnd = signs[open].next; tagEnd != head && signs[tagEnd].opens;) tagEnd = signs[tagEnd].next;
     return tagEnd != head;
 }

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr std::size_t none = std::wstring_view::npos;
-
 // The text from start up to the close tag, or all the rest where the close tag lies in front of start.
 std::wstring_view ValueFrom(std::wstring_view document, std::size_t start, std::size_t close) {
     return close < start ? document.substr(start) : document.substr(start, close - start);
@@ -14,9 +12,9 @@ std::wstring_view ValueFrom(std::wstring_view document, std::size_t start, std::
 bool FindAttributeValue(std::wstring_view document, std::wstring_view name, std::size_t close,
                         std::wstring& value) {
     const std::size_t open = FindAttributeTag(document, name);
-    if (open == none || close == none) return false;
+    if (open == nowhere || close == nowhere) return false;
     const std::size_t end = document.find(L'>', open);
-    if (end == none) return false;
+    if (end == nowhere) return false;
     value = ValueFrom(document, end + 1, close);
     return true;
 }
@@ -35,7 +33,7 @@ namespace TagDocument {
 bool FindValue(std::wstring_view document, std::wstring_view name, std::wstring& value) {
     const auto tags = FindTags(document, name);
     if (!tags.BothFound()) {
-        return tags.close != none && FindAttributeValue(document, name, tags.close, value);
+        return tags.close != nowhere && FindAttributeValue(document, name, tags.close, value);
     }
     value = ValueFrom(document, tags.open + OpenTagLength(name), tags.close);
     return true;
@@ -57,7 +55,7 @@ std::wstring MakeElement(std::wstring_view name, std::wstring_view value) {
 void RemoveElement(std::wstring& document, std::wstring_view name) {
     const auto tags = FindTags(document, name);
     if (!tags.BothFound()) return;
-    const std::size_t end = tags.close < tags.open ? none : tags.close + CloseTagLength(name) - tags.open;
+    const std::size_t end = tags.close < tags.open ? nowhere : tags.close + CloseTagLength(name) - tags.open;
     document.erase(tags.open, end);
 }
 

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr std::size_t none = std::wstring_view::npos;
-
 // How far a search for the pattern may move on when a character of the text stands under the pattern's end.
 // Characters share an entry by their low byte, which can only make a step shorter.
 class SkipTable {
@@ -51,11 +49,11 @@ std::size_t FindByBorders(std::wstring_view text, std::wstring_view pattern) {
         if (text[i] == pattern[matched]) ++matched;
         if (matched == pattern.size()) return i + 1 - matched;
     }
-    return none;
+    return nowhere;
 }
 
 bool HoldsOpenSign(std::wstring_view name) {
-    return name.find(L'<') != none;
+    return name.find(L'<') != nowhere;
 }
 
 // Finds both tags in one pass over the text after their first signs, name and ">". A comparison starts only
@@ -82,7 +80,7 @@ private:
         const bool closes = start > 1 && document[start - 1] == L'/' && document[start - 2] == L'<';
         if (!opens && !closes) return;
         std::size_t& position = opens ? found.open : found.close;
-        if (position == none && document.substr(start, tail.size()) == tail) {
+        if (position == nowhere && document.substr(start, tail.size()) == tail) {
             position = start - (opens ? 1 : 2);
         }
     }

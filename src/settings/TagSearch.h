@@ -1,15 +1,19 @@
 // The searches on which the tag document operations stand. They take time in proportion to the document, also
 // where name and document are made to provoke the opposite, and may run on any thread. A position is a count
-// of characters; std::wstring_view::npos says that there is none.
+// of characters.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
-struct TagPositions {
-    std::size_t open = std::wstring_view::npos;
-    std::size_t close = std::wstring_view::npos;
+// The position of what a search does not find.
+inline constexpr std::size_t nowhere = std::wstring_view::npos;
 
-    bool BothFound() const { return open != std::wstring_view::npos && close != std::wstring_view::npos; }
+struct TagPositions {
+    std::size_t open = nowhere;
+    std::size_t close = nowhere;
+
+    bool BothFound() const { return open != nowhere && close != nowhere; }
 };
 
 // Returns where the first plain open tag and, independently of it, the first close tag of that name begin.

@@ -2,6 +2,7 @@
 
 #include <regex>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace {

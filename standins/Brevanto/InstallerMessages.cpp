@@ -10,7 +10,7 @@ namespace {
 // The first field of a progress message says what the others mean.
 constexpr int phaseBegins = 0;
 constexpr int actionBegins = 1;
-constexpr int ticks = 2;
+constexpr int ticksPassed = 2;
 constexpr int phaseGrows = 3;
 
 }  // namespace
@@ -24,7 +24,7 @@ void ApplyProgress(const std::vector<int>& fields, ProgressMeter& meter) {
         case actionBegins:
             meter.SetTicksPerData(field(2) == 1 ? field(1) : 0);
             break;
-        case ticks:
+        case ticksPassed:
             meter.AddTicks(field(1));
             break;
         case phaseGrows:

@@ -29,12 +29,12 @@ TEST(MSI_APPTest, MatchesNoFilterWithAnUnknownName) {
     EXPECT_FALSE(MSI_APP().Matches(L"<ISOPTIONAL>false</ISOPTIONAL><OTHER>1</OTHER>"));
 }
 
-struct FlagCase {
+struct RecordFlagCase {
     std::wstring name;
     bool MSI_APP::*flag;
 };
 
-class FlagFilterTest : public testing::TestWithParam<FlagCase> {};
+class FlagFilterTest : public testing::TestWithParam<RecordFlagCase> {};
 
 TEST_P(FlagFilterTest, AsksForTheFlagByExactlyTrue) {
     MSI_APP with;
@@ -53,9 +53,9 @@ TEST_P(FlagFilterTest, AsksForTheFlagByExactlyTrue) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Flags, FlagFilterTest,
-                         testing::Values(FlagCase{L"ISOPTIONAL", &MSI_APP::isOptional},
-                                         FlagCase{L"ISINSTALLED", &MSI_APP::isInstalled},
-                                         FlagCase{L"ISSELECTED", &MSI_APP::isSelected}));
+                         testing::Values(RecordFlagCase{L"ISOPTIONAL", &MSI_APP::isOptional},
+                                         RecordFlagCase{L"ISINSTALLED", &MSI_APP::isInstalled},
+                                         RecordFlagCase{L"ISSELECTED", &MSI_APP::isSelected}));
 
 TEST(MSI_APPTest, MatchesOnlyWhenEveryConditionHolds) {
     MSI_APP app;

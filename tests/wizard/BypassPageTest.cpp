@@ -9,8 +9,6 @@ using testing::Not;
 namespace {
 
 constexpr ScriptedState upToDate{.installed = true, .upToDate = true};
-constexpr ScriptedState newer{.installed = true};
-constexpr ScriptedState older{.installed = true, .upgradable = true};
 
 class BypassPageTest : public PageTest {
 protected:

@@ -10,9 +10,7 @@ namespace {
 
 constexpr ScriptedState absent{};
 constexpr ScriptedState current{.installed = true, .upToDate = true};
-constexpr ScriptedState older{.installed = true, .upgradable = true};
 constexpr ScriptedState minor{.installed = true, .upgradable = true, .minorUpgrade = true};
-constexpr ScriptedState newer{.installed = true};
 
 constexpr wchar_t forcedText[] =
     L"This is a ForceReinstall required. Allowing component msi to handle reinstall.";

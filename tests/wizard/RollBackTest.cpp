@@ -7,8 +7,6 @@ using testing::ElementsAreArray;
 
 namespace {
 
-constexpr ScriptedState older{.installed = true, .upgradable = true};
-
 class RollBackTest : public ShownRunTest {
 protected:
     // Five packages, of which the one at that position fails.

@@ -37,6 +37,9 @@ struct ScriptedState {
     bool minorUpgrade = false;
 };
 
+inline constexpr ScriptedState older{.installed = true, .upgradable = true};
+inline constexpr ScriptedState newer{.installed = true};
+
 struct ScriptedPackage {
     std::wstring properties;
     std::uint32_t propertiesCode = 0;

@@ -16,24 +16,24 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-std::vector<std::wstring> commands;
-DWORD slept = 0;
+std::vector<std::wstring> unpackings;
+DWORD paused = 0;
 
-HINSTANCE WINAPI KeepCommand(HWND, LPCWSTR verb, LPCWSTR program, LPCWSTR parameters, LPCWSTR, INT) {
-    commands.push_back(std::wstring(verb) + L" " + program + L" " + parameters);
+HINSTANCE WINAPI KeepUnpacking(HWND, LPCWSTR verb, LPCWSTR program, LPCWSTR parameters, LPCWSTR, INT) {
+    unpackings.push_back(std::wstring(verb) + L" " + program + L" " + parameters);
     return reinterpret_cast<HINSTANCE>(INT_PTR{42});
 }
 
-void WINAPI KeepSleep(DWORD milliseconds) {
-    slept += milliseconds;
+void WINAPI KeepPause(DWORD milliseconds) {
+    paused += milliseconds;
 }
 
 // The unpacking is not run; what it would have left lies in the temporary folder.
 class ConfigExePathsTest : public SettingsTest {
 protected:
     ConfigExePathsTest() {
-        commands.clear();
-        slept = 0;
+        unpackings.clear();
+        paused = 0;
         fs::remove_all(Kit());
         Settings().SetString(Tag::OEM, L"Maker");
         Settings().SetDevices({L"<CONFIG_EXE_PATH>Ardentis</CONFIG_EXE_PATH>"});
@@ -43,8 +43,8 @@ protected:
     static std::wstring Kit() { return GetTemporaryFolder() + L"ArdentisKit"; }
     static std::wstring Tools() { return Kit() + L"\\Maker\\ArdentisKit\\"; }
     static void Resolve() {
-        const PatchedImport shell("ShellExecuteW", &KeepCommand);
-        const PatchedImport sleep("Sleep", &KeepSleep);
+        const PatchedImport shell("ShellExecuteW", &KeepUnpacking);
+        const PatchedImport sleep("Sleep", &KeepPause);
         ResolveConfigExePaths(Settings(), AppCatalogue::GetInstance());
     }
     static std::wstring Unpacking(const std::wstring& package) {
@@ -59,24 +59,24 @@ TEST_F(ConfigExePathsTest, UnpackTheLastPackageThatHoldsTheName) {
     WriteBytes(Tools() + L"Other.exe");
     Resolve();
     const std::wstring package = GetExeDirectory() + L"\\..\\MakerArdentis.msi";
-    ASSERT_EQ(commands.size(), 2U);
-    EXPECT_EQ(commands[0], Unpacking(package) + L"ArdentisKit");
-    EXPECT_EQ(slept, 5000U);
+    ASSERT_EQ(unpackings.size(), 2U);
+    EXPECT_EQ(unpackings[0], Unpacking(package) + L"ArdentisKit");
+    EXPECT_EQ(paused, 5000U);
     EXPECT_THAT(Settings().GetDevices(),
                 ElementsAre(L"<CONFIG_EXE_PATH>" + Tools() + L"TheArdentis.exe</CONFIG_EXE_PATH>"));
 }
 
 TEST_F(ConfigExePathsTest, HandTheFolderOverWhereNoPackageFits) {
     Resolve();
-    ASSERT_FALSE(commands.empty());
-    EXPECT_EQ(commands[0], Unpacking(GetExeDirectory() + L"\\..\\") + L"ArdentisKit");
+    ASSERT_FALSE(unpackings.empty());
+    EXPECT_EQ(unpackings[0], Unpacking(GetExeDirectory() + L"\\..\\") + L"ArdentisKit");
     EXPECT_THAT(Settings().GetDevices(), ElementsAre(L"<CONFIG_EXE_PATH></CONFIG_EXE_PATH>"));
 }
 
 TEST_F(ConfigExePathsTest, LeaveADeviceWithoutAToolAlone) {
     Settings().SetDevices({L"<DRIVER_ID>PS</DRIVER_ID>"});
     Resolve();
-    EXPECT_TRUE(commands.empty());
+    EXPECT_TRUE(unpackings.empty());
     EXPECT_THAT(Settings().GetDevices(), ElementsAre(L"<DRIVER_ID>PS</DRIVER_ID>"));
 }
 
