@@ -19,6 +19,7 @@ HWND PageTest::StartOn(int control) {
 }
 
 bool PageTest::IsEnabled(int control) const {
+    wizard.Settle();
     const HWND window = wizard.FindControl(control);
     return window != nullptr && IsWindowEnabled(window);
 }

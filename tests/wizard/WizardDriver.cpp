@@ -187,7 +187,14 @@ HWND WizardDriver::WaitForControl(int id) const {
         return control != nullptr || !IsRunning();
     });
     EXPECT_NE(control, nullptr) << "no page shows the control " << id;
+    Settle();
     return control;
+}
+
+// The window's thread answers a message of another process only between two of its own.
+void WizardDriver::Settle() const {
+    const auto limit = static_cast<UINT>(std::chrono::milliseconds(patience).count());
+    SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, limit, nullptr);
 }
 
 void WizardDriver::Press(int id) const {

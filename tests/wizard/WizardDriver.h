@@ -47,6 +47,8 @@ public:
     // The control of that id on the page that is shown, or null.
     HWND FindControl(int id) const;
     HWND WaitForControl(int id) const;
+    // Waits until the wizard has done what it was at, so that no half of it is seen.
+    void Settle() const;
     // Clicks the control of that id as soon as the page shows it enabled.
     void Press(int id) const;
     // Presses a key, given as its virtual code, in the control that has the focus.

@@ -155,7 +155,7 @@ protected:
 TEST_P(ReopenedDialogsTest, LeaveNothingBehind) {
     // What the process keeps from the first ones on is not theirs.
     OpenAndClose(3);
-    EXPECT_TRUE(LeavesNothingBehind([this] { OpenAndClose(100); }));
+    EXPECT_TRUE(LeavesNothingBehind([this] { OpenAndClose(10); }));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ReopenedDialogsTest, testing::ValuesIn(dialogs),
