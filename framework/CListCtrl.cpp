@@ -49,19 +49,25 @@ void CListCtrl::SetItemText(int row, int column, std::wstring text) {
 }
 
 std::wstring CListCtrl::GetItemText(int row, int column) const {
-    constexpr std::size_t firstRoom = 128;
-    std::wstring text;
-    // A cell that fills its room may have been cut off.
-    for (std::size_t room = firstRoom, length = room; length + 1 >= room; room *= 2) {
-        text.assign(room, L'\0');
-        LVITEMW item{};
-        item.iSubItem = column;
-        item.pszText = text.data();
-        item.cchTextMax = static_cast<int>(room);
-        length = static_cast<std::size_t>(
-            SendMessage(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
-        text.resize(std::min(length, room));
+    std::size_t room = 128;
+    std::wstring text = ReadCell(row, column, room);
+    // A text that fills its room may have been cut off.
+    while (text.size() + 1 >= room) {
+        room *= 2;
+        text = ReadCell(row, column, room);
     }
+    return text;
+}
+
+std::wstring CListCtrl::ReadCell(int row, int column, std::size_t room) const {
+    std::wstring text(room, L'\0');
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(room);
+    const auto length = static_cast<std::size_t>(
+        SendMessage(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
+    text.resize(std::min(length, room));
     return text;
 }
 

@@ -29,4 +29,8 @@ public:
     int SelectedRow() const;
     // Selects the row and puts the focus of the list on it. A row that there is not changes nothing.
     void SelectRow(int row);
+
+private:
+    // The text of a cell, cut to that many characters with the terminator.
+    std::wstring ReadCell(int row, int column, std::size_t room) const;
 };
