@@ -1,6 +1,7 @@
 #include "catalogue/PackageReader.h"
 
-#include <algorithm>
+#include <list>
+#include <set>
 #include <vector>
 
 #include "CommonLib/Files.h"
@@ -13,13 +14,28 @@
 
 namespace {
 
-// Reads one package after the other, a package's dependents inside it.
+// Reads one package with all that it takes along.
 class Reader {
 public:
     Reader(IMsiInterface& gateway, const Localizer& texts)
         : msi(gateway), localizer(texts), language(texts.GetString(TextKey::LANGUAGE_ID)) {}
 
     MSI_APP Read(const std::wstring& path) {
+        MSI_APP root = ReadPackage(path);
+        lines.push_back({.record = &root, .parent = nullptr});
+        // A list keeps its elements in place while it grows.
+        for (const Line& line : lines) ReadDependents(line);
+        return root;
+    }
+
+private:
+    // A record whose dependents are to be read, and the one that takes it along.
+    struct Line {
+        MSI_APP* record;
+        const Line* parent;
+    };
+
+    MSI_APP ReadPackage(const std::wstring& path) {
         MSI_APP record;
         record.msiPath = path;
         ReadTexts(record);
@@ -31,13 +47,10 @@ public:
         record.supportedOs = TextOf(path, Property::SUPPORTEDOS);
         record.streamDisplayName = TextOf(path, Property::STREAMDISPLAYNAME);
         record.usesDiscovery = EqualsIgnoringCase(TextOf(path, Property::DISCOVERY), L"YES");
-        const std::wstring dependentFiles = TextOf(path, Property::DEPENDENTAPPS);
-        if (!dependentFiles.empty()) ReadDependents(dependentFiles, record);
         record.forceReinstall = EqualsIgnoringCase(TextOf(path, Property::FORCEREINSTALL), L"TRUE");
         return record;
     }
 
-private:
     std::wstring TextOf(const std::wstring& path, const wchar_t* name) {
         std::wstring value;
         ReadProperty(msi, path, language, name, value);
@@ -57,26 +70,35 @@ private:
         record.driverName = TextOf(path, Property::DRIVERNAME);
     }
 
-    void ReadDependents(const std::wstring& fileNames, MSI_APP& record) {
+    // Of packages that name each other, each is read for every one that names it, and its own dependents the
+    // first time only. A longer way to them changes nothing: only the dependents of the root run.
+    void ReadDependents(const Line& line) {
+        MSI_APP& record = *line.record;
+        if (!expanded.insert(record.msiPath).second) return;
+        const std::wstring fileNames = TextOf(record.msiPath, Property::DEPENDENTAPPS);
+        if (fileNames.empty()) return;
+        std::vector<std::wstring> names;
+        for (const std::wstring& path : FindDependents(fileNames)) {
+            if (IsOwnParent(path, &line)) continue;
+            record.dependents.push_back(ReadPackage(path));
+            names.push_back(record.dependents.back().productName);
+        }
+        record.dependentNames = JoinDependentNames(names, localizer.GetString(TextKey::LBL_LOCALIZED_AND));
+        for (MSI_APP& dependent : record.dependents) lines.push_back({.record = &dependent, .parent = &line});
+    }
+
+    static std::vector<std::wstring> FindDependents(const std::wstring& fileNames) {
         std::vector<std::wstring> paths;
         const std::wstring root = GetExeDirectory() + L"\\..\\..\\Dependents\\";
         FindFiles(root + L"x86_x64\\", paths, L"msi", fileNames);
         FindFiles(root + L"x64\\", paths, L"msi", fileNames);
-
-        std::vector<std::wstring> names;
-        parents.push_back(record.msiPath);
-        for (const std::wstring& path : paths) {
-            if (IsOwnParent(path)) continue;
-            record.dependents.push_back(Read(path));
-            names.push_back(record.dependents.back().productName);
-        }
-        parents.pop_back();
-        record.dependentNames = JoinDependentNames(names, localizer.GetString(TextKey::LBL_LOCALIZED_AND));
+        return paths;
     }
 
     // A package that depends on itself, over whatever way, would be read for ever.
-    bool IsOwnParent(const std::wstring& path) const {
-        if (std::ranges::find(parents, path) == parents.end()) return false;
+    static bool IsOwnParent(const std::wstring& path, const Line* line) {
+        while (line != nullptr && line->record->msiPath != path) line = line->parent;
+        if (line == nullptr) return false;
         LogBasic(L"A package depends on itself and is left out as its own dependent: " + path,
                  LogLevel::Error);
         return true;
@@ -85,7 +107,9 @@ private:
     IMsiInterface& msi;
     const Localizer& localizer;
     std::wstring language;
-    std::vector<std::wstring> parents;
+    // The nearest to the root first.
+    std::list<Line> lines;
+    std::set<std::wstring> expanded;
 };
 
 }  // namespace

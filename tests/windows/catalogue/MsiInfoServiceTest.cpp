@@ -202,6 +202,23 @@ TEST_F(MsiInfoServiceTest, EndsWithPackagesThatDependOnEachOther) {
     EXPECT_THAT(Application(L"a").dependents.at(0).dependents.at(0).dependents, IsEmpty());
 }
 
+TEST_F(MsiInfoServiceTest, ReadsPackagesThatAllNameEachOtherOncePerParent) {
+    constexpr std::size_t count = 8;
+    std::wstring all;
+    for (std::size_t number = 1; number <= count; ++number) all += std::to_wstring(number) + L".msi ";
+    AddPackage(L"Applications", L"a.msi").properties[L"DEPENDENTAPPS"] = all;
+    for (std::size_t number = 1; number <= count; ++number) {
+        const std::wstring name = std::to_wstring(number) + L".msi";
+        std::wstring others = all;
+        others.erase(others.find(name), name.size());
+        AddPackage(L"Dependents\\x64", name).properties[L"DEPENDENTAPPS"] = others;
+    }
+    BuildCatalogues();
+    EXPECT_EQ(Application(L"a").dependents.size(), count);
+    EXPECT_EQ(msi.StateQuestions(), 1 + count + count * (count - 1));
+    EXPECT_THAT(BasicLog(), IsEmpty());
+}
+
 TEST_F(MsiInfoServiceTest, BuildsAnewWithoutDoublingAnything) {
     AddPackage(L"Applications", L"a.msi");
     AddDriver(L"d.msi", L"MSIINFO");

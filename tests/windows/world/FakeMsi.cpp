@@ -61,6 +61,10 @@ std::uint32_t FakeMsi::GetPropertyValue(std::wstring packagePath, std::wstring p
 }
 
 bool FakeMsi::IsAppInstalled(std::wstring packagePath, bool& upToDate, bool& upgradable, bool& minorUpgrade) {
+    {
+        const std::lock_guard guard(lock);
+        ++stateQuestions;
+    }
     const FakePackage* const package = Find(packagePath);
     if (package == nullptr) return false;
     upToDate = package->upToDate;
@@ -83,4 +87,9 @@ std::wstring FakeMsi::CommandOf(const std::wstring& name) const {
 std::vector<std::wstring> FakeMsi::Languages() const {
     const std::lock_guard guard(lock);
     return languages;
+}
+
+std::size_t FakeMsi::StateQuestions() const {
+    const std::lock_guard guard(lock);
+    return stateQuestions;
 }

@@ -38,6 +38,8 @@ public:
     std::vector<std::wstring> Calls() const;
     // The command document with which the package was installed last.
     std::wstring CommandOf(const std::wstring& name) const;
+    // How often a package was asked for its state.
+    std::size_t StateQuestions() const;
     // The languages in which properties were asked for.
     std::vector<std::wstring> Languages() const;
 
@@ -52,4 +54,5 @@ private:
     std::vector<std::wstring> calls;
     std::map<std::wstring, std::wstring> commands;
     std::vector<std::wstring> languages;
+    std::size_t stateQuestions = 0;
 };
