@@ -32,6 +32,8 @@ using IsAppInstalledFunction = std::uint8_t (*)(const wchar_t* path, std::uint32
                                                 std::uint8_t* minorUpgrade, const wchar_t* language);
 
 constexpr std::uint32_t firstCapacity = 2048;
+// In characters: far more than the properties of any package.
+constexpr std::uint32_t largestDocument = 1u << 26;
 
 std::uint32_t Length(const std::wstring& text) {
     return static_cast<std::uint32_t>(text.size());
@@ -130,7 +132,12 @@ std::uint32_t MsiInterface::FetchDocument(const std::wstring& packagePath, const
         return getProperties(packagePath.c_str(), language.c_str(), buffer.data(), Length(buffer), &needed);
     };
     std::uint32_t code = ask();
-    if (code == MsiCode::BufferTooSmall) {
+    if (code == MsiCode::BufferTooSmall && needed > largestDocument) {
+        LogBasic(L"Brevanto.dll asks for a document of " + std::to_wstring(needed) + L" characters for " +
+                     packagePath,
+                 LogLevel::Error);
+        needed = 0;
+    } else if (code == MsiCode::BufferTooSmall) {
         buffer.assign(static_cast<std::size_t>(needed) + 1, L'\0');
         code = ask();
     }

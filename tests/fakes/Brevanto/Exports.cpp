@@ -67,6 +67,10 @@ std::uint32_t MsiGetProperties(const wchar_t* packagePath, const wchar_t* langua
         *neededLength = 0;
         return packageOpenFailed;
     }
+    if (package->propertiesLength) {
+        *neededLength = *package->propertiesLength;
+        return bufferTooSmall;
+    }
     const std::wstring& document = package->properties;
     *neededLength = static_cast<std::uint32_t>(document.size());
     // The terminator wants room too, and a buffer that is too small stays untouched.

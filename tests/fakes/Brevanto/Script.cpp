@@ -27,6 +27,8 @@ void TakeLine(const Fields& fields, ScriptedPackage& package) {
         package.properties = fields.at(1);
     } else if (verb == L"propertiesCode") {
         package.propertiesCode = Number(fields.at(1));
+    } else if (verb == L"propertiesLength") {
+        package.propertiesLength = Number(fields.at(1));
     } else if (verb == L"state") {
         package.states.push_back({.installed = fields.at(1) == L"1",
                                   .upToDate = fields.at(2) == L"1",

@@ -3,6 +3,7 @@
 //   package FILE             what follows speaks of the package of that file name
 //   properties DOCUMENT      its property document
 //   propertiesCode CODE      what the reading returns; the document is delivered all the same
+//   propertiesLength COUNT    the length that the reading asks for whatever room it is offered
 //   state I U G M            one answer to the question whether it is installed: installed, up to date,
 //                            upgradable, minor upgrade, each 0 or 1; the last answer stands for all later
 //                            ones
@@ -16,6 +17,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,6 +45,7 @@ inline constexpr ScriptedState newer{.installed = true};
 struct ScriptedPackage {
     std::wstring properties;
     std::uint32_t propertiesCode = 0;
+    std::optional<std::uint32_t> propertiesLength;
     std::vector<ScriptedState> states;
     ScriptedCall install;
     ScriptedCall uninstall;
