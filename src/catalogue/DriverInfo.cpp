@@ -155,6 +155,17 @@ void DriverInfo::SelectDriver(const std::wstring& driverId, bool selected) {
     for (MSI_APP* record : named->second) record->isSelected = selected;
 }
 
+void DriverInfo::SelectOnlyPrinterDriver(const std::wstring& driverId) {
+    const std::lock_guard guard(lock);
+    const auto isPicked = [&](const MSI_APP& record) {
+        return record.isPrinterDriver && record.driverId == driverId;
+    };
+    if (std::ranges::none_of(driverInfoList, isPicked)) return;
+    for (MSI_APP& record : driverInfoList) {
+        if (record.isPrinterDriver) record.isSelected = isPicked(record);
+    }
+}
+
 void DriverInfo::RecordOutcome(const MSI_APP& outcome) {
     const std::lock_guard guard(lock);
     const auto known = byPath.find(outcome.msiPath);

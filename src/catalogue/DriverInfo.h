@@ -36,6 +36,9 @@ public:
 
     // Selects every record with that identifier, or takes the selection back.
     void SelectDriver(const std::wstring& driverId, bool selected = true);
+    // Selects the printer drivers with that identifier and takes the selection of all others back. Changes
+    // nothing if there is no printer driver of that identifier.
+    void SelectOnlyPrinterDriver(const std::wstring& driverId);
     // Notes in the record of that package whether this run has installed it, and its status.
     void RecordOutcome(const MSI_APP& outcome);
 

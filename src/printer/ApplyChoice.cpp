@@ -48,6 +48,7 @@ void ApplyChoice(const PrinterChoice& choice, const ChoiceTargets& targets) {
     for (const auto& [tag, value] : choice.tags) targets.settings.SetString(TextTag(tag), value);
     ApplyToDevices(choice, targets);
     targets.applications.Update([&](MSI_APP& record) { ChangeParts(record, choice.parts); });
+    if (choice.onlyPrinterDriver) targets.drivers.SelectOnlyPrinterDriver(*choice.onlyPrinterDriver);
     for (const auto& [id, selected] : choice.drivers) targets.drivers.SelectDriver(id, selected);
     for (const std::wstring& record : choice.records) LogBasic(record);
     if (choice.links != LinkSource::None) BuildLinks(choice.links, targets);
@@ -57,6 +58,7 @@ ChoiceInputs MakeChoiceInputs(const InstallSettings& settings, const DriverInfo&
                               const std::wstring& driverId) {
     return {.fromConfig = settings.GetBool(Tag::INSTALL_FROM_CONFIG),
             .isAmazon = settings.IsAmazonSupported(),
+            .pickedDriverOnly = settings.GetBool(Tag::INSTALL_PICKED_DRIVER_ONLY),
             .driverId = driverId,
             .driverPath = drivers.GetDriverPath(driverId)};
 }

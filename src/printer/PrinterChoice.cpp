@@ -40,6 +40,14 @@ void TakeDeviceForDevices(PrinterChoice& choice, const ChosenDevice& device) {
                          {Tag::PRINTER_MODEL_NAME, device.model}};
 }
 
+// Without a pick there is nothing to hold the others against, and a predefined configuration has its own.
+void PickDriver(PrinterChoice& choice, const ChoiceInputs& inputs) {
+    choice.drivers.push_back({inputs.driverId});
+    if (inputs.pickedDriverOnly && !inputs.fromConfig && !inputs.driverId.empty()) {
+        choice.onlyPrinterDriver = inputs.driverId;
+    }
+}
+
 // A multi-function device brings the scan driver with it, and the offer of the fax and scan applications or,
 // in the second variant, the fax applications themselves.
 void TakePartsOfDevice(PrinterChoice& choice, const ChosenDevice& device, bool isAmazon) {
@@ -63,7 +71,7 @@ PrinterChoice ChooseDevice(const std::optional<ChosenDevice>& device, const Choi
     if (device && inputs.fromConfig) TakeDeviceForDevices(choice, *device);
     if (device && !inputs.fromConfig) TakePartsOfDevice(choice, *device, inputs.isAmazon);
     if (!inputs.fromConfig) {
-        choice.drivers.push_back({inputs.driverId});
+        PickDriver(choice, inputs);
         choice.records.push_back(L"Selected driver: " + inputs.driverPath);
         choice.tags.push_back({Tag::SELECTED_DRIVER, inputs.driverPath});
     }
@@ -84,7 +92,7 @@ PrinterChoice ChoosePort(const ChosenPort& port, const ChoiceInputs& inputs) {
         if (port.host) choice.deviceTags.push_back({Tag::HOST_NAME, *port.host});
         AddTags(choice.deviceTags, {{Tag::ADD_PORT, FlagText(port.add)}, {Tag::PORT_TYPE, port.type}});
     } else {
-        choice.drivers.push_back({inputs.driverId});
+        PickDriver(choice, inputs);
         AddTags(choice.tags, {{Tag::SELECTED_DRIVER, inputs.driverPath}, {Tag::SET_DEFAULT, FlagText(true)}});
         choice.parts.faxOptional = true;
     }
@@ -111,7 +119,8 @@ PrinterChoice ChooseUsb(const ChoiceInputs& inputs) {
         choice.parts.printerOptional = false;
     }
     choice.parts.faxSelected = true;
-    choice.drivers = {{DriverId::SCAN}, {inputs.driverId}};
+    choice.drivers = {{DriverId::SCAN}};
+    PickDriver(choice, inputs);
     choice.records = {L"Selected Port Type: USB"};
     return choice;
 }

@@ -52,6 +52,8 @@ struct PrinterChoice {
     std::optional<std::wstring> detectedName;
     std::vector<TagValue> deviceTags;
     PartsChange parts;
+    // Identifier of the one printer driver that is to be selected; scan and fax drivers stay as they are.
+    std::optional<std::wstring> onlyPrinterDriver;
     std::vector<DriverChange> drivers;
     std::vector<std::wstring> records;  // for the basic log
     LinkSource links = LinkSource::None;
@@ -63,8 +65,9 @@ struct PrinterChoice {
 struct ChoiceInputs {
     bool fromConfig = false;  // a predefined configuration names the printers
     bool isAmazon = false;
-    std::wstring driverId;    // picked on the page
-    std::wstring driverPath;  // of its package
+    bool pickedDriverOnly = false;  // the other printer drivers stay away
+    std::wstring driverId;          // picked on the page
+    std::wstring driverPath;        // of its package
 };
 
 // A device of the network as its row and its record describe it.

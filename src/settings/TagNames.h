@@ -43,6 +43,7 @@ inline constexpr TextTag WEBDRIVERVER(L"WEBDRIVERVER");
 inline constexpr TextTag WIN8_DRVTYPES(L"WIN8_DRVTYPES");
 inline constexpr TextTag WINXP_DRVTYPES(L"WINXP_DRVTYPES");
 inline constexpr StrictFlagTag AMAZON_SUPPORTED(L"AMAZON_SUPPORTED", L"TRUE");
+inline constexpr FlagTag INSTALL_PICKED_DRIVER_ONLY(L"INSTALL_PICKED_DRIVER_ONLY");
 inline constexpr StrictFlagTag USB_SUPPORTED(L"USB_SUPPORTED", L"1");
 // The default drivers; on Windows 8 and later their tags begin with "WIN8_".
 inline constexpr TextTag NO_COMM_DEFAULT(L"NO_COMM_DEFAULT");

@@ -70,6 +70,32 @@ TEST(ChooseDeviceTest, WithoutARowSetsNoPort) {
     EXPECT_EQ(choice.parts, PartsChange{});
 }
 
+ChoiceInputs PickedOnly(ChoiceInputs given) {
+    given.pickedDriverOnly = true;
+    return given;
+}
+
+TEST(PickedDriverTest, IsTheOnlyPrinterDriverWhereThePackageSaysSo) {
+    const ChosenPort port{.name = L"LPT1:", .type = L"Local Port"};
+    EXPECT_EQ(ChooseDevice(device, PickedOnly(inputs)).onlyPrinterDriver, L"HVMONO");
+    EXPECT_EQ(ChoosePort(port, PickedOnly(inputs)).onlyPrinterDriver, L"HVMONO");
+    EXPECT_EQ(ChooseUsb(PickedOnly(inputs)).onlyPrinterDriver, L"HVMONO");
+    EXPECT_EQ(ChooseDevice(device, PickedOnly(amazon)).onlyPrinterDriver, L"HVMONO");
+}
+
+TEST(PickedDriverTest, LeavesTheOthersAloneWithoutThat) {
+    const ChosenPort port{.name = L"LPT1:", .type = L"Local Port"};
+    EXPECT_EQ(ChooseDevice(device, inputs).onlyPrinterDriver, std::nullopt);
+    EXPECT_EQ(ChoosePort(port, inputs).onlyPrinterDriver, std::nullopt);
+    EXPECT_EQ(ChooseUsb(inputs).onlyPrinterDriver, std::nullopt);
+}
+
+TEST(PickedDriverTest, LeavesTheOthersAloneWhereNobodyPicks) {
+    EXPECT_EQ(ChooseDevice(device, PickedOnly(predefined)).onlyPrinterDriver, std::nullopt);
+    EXPECT_EQ(ChooseUsb(PickedOnly(predefined)).onlyPrinterDriver, std::nullopt);
+    EXPECT_EQ(ChooseUsb(PickedOnly({})).onlyPrinterDriver, std::nullopt);
+}
+
 TEST(ChoosePortTest, SetsAPortOfTheSystemWithoutAHost) {
     const ChosenPort port{.name = L"LPT1:", .type = L"Local Port"};
     EXPECT_THAT(ChoosePort(port, inputs).tags,

@@ -6,6 +6,7 @@
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using testing::UnorderedElementsAre;
 
 namespace {
 
@@ -83,6 +84,19 @@ TEST_F(ConnectivityPageTest, HandsTheUsbPortToTheDriver) {
     CloseOnFinishPage();
     EXPECT_THAT(CommandOf(L"X.msi"), HasSubstr(L"<PORT_TYPE>USB</PORT_TYPE>"));
     EXPECT_THAT(Installs(), ElementsAre(L"X.msi"));
+}
+
+TEST_F(ConnectivityPageTest, InstallsTheDefaultDriverAloneWhereThePackageSaysSo) {
+    UseSettings(
+        L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA><AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>"
+        L"<WIN8_DRVTYPES>X;Y;Z</WIN8_DRVTYPES><WIN8_NO_COMM_DEFAULT>Y</WIN8_NO_COMM_DEFAULT>"
+        L"<INSTALL_PICKED_DRIVER_ONLY>true</INSTALL_PICKED_DRIVER_ONLY>");
+    for (const wchar_t* const identifier : {L"X", L"Y", L"Z", L"SCAN", L"Fax"}) AddDriver(identifier);
+    StartOn(IDC_CONNECTIVITY_NETWORK);
+    wizard.Press(IDC_CONNECTIVITY_USB);
+    wizard.Press(IDOK);
+    CloseOnFinishPage();
+    EXPECT_THAT(Installs(), UnorderedElementsAre(L"Y.msi", L"SCAN.msi", L"Fax.msi"));
 }
 
 TEST_F(ConnectivityPageTest, AddsTheScannersDriverOnUsb) {

@@ -44,6 +44,21 @@ TEST_F(DiscoveryPageTest, InstallsTheDriverForThePrinterThatWasPicked) {
     EXPECT_EQ(FinalSetting(L"DIALOG_ADD_PORT"), L"false");
 }
 
+TEST_F(DiscoveryPageTest, InstallsThePickedDriverAloneWhereThePackageSaysSo) {
+    UseDiscovery(L"<INSTALL_PICKED_DRIVER_ONLY>true</INSTALL_PICKED_DRIVER_ONLY>");
+    AddDriver(L"MONO1");
+    AddDriver(L"COLOR1");
+    AddDriver(L"SCAN");
+    AddFourDevices();
+    Script({L"reply", L"10.0.0.2:color;10.0.0.4:mono;"});
+    StartWithRows(4);
+    SelectRow(1);
+    wizard.Press(IDOK);
+    CloseOnFinishPage();
+    EXPECT_THAT(Installs(), Contains(L"COLOR1.msi"));
+    EXPECT_THAT(Installs(), Not(Contains(L"MONO1.msi")));
+}
+
 TEST_F(DiscoveryPageTest, ProposesTheFourthRowWithItsDriver) {
     AddDriver(L"MONO1");
     AddDriver(L"COLOR1");

@@ -7,6 +7,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::UnorderedElementsAre;
 
 // The accepted types outlive a test, so each test has identifiers of its own.
 class DriverInfoTest : public CatalogueTest {};
@@ -106,6 +107,27 @@ TEST_F(DriverInfoTest, KnowsNothingOfAnUnknownIdentifier) {
     EXPECT_EQ(DriverRecords().GetDriverPath(L"unknown"), L"");
     EXPECT_EQ(DriverRecords().GetDriver(L"unknown").status, PackageStatus::NotRun);
     EXPECT_EQ(DriverRecords().GetDriver(L"unknown").msiPath, L"");
+}
+
+TEST_F(DriverInfoTest, SelectsOnePrinterDriverBesideScanAndFax) {
+    AddDriver(L"mono.msi", L"MONO");
+    AddDriver(L"color.msi", L"COLOR");
+    AddDriver(L"scan.msi", L"SCAN");
+    AddDriver(L"fax.msi", L"Fax");
+    BuildCatalogues();
+    const auto selected = [] {
+        std::vector<std::wstring> names;
+        for (const MSI_APP& driver : DriverRecords().GetDrivers()) {
+            if (driver.isSelected) names.push_back(driver.productName);
+        }
+        return names;
+    };
+    DriverRecords().SelectOnlyPrinterDriver(L"COLOR");
+    EXPECT_THAT(selected(), UnorderedElementsAre(L"color", L"scan", L"fax"));
+    DriverRecords().SelectOnlyPrinterDriver(L"MONO");
+    EXPECT_THAT(selected(), UnorderedElementsAre(L"mono", L"scan", L"fax"));
+    DriverRecords().SelectOnlyPrinterDriver(L"unknown");
+    EXPECT_THAT(selected(), UnorderedElementsAre(L"mono", L"scan", L"fax"));
 }
 
 TEST_F(DriverInfoTest, ReadsTheStateAndTheCommonProperties) {
