@@ -19,6 +19,7 @@
 #include "install/InstallMessages.h"
 #include "install/StatusDocument.h"
 #include "printer/SystemPorts.h"
+#include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
 #include "wizard/Controller.h"
@@ -177,10 +178,15 @@ void InstallService::RunRecord(MSI_APP& record) {
 }
 
 std::wstring InstallService::CommandDocumentFor(const MSI_APP& record, bool reinstall) {
-    return BuildCommandDocument({.printerInfo = printers.BuildPrinterInfo(record),
+    const std::wstring printerInfo = printers.BuildPrinterInfo(record);
+    // Of several predefined printers a driver goes by the one that it gets.
+    const bool hasOwnPrinter = settings.GetBool(Tag::INSTALL_FROM_CONFIG) && !record.driverId.empty();
+    return BuildCommandDocument({.printerInfo = printerInfo,
                                  .targetDir = targetDir,
                                  .language = language,
-                                 .friendlyName = settings.GetString(Tag::PRINTER_NAME),
+                                 .friendlyName = hasOwnPrinter
+                                                     ? TagDocument::ValueOf(printerInfo, Tag::PRINTER_NAME)
+                                                     : settings.GetString(Tag::PRINTER_NAME),
                                  .infocenterShortcut = settings.GetString(Tag::INFOCENTER_SHORTCUT),
                                  .infocenterLink = settings.GetString(Tag::EXACT_INFOCENTER_LINK),
                                  .reinstall = reinstall});

@@ -125,6 +125,14 @@ PrinterChoice ChooseUsb(const ChoiceInputs& inputs) {
     return choice;
 }
 
+// A package without predefined devices has its port in the settings.
 PrinterChoice ChooseAddress(const NetworkAddress& address) {
-    return {.tags = {{Tag::HIDE_DISCOVERY, FlagText(true)}}, .devicePort = address};
+    const std::wstring& portName = address.portName.empty() ? address.address : address.portName;
+    return {.tags = {{Tag::HIDE_DISCOVERY, FlagText(true)},
+                     {Tag::PORT_TYPE, std::wstring(networkPortType)},
+                     {Tag::HOST_NAME, address.address},
+                     {Tag::IPADDRESS, address.address},
+                     {Tag::PORT_NAME, portName},
+                     {Tag::ADD_PORT, FlagText(true)}},
+            .devicePort = address};
 }

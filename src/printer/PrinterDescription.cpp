@@ -1,5 +1,8 @@
 #include "printer/PrinterDescription.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "settings/DeviceDocument.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
@@ -60,13 +63,21 @@ std::wstring PrinterDescription::BuildPrinterInfo(const MSI_APP& driver) {
     std::wstring info;
     if (settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
         info = GetDevicesForDriver(driver.driverId);
-        const std::wstring address = settings.GetString(Tag::IPADDRESS);
-        if (!address.empty()) TagDocument::SetElement(info, Tag::IPADDRESS, address);
+        info += SharedAddressElement();
     } else {
         FillCurrentDevice(driver);
         info = TagDocument::MakeElement(Tag::DEVICE, currentDevice);
     }
     return TagDocument::MakeElement(Tag::PRINTER_INFO, info);
+}
+
+// An address that the settings hold beside the devices. What is found there may also be that of a device,
+// since their elements are part of the settings.
+std::wstring PrinterDescription::SharedAddressElement() const {
+    const std::wstring address = settings.GetString(Tag::IPADDRESS);
+    const std::vector<std::wstring> own = settings.GetDeviceValues(Tag::IPADDRESS);
+    if (address.empty() || std::ranges::find(own, address) != own.end()) return {};
+    return TagDocument::MakeElement(Tag::IPADDRESS, address);
 }
 
 // By design: what is not set here keeps the value of the driver before.

@@ -37,6 +37,7 @@ private:
     std::wstring GetModelName(bool fax) const;
     std::wstring GetDevicesForDriver(const std::wstring& driverId) const;
     std::wstring BuildDeviceElement(std::wstring device) const;
+    std::wstring SharedAddressElement() const;
     void FillCurrentDevice(const MSI_APP& driver);
     void CopyToCurrentDevice(std::initializer_list<TextTag> tags);
 

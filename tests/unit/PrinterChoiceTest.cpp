@@ -5,6 +5,7 @@
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -134,10 +135,19 @@ TEST(ChooseUsbTest, PutsTheDevicesOfAPredefinedConfigurationOnUsb) {
     EXPECT_THAT(ChooseUsb(predefined).deviceTags, ElementsAre(TagValue{Tag::PORT_TYPE, L"USB"}));
 }
 
-TEST(ChooseAddressTest, PutsTheDevicesOnTheAddressAndLeavesDiscoveryOut) {
+TEST(ChooseAddressTest, PutsSettingsAndDevicesOnTheAddressAndLeavesDiscoveryOut) {
     EXPECT_EQ(ChooseAddress({L"10.0.0.7", L"p"}),
-              (PrinterChoice{.tags = {{Tag::HIDE_DISCOVERY, L"true"}},
+              (PrinterChoice{.tags = {{Tag::HIDE_DISCOVERY, L"true"},
+                                      {Tag::PORT_TYPE, L"Standard TCP/IP Port"},
+                                      {Tag::HOST_NAME, L"10.0.0.7"},
+                                      {Tag::IPADDRESS, L"10.0.0.7"},
+                                      {Tag::PORT_NAME, L"p"},
+                                      {Tag::ADD_PORT, L"true"}},
                              .devicePort = NetworkAddress{L"10.0.0.7", L"p"}}));
+}
+
+TEST(ChooseAddressTest, NamesThePortAfterTheAddressWithoutAName) {
+    EXPECT_THAT(ChooseAddress({L"10.0.0.7", L""}).tags, Contains(TagValue{Tag::PORT_NAME, L"10.0.0.7"}));
 }
 
 // Which parts and drivers go with a printer differs from choice to choice.

@@ -185,6 +185,19 @@ TEST_F(PrinterDescriptionTest, PutsTheAddressBesideTheDevices) {
               L"<IPADDRESS>10.0.0.7</IPADDRESS></PRINTER_INFO>");
 }
 
+TEST_F(PrinterDescriptionTest, KeepsTheAddressOfEachDevice) {
+    settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
+    settings.SetString(Tag::IPADDRESS, L"10.0.0.1");
+    settings.SetDevices(
+        {L"<DRIVER_ID>PCL</DRIVER_ID><IPADDRESS>10.0.0.1</IPADDRESS>",
+         L"<DRIVER_ID>PS</DRIVER_ID><PORT_TYPE>USB</PORT_TYPE><IPADDRESS>10.0.0.2</IPADDRESS>",
+         L"<DRIVER_ID>PS</DRIVER_ID><PORT_TYPE>USB</PORT_TYPE>"});
+    EXPECT_EQ(printers.BuildPrinterInfo(PrinterDriver()),
+              L"<PRINTER_INFO><DEVICE><PORT_TYPE>USB</PORT_TYPE><IPADDRESS>10.0.0.2</IPADDRESS>"
+              L"<ADD_PORT>false</ADD_PORT></DEVICE>"
+              L"<DEVICE><PORT_TYPE>USB</PORT_TYPE><ADD_PORT>false</ADD_PORT></DEVICE></PRINTER_INFO>");
+}
+
 TEST_F(PrinterDescriptionTest, DescribesNothingForADriverWithoutADevice) {
     settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
     settings.SetDevices({L"<DRIVER_ID>PCL</DRIVER_ID>"});

@@ -122,6 +122,24 @@ TEST_F(CommandTest, GivesEachDriverItsPredefinedPrinters) {
                            L"</PRINTER_INFO>"));
 }
 
+TEST_F(CommandTest, NamesEachDriverByItsOwnPrinterAndItsOwnAddress) {
+    Configure({});
+    tree.SetUserSettings(
+        L"<DEVICE><DRIVER_ID>X</DRIVER_ID><PRINTER_NAME>Desk</PRINTER_NAME>"
+        L"<IPADDRESS>10.0.0.1</IPADDRESS></DEVICE>\r\n"
+        L"<DEVICE><DRIVER_ID>Y</DRIVER_ID><PRINTER_NAME>Studio</PRINTER_NAME>"
+        L"<IPADDRESS>10.0.0.2</IPADDRESS></DEVICE>\r\n");
+    AddDriver();
+    tree.Add({.path = L"Drivers\\x64\\y.msi",
+              .properties = L"<ProductName>Y</ProductName><DRIVERID>Y</DRIVERID>"});
+    Run();
+    EXPECT_THAT(CommandOf(L"x.msi"), EndsWith(Rest(L"Desk")));
+    EXPECT_THAT(CommandOf(L"y.msi"), EndsWith(Rest(L"Studio")));
+    EXPECT_THAT(CommandOf(L"x.msi"), HasSubstr(Element(L"IPADDRESS", L"10.0.0.1")));
+    EXPECT_THAT(CommandOf(L"y.msi"), HasSubstr(Element(L"IPADDRESS", L"10.0.0.2")));
+    EXPECT_THAT(CommandOf(L"y.msi"), testing::Not(HasSubstr(L"10.0.0.1")));
+}
+
 TEST_F(CommandTest, GivesAPackageWithoutPredefinedPrintersNone) {
     tree.SetUserSettings(L"<DEVICE><DRIVER_ID>Z</DRIVER_ID></DEVICE>");
     tree.Add({.path = L"Applications\\a.msi"});

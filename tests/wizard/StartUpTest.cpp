@@ -123,6 +123,17 @@ TEST_F(StartUpTest, TakesThePortBesideThePrinterFromTheCommandLine) {
     EXPECT_THAT(CommandOf(L"x.msi"), HasSubstr(L"<PORT_NAME>Lab</PORT_NAME>"));
 }
 
+TEST_F(StartUpTest, HandsThePrinterOfTheCommandLineToADriverWithoutPredefinedDevices) {
+    AddPrinterForTheCommandLine();
+    tree.RemoveFile(L"Setup\\PackageUserSettings.xml");
+    Run(L"-ip=10.0.0.5");
+    EXPECT_THAT(CommandOf(L"x.msi"),
+                HasSubstr(L"<PORT_NAME>10.0.0.5</PORT_NAME><HOST_NAME>10.0.0.5</HOST_NAME>"
+                          L"<PORT_TYPE>Standard TCP/IP Port</PORT_TYPE>"));
+    EXPECT_THAT(CommandOf(L"x.msi"), HasSubstr(L"<ADD_PORT>true</ADD_PORT>"));
+    EXPECT_THAT(CommandOf(L"x.msi"), HasSubstr(L"<IPADDRESS>10.0.0.5</IPADDRESS></DEVICE>"));
+}
+
 TEST_F(StartUpTest, LeavesThePrinterOfTheCommandLineOutWhenTheSettingsHideTheDiscovery) {
     AddPrinterForTheCommandLine();
     tree.SetSettings(std::wstring(Settings::silent) + L"<WIN8_DRVTYPES>X</WIN8_DRVTYPES>");
