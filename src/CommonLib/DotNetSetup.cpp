@@ -2,13 +2,24 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <string_view>
+
 #include "CommonLib/Logger.h"
 #include "CommonLib/ProcessStart.h"
 #include "CommonLib/ProcessWait.h"
+#include "CommonLib/SystemLibrary.h"
 #include "CommonLib/TextUtilities.h"
 #include "framework/Handles.h"
 
 namespace {
+
+constexpr std::wstring_view packageExtension = L".msi";
+
+bool HasExtension(std::wstring_view path, std::wstring_view extension) {
+    return path.size() >= extension.size() &&
+           EqualsIgnoringCase(path.substr(path.size() - extension.size()), extension);
+}
 
 DWORD WaitForExit(HANDLE process) {
     WaitForProcess(process, {WM_PAINT});
@@ -28,15 +39,21 @@ void WriteOutcome(DWORD exitCode) {
 
 }  // namespace
 
+bool IsSetupProgram(const std::wstring& path) {
+    return HasExtension(path, L".exe") || HasExtension(path, packageExtension);
+}
+
 std::uint32_t InstallDotNetRuntime(const std::wstring& setupPath) {
-    const std::wstring commandLine = L" /norestart ";
+    const bool isPackage = HasExtension(setupPath, packageExtension);
+    const std::wstring program = isPackage ? GetSystemFolder() + L"\\msiexec.exe" : setupPath;
+    const std::wstring commandLine =
+        isPackage ? L"msiexec.exe /i \"" + setupPath + L"\" /norestart" : L" /norestart ";
     Logger& logger = Logger::GetInstance();
     logger.WriteBasic(LogLevel::None, LogApplication::DotNetInstall, L"Installing .Net Framework");
     logger.WriteAdvanced(LogLevel::None, LogApplication::DotNetInstall, commandLine);
 
-    const KernelHandle process = StartProcess(setupPath.c_str(), commandLine, CREATE_NO_WINDOW);
-    if (!process) return 0;
-    const DWORD exitCode = WaitForExit(process.get());
+    const KernelHandle process = StartProcess(program.c_str(), commandLine, CREATE_NO_WINDOW);
+    const DWORD exitCode = process ? WaitForExit(process.get()) : std::max(GetLastError(), DWORD{1});
     WriteOutcome(exitCode);
     return exitCode;
 }

@@ -2,11 +2,16 @@
 
 #include <array>
 
-Library LoadSystemLibrary(const std::wstring& name) {
+std::wstring GetSystemFolder() {
     std::array<wchar_t, MAX_PATH> folder{};
     const UINT length = GetSystemDirectoryW(folder.data(), folder.size());
     if (length == 0 || length >= folder.size()) return {};
-    return Library(LoadLibraryW((std::wstring(folder.data(), length) + L"\\" + name).c_str()));
+    return {folder.data(), length};
+}
+
+Library LoadSystemLibrary(const std::wstring& name) {
+    const std::wstring folder = GetSystemFolder();
+    return folder.empty() ? Library() : Library(LoadLibraryW((folder + L"\\" + name).c_str()));
 }
 
 void RestrictLibrarySearch() {

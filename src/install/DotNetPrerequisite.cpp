@@ -22,6 +22,14 @@ bool IsFrameworkPresent() {
            IsDotNetInstalled(L"SOFTWARE\\Microsoft\\NET Framework Setup\\NDP\\v4\\Full") != 0;
 }
 
+// The first program of the package's folder, or empty: a text that lies beside it is none.
+std::wstring FindDotNetSetup() {
+    std::vector<std::wstring> files;
+    FindFiles(GetExeDirectory() + L"\\..\\..\\DotNet\\", files, L"");
+    const auto setup = std::ranges::find_if(files, &IsSetupProgram);
+    return setup == files.end() ? std::wstring() : *setup;
+}
+
 }  // namespace
 
 bool InstallService::NeedsDotNet(const std::vector<MSI_APP>& list) const {
@@ -41,12 +49,12 @@ std::uint32_t InstallService::InstallDotNet() {
             L"from https://dotnet.microsoft.com/download/dotnet-framework/net40 and try again.");
         return MsiCode::InstallFailure;
     }
-    std::vector<std::wstring> setups;
-    if (FindFiles(GetExeDirectory() + L"\\..\\..\\DotNet\\", setups, L"") == 0) {
+    const std::wstring setup = FindDotNetSetup();
+    if (setup.empty()) {
         ReportDotNetError(fileNotFound);
         return fileNotFound;
     }
-    return ReadDotNetResult(InstallDotNetRuntime(setups.front()));
+    return ReadDotNetResult(InstallDotNetRuntime(setup));
 }
 
 std::uint32_t InstallService::ReadDotNetResult(std::uint32_t code) {
@@ -76,12 +84,13 @@ std::uint32_t InstallService::ReadDotNetResult(std::uint32_t code) {
 }
 
 void InstallService::ReportDotNetError(std::uint32_t code) {
-    if (!ShowErrorDialog(page, settings, code)) return;
+    const bool stopsRun = ShowErrorDialog(page, settings, code);
+    if (!settings.GetBool(Tag::OPTIONAL_INSTALL)) settings.SetBool(Tag::DOTNET_FAILED, true);
+    if (!stopsRun) return;
     LogBasic(L"Unknown error code during .net installation", LogLevel::Error);
     // By design: two blanks.
     LogBasic(L"InstallService::InstallDotNet:  Unknown error code: " + ToDecimalString(code),
              LogLevel::Error);
-    settings.SetBool(Tag::DOTNET_FAILED, true);
     LogBasic(L"Cancelling installation");
     controller.Cancel(true);
 }

@@ -9,6 +9,17 @@ bool IsGoodRun(const RunOutcome& outcome) {
     return outcome.installStatus != InstallStatus::CANCELED && outcome.installStatus != InstallStatus::FAILED;
 }
 
+TextId OutcomeKey(const RunOutcome& outcome) {
+    if (outcome.installStatus == InstallStatus::CANCELED) return TextKey::INSTALL_CANCELED_TEXT;
+    if (outcome.installStatus == InstallStatus::FAILED) return TextKey::INSTALLATION_FAILED_TEXT;
+    if (outcome.usb && !outcome.amazonSupported) return TextKey::USB_FINAL_TEXT;
+    if (!outcome.usb && (outcome.optionalInstall || outcome.installFromConfig)) {
+        return TextKey::INSTALL_COMPLETE_TEXT;
+    }
+    return outcome.amazonSupported ? TextKey::AMAZON_INSTALL_COMPLETE_HEADER
+                                   : TextKey::DRIVER_INSTALL_COMPLETE_TEXT;
+}
+
 }  // namespace
 
 bool IsUsbFinish(const RunOutcome& outcome) {
@@ -16,19 +27,8 @@ bool IsUsbFinish(const RunOutcome& outcome) {
 }
 
 HeaderKeys FinishHeader(const RunOutcome& outcome) {
-    if (outcome.installStatus == InstallStatus::CANCELED) {
-        return {.first = TextKey::INSTALL_CANCELED_TEXT,
-                .second = outcome.dotNetFailed ? TextKey::REQUIRED_DEPENDENCY : TextId()};
-    }
-    if (outcome.installStatus == InstallStatus::FAILED) return {.first = TextKey::INSTALLATION_FAILED_TEXT};
-    if (outcome.usb) {
-        return {.first = outcome.amazonSupported ? TextKey::AMAZON_INSTALL_COMPLETE_HEADER
-                                                 : TextKey::USB_FINAL_TEXT};
-    }
-    if (outcome.optionalInstall || outcome.installFromConfig)
-        return {.first = TextKey::INSTALL_COMPLETE_TEXT};
-    return {.first = outcome.amazonSupported ? TextKey::AMAZON_INSTALL_COMPLETE_HEADER
-                                             : TextKey::DRIVER_INSTALL_COMPLETE_TEXT};
+    return {.first = OutcomeKey(outcome),
+            .second = outcome.dotNetFailed ? TextKey::REQUIRED_DEPENDENCY : TextId()};
 }
 
 // By design: shown for every package, also for those of the other kind than its key says.

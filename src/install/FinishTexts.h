@@ -17,7 +17,7 @@ struct RunOutcome {
     bool installFromConfig = false;
 };
 
-// The keys of the header; the second is empty where the header is one text.
+// The keys of the header. The second says that the framework is missing, and is empty where it is not.
 struct HeaderKeys {
     TextId first;
     TextId second;

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "ShownRunTest.h"
+#include "resources/resource.h"
 #include "tests/fakes/TextLines.h"
 
 using testing::ElementsAre;
@@ -153,7 +154,7 @@ TEST_F(DotNetTest, LetsTheRunGoOnBehindACodeThatStopsNothing) {
     tree.AddProbe(L"DotNet\\setup.exe", 1623);
     wizard.Start();
     EXPECT_EQ(wizard.Answer(IDOK).text, L"");
-    EXPECT_EQ(ReadFinishPage().status, StatusDocument({{L"Net", 0}}));
+    EXPECT_EQ(ReadFinishPage().status, StatusDocument({{L"Framework", 1}, {L"Net", 0}}));
     EXPECT_THAT(BasicLog(), Not(HasRecord(L"ERROR", L"Unknown error code during .net installation")));
 }
 
@@ -167,12 +168,23 @@ TEST_F(DotNetTest, StaysOnTheProgressPageWithoutAThreadWhenItsSetupReturns1603) 
     EXPECT_THAT(Installs(), IsEmpty());
 }
 
-// By design: what cannot be started counts as a success.
-TEST_F(DotNetTest, CountsASetupThatCannotBeStartedAsInstalled) {
+TEST_F(DotNetTest, CancelsTheRunWhenItsSetupCannotBeStarted) {
     std::filesystem::create_directories(tree.Root() / L"DotNet" / L"setup.exe");
-    EXPECT_EQ(RunShown().status, StatusDocument({{L"Framework", 0}, {L"Net", 0}}));
-    EXPECT_THAT(BasicLog(), HasRecord(L"", L".Net Installation Successful"));
-    EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L"Installing .Net Framework succeeded")));
+    wizard.Start();
+    EXPECT_EQ(wizard.Answer(IDOK).title, L"Error");
+    EXPECT_EQ(ReadFinishPage().status, StatusDocument({{L"Framework", 1}}));
+    EXPECT_THAT(Installs(), IsEmpty());
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"Installing .Net Framework failed"));
+    EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L".Net Installation Successful")));
+}
+
+TEST_F(DotNetTest, IsNamedOnTheFinishPageWhereItIsMissing) {
+    tree.SetText(L"REQUIRED_DEPENDENCY", L"The framework is missing.");
+    tree.SetText(L"INSTALLATION_FAILED_TEXT", L"Failed.");
+    tree.AddProbe(L"DotNet\\setup.exe", 1602);
+    wizard.Start();
+    EXPECT_EQ(WizardDriver::TextOf(wizard.WaitForControl(IDC_OUTCOME_TITLE)),
+              L"Failed.  The framework is missing.");
 }
 
 }  // namespace

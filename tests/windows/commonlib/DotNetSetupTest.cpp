@@ -48,9 +48,24 @@ TEST_F(DotNetSetupTest, CountsAWantedRestartAsFailedInTheLog) {
     EXPECT_THAT(AdvancedMessages(), testing::Contains(L"Installing .Net Framework exitCode = 3010"));
 }
 
-TEST_F(DotNetSetupTest, GivesZeroForAProgramThatCannotBeStarted) {
-    EXPECT_EQ(InstallDotNetRuntime(L"C:\\no such folder\\setup.exe"), 0U);
-    EXPECT_THAT(AdvancedMessages(), ElementsAre(L"Installing .Net Framework", L" /norestart "));
+TEST_F(DotNetSetupTest, CountsAProgramThatCannotBeStartedAsFailed) {
+    EXPECT_EQ(InstallDotNetRuntime(L"C:\\no such folder\\setup.exe"), ERROR_PATH_NOT_FOUND);
+    EXPECT_THAT(BasicMessages(),
+                ElementsAre(L"Installing .Net Framework", L"Installing .Net Framework failed"));
+}
+
+TEST_F(DotNetSetupTest, RunsAPackageByTheSystemsInstaller) {
+    EXPECT_NE(InstallDotNetRuntime(L"C:\\no such folder\\setup.msi"), 0U);
+    EXPECT_THAT(AdvancedMessages(),
+                testing::Contains(L"msiexec.exe /i \"C:\\no such folder\\setup.msi\" /norestart"));
+}
+
+TEST(SetupProgramTest, IsKnownByItsExtension) {
+    EXPECT_TRUE(IsSetupProgram(L"C:\\a.EXE"));
+    EXPECT_TRUE(IsSetupProgram(L"C:\\a.msi"));
+    EXPECT_FALSE(IsSetupProgram(L"C:\\a.exe.txt"));
+    EXPECT_FALSE(IsSetupProgram(L"C:\\readme"));
+    EXPECT_FALSE(IsSetupProgram(L"exe"));
 }
 
 // A window that leaves a file when it paints itself, and counts what else is posted to it.

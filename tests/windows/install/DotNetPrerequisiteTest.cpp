@@ -88,11 +88,29 @@ TEST_F(DotNetPrerequisiteTest, IsInstalledAndGetsTheFirstLine) {
     EXPECT_THAT(BasicLog(), Contains(Record(L"", L".Net Installation Successful")));
 }
 
-TEST_F(DotNetPrerequisiteTest, CountsAsInstalledWhereTheSetUpCannotBeStarted) {
+TEST_F(DotNetPrerequisiteTest, FailsWhereTheSetUpCannotBeStarted) {
     tree.Add(L"DotNet\\a.exe", "no program");
     EXPECT_EQ(Run(), 0U);
-    EXPECT_THAT(BasicLog(), Contains(Record(L"", L".Net Installation Successful")));
+    EXPECT_TRUE(Settings().GetBool(Tag::DOTNET_FAILED));
+    EXPECT_TRUE(HasStopped());
+    EXPECT_THAT(BasicLog(), Not(Contains(Record(L"", L".Net Installation Successful"))));
+    EXPECT_THAT(StatusLines(), ElementsAre(L"The framework=1", L"a=0"));
+}
+
+TEST_F(DotNetPrerequisiteTest, PassesOverWhatIsNoProgram) {
+    tree.Add(L"DotNet\\0 read me.txt", "text");
+    tree.Add(L"DotNet\\0.exe.txt", "text");
+    AddSetup(0);
+    EXPECT_EQ(Run(), 0U);
+    EXPECT_TRUE(HasSetUpRun());
     EXPECT_THAT(StatusLines(), ElementsAre(L"The framework=0", L"a=0"));
+}
+
+TEST_F(DotNetPrerequisiteTest, FailsWhereTheFolderHoldsNoProgram) {
+    tree.Add(L"DotNet\\read me.txt", "text");
+    EXPECT_EQ(Run(), 0U);
+    EXPECT_THAT(BasicLog(),
+                Contains(Record(L"ERROR", L"InstallService::InstallDotNet:  Unknown error code: 2")));
 }
 
 class DotNetRestartTest : public DotNetPrerequisiteTest, public testing::WithParamInterface<unsigned> {};

@@ -35,16 +35,15 @@ TEST_F(FinishDlgTest, NamesTheMissingDependencyOfACancelledRun) {
     EXPECT_EQ(Header(), L"Cancelled.  Missing.");
 }
 
-TEST_F(FinishDlgTest, NamesItInACancelledRunAlone) {
+TEST_F(FinishDlgTest, NamesItOnlyWhereItIsMissing) {
     Settings().SetBool(Tag::DOTNET_FAILED, false);
     EXPECT_EQ(Header(), L"Cancelled.");
 }
 
-// By design: the line of the prerequisite itself makes the run a failed one.
-TEST_F(FinishDlgTest, SaysThatTheRunFailedWhereTheDependencyHasALine) {
+TEST_F(FinishDlgTest, NamesItWhereItsLineMakesTheRunAFailedOne) {
     Settings().SetString(Tag::APP_INSTALLATION_STATUS,
                          L"<App 0><NAME>Framework</NAME><STATUS>1</STATUS></App 0>");
-    EXPECT_EQ(Header(), L"Failed.");
+    EXPECT_EQ(Header(), L"Failed.  Missing.");
     EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"FAILED");
 }
 
