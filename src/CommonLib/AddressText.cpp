@@ -1,6 +1,7 @@
 #include "CommonLib/AddressText.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "CommonLib/TextUtilities.h"
 
@@ -35,6 +36,69 @@ std::size_t CountPieces(std::wstring_view text, bool (*passes)(std::wstring_view
     }
 }
 
+constexpr std::size_t ipV6Size = 16;
+
+using Bytes = std::vector<std::uint8_t>;
+
+void AppendIpV4(std::wstring_view text, Bytes& bytes) {
+    for (const std::wstring& number : SplitClosed(std::wstring(text) + L'.', L'.')) {
+        bytes.push_back(static_cast<std::uint8_t>(LeadingInteger(number)));
+    }
+}
+
+std::optional<unsigned> HexadecimalDigit(wchar_t character) {
+    if (IsDigit(character)) return character - L'0';
+    if (character >= L'a' && character <= L'f') return character - L'a' + 10;
+    if (character >= L'A' && character <= L'F') return character - L'A' + 10;
+    return std::nullopt;
+}
+
+bool AppendGroup(std::wstring_view text, Bytes& bytes) {
+    constexpr std::size_t longestGroup = 4;
+    if (text.empty() || text.size() > longestGroup) return false;
+    unsigned group = 0;
+    for (const wchar_t character : text) {
+        const std::optional<unsigned> digit = HexadecimalDigit(character);
+        if (!digit) return false;
+        group = group * 16 + *digit;
+    }
+    bytes.push_back(static_cast<std::uint8_t>(group >> 8));
+    bytes.push_back(static_cast<std::uint8_t>(group & 0xFF));
+    return true;
+}
+
+// The groups between single colons, none in an empty text. At the end of the address the last one may be an
+// IPv4 address.
+std::optional<Bytes> ReadGroups(std::wstring_view text, bool isEnd) {
+    Bytes bytes;
+    for (bool more = !text.empty(); more && bytes.size() < ipV6Size;) {
+        const std::size_t colon = text.find(L':');
+        more = colon != std::wstring_view::npos;
+        if (!more && isEnd && IsValidIpV4Text(text)) {
+            AppendIpV4(text, bytes);
+        } else if (!AppendGroup(text.substr(0, colon), bytes)) {
+            return std::nullopt;
+        }
+        if (more) text.remove_prefix(colon + 1);
+        if (more && bytes.size() >= ipV6Size) return std::nullopt;
+    }
+    return bytes;
+}
+
+Bytes ReadIpV6(std::wstring_view text) {
+    const std::size_t gap = text.find(L"::");
+    const std::optional<Bytes> head = ReadGroups(text.substr(0, gap), gap == std::wstring_view::npos);
+    if (!head) return {};
+    if (gap == std::wstring_view::npos) return head->size() == ipV6Size ? *head : Bytes();
+    const std::optional<Bytes> tail = ReadGroups(text.substr(gap + 2), true);
+    // The gap stands for one group at least.
+    if (!tail || head->size() + tail->size() > ipV6Size - 2) return {};
+    Bytes bytes(*head);
+    bytes.resize(ipV6Size - tail->size());
+    bytes.insert(bytes.end(), tail->begin(), tail->end());
+    return bytes;
+}
+
 }  // namespace
 
 bool IsValidHostName(std::wstring_view text) {
@@ -44,4 +108,16 @@ bool IsValidHostName(std::wstring_view text) {
 bool IsValidIpV4Text(std::wstring_view text) {
     constexpr std::size_t numbers = 4;
     return CountPieces(text, IsByte) == numbers;
+}
+
+std::vector<std::uint8_t> AddressBytes(std::wstring_view text) {
+    Bytes bytes;
+    if (IsValidIpV4Text(text)) {
+        AppendIpV4(text, bytes);
+        return bytes;
+    }
+    const std::size_t percent = text.find(L'%');
+    // A zone that begins must not be empty.
+    if (percent != std::wstring_view::npos && percent + 1 == text.size()) return {};
+    return ReadIpV6(text.substr(0, percent));
 }

@@ -1,6 +1,9 @@
 #include "discovery/SearchCheck.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 #include "CommonLib/AddressText.h"
 #include "settings/TagDocument.h"
@@ -8,13 +11,48 @@
 
 namespace {
 
+// Ones that are followed by zeros alone.
+bool IsMask(const std::vector<std::uint8_t>& bytes) {
+    bool ended = false;
+    for (std::uint8_t byte : bytes) {
+        for (int bit = 0; bit < 8; ++bit, byte = static_cast<std::uint8_t>(byte << 1)) {
+            const bool isSet = (byte & 0x80) != 0;
+            if (isSet && ended) return false;
+            ended = !isSet;
+        }
+    }
+    return !bytes.empty() && bytes.front() != 0;
+}
+
+bool IsAddress(std::wstring_view text) {
+    return text.size() <= longestAddress && !AddressBytes(text).empty();
+}
+
+// The colon between address and mask. An IPv6 address has colons of its own: of the places where both halves
+// are addresses, the first at which the second half is a mask counts, and without one the first of all.
+std::size_t FindDivider(std::wstring_view subnet) {
+    std::size_t both = std::wstring_view::npos;
+    for (std::size_t colon = subnet.find(L':'); colon <= longestAddress;
+         colon = subnet.find(L':', colon + 1)) {
+        const std::wstring_view mask = subnet.substr(colon + 1);
+        if (!IsAddress(mask) || !IsAddress(subnet.substr(0, colon))) continue;
+        if (IsMask(AddressBytes(mask))) return colon;
+        both = std::min(both, colon);
+    }
+    if (both != std::wstring_view::npos) return both;
+    // What was confirmed past the check: an address with something else for a mask, or neither.
+    const std::size_t last = subnet.rfind(L':');
+    return IsAddress(subnet.substr(0, last)) ? last : subnet.find(L':');
+}
+
 // The mask ends with the character that closes the subnet, whatever it is.
 ShownSearch ReadSubnet(const std::wstring& subnet) {
-    const std::size_t colon = subnet.find(L':');
-    if (colon == std::wstring::npos) return {.kind = SearchKind::UnreadableSubnet};
-    std::wstring mask = subnet.substr(colon + 1);
-    if (!mask.empty()) mask.pop_back();
-    return {.kind = SearchKind::Subnet, .address = subnet.substr(0, colon), .mask = mask};
+    if (subnet.find(L':') == std::wstring::npos) return {.kind = SearchKind::UnreadableSubnet};
+    const bool endsInColon = subnet.find(L':') + 1 == subnet.size();
+    const std::wstring halves = endsInColon ? subnet : subnet.substr(0, subnet.size() - 1);
+    const std::size_t divider = FindDivider(halves);
+    return {
+        .kind = SearchKind::Subnet, .address = halves.substr(0, divider), .mask = halves.substr(divider + 1)};
 }
 
 }  // namespace
@@ -37,15 +75,18 @@ bool SearchCheck::IsAcceptedHost(const std::wstring& text) const {
     return (reading.isPossible() && reading.isAddress(text)) || IsValidHostName(text);
 }
 
-// A text that is cut off counts as good without a test.
-// By design: a text that was checked before is refused, valid or not, until it changes.
+// A text that is cut off counts as good without a test, as long as it stays as it is.
+// By design: any other text that was checked before is refused, valid or not, until it changes.
 FieldVerdict SearchCheck::CheckHost(const std::wstring& fieldText) {
     const std::wstring text = fieldText.substr(0, longestHost + 1);
     const bool isForced = std::exchange(forced, false);
     const bool isChanged = text != lastHost;
+    if (!text.empty() && text == cutHost) return {.accepted = true};
+    cutHost.clear();
     if (text.empty() || (!isChanged && !isForced)) return {};
     lastHost = text.substr(0, longestHost);
     if (text.size() > longestHost) {
+        cutHost = lastHost;
         return {.accepted = true, .complaint = TextKey::MSG_HOSTNAME_LIMIT, .cutTo = longestHost};
     }
     if (IsAcceptedHost(text)) return {.accepted = true};
@@ -58,10 +99,13 @@ FieldVerdict SearchCheck::CheckHost(const std::wstring& fieldText) {
 FieldVerdict SearchCheck::Check(AddressField& field, const std::wstring& fieldText) {
     forced = false;
     const std::wstring text = fieldText.substr(0, longestAddress + 2);
+    if (!text.empty() && text == field.cutText) return {.accepted = true};
+    field.cutText.clear();
     if (text.empty()) return {};
     const bool isChanged = text != field.lastText;
     if (isChanged && fieldText.size() > longestAddress) {
         field.lastText = text.substr(0, longestAddress);
+        field.cutText = field.lastText;
         return {.accepted = true, .complaint = field.limitText, .cutTo = longestAddress};
     }
     field.lastText = text;

@@ -65,6 +65,7 @@ private:
         TextId limitText;
         TextId invalidText;
         std::wstring lastText;
+        std::wstring cutText;
     };
 
     FieldVerdict Check(AddressField& field, const std::wstring& fieldText);
@@ -72,9 +73,15 @@ private:
 
     AddressReading reading;
     std::wstring lastHost;
-    AddressField addressField{
-        .limitText = TextKey::MSG_IP_LIMIT, .invalidText = TextKey::MSG_INVALID_IP, .lastText = {}};
-    AddressField maskField{
-        .limitText = TextKey::MSG_SUBNET_LIMIT, .invalidText = TextKey::MSG_INVALID_SUBNET, .lastText = {}};
+    // The text that was cut off, until the user changes it.
+    std::wstring cutHost;
+    AddressField addressField{.limitText = TextKey::MSG_IP_LIMIT,
+                              .invalidText = TextKey::MSG_INVALID_IP,
+                              .lastText = {},
+                              .cutText = {}};
+    AddressField maskField{.limitText = TextKey::MSG_SUBNET_LIMIT,
+                           .invalidText = TextKey::MSG_INVALID_SUBNET,
+                           .lastText = {},
+                           .cutText = {}};
     bool forced = false;
 };

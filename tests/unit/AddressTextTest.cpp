@@ -80,4 +80,37 @@ TEST(AddressSizeTest, JudgesAMegabyte) {
     EXPECT_FALSE(IsValidIpV4Text(std::wstring(1'000'000, L'1')));
 }
 
+struct BytesCase {
+    std::wstring text;
+    std::vector<std::uint8_t> bytes;
+};
+
+class AddressBytesTest : public testing::TestWithParam<BytesCase> {};
+
+TEST_P(AddressBytesTest, AreThoseOfTheAddress) {
+    EXPECT_EQ(AddressBytes(GetParam().text), GetParam().bytes);
+}
+
+const std::vector<std::uint8_t> loopback{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1};
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, AddressBytesTest,
+    testing::Values(BytesCase{L"10.0.255.1", {10, 0, 255, 1}}, BytesCase{L"::1", loopback},
+                    BytesCase{L"0:0:0:0:0:0:0:1", loopback}, BytesCase{L"0:0::0:1%eth0", loopback},
+                    BytesCase{L"::0.0.0.1", loopback},
+                    BytesCase{L"Fe80::aB1", {0xFE, 0x80, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x0A, 0xB1}},
+                    BytesCase{L"1:2:3:4:5:6:7::", {0, 1, 0, 2, 0, 3, 0, 4, 0, 5, 0, 6, 0, 7, 0, 0}}));
+
+class NoAddressTest : public testing::TestWithParam<const wchar_t*> {};
+
+TEST_P(NoAddressTest, HasNoBytes) {
+    EXPECT_TRUE(AddressBytes(GetParam()).empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, NoAddressTest,
+                         testing::Values(L"", L":", L":::", L"1", L"10.0.0", L"10.0.0.256", L"1:2:3:4:5:6:7",
+                                         L"1:2:3:4:5:6:7:8:9", L"1:2:3:4:5:6:7:8:", L"1:2:3:4:5:6:7:8::",
+                                         L"1::2::3", L"12345::", L"g::", L":1::", L"1::2:", L"::1%",
+                                         L"1:2:3:4:5:6:7:10.0.0.1", L"10.0.0.1::"));
+
 }  // namespace

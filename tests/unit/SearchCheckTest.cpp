@@ -57,6 +57,16 @@ TEST_F(SearchCheckTest, CutsALongHostOffAndTakesItUntested) {
     EXPECT_EQ(check.CheckHost(std::wstring(255, L'!')).cutTo, std::nullopt);
 }
 
+TEST_F(SearchCheckTest, TakesACutHostUntilItChanges) {
+    const std::wstring cut(255, L'!');
+    check.CheckHost(cut + L"!");
+    EXPECT_TRUE(check.CheckHost(cut).accepted);
+    check.Force();
+    EXPECT_TRUE(check.CheckHost(cut).accepted);
+    EXPECT_FALSE(check.CheckHost(cut.substr(1)).accepted);
+    EXPECT_FALSE(check.CheckHost(cut).accepted);
+}
+
 TEST_F(SearchCheckTest, TestsAnAddressEachTimeAndComplainsOnce) {
     EXPECT_EQ(check.CheckAddress(L"x").complaint, TextKey::MSG_INVALID_IP);
     EXPECT_EQ(check.CheckMask(L"x").complaint, TextKey::MSG_INVALID_SUBNET);
@@ -67,11 +77,15 @@ TEST_F(SearchCheckTest, TestsAnAddressEachTimeAndComplainsOnce) {
     EXPECT_TRUE(check.CheckAddress(ownAddress).accepted);
 }
 
-TEST_F(SearchCheckTest, CutsALongAddressOffAndTakesItUntestedOnce) {
+TEST_F(SearchCheckTest, CutsALongAddressOffAndTakesItUntestedUntilItChanges) {
     const FieldVerdict verdict = check.CheckMask(std::wstring(46, L'1'));
     EXPECT_TRUE(verdict.accepted);
     EXPECT_EQ(verdict.complaint, TextKey::MSG_SUBNET_LIMIT);
     EXPECT_EQ(verdict.cutTo, 45U);
+    const FieldVerdict again = check.CheckMask(std::wstring(45, L'1'));
+    EXPECT_TRUE(again.accepted);
+    EXPECT_TRUE(again.complaint.empty());
+    EXPECT_FALSE(check.CheckMask(std::wstring(44, L'1')).accepted);
     EXPECT_FALSE(check.CheckMask(std::wstring(45, L'1')).accepted);
 }
 
@@ -109,6 +123,11 @@ const DocumentCase documents[] = {
     {L"<RemoteSubnets>10.1.0.0:255.255.0.0;</RemoteSubnets>",
      {.kind = SearchKind::Subnet, .address = L"10.1.0.0", .mask = L"255.255.0.0"}},
     {L"<RemoteSubnets>10.1.0.0:</RemoteSubnets>", {.kind = SearchKind::Subnet, .address = L"10.1.0.0"}},
+    {L"<RemoteSubnets>10.1.0.0:24;</RemoteSubnets>",
+     {.kind = SearchKind::Subnet, .address = L"10.1.0.0", .mask = L"24"}},
+    {L"<RemoteSubnets>a:b:c;</RemoteSubnets>", {.kind = SearchKind::Subnet, .address = L"a", .mask = L"b:c"}},
+    {L"<RemoteSubnets>2001:db8::1:24;</RemoteSubnets>",
+     {.kind = SearchKind::Subnet, .address = L"2001:db8::1", .mask = L"24"}},
     {L"<RemoteSubnets>10.1.0.0</RemoteSubnets>", {.kind = SearchKind::UnreadableSubnet}},
     {L"<Other>1</Other>", {.kind = SearchKind::Unreadable}},
 };
@@ -119,6 +138,31 @@ TEST(WriteSearchTest, WritesWhatReadSearchReads) {
     for (const DocumentCase& form : {documents[0], documents[1], documents[2]}) {
         EXPECT_EQ(WriteSearch(form.search), form.document);
     }
+}
+
+class SubnetTest : public testing::TestWithParam<std::pair<const wchar_t*, const wchar_t*>> {};
+
+TEST_P(SubnetTest, ReopensAsItWasTyped) {
+    const auto [address, mask] = GetParam();
+    const ShownSearch search =
+        ReadSearch(WriteSearch({.kind = SearchKind::Subnet, .host = {}, .address = address, .mask = mask}));
+    EXPECT_EQ(search.kind, SearchKind::Subnet);
+    EXPECT_EQ(search.address, address);
+    EXPECT_EQ(search.mask, mask);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Addresses, SubnetTest,
+    testing::Values(std::pair(L"10.1.0.0", L"255.255.0.0"), std::pair(L"2001:db8::", L"ffff:ffff::"),
+                    std::pair(L"2001:db8::1", L"ffff:ffff::"), std::pair(L"2001:db8::1:2", L"ffff::"),
+                    std::pair(L"1:2:3:4:5:6:7:8", L"FFFF:FFFF:FFFF:FFFF:0:0:0:0"),
+                    std::pair(L"::1", L"ffff:8000::"), std::pair(L"::", L"::"),
+                    std::pair(L"fe80::1%3", L"ffff::"), std::pair(L"::ffff:10.1.0.0", L"255.255.0.0"),
+                    std::pair(L"2001:db8::1", L""), std::pair(L"", L"")));
+
+TEST(SubnetSizeTest, IsReadThoughItIsAMegabyteOfColons) {
+    const std::wstring colons(1'000'000, L':');
+    EXPECT_EQ(ReadSearch(L"<RemoteSubnets>" + colons + L"</RemoteSubnets>").mask.size(), colons.size() - 2);
 }
 
 }  // namespace
