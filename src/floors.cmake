@@ -30,8 +30,8 @@ floor(settings
 
 floor(wizard
   LOGIC ButtonFace
-  SYSTEM CQorFlatButton CQorLinkButton CmdLineHelper Controller CountedWorker DriverList EndOfRun
-    FolderCleanUp Help HighContrast InstallDialogEx KestruneDlg LocalizedMessage RegisteredMessages)
+  SYSTEM CQorFlatButton CQorLinkButton CmdLineHelper Controller CountedWorker DriverList FolderCleanUp
+    Help HighContrast InstallDialogEx KestruneDlg LocalizedMessage RegisteredMessages)
 
 floor(catalogue
   LOGIC MSI_APP PackageProperties
@@ -43,7 +43,7 @@ floor(printer
     MSIExtractService SystemPorts)
 
 floor(install
-  LOGIC CommandDocument FinishTexts InstallDecision ProgressPosition StatusDocument
+  LOGIC CommandDocument FinishTexts InstallDecision OutcomeList ProgressPosition StatusDocument
   SYSTEM CDisplayAppsListDlg DotNetPrerequisite FileInUseDlg FinishDlg FinishService InstallMessages
     InstallService ProgressDialog RMFileInUseDlg RebootDlg RebootService StatusListView)
 

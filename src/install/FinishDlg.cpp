@@ -15,7 +15,6 @@
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
 #include "wizard/Controller.h"
-#include "wizard/EndOfRun.h"
 
 namespace {
 
@@ -159,8 +158,15 @@ LRESULT FinishDlg::OnListChanged(NMHDR& header) {
     return 0;
 }
 
+// To the page that asks for a restart where one is needed, out of the wizard otherwise.
 void FinishDlg::OnFinish() {
-    LeaveForTheEnd(Context());
+    settings.SetBool(Tag::OPTIONAL_INSTALL, false);
+    controller.UpdateHideFlags();
+    if (settings.GetBool(Tag::REBOOT)) {
+        controller.Next({});
+    } else {
+        controller.Finish(false);
+    }
 }
 
 void FinishDlg::OnOK() {

@@ -69,8 +69,8 @@ InstallService::InstallService(IInstallProgress* progressPage, IMsiInterface* ga
 
 std::uint32_t InstallService::DoRun() {
     DeliverMessagesTo(page);
-    statusList.clear();
-    statusIndexByName.clear();
+    statusList.Clear();
+    reachedPackages.Clear();
     settings.SetBools({{Tag::DOTNET_INSTALLED, false}, {Tag::DOTNET_FAILED, false}});
     // Applications always run before drivers.
     installList = SelectApps();
@@ -254,12 +254,8 @@ void InstallService::RemoveAfterDependentFailed(const MSI_APP& record) {
 
 void InstallService::RecordStatus(const MSI_APP& record) {
     // Packages of one product name share a line, and the later one's status wins.
-    const auto [line, isNew] = statusIndexByName.emplace(record.productName, statusList.size());
-    if (isNew) {
-        statusList.push_back(record);
-    } else {
-        statusList.at(line->second).status = record.status;
-    }
+    statusList.Note(record.productName, record);
+    reachedPackages.Note(record.msiPath, record);
     if (record.msiPath.find(L"Drivers") == std::wstring::npos) {
         applications.RecordOutcome(record);
     } else {
@@ -269,7 +265,7 @@ void InstallService::RecordStatus(const MSI_APP& record) {
 
 void InstallService::RollBack() {
     // By design: in the order of the installs. Over a copy, since each removal writes to the list.
-    for (const MSI_APP& record : std::vector<MSI_APP>(statusList)) {
+    for (const MSI_APP& record : std::vector<MSI_APP>(reachedPackages.Records())) {
         if (record.installed) {
             LogBasic(record.msiPath +
                      L" was previously installed the new version will remain on the system. If the user "
@@ -277,6 +273,7 @@ void InstallService::RollBack() {
                      L"back to the previous version they will have to remove the application and run the old "
                      L"installer");
             MakeStep();
+            RecordStatus(record);
         } else {
             Remove(record);
         }
@@ -292,15 +289,16 @@ void InstallService::Remove(MSI_APP record) {
                  LogLevel::Error);
     } else if (record.status != PackageStatus::Failed) {
         record.status = PackageStatus::Cancelled;
-        RecordStatus(record);
     }
+    // Also what stays as it is: of two packages of one name the later one's status wins.
+    RecordStatus(record);
 }
 
 std::wstring InstallService::BuildStatusDocument() const {
     return ::BuildStatusDocument({.installed = settings.GetBool(Tag::DOTNET_INSTALLED),
                                   .failed = settings.GetBool(Tag::DOTNET_FAILED),
                                   .name = localizer.GetString(TextKey::DOTNET)},
-                                 statusList);
+                                 statusList.Records());
 }
 
 void InstallService::NameOnPage(const MSI_APP& record) {

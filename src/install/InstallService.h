@@ -4,7 +4,6 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "catalogue/AppCatalogue.h"
@@ -13,6 +12,7 @@
 #include "catalogue/MSI_APP.h"
 #include "install/IInstallProgress.h"
 #include "install/InstallDecision.h"
+#include "install/OutcomeList.h"
 #include "printer/PrinterDescription.h"
 #include "wizard/PageContext.h"
 #include "wizard/Service.h"
@@ -38,9 +38,6 @@ public:
     // order in which they would run.
     std::vector<MSI_APP> SelectApps() const;
     std::vector<MSI_APP> SelectDrivers() const;
-
-    // The outcome of each package that this run has reached.
-    const std::vector<MSI_APP>& StatusList() const { return statusList; }
 
 private:
     bool StartThread();
@@ -80,7 +77,8 @@ private:
     std::wstring targetDir;
     std::wstring language;
     std::atomic<bool> cancelled = false;
-    std::vector<MSI_APP> statusList;
-    std::unordered_map<std::wstring, std::size_t> statusIndexByName;
+    // By product name: the lines of the status document, and by path: what a roll-back takes away.
+    OutcomeList statusList;
+    OutcomeList reachedPackages;
     std::vector<MSI_APP> installList;
 };

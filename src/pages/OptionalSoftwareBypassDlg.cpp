@@ -6,7 +6,6 @@
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
 #include "wizard/Controller.h"
-#include "wizard/EndOfRun.h"
 
 namespace {
 
@@ -106,6 +105,7 @@ void OptionalSoftwareBypassDlg::OnOK() {
     controller.Next({});
 }
 
+// Whatever REBOOT says: nothing has run that could ask for a restart, and the way to its page installs.
 void OptionalSoftwareBypassDlg::OnFinish() {
-    LeaveForTheEnd(Context());
+    controller.Finish(false);
 }

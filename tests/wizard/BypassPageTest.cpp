@@ -116,6 +116,18 @@ TEST_F(BypassPageTest, EndsTheRunAtOnceOnSkip) {
     EXPECT_THAT(Installs(), IsEmpty());
 }
 
+TEST_F(BypassPageTest, InstallsNothingOnSkipThoughTheSettingsAskForARestart) {
+    Use(L"<REBOOT>true</REBOOT>");
+    AddDriver(L"A", upToDate);
+    tree.Add({.path = L"Applications\\a.msi"});
+    StartOn(IDC_BYPASS_REINSTALL);
+    wizard.Press(IDC_BYPASS_SKIP);
+    wizard.Press(IDC_FINISH);
+    wizard.WaitForEnd();
+    EXPECT_THAT(Installs(), IsEmpty());
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"Installation is Finished"));
+}
+
 TEST_F(BypassPageTest, IsDeafToEscapeAndTheCloseBoxWhileSkipIsChosen) {
     AddDriver(L"A", upToDate);
     StartOn(IDC_BYPASS_REINSTALL);

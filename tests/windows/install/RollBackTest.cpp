@@ -82,6 +82,29 @@ TEST_F(RollBackTest, LeavesAFailedPackageFailed) {
     EXPECT_EQ(Application(L"a").status, PackageStatus::Failed);
 }
 
+TEST_F(RollBackTest, RemovesBothPackagesOfOneName) {
+    Add(L"a").properties[L"ProductName"] = L"Twin";
+    Add(L"b");
+    FakePackage& second = Add(L"c");
+    second.properties[L"ProductName"] = L"Twin";
+    second.duringInstall = [&] { service.Cancel(); };
+    Run();
+    EXPECT_THAT(msi.Calls(), ElementsAre(L"install a.msi", L"install b.msi", L"install c.msi", L"cancel",
+                                         L"uninstall a.msi", L"uninstall b.msi", L"uninstall c.msi"));
+    EXPECT_THAT(StatusLines(), ElementsAre(L"Twin=2", L"b=2"));
+}
+
+TEST_F(RollBackTest, LeavesTheLineOfOneNameToTheLaterPackage) {
+    Add(L"a").properties[L"ProductName"] = L"Twin";
+    FakePackage& second = Add(L"b");
+    second.properties[L"ProductName"] = L"Twin";
+    second.installCode = 1603;
+    second.duringInstall = [&] { service.Cancel(); };
+    Run();
+    EXPECT_THAT(msi.Calls(), Contains(L"uninstall a.msi"));
+    EXPECT_THAT(StatusLines(), ElementsAre(L"Twin=1"));
+}
+
 TEST_F(RollBackTest, RemovesDependentsInTheirOwnTurn) {
     Add(L"a");
     AddDependent(L"a", L"d").duringInstall = [&] { service.Cancel(); };
