@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "framework/CWinApp.h"
+#include "framework/KeptFocus.h"
 
 namespace {
 
@@ -78,6 +79,7 @@ int CDialogEx::DoModal() {
     constexpr int notCreated = -1;
     CWnd* const around = parent != nullptr ? parent : AfxGetMainWnd();
     const HWND owner = around == nullptr ? nullptr : GetAncestor(around->GetSafeHwnd(), GA_ROOT);
+    const KeptFocus kept;
     {
         const DisabledWindow disabled(owner);
         modal = true;

@@ -15,6 +15,7 @@ public:
 
 private:
     bool OnInitDialog() override;
+    HWND FirstFocus() const override { return finishButton.GetSafeHwnd(); }
     // The button with id 1, which is hidden: goes on to the optional software.
     void OnOK() override;
     void PaintGround(HDC context) override;

@@ -15,10 +15,12 @@
 #include "CommonLib/TextUtilities.h"
 #include "CommonLib/Vendor.h"
 #include "catalogue/PackageFilters.h"
+#include "framework/CWinApp.h"
 #include "install/CommandDocument.h"
 #include "install/InstallMessages.h"
 #include "install/StatusDocument.h"
 #include "printer/SystemPorts.h"
+#include "settings/InstallStatus.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
@@ -76,22 +78,29 @@ std::uint32_t InstallService::DoRun() {
     installList = SelectApps();
     const std::vector<MSI_APP> selectedDrivers = SelectDrivers();
     installList.insert(installList.end(), selectedDrivers.begin(), selectedDrivers.end());
-    if (NeedsDotNet(installList) && InstallDotNet() == MsiCode::InstallFailure)
-        return MsiCode::InstallFailure;
+    if (NeedsDotNet(installList) && InstallDotNet() == MsiCode::InstallFailure) return FailRun();
 
     if (page != nullptr) {
         std::size_t steps = installList.size();
         for (const MSI_APP& record : installList) steps += record.dependents.size();
         page->BeginRun(static_cast<int>(steps));
     }
-    StartThread();
-    return MsiCode::Success;
+    return StartThread() ? MsiCode::Success : FailRun();
 }
 
 bool InstallService::StartThread() {
+    atWork = true;
     if (StartCountedWorker(controller, [this] { return InstallThread(); })) return true;
+    atWork = false;
     LogBasic(L"The install thread could not be started", LogLevel::Error);
     return false;
+}
+
+std::uint32_t InstallService::FailRun() {
+    if (settings.GetBool(Tag::SILENT_INSTALL)) return MsiCode::InstallFailure;
+    settings.SetStrings({{Tag::APP_INSTALLATION_STATUS, BuildStatusDocument()},
+                         {Tag::INSTALL_STATUS, InstallStatus::FAILED}});
+    return MsiCode::InstallFailure;
 }
 
 void InstallService::Cancel() {
@@ -116,14 +125,25 @@ std::vector<MSI_APP> InstallService::SelectDrivers() const {
 }
 
 unsigned InstallService::InstallThread() {
-    RunInstalls();
-    if (cancelled) {
-        if (page != nullptr) page->BeginUninstalling();
-        RollBack();
+    try {
+        RunToTheEnd();
+    } catch (...) {
+        CWinApp::ReportUnhandledException(L"install thread");
+        settings.SetString(Tag::INSTALL_STATUS, InstallStatus::FAILED);
     }
+    atWork = false;
     settings.SetString(Tag::APP_INSTALLATION_STATUS, BuildStatusDocument());
     if (!settings.GetBool(Tag::SILENT_INSTALL)) controller.Next({});
     return threadExitCode;
+}
+
+void InstallService::RunToTheEnd() {
+    RunInstalls();
+    // A user who is being asked by now is waited for, and one who comes later is not asked.
+    controller.BetweenQuestions([this] { atWork = cancelled.load(); });
+    if (!cancelled) return;
+    if (page != nullptr) page->BeginUninstalling();
+    RollBack();
 }
 
 void InstallService::RunInstalls() {

@@ -19,7 +19,7 @@
 
 // Reads AMAZON_SUPPORTED, DOTNET_FAILED, DOTNET_INSTALLED, EXACT_INFOCENTER_LINK, INFOCENTER_SHORTCUT, OEM,
 // OPTIONAL_INSTALL, PRINTER_NAME, SILENT_INSTALL and what describes a printer; writes
-// APP_INSTALLATION_STATUS, DOTNET_FAILED, DOTNET_INSTALLED, REBOOT, STARTAPP and TARGET_DIR.
+// APP_INSTALLATION_STATUS, DOTNET_FAILED, DOTNET_INSTALLED, INSTALL_STATUS, REBOOT, STARTAPP and TARGET_DIR.
 //
 // DoRun and Cancel belong to the main thread (a forced cancel comes from the install thread), everything else
 // to the install thread that DoRun starts.
@@ -33,6 +33,7 @@ public:
     // if the prerequisite has stopped the run before it began.
     std::uint32_t DoRun() override;
     void Cancel() override;
+    bool IsAtWork() const override { return atWork; }
 
     // What a run would take on now: copies of the chosen applications, and of the chosen drivers, each in the
     // order in which they would run.
@@ -42,6 +43,10 @@ public:
 private:
     bool StartThread();
     unsigned InstallThread();
+    // Runs the packages, and takes back what this run has installed if it is cancelled.
+    void RunToTheEnd();
+    // Settles the outcome where no package can say it. Returns 1603.
+    std::uint32_t FailRun();
 
     bool NeedsDotNet(const std::vector<MSI_APP>& list) const;
     std::uint32_t InstallDotNet();
@@ -77,6 +82,8 @@ private:
     std::wstring targetDir;
     std::wstring language;
     std::atomic<bool> cancelled = false;
+    // The install thread has not yet come to the point from which it only moves the walk on.
+    std::atomic<bool> atWork = false;
     // By product name: the lines of the status document, and by path: what a roll-back takes away.
     OutcomeList statusList;
     OutcomeList reachedPackages;

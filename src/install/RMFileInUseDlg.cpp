@@ -21,14 +21,6 @@ bool RMFileInUseDlg::OnInitDialog() {
     return true;
 }
 
-bool RMFileInUseDlg::PreTranslateMessage(MSG* message) {
-    if (message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE) {
-        OnCancel();
-        return true;
-    }
-    return InstallDialogEx::PreTranslateMessage(message);
-}
-
 void RMFileInUseDlg::OnOK() {
     EndDialog(IsDlgButtonChecked(GetSafeHwnd(), IDC_CLOSABLE_FILES_RESTART) == BST_CHECKED ? IDOK : IDCANCEL);
 }

@@ -14,8 +14,6 @@ public:
     // The programs to name; kept from question to question.
     void SetApplicationName(const std::wstring& name) { applicationName = name; }
 
-    bool PreTranslateMessage(MSG* message) override;
-
 protected:
     bool OnInitDialog() override;
     void OnOK() override;

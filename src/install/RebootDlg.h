@@ -12,6 +12,7 @@ public:
 
 private:
     bool OnInitDialog() override;
+    HWND FirstFocus() const override { return finishButton.GetSafeHwnd(); }
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 

@@ -66,6 +66,7 @@ void Controller::UpdateHideFlags() {
 
 bool Controller::Start(Chain pages, bool silentRun) {
     silent = silentRun;
+    mainThread = GetCurrentThreadId();
     ends = std::move(pages.ends);
     places.clear();
     for (ChainRow& row : pages.rows) places.push_back({.row = std::move(row)});
@@ -80,7 +81,7 @@ bool Controller::Start(Chain pages, bool silentRun) {
         return false;
     }
     if (!first->hidden && !silent) {
-        first->ShowWindow(SW_SHOW);
+        first->Appear();
     } else {
         Next({});
     }
@@ -126,12 +127,12 @@ void Controller::RunCurrentService() {
 }
 
 void Controller::HideCurrentPage() {
-    if (InstallDialogEx* const page = CurrentPage()) page->ShowWindow(SW_HIDE);
+    if (InstallDialogEx* const page = CurrentPage()) page->Disappear();
 }
 
 void Controller::ShowCurrentPage(std::wstring message) {
     CurrentPage()->ReceiveMessage(std::move(message));
-    CurrentPage()->ShowWindow(SW_SHOW);
+    CurrentPage()->Appear();
 }
 
 // One turn of the loop is one step of the chain; a page that is passed over drops the message.
@@ -156,12 +157,12 @@ bool Controller::Next(std::wstring message) {
         LogAdvanced(L"Controller::Next, Moving from " + std::to_wstring(former) + L" to " +
                     std::to_wstring(former + 1));
         Service* const service = EnabledService();
-        if (!CurrentPage()->hidden && !silent) {
-            ShowCurrentPage(std::move(message));
-            if (service != nullptr) service->DoRun();
-            return true;
-        }
-        if (service != nullptr && service->DoRun() == MsiCode::InstallFailure) {
+        const bool isShown = !CurrentPage()->hidden && !silent;
+        if (isShown) ShowCurrentPage(std::move(message));
+        const bool failed = service != nullptr && service->DoRun() == MsiCode::InstallFailure;
+        // A run that has failed before it began has its Finish page too.
+        if (isShown && !failed) return true;
+        if (!isShown && failed) {
             CallIfSet(ends.copyLogToPackage);
             Finish(false);
             return true;
@@ -209,25 +210,41 @@ bool Controller::Cancel(bool force) {
         LogAdvanced(L"Controller::Cancel No on Are You Sure", LogLevel::Success);
         return false;
     }
+    if (!force && IsClosingPage()) {
+        Finish(false);
+        return false;
+    }
+    const bool isInstalling = IsCurrentRole(PageRole::Progress) || IsInstallAtWork();
+    if (!TakeCancel(force)) return false;
+    // The install thread winds down and moves the walk by itself.
+    if (!isInstalling) Finish(false);
+    return true;
+}
+
+// The install thread, which forces its cancel, waits for an answer at its end only.
+bool Controller::TakeCancel(bool force) {
+    std::unique_lock asking(questionLock, std::defer_lock);
     if (!force) {
-        if (IsClosingPage()) {
-            Finish(false);
-            return false;
-        }
+        asking.lock();
+        // From here on the run only moves on to the page that says how it went.
+        if (IsCurrentRole(PageRole::Progress) && !IsInstallAtWork()) return false;
         if (!ConfirmCancel()) return false;
     }
     LogBasic(L"User chose to cancel the installation.");
     LogAdvanced(L"Controller::Cancel Yes on Are You Sure", LogLevel::Success);
     settings.SetStrings({{Tag::SHOW_REGISTRATION, L"0"}, {Tag::INSTALL_STATUS, InstallStatus::CANCELED}});
     CancelServices();
-    if (!IsInstallThreadMovingOn()) Finish(false);
     return true;
 }
 
-// The install thread winds down by itself. From the Progress page it then moves the walk; in a silent run the
-// walk stands at its end already and waits for the thread, which must not wait there for itself.
-bool Controller::IsInstallThreadMovingOn() const {
-    return IsCurrentRole(PageRole::Progress) || (silent && threadCount > 0);
+bool Controller::IsInstallAtWork() const {
+    return std::ranges::any_of(places,
+                               [](const Place& place) { return place.service && place.service->IsAtWork(); });
+}
+
+void Controller::BetweenQuestions(const std::function<void()>& step) {
+    const std::lock_guard asking(questionLock);
+    step();
 }
 
 bool Controller::IsClosingPage() const {
@@ -256,6 +273,12 @@ void Controller::CancelServices() {
 // Waits on the main thread, which owns the windows that a worker may still need: a message box of the install
 // thread disables its owner by a sent message. Posted messages wait, so that no click starts anything here.
 bool Controller::Finish(bool reboot) {
+    if (mainThread != 0 && mainThread != GetCurrentThreadId()) {
+        if (const CWnd* const mainWindow = AfxGetMainWnd())
+            mainWindow->PostMessage(finishForWorker, static_cast<WPARAM>(reboot));
+        return true;
+    }
+    ended = true;
     LogBasic(L"Installation is Finished");
     while (threadCount > 0) SleepAnsweringSentMessages(pollIntervalInMilliseconds);
     Close();
@@ -266,6 +289,10 @@ bool Controller::Finish(bool reboot) {
         CallIfSet(ends.startPrograms);
     }
     return true;
+}
+
+void Controller::FinishForWorker(bool reboot) {
+    if (!ended) Finish(reboot);
 }
 
 void Controller::Close() {

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -20,6 +21,9 @@
 // UpdateThreadCount.
 //
 // Reads OPTIONAL_INSTALL; writes INSTALL_STATUS and SHOW_REGISTRATION.
+// To the main window: a worker asks for the end of the run, with a restart if wParam is not 0.
+inline constexpr UINT finishForWorker = WM_APP;
+
 class Controller {
 public:
     static Controller& GetInstance();
@@ -44,9 +48,14 @@ public:
     // Asks whether to cancel, unless forced, and cancels all services passed so far. True if the cancel goes
     // ahead.
     bool Cancel(bool force);
-    // Waits for the workers, closes the wizard, and starts the packages' programs or the restart. Returns
-    // true.
+    // Waits for the workers, closes the wizard, and starts the packages' programs or the restart. A worker
+    // cannot wait for itself, so that it only asks the main thread to. Returns true.
     bool Finish(bool reboot);
+    // What a worker has asked for, on the main thread. Nothing if the end has come meanwhile.
+    void FinishForWorker(bool reboot);
+    // Runs the step while the user is not being asked whether to cancel, so that none is asked too late. The
+    // install thread.
+    void BetweenQuestions(const std::function<void()>& step);
     // Removes the folders of the configuration tools and posts the end of the message loop.
     void Close();
 
@@ -87,8 +96,10 @@ private:
     void HideCurrentPage();
     void ShowCurrentPage(std::wstring message);
     bool IsClosingPage() const;
-    bool IsInstallThreadMovingOn() const;
+    bool IsInstallAtWork() const;
     bool ConfirmCancel() const;
+    // Asks, unless forced, and tells the services. Returns whether the cancel goes ahead.
+    bool TakeCancel(bool force);
     void CancelServices();
 
     InstallSettings& settings;
@@ -99,6 +110,10 @@ private:
     std::vector<Place> places;
     std::atomic<int> currentDialog = 0;
     RECT pageRect{};
+    // The thread of the windows, from the start of the walk on.
+    DWORD mainThread = 0;
+    bool ended = false;
+    std::mutex questionLock;
     // Makes a change of the count and its record one step; the count itself is read without it.
     std::mutex threadCountLock;
     std::atomic<int> threadCount = 0;

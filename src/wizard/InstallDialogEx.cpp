@@ -25,6 +25,9 @@ constexpr int light = 300;
 constexpr int regular = 400;
 constexpr int heavy = 600;
 
+// Has the page take the focus on its own thread.
+constexpr UINT takeFocusMessage = WM_APP;
+
 // The program's own font, for this process alone.
 HANDLE InstallFont() {
     const HMODULE module = GetModuleHandleW(nullptr);
@@ -52,6 +55,20 @@ bool HasClass(HWND window, const wchar_t* name) {
     return _wcsicmp(actual, name) == 0;
 }
 
+bool ActsOnEnter(HWND control) {
+    return (SendMessageW(control, WM_GETDLGCODE, 0, 0) & (DLGC_BUTTON | DLGC_RADIOBUTTON)) == DLGC_BUTTON;
+}
+
+// The page itself may be hidden yet.
+bool TakesInput(HWND control) {
+    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+    return (style & WS_VISIBLE) != 0 && (style & WS_DISABLED) == 0;
+}
+
+bool IsDroppedDown(HWND control) {
+    return HasClass(control, WC_COMBOBOXW) && SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+}
+
 }  // namespace
 
 const MessageMap& InstallDialogEx::Events() {
@@ -64,6 +81,7 @@ const MessageMap& InstallDialogEx::Events() {
                                     On::Message(WM_UPDATEUISTATE, &InstallDialogEx::OnUpdateUiState),
                                     On::Click(IDC_HELP_BUTTON, &InstallDialogEx::ShowHelp),
                                     On::Message(WM_HELP, &InstallDialogEx::OnHelp),
+                                    On::Message(takeFocusMessage, &InstallDialogEx::OnTakeFocus),
                                 });
     return map;
 }
@@ -84,7 +102,76 @@ bool InstallDialogEx::CreateAsPage(const RECT& place) {
     SetParent(*mainWindow);
     // By design: the right and bottom edges serve as width and height; pages get their size so.
     MoveWindow(place.left, place.top, place.right, place.bottom);
+    EnableWindow(false);
     return true;
+}
+
+void InstallDialogEx::Appear() {
+    EnableWindow(true);
+    ShowWindow(SW_SHOW);
+    SendMessage(takeFocusMessage);
+}
+
+void InstallDialogEx::Disappear() {
+    EnableWindow(false);
+    ShowWindow(SW_HIDE);
+}
+
+LRESULT InstallDialogEx::OnTakeFocus(WPARAM, LPARAM) {
+    TakeFocus();
+    return 0;
+}
+
+void InstallDialogEx::TakeFocus() {
+    const HWND focused = GetFocus();
+    if (IsChild(GetSafeHwnd(), focused) == FALSE || !TakesInput(focused)) ::SetFocus(FirstFocus());
+}
+
+HWND InstallDialogEx::FirstFocus() const {
+    const HWND first = GetNextDlgTabItem(GetSafeHwnd(), nullptr, FALSE);
+    HWND control = first;
+    while (control != nullptr && ActsOnEnter(control)) {
+        control = GetNextDlgTabItem(GetSafeHwnd(), control, FALSE);
+        if (control == first) control = nullptr;
+    }
+    return control != nullptr ? control : FirstText();
+}
+
+HWND InstallDialogEx::FirstText() const {
+    HWND text = nullptr;
+    do {
+        text = FindWindowExW(GetSafeHwnd(), text, WC_STATICW, nullptr);
+    } while (text != nullptr && !TakesInput(text));
+    return text;
+}
+
+void InstallDialogEx::HandFocusOn(HWND from) {
+    if (GetFocus() != from) return;
+    const HWND first = FirstFocus();
+    ::SetFocus(first != from ? first : FirstText());
+}
+
+void InstallDialogEx::ShowControl(int controlId, bool shown) {
+    const HWND control = GetDlgItem(controlId);
+    if (!shown) HandFocusOn(control);
+    ::ShowWindow(control, shown ? SW_SHOW : SW_HIDE);
+}
+
+void InstallDialogEx::EnableControl(int controlId, bool enabled) {
+    const HWND control = GetDlgItem(controlId);
+    if (!enabled) HandFocusOn(control);
+    ::EnableWindow(control, enabled ? TRUE : FALSE);
+}
+
+void InstallDialogEx::KeepTabStop(int firstRadio, int lastRadio) {
+    HWND reachable = nullptr;
+    for (int id = lastRadio; id >= firstRadio; --id) {
+        const HWND radio = GetDlgItem(id);
+        if (IsDlgButtonChecked(GetSafeHwnd(), id) == BST_CHECKED) return;
+        if (radio != nullptr && TakesInput(radio)) reachable = radio;
+    }
+    if (reachable != nullptr)
+        SetWindowLongPtrW(reachable, GWL_STYLE, GetWindowLongPtrW(reachable, GWL_STYLE) | WS_TABSTOP);
 }
 
 std::uint32_t InstallDialogEx::ReceiveMessage(std::wstring) {
@@ -186,8 +273,10 @@ void InstallDialogEx::PaintGround(HDC context) {
 
 bool InstallDialogEx::PreTranslateMessage(MSG* message) {
     toolTips.RelayEvent(message);
-    if (message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE) return OnEscape();
-    if (message->message == WM_KEYDOWN && message->wParam == VK_RETURN) return OnEnter();
+    // An open list is closed by these keys first.
+    const bool isForPage = message->message == WM_KEYDOWN && !IsDroppedDown(GetFocus());
+    if (isForPage && message->wParam == VK_ESCAPE) return OnEscape();
+    if (isForPage && message->wParam == VK_RETURN) return OnEnter();
     return CDialogEx::PreTranslateMessage(message);
 }
 
@@ -203,11 +292,7 @@ void InstallDialogEx::OnCancel() {
 
 bool InstallDialogEx::OnEscape() {
     const HWND cancel = GetDlgItem(IDCANCEL);
-    if (cancel == nullptr) {
-        controller.Cancel(false);
-    } else if (IsWindowEnabled(cancel) != FALSE) {
-        SendMessage(WM_COMMAND, IDCANCEL);
-    }
+    if (cancel == nullptr || IsWindowEnabled(cancel) != FALSE) SendMessage(WM_COMMAND, IDCANCEL);
     return true;
 }
 

@@ -23,6 +23,13 @@ public:
     // Creates the window as a child of the main window, at that place of it. Returns false if that fails.
     [[nodiscard]] bool CreateAsPage(const RECT& place);
 
+    // Shows the page with the focus where the user is to begin, and hides it. A hidden page is disabled: it
+    // takes no key, and nothing gives it the focus. Any thread.
+    void Appear();
+    void Disappear();
+    // Gives the focus to the page, unless it has it. The window's thread.
+    void TakeFocus();
+
     // Takes the message that the Controller hands on before the page is shown. Pages that need it keep it.
     virtual std::uint32_t ReceiveMessage(std::wstring message);
 
@@ -40,6 +47,9 @@ protected:
     DWORD ExtendedStyle(DWORD ofTemplate) const override;
     const MessageMap& GetMessageMap() const override { return Events(); }
     static const MessageMap& Events();
+    // The control that gets the focus when the page appears and has not taken it itself: the first one that
+    // takes input and does nothing on Enter, or else a text.
+    virtual HWND FirstFocus() const;
 
     virtual void SetLocalizedText(HWND window, TextId key);
     void SetLocalizedText(int controlId, TextId key) { SetLocalizedText(GetDlgItem(controlId), key); }
@@ -54,12 +64,12 @@ protected:
     void SetControlFont(int controlId, const Font& font);
     // Text and font of a control at once.
     void SetUpControl(int controlId, TextId key, const Font& font);
-    void ShowControl(int controlId, bool shown) {
-        ::ShowWindow(GetDlgItem(controlId), shown ? SW_SHOW : SW_HIDE);
-    }
-    void EnableControl(int controlId, bool enabled) {
-        ::EnableWindow(GetDlgItem(controlId), enabled ? TRUE : FALSE);
-    }
+    // A control that has the focus and is hidden or disabled hands it on.
+    void ShowControl(int controlId, bool shown);
+    void EnableControl(int controlId, bool enabled);
+    // Leaves the group of radio buttons, given by its first and last, within reach of the Tab key where none
+    // of it is checked.
+    void KeepTabStop(int firstRadio, int lastRadio);
     // The first characters of what stands in the field, that many at most.
     std::wstring TextOf(int controlId, std::size_t longest) const;
     // Selects the field's whole text and scrolls to it.
@@ -95,6 +105,9 @@ private:
     LRESULT OnDestroy(WPARAM, LPARAM);
     LRESULT OnUpdateUiState(WPARAM, LPARAM);
     LRESULT OnHelp(WPARAM, LPARAM);
+    LRESULT OnTakeFocus(WPARAM, LPARAM);
+    void HandFocusOn(HWND from);
+    HWND FirstText() const;
     void ShowHelp();
     void MakeFonts();
     Font MakeFont(const std::wstring& face, int points, int weight, bool underlined) const;

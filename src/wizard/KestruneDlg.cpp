@@ -23,6 +23,9 @@ const MessageMap& KestruneDlg::GetMessageMap() const {
                                                On::Message(WM_ERASEBKGND, &KestruneDlg::OnEraseBackground),
                                                On::Message(WM_SYSCOMMAND, &KestruneDlg::OnSysCommand),
                                                On::Message(WM_HELP, &KestruneDlg::OnHelp),
+                                               On::Message(WM_ACTIVATE, &KestruneDlg::OnActivate),
+                                               On::Message(WM_SETFOCUS, &KestruneDlg::OnSetFocus),
+                                               On::Message(finishForWorker, &KestruneDlg::OnFinishForWorker),
                                            });
     return map;
 }
@@ -112,4 +115,28 @@ LRESULT KestruneDlg::OnEraseBackground(WPARAM context, LPARAM) {
 // The pages have their own help.
 LRESULT KestruneDlg::OnHelp(WPARAM, LPARAM) {
     return TRUE;
+}
+
+// What had the focus when the window was left may have gone since, or its page.
+LRESULT KestruneDlg::OnActivate(WPARAM state, LPARAM) {
+    const LRESULT result = Default();
+    if (LOWORD(state) != WA_INACTIVE && HIWORD(state) == 0) HandFocusToPage();
+    return result;
+}
+
+LRESULT KestruneDlg::OnSetFocus(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    HandFocusToPage();
+    return result;
+}
+
+LRESULT KestruneDlg::OnFinishForWorker(WPARAM reboot, LPARAM) {
+    controller.FinishForWorker(reboot != 0);
+    return 0;
+}
+
+void KestruneDlg::HandFocusToPage() {
+    if (InstallDialogEx* const page = controller.CurrentPage();
+        page != nullptr && IsWindowVisible(page->GetSafeHwnd()))
+        page->TakeFocus();
 }

@@ -28,6 +28,10 @@ private:
     LRESULT OnStaticColour(WPARAM context, LPARAM control);
     LRESULT OnEraseBackground(WPARAM context, LPARAM);
     LRESULT OnHelp(WPARAM, LPARAM);
+    LRESULT OnActivate(WPARAM state, LPARAM);
+    LRESULT OnSetFocus(WPARAM, LPARAM);
+    LRESULT OnFinishForWorker(WPARAM reboot, LPARAM);
+    void HandFocusToPage();
     void ShowLogo();
     void KeepLogoBeginningInView(HWND place) const;
 

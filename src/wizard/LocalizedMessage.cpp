@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "framework/KeptFocus.h"
+
 namespace {
 
 std::wstring TextOf(const Localizer& localizer, TextId key) {
@@ -12,6 +14,7 @@ std::wstring TextOf(const Localizer& localizer, TextId key) {
 
 int ShowLocalizedMessage(const Localizer& localizer, HWND owner, TextId textKey, TextId titleKey,
                          UINT style) {
+    const KeptFocus kept;
     const UINT direction = IsRightToLeft(localizer) ? MB_RIGHT | MB_RTLREADING : 0;
     return MessageBoxW(owner, TextOf(localizer, textKey).c_str(), TextOf(localizer, titleKey).c_str(),
                        style | direction);

@@ -14,6 +14,8 @@ public:
     virtual std::uint32_t DoRun() = 0;
     // Asks running work to stop; does not wait for it.
     virtual void Cancel() = 0;
+    // Whether a thread is at work that takes a cancel and moves the walk on by itself. Any thread.
+    virtual bool IsAtWork() const { return false; }
 
     // The Controller passes over a service with this flag, and is the only one that sets it.
     bool disabled = false;

@@ -124,14 +124,53 @@ TEST_F(WalkTest, HoldsTheLibraryWhileItAsksWhetherToCancel) {
     EXPECT_THAT(Calls(L"answer"), testing::SizeIs(1));
 }
 
-TEST_F(WalkTest, WaitsForItselfWhenTheFinishPagesAreHidden) {
+TEST_F(WalkTest, TakesBackTheLastPackageIfTheUserSaysSoAfterItsEnd) {
+    const std::wstring sign = (tree.Root() / L"go on").wstring();
+    tree.Add({.path = L"Applications\\a.msi", .install = {.steps = {{L"untilFile", sign}}}});
+    wizard.Start();
+    EXPECT_TRUE(WaitUntil([this] { return Installs().size() == 1; }));
+    wizard.CloseMainWindow();
+    wizard.WaitForBox();
+    tree.WriteFile(L"go on", {});
+    EXPECT_FALSE(WaitUntil(
+        [this] {
+            return testing::Value(AdvancedLog(), HasRecord(L"", L"Controller::Next, Moving from 7 to 8"));
+        },
+        std::chrono::milliseconds(500)));
+    wizard.Answer(IDYES);
+    CloseOnFinishPage();
+    EXPECT_THAT(Removals(), ElementsAre(L"a.msi"));
+}
+
+TEST_F(WalkTest, EndsWhereTheFinishPagesAreHidden) {
     tree.SetSettings(std::wstring(Settings::shownFromProgress) + L"<HIDE_FINAL>true</HIDE_FINAL>");
     tree.Add({.path = L"Applications\\a.msi"});
     wizard.Start();
-    // By design: the install thread itself walks over the end, and there it waits until no thread is left.
-    EXPECT_TRUE(WaitForMessage(L"Installation is Finished"));
-    EXPECT_FALSE(WaitUntil([this] { return !wizard.IsRunning(); }, std::chrono::milliseconds(1500)));
-    EXPECT_THAT(AdvancedLog(), Not(HasRecord(L"", L"Thread Count decremented 0")));
+    wizard.WaitForEnd();
+    EXPECT_THAT(Installs(), ElementsAre(L"a.msi"));
+    EXPECT_THAT(BasicLog(), HasRecord(L"", L"Installation is Finished"));
+}
+
+TEST_F(WalkTest, EndsWhereAllPagesAreHidden) {
+    tree.SetSettings(std::wstring(Settings::shownFromProgress) +
+                     L"<HIDE_PROGRESS>true</HIDE_PROGRESS><HIDE_FINAL>true</HIDE_FINAL>");
+    tree.Add({.path = L"Applications\\a.msi"});
+    wizard.Start();
+    wizard.WaitForEnd();
+    EXPECT_THAT(Installs(), ElementsAre(L"a.msi"));
+    const std::vector<LogRecord> log = BasicLog();
+    EXPECT_EQ(std::ranges::count(log, L"Installation is Finished", &LogRecord::message), 1);
+}
+
+TEST_F(WalkTest, TakesBackWhatFailsBehindAHiddenProgressPage) {
+    tree.SetSettings(std::wstring(Settings::shownFromProgress) + L"<HIDE_PROGRESS>true</HIDE_PROGRESS>");
+    tree.Add({.path = L"Applications\\a.msi"});
+    tree.Add({.path = L"Applications\\b.msi", .install = {.steps = {}, .code = 1603}});
+    wizard.Start();
+    wizard.Answer(IDOK);
+    EXPECT_TRUE(WaitForMessage(L"Thread Count decremented 0"));
+    EXPECT_THAT(Removals(), ElementsAre(L"a.msi", L"b.msi"));
+    CloseOnFinishPage();
 }
 
 }  // namespace

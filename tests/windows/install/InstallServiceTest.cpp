@@ -3,6 +3,7 @@
 #include "catalogue/DriverInfo.h"
 #include "install/InstallService.h"
 #include "settings/TagDocument.h"
+#include "settings/TagNames.h"
 #include "tests/windows/world/InstallTest.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "wizard/Controller.h"
@@ -322,6 +323,29 @@ TEST_F(InstallServiceTest, BeginsASecondRunWithAnEmptyList) {
     Run();
     EXPECT_THAT(StatusLines(), ElementsAre(L"a=0"));
     EXPECT_THAT(msi.Calls(), ElementsAre(L"install a.msi", L"install a.msi"));
+}
+
+TEST_F(InstallServiceTest, FailsARunThatAnExceptionEnds) {
+    Add(L"a").duringInstall = [] { throw 7; };
+    EXPECT_EQ(Run(), 0U);
+    EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"FAILED");
+    EXPECT_EQ(controller.ThreadCount(), 0);
+    EXPECT_FALSE(service.IsAtWork());
+}
+
+std::uintptr_t NoThread(void*, unsigned, unsigned(__stdcall*)(void*), void*, unsigned, unsigned*) {
+    return 0;
+}
+
+TEST_F(InstallServiceTest, FailsARunThatGetsNoThread) {
+    Settings().SetBool(Tag::SILENT_INSTALL, false);
+    Add(L"a");
+    BuildCatalogues();
+    const PatchedImport noThread("_beginthreadex", &NoThread);
+    EXPECT_EQ(service.DoRun(), 1603U);
+    EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"FAILED");
+    EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", L"The install thread could not be started")));
+    EXPECT_FALSE(service.IsAtWork());
 }
 
 }  // namespace
