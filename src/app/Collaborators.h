@@ -4,6 +4,7 @@
 #include "catalogue/AppCatalogue.h"
 #include "catalogue/DriverInfo.h"
 #include "discovery/DiscoveredDevices.h"
+#include "printer/DriverConfiguration.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 #include "wizard/CmdLineHelper.h"
@@ -16,6 +17,7 @@ struct Collaborators {
     Localizer& localizer;
     AppCatalogue& applications;
     DriverInfo& drivers;
+    DriverConfiguration& configuration;
     DiscoveredDevices& devices;
     Controller& controller;
     CmdLineHelper& commandLine;
@@ -25,10 +27,13 @@ struct Collaborators {
 
 // Makes those that do not exist yet.
 inline Collaborators TheCollaborators() {
+    static DriverConfiguration configuration(InstallSettings::GetInstance(), AppCatalogue::GetInstance(),
+                                             DriverInfo::GetInstance());
     return {.settings = InstallSettings::GetInstance(),
             .localizer = Localizer::GetInstance(),
             .applications = AppCatalogue::GetInstance(),
             .drivers = DriverInfo::GetInstance(),
+            .configuration = configuration,
             .devices = DiscoveredDevices::GetInstance(),
             .controller = Controller::GetInstance(),
             .commandLine = CmdLineHelper::GetInstance()};

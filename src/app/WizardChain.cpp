@@ -68,7 +68,12 @@ PagePointer MakeChoice(const Collaborators& shared) {
 
 PagePointer MakeDiscovery(const Collaborators& shared) {
     return std::make_unique<DiscoveryDlg>(shared.ForPages(), shared.applications, shared.drivers,
-                                          shared.devices);
+                                          shared.configuration, shared.devices);
+}
+
+PagePointer MakeAddPort(const Collaborators& shared) {
+    return std::make_unique<AddPortDlg>(shared.ForPages(), shared.applications, shared.drivers,
+                                        shared.configuration);
 }
 
 PagePointer MakeCoreFinish(const Collaborators& shared) {
@@ -121,7 +126,7 @@ constexpr PageEntry entries[] = {
      When(Tag::HIDE_CONNECTIVITY), L"Add Connectivity dialog failed."},
     {PageRole::Discovery, &MakeDiscovery, &MakeDiscoveryService, always, When(Tag::HIDE_DISCOVERY),
      L"Add Disocovery dialog failed."},
-    {PageRole::Ordinary, &MakeChoice<AddPortDlg>, &MakeAddPortService, always, Unless(Tag::DIALOG_ADD_PORT),
+    {PageRole::Ordinary, &MakeAddPort, &MakeAddPortService, always, Unless(Tag::DIALOG_ADD_PORT),
      L"Add AddPort dialog failed."},
     {PageRole::Progress, &Make<ProgressDialog>, &MakeInstallService, When(Tag::HIDE_PROGRESS), asAtFirst,
      L"Add Progress dialog failed."},

@@ -52,12 +52,13 @@ const MessageMap& DiscoveryDlg::GetMessageMap() const {
 }
 
 DiscoveryDlg::DiscoveryDlg(const PageContext& context, AppCatalogue& appCatalogue,
-                           DriverInfo& driverCatalogue, DiscoveredDevices& delivered)
+                           DriverInfo& driverCatalogue, DriverConfiguration& driverConfiguration,
+                           DiscoveredDevices& delivered)
     : InstallDialogEx(context, IDD_DISCOVERY, HIDD_DISCOVERY),
       applications(appCatalogue),
       drivers(driverCatalogue),
       discovered(delivered),
-      configuration(context.settings, appCatalogue, driverCatalogue),
+      configuration(driverConfiguration),
       deviceList(context.localizer) {}
 
 DiscoveryDlg::~DiscoveryDlg() = default;
@@ -114,12 +115,14 @@ void DiscoveryDlg::SetUpButtons() {
                    reinterpret_cast<LPARAM>(refreshIcon.get()));
 }
 
-LRESULT DiscoveryDlg::OnShowWindow(WPARAM, LPARAM) {
+LRESULT DiscoveryDlg::OnShowWindow(WPARAM shown, LPARAM) {
     ShowControl(IDC_DISCOVERY_FIRST_NOTE, false);
     ShowControl(IDC_HELP_BUTTON, false);
     deviceList.SelectRow(deviceList.SelectedRow());
+    if (shown != FALSE && proposalDue) ProposeDevice();
     if (driverList.IsEmpty()) HideDriverChoice();
     HideUnsupportedRadios();
+    KeepTabStop(IDC_DISCOVERY_USB, IDC_DISCOVERY_NIMBOJET);
     if (settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
         ShowControl(IDC_DISCOVERY_DRIVER_LIST, false);
         ShowControl(IDC_DISCOVERY_CONFIGURE, false);
@@ -194,10 +197,25 @@ LRESULT DiscoveryDlg::OnDevicesDelivered(WPARAM, LPARAM) {
     const std::list<DiscoveredDevice> devices = discovered.All();
     if (devices.empty()) return 0;
     deviceList.ShowDevices(devices);
-    deviceList.SetFocus();
+    SetSelectionText();
+    // Who has said how the printer is connected is asked for no device any more.
+    proposalDue = !IsConnectionPicked();
+    if (proposalDue && IsWindowVisible(GetSafeHwnd()) != FALSE) {
+        deviceList.SetFocus();
+        ProposeDevice();
+    }
+    return 0;
+}
+
+void DiscoveryDlg::ProposeDevice() {
+    proposalDue = false;
     deviceList.SelectRow(proposedRow);
     SetSelectionText();
-    return 0;
+}
+
+bool DiscoveryDlg::IsConnectionPicked() const {
+    return IsDlgButtonChecked(GetSafeHwnd(), IDC_DISCOVERY_USB) == BST_CHECKED ||
+           IsDlgButtonChecked(GetSafeHwnd(), IDC_DISCOVERY_NIMBOJET) == BST_CHECKED;
 }
 
 LRESULT DiscoveryDlg::OnNothingFound(WPARAM, LPARAM) {
@@ -251,8 +269,8 @@ void DiscoveryDlg::SelectDriver(const std::wstring& driverId) {
 }
 
 void DiscoveryDlg::OnDriverChanged() {
-    configuration.DropConfiguration();
     const std::wstring driverId = driverList.SelectedId();
+    configuration.Follow(driverId);
     const bool isV4OnUsb =
         IsV4Driver(driverId) && IsDlgButtonChecked(GetSafeHwnd(), IDC_DISCOVERY_USB) == BST_CHECKED;
     EnableControl(IDC_DISCOVERY_CONFIGURE, configuration.CanConfigureDriver(driverId) && !isV4OnUsb);
@@ -279,6 +297,8 @@ void DiscoveryDlg::OnModifySearch() {
 
 void DiscoveryDlg::OnConfigureDriver() {
     OpenDriverConfiguration(*this, Context(), configuration, driverList.SelectedId(), driverConfigDlg);
+    // Devices that arrived meanwhile may have brought another driver, which does not take over the file.
+    configuration.Follow(driverList.SelectedId());
 }
 
 void DiscoveryDlg::OnUsb() {

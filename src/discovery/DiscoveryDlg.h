@@ -27,7 +27,7 @@ class ModifySearchDlg;
 class DiscoveryDlg : public InstallDialogEx, public IDiscoveryDialog {
 public:
     DiscoveryDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue,
-                 DiscoveredDevices& delivered);
+                 DriverConfiguration& driverConfiguration, DiscoveredDevices& delivered);
     DiscoveryDlg(const DiscoveryDlg&) = delete;
     DiscoveryDlg& operator=(const DiscoveryDlg&) = delete;
     ~DiscoveryDlg() override;
@@ -73,6 +73,8 @@ private:
     void PickConnection();
     void EnableSearch(bool enabled);
     void SelectDriver(const std::wstring& driverId);
+    bool IsConnectionPicked() const;
+    void ProposeDevice();
     std::wstring GetDriverForSelection() const;
     DiscoveredDevice SelectedDevice() const;
     std::optional<ChosenDevice> ChosenRow() const;
@@ -81,7 +83,7 @@ private:
     AppCatalogue& applications;
     DriverInfo& drivers;
     DiscoveredDevices& discovered;
-    DriverConfiguration configuration;
+    DriverConfiguration& configuration;
     DiscoveryListCtrl deviceList;
     DriverList driverList;
     CQorFlatButton modifySearchButton;
@@ -93,6 +95,8 @@ private:
     std::unique_ptr<ModifySearchDlg> modifySearchDlg;
     std::unique_ptr<DriverConfigDlg> driverConfigDlg;
 
+    // Devices have arrived and none of them has been proposed to the user yet.
+    bool proposalDue = false;
     // The window that the worker posts to; null before it is made and when it is gone.
     std::atomic<HWND> window = nullptr;
     // Guards the message, which the worker reads.

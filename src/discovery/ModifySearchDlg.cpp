@@ -99,6 +99,7 @@ LRESULT ModifySearchDlg::OnShowWindow(WPARAM, LPARAM) {
             LogBasic(L"Subnet values are not proper");
             break;
     }
+    KeepTabStop(IDC_MODIFY_SEARCH_LOCAL, IDC_MODIFY_SEARCH_BY_SUBNET);
     ShowControl(IDC_HELP_BUTTON, false);
     return Default();
 }
@@ -159,7 +160,6 @@ LRESULT ModifySearchDlg::OnTimer(WPARAM timer, LPARAM) {
 }
 
 void ModifySearchDlg::Check() {
-    EnableControl(IDOK, false);
     EnableControl(IDOK, IsSearchGood());
 }
 

@@ -58,11 +58,12 @@ const MessageMap& AddPortDlg::GetMessageMap() const {
     return map;
 }
 
-AddPortDlg::AddPortDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue)
+AddPortDlg::AddPortDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue,
+                       DriverConfiguration& driverConfiguration)
     : InstallDialogEx(context, IDD_ADD_PORT, HIDD_ADD_PORT),
       applications(appCatalogue),
       drivers(driverCatalogue),
-      configuration(context.settings, appCatalogue, driverCatalogue) {
+      configuration(driverConfiguration) {
     dialogName = PageName::addPort;
 }
 
@@ -228,7 +229,6 @@ void AddPortDlg::ClearDrivers() {
     driverList.Clear();
 }
 
-// By design: the button is not shown here, unlike on the page of the discovered printers.
 void AddPortDlg::AddDriver(const MSI_APP& driver) {
     if (Received(Tag::SHOW_DRIVER_LIST) == L"false") return;
     if (driverList.IsEmpty() && !settings.IsAmazonSupported()) {
@@ -236,17 +236,21 @@ void AddPortDlg::AddDriver(const MSI_APP& driver) {
             ShowControl(id, true);
     }
     driverList.Add(driver.driverId, driver.driverName);
-    if (IsWindowVisible(GetDlgItem(IDC_ADD_PORT_CONFIGURE)) == FALSE &&
-        configuration.IsConfigToolAvailable(driver.driverName)) {
-        SetLocalizedText(IDC_ADD_PORT_CONFIGURE, TextKey::CONFIG_SETTINGS_BUTTON);
-    }
     driverList.Select(GetDefaultDriver(settings, {}));
-    OnDriverChanged();
+    // A page that the walk only passes by chooses no driver.
+    if (IsWindowVisible(GetSafeHwnd()) != FALSE) OnDriverChanged();
 }
 
 void AddPortDlg::OnDriverChanged() {
-    configuration.DropConfiguration();
-    EnableControl(IDC_ADD_PORT_CONFIGURE, configuration.CanConfigureDriver(driverList.SelectedId()));
+    const std::wstring driverId = driverList.SelectedId();
+    configuration.Follow(driverId);
+    const bool hasTool = configuration.CanConfigureDriver(driverId);
+    EnableControl(IDC_ADD_PORT_CONFIGURE, hasTool);
+    ShowControl(IDC_ADD_PORT_CONFIGURE, hasTool && IsDriverOffered());
+}
+
+bool AddPortDlg::IsDriverOffered() const {
+    return !settings.GetBool(Tag::INSTALL_FROM_CONFIG) && !settings.IsAmazonSupported();
 }
 
 void AddPortDlg::OnConfigureDriver() {

@@ -25,7 +25,8 @@ class DriverConfigDlg;
 // Describes the port in the settings; the run makes it.
 class AddPortDlg : public InstallDialogEx, public IAddPortDialog {
 public:
-    AddPortDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue);
+    AddPortDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue,
+               DriverConfiguration& driverConfiguration);
     AddPortDlg(const AddPortDlg&) = delete;
     AddPortDlg& operator=(const AddPortDlg&) = delete;
     ~AddPortDlg() override;
@@ -54,6 +55,8 @@ private:
     void OnConfigureDriver();
     void OnBack();
     void UpdateNext();
+    // Whether the user chooses the driver here.
+    bool IsDriverOffered() const;
 
     void SetUpTexts();
     void SetUpButtons();
@@ -75,7 +78,7 @@ private:
 
     AppCatalogue& applications;
     DriverInfo& drivers;
-    DriverConfiguration configuration;
+    DriverConfiguration& configuration;
     std::wstring receivedMessage;
     CComboBox kindList;
     CListCtrl portList;

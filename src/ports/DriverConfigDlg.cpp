@@ -191,6 +191,7 @@ void DriverConfigDlg::OnOK() {
                          {Tag::CONFIG_EXE_PATH, configuration.FindConfigTool(driverId)}});
     settings.SetBool(Tag::CONFIG_APPLY_FUTURE,
                      IsDlgButtonChecked(GetSafeHwnd(), IDC_DRIVER_CONFIG_APPLY_FUTURE) == BST_CHECKED);
+    configuration.SetOwner(driverId);
     EndDialog(IDOK);
 }
 

@@ -41,8 +41,21 @@ bool DriverConfiguration::CanConfigureDriver(const std::wstring& driverId) const
     return drivers.IsOmbrelSupported(driverId) && IsConfigToolAvailable(driverId);
 }
 
-void DriverConfiguration::DropConfiguration() {
-    if (!settings.GetString(Tag::DRIVERCONFIG_PATH).empty()) settings.SetString(Tag::DRIVERCONFIG_PATH, {});
+void DriverConfiguration::Follow(const std::wstring& driverId) {
+    if (driverId.empty()) return;
+    if (settings.GetString(Tag::DRIVERCONFIG_PATH).empty()) {
+        owner.clear();
+    } else if (owner.empty()) {
+        owner = driverId;
+    } else if (owner != driverId) {
+        Drop();
+    }
+}
+
+void DriverConfiguration::Drop() {
+    owner.clear();
+    settings.SetStrings({{Tag::DRIVERCONFIG_PATH, {}}, {Tag::CONFIG_EXE_PATH, {}}, {Tag::OMBREL_DESC, {}}});
+    settings.SetBool(Tag::CONFIG_APPLY_FUTURE, false);
 }
 
 std::wstring GetConfigurationFolder() {

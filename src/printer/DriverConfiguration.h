@@ -10,7 +10,8 @@
 // A driver text is an identifier or a name of a driver. All this belongs to the thread of the pages; what the
 // object is made with must outlive it.
 //
-// Reads OEM and PRODUCT_NAME; reads and writes DRIVERCONFIG_PATH.
+// Reads OEM and PRODUCT_NAME; reads and writes DRIVERCONFIG_PATH; writes CONFIG_APPLY_FUTURE, CONFIG_EXE_PATH
+// and OMBREL_DESC.
 class DriverConfiguration {
 public:
     DriverConfiguration(InstallSettings& store, const AppCatalogue& appCatalogue,
@@ -22,8 +23,12 @@ public:
     bool IsConfigToolAvailable(const std::wstring& driver) const;
     // Whether the driver takes a configuration and there is a tool for it.
     bool CanConfigureDriver(const std::wstring& driverId) const;
-    // Forgets the configuration that was chosen: it belongs to the driver for which it was chosen.
-    void DropConfiguration();
+    // Whose configuration it is that the settings hold now.
+    void SetOwner(const std::wstring& driverId) { owner = driverId; }
+    // Says which driver is selected. A configuration belongs to the driver for which it was chosen, and one
+    // of the package to the first that is selected: with another driver it goes, and all that belongs to it.
+    // Nothing happens for an empty identifier.
+    void Follow(const std::wstring& driverId);
 
     // Starts the unpacking of the generation's tool where this process has not done so yet.
     void UnpackTool(const std::wstring& driverId);
@@ -35,11 +40,13 @@ public:
     std::wstring MakeConfigFileName(const std::wstring& driver) const;
 
 private:
+    void Drop();
     bool IsInCatalogue(std::wstring_view appType) const;
 
     InstallSettings& settings;
     const AppCatalogue& applications;
     const DriverInfo& drivers;
+    std::wstring owner;
 };
 
 // Returns the machine-wide folder of configuration files, with its closing backslash.

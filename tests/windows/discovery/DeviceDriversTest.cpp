@@ -43,11 +43,21 @@ TEST_F(DeviceDriversTest, KeepsTheDriverWhenThePackageNamesOneThatThereIsNot) {
     EXPECT_EQ(SelectedDriver(), L"MONO1 driver");
 }
 
-TEST_F(DeviceDriversTest, DropsAConfigurationWithTheDriver) {
-    Settings().SetString(Tag::DRIVERCONFIG_PATH, L"C:\\a.zdc");
+TEST_F(DeviceDriversTest, LeavesThePackagesConfigurationToTheFirstDriverAndNoOther) {
+    Settings().SetStrings({{Tag::DRIVERCONFIG_PATH, L"C:\\a.zdc"},
+                           {Tag::CONFIG_EXE_PATH, L"C:\\a.exe"},
+                           {Tag::OMBREL_DESC, L"Two-sided"}});
+    Settings().SetBool(Tag::CONFIG_APPLY_FUTURE, true);
     Show();
     Deliver(FourDevices());
-    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), L"");
+    EXPECT_EQ(SelectedDriver(), L"NONE1 driver");
+    Select(0);
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), L"C:\\a.zdc");
+    Select(1);
+    EXPECT_EQ(SelectedDriver(), L"MONO1 driver");
+    for (const TextTag tag : {Tag::DRIVERCONFIG_PATH, Tag::CONFIG_EXE_PATH, Tag::OMBREL_DESC})
+        EXPECT_EQ(Settings().GetString(tag), L"");
+    EXPECT_FALSE(Settings().GetBool(Tag::CONFIG_APPLY_FUTURE));
 }
 
 TEST_F(DeviceDriversTest, HidesTheDriverChoiceWhileThereAreNoDrivers) {

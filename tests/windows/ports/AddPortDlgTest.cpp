@@ -225,9 +225,23 @@ TEST_F(AddPortDlgTest, DropsTheConfigurationWithAnotherDriver) {
     Open();
     page.AddDriver({.driverName = L"First", .driverId = L"A"});
     Settings().SetString(Tag::DRIVERCONFIG_PATH, L"C:\\a.zdc");
+    configuration.SetOwner(L"B");
+    SendMessageW(At(IDC_ADD_PORT_DRIVER_LIST), CB_SETCURSEL, 0, 0);
     page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_DRIVER_LIST, CBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(At(IDC_ADD_PORT_DRIVER_LIST)));
     EXPECT_THAT(Settings().StripMarker(), HasSubstr(L"<DRIVERCONFIG_PATH></DRIVERCONFIG_PATH>"));
+}
+
+TEST_F(AddPortDlgTest, KeepsTheConfigurationWhenTheWalkPassesBy) {
+    Settings().SetString(Tag::DRIVERCONFIG_PATH, L"C:\\a.zdc");
+    configuration.SetOwner(L"B");
+    Settings().SetString(TextTag(L"WIN8_NO_COMM_DEFAULT"), L"A");
+    Open();
+    page.AddDriver({.driverName = L"First", .driverId = L"A"});
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), L"C:\\a.zdc");
+    Show();
+    page.AddDriver({.driverName = L"Second", .driverId = L"C"});
+    EXPECT_EQ(Settings().GetString(Tag::DRIVERCONFIG_PATH), L"");
 }
 
 TEST_F(AddPortDlgTest, WritesNoEmptyConfigurationWhereNoneWasChosen) {
@@ -252,8 +266,11 @@ TEST_P(AddPortConfigureTest, IsOfferedForADriverThatTakesOneAndHasATool) {
     Settings().SetStrings(
         {{Tag::NO_COMM_DEFAULT, L"CONFIGURABLE"}, {TextTag(L"WIN8_NO_COMM_DEFAULT"), L"CONFIGURABLE"}});
     Open();
+    Show();
     page.AddDriver({.driverName = L"Driver", .driverId = L"CONFIGURABLE"});
     EXPECT_EQ(IsEnabled(IDC_ADD_PORT_CONFIGURE), GetParam().enabled);
+    EXPECT_EQ(IsShown(IDC_ADD_PORT_CONFIGURE), GetParam().enabled);
+    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_CONFIGURE)), L"Configure");
 }
 
 const ConfigureCase configurations[] = {
@@ -264,19 +281,6 @@ const ConfigureCase configurations[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Drivers, AddPortConfigureTest, testing::ValuesIn(configurations));
-
-TEST_F(AddPortDlgTest, NamesTheConfigurationWithoutShowingItsButton) {
-    AddPackage(L"Common\\x64", L"t.msi").properties[L"APPTYPE"] = L"DRIVERCONFIG";
-    BuildCatalogues();
-    Open();
-    Show();
-    SetWindowTextW(At(IDC_ADD_PORT_CONFIGURE), L"");
-    page.AddDriver({.driverName = L"Loom V4", .driverId = L"A"});
-    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_CONFIGURE)), L"");
-    page.AddDriver({.driverName = L"Loom", .driverId = L"A"});
-    EXPECT_EQ(TextOf(At(IDC_ADD_PORT_CONFIGURE)), L"Configure");
-    EXPECT_FALSE(IsShown(IDC_ADD_PORT_CONFIGURE));
-}
 
 TEST_F(AddPortDlgTest, LeavesSharedPrintersOutAsToldEachTimeItIsShown) {
     Open();

@@ -62,6 +62,15 @@ DialogCase ChoiceOf(const char* name) {
             }};
 }
 
+// One that has drivers configured as well.
+template <class Page>
+DialogCase DriverChoiceOf(const char* name) {
+    return {.name = name, .make = [](const DialogWorld& world) {
+                return std::make_unique<Page>(world.context, world.applications, world.drivers,
+                                              world.configuration);
+            }};
+}
+
 template <class Dialog>
 DialogCase SubDialog(const char* name) {
     return {.name = name, .make = [](const DialogWorld& world) {
@@ -72,8 +81,10 @@ DialogCase SubDialog(const char* name) {
 // The page of the devices with rows, drivers and the pictures of the headings.
 class FilledDiscoveryDlg : public DiscoveryDlg {
 public:
-    FilledDiscoveryDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue)
-        : DiscoveryDlg(context, appCatalogue, driverCatalogue, DiscoveredDevices::GetInstance()) {}
+    FilledDiscoveryDlg(const PageContext& context, AppCatalogue& appCatalogue, DriverInfo& driverCatalogue,
+                       DriverConfiguration& driverConfiguration)
+        : DiscoveryDlg(context, appCatalogue, driverCatalogue, driverConfiguration,
+                       DiscoveredDevices::GetInstance()) {}
     FilledDiscoveryDlg(const FilledDiscoveryDlg&) = delete;
     FilledDiscoveryDlg& operator=(const FilledDiscoveryDlg&) = delete;
     ~FilledDiscoveryDlg() override { DiscoveredDevices::GetInstance().Assign({}); }
@@ -102,8 +113,8 @@ const DialogCase dialogs[] = {
     Of<RMFileInUseDlg>("FilesInUseOfTheRestartManager"),
     {"Finish",
      [](const DialogWorld& world) { return std::make_unique<FinishDlg>(world.context, L"Finish Dialog"); }},
-    ChoiceOf<FilledDiscoveryDlg>("Devices"),
-    ChoiceOf<AddPortDlg>("Port"),
+    DriverChoiceOf<FilledDiscoveryDlg>("Devices"),
+    DriverChoiceOf<AddPortDlg>("Port"),
     SubDialog<ModifySearchDlg>("Search"),
     {"Configuration",
      [](const DialogWorld& world) {

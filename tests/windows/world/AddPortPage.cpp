@@ -9,6 +9,7 @@
 
 AddPortPageTest::AddPortPageTest() {
     EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+    window.ShowWindow(SW_SHOW);
     app.SetMainWnd(&window);
 }
 

@@ -37,5 +37,6 @@ protected:
 
     TestApp app;
     CDialogEx window;
-    AddPortDlg page{context, AppRecords(), DriverRecords()};
+    DriverConfiguration configuration{Settings(), AppRecords(), DriverRecords()};
+    AddPortDlg page{context, AppRecords(), DriverRecords(), configuration};
 };

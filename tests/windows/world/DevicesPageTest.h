@@ -43,7 +43,9 @@ protected:
 
     TestApp app;
     CDialogEx window;
-    DiscoveryDlg page{context, AppRecords(), DriverRecords(), DiscoveredDevices::GetInstance()};
+    DriverConfiguration configuration{Settings(), AppRecords(), DriverRecords()};
+    DiscoveryDlg page{context, AppRecords(), DriverRecords(), configuration,
+                      DiscoveredDevices::GetInstance()};
 };
 
 // A printer driver with that identifier, named after it.
