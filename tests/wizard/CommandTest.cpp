@@ -133,8 +133,8 @@ TEST_F(CommandTest, NamesEachDriverByItsOwnPrinterAndItsOwnAddress) {
     tree.Add({.path = L"Drivers\\x64\\y.msi",
               .properties = L"<ProductName>Y</ProductName><DRIVERID>Y</DRIVERID>"});
     Run();
-    EXPECT_THAT(CommandOf(L"x.msi"), EndsWith(Rest(L"Desk")));
-    EXPECT_THAT(CommandOf(L"y.msi"), EndsWith(Rest(L"Studio")));
+    EXPECT_THAT(CommandOf(L"x.msi"), HasSubstr(Element(L"DEVICEFRIENDLYNAME", L"Desk")));
+    EXPECT_THAT(CommandOf(L"y.msi"), HasSubstr(Element(L"DEVICEFRIENDLYNAME", L"Studio")));
     EXPECT_THAT(CommandOf(L"x.msi"), HasSubstr(Element(L"IPADDRESS", L"10.0.0.1")));
     EXPECT_THAT(CommandOf(L"y.msi"), HasSubstr(Element(L"IPADDRESS", L"10.0.0.2")));
     EXPECT_THAT(CommandOf(L"y.msi"), testing::Not(HasSubstr(L"10.0.0.1")));
