@@ -10,6 +10,7 @@ import sys
 
 from fontTools import merge, subset
 from fontTools.ttLib import TTFont
+from fontTools.ttLib.tables._g_l_y_f import Glyph
 
 FAMILY = 'Velmora'
 SCRIPTS = [
@@ -19,6 +20,8 @@ SCRIPTS = [
     [(0x600, 0x6FF), (0xFB50, 0xFDFF), (0xFE70, 0xFEFF)],
     [(0x590, 0x5FF), (0xFB1D, 0xFB4F)],
 ]
+# The marks that order mixed text. Some of the fonts draw them, and some lack them, which draws a box.
+ORDERING_MARKS = [0x200E, 0x200F, *range(0x202A, 0x202F), *range(0x2066, 0x206A)]
 FEATURES = ['kern', 'liga', 'mark', 'mkmk', 'init', 'medi', 'fina', 'isol', 'rlig', 'ccmp', 'locl']
 
 
@@ -34,6 +37,17 @@ def script_of(path, ranges, work):
     subsetter.subset(font)
     font.save(work)
     return work
+
+
+def hide_ordering_marks(font):
+    for code in ORDERING_MARKS:
+        name = f'hidden{code:04X}'
+        font.setGlyphOrder(font.getGlyphOrder() + [name])
+        font['glyf'][name] = Glyph()
+        font['hmtx'][name] = (0, 0)
+        for table in font['cmap'].tables:
+            if table.isUnicode():
+                table.cmap[code] = name
 
 
 def rename(font):
@@ -59,6 +73,7 @@ def main():
                           ('OS/2', ('usWinAscent', 'usWinDescent', 'sTypoAscender', 'sTypoDescender', 'sTypoLineGap'))):
         for field in fields:
             setattr(font[table], field, getattr(measures[table], field))
+    hide_ordering_marks(font)
     rename(font)
     font.save(output)
 

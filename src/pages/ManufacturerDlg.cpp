@@ -45,6 +45,7 @@ bool ManufacturerDlg::OnInitDialog() {
     SetControlFont(IDC_MANUFACTURER_LIST, fontBody);
     if (!settings.GetBool(Tag::SILENT_INSTALL)) BuildList();
     EnableControl(IDOK, false);
+    helpButton.SetSign(L"?");
     helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.get()));
     nextButton.SetPrimary();
     return true;

@@ -92,6 +92,7 @@ bool DriverConfigDlg::OnInitDialog() {
     // The choice is never offered, but its state is still kept.
     EnableControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, false);
     ShowControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, false);
+    helpButton.SetSign(L"?");
     helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.get()));
     okButton.SetPrimary();
     return true;

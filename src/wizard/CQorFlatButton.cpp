@@ -143,7 +143,7 @@ void CQorFlatButton::DrawCaption(const DRAWITEMSTRUCT& item) const {
     }
     SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, TextColour(item));
-    const std::wstring text = GetWindowText();
+    const std::wstring text = sign.empty() ? GetWindowText() : sign;
     UINT format = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
     if (Has(item, ODS_NOACCEL)) format |= DT_HIDEPREFIX;
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area, format);

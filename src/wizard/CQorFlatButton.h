@@ -1,6 +1,9 @@
 // The wizard's square button with a grey or a green face.
 #pragma once
 
+#include <string>
+#include <utility>
+
 #include "framework/CWnd.h"
 
 // Works on windows with the style BS_FLAT; on any other it draws nothing and follows no mouse.
@@ -10,6 +13,10 @@ public:
 
     // Makes this the page's main button, which is green.
     void SetPrimary() { secondary = false; }
+
+    // Shows the sign, where there is no picture, in place of a text that is too long for the button. The text
+    // stays the button's name.
+    void SetSign(std::wstring text) { sign = std::move(text); }
 
     void DrawItem(const DRAWITEMSTRUCT& item) override;
 
@@ -27,4 +34,5 @@ private:
 
     bool hovering = false;
     bool secondary = true;
+    std::wstring sign;
 };

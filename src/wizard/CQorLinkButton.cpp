@@ -8,6 +8,7 @@ namespace {
 
 constexpr COLORREF linkColour = RGB(0x00, 0x66, 0xCC);
 constexpr COLORREF white = RGB(255, 255, 255);
+constexpr wchar_t missingPictureSign[] = L"?";
 
 struct LinkColours {
     COLORREF pen = white;
@@ -42,14 +43,19 @@ void CQorLinkButton::DrawItem(const DRAWITEMSTRUCT& item) {
     ATL::CImage picture;
     if (!imagePath.empty() && picture.Load(imagePath)) {
         picture.AlphaBlend(item.hDC, item.rcItem.left, item.rcItem.top);
-    } else if (imagePath.empty()) {
-        const std::wstring text = GetWindowText();
-        RECT area = item.rcItem;
+    } else {
         SetBkMode(item.hDC, TRANSPARENT);
         SetTextColor(item.hDC, colours.text);
-        UINT format = DT_LEFT | DT_VCENTER | DT_SINGLELINE;
-        if ((item.itemState & ODS_NOACCEL) != 0) format |= DT_HIDEPREFIX;
-        DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area, format);
+        DrawCaption(item);
     }
     if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+}
+
+// A button that is as small as its picture has no room for its text.
+void CQorLinkButton::DrawCaption(const DRAWITEMSTRUCT& item) const {
+    const std::wstring text = imagePath.empty() ? GetWindowText() : missingPictureSign;
+    RECT area = item.rcItem;
+    UINT format = DT_VCENTER | DT_SINGLELINE | (imagePath.empty() ? DT_LEFT : DT_CENTER);
+    if ((item.itemState & ODS_NOACCEL) != 0) format |= DT_HIDEPREFIX;
+    DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area, format);
 }

@@ -7,7 +7,8 @@
 
 class CQorLinkButton : public CWnd {
 public:
-    // Shows that PNG file instead of the text. At most 259 characters of the path are kept.
+    // Shows that PNG file instead of the text, or a question mark where it is missing. At most 259 characters
+    // of the path are kept.
     void SetImagePath(const std::wstring& path) { imagePath = path.substr(0, longestPath); }
 
     void DrawItem(const DRAWITEMSTRUCT& item) override;
@@ -16,6 +17,8 @@ protected:
     void PreSubclassWindow() override;
 
 private:
+    void DrawCaption(const DRAWITEMSTRUCT& item) const;
+
     static constexpr std::size_t longestPath = 259;
 
     std::wstring imagePath;

@@ -43,6 +43,19 @@ protected:
         return x;
     }
 
+    // Whether anything is drawn on the grey face between these shares of its width.
+    static bool HasCaptionIn(HWND button, double from, double to) {
+        RECT area{};
+        GetClientRect(button, &area);
+        const int width = area.right - 2 * frame;
+        for (int x = static_cast<int>(width * from); x < static_cast<int>(width * to); ++x) {
+            for (int y = frame; y < area.bottom - frame; ++y) {
+                if (WizardDriver::PixelOf(button, frame + x, y) != grey) return true;
+            }
+        }
+        return false;
+    }
+
     // How far the caption moves when the mouse presses the button, which shows these faces meanwhile.
     static int CaptionShift(HWND button, COLORREF hotFace, COLORREF pressedFace) {
         EXPECT_TRUE(DarkensUnderMouse(button, hotFace));
@@ -135,6 +148,19 @@ TEST_F(ButtonPageTest, StaysGreenWhenItWasDisabledInBetween) {
     EXPECT_TRUE(ShowsColour(wizard.WaitForControl(IDC_FINISH), green));
     wizard.Press(IDC_BYPASS_REINSTALL);
     EXPECT_TRUE(ShowsColour(wizard.WaitForControl(IDOK), green));
+}
+
+TEST_F(ButtonPageTest, ShowsAWholeSignWhereItsPictureIsMissing) {
+    tree.SetText(L"HELP_BUTTON", L"Help button");
+    UseSettings(
+        L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA><MANUFACTURERS>A|B</MANUFACTURERS>");
+    StartOn(IDC_MANUFACTURER_LIST);
+    const HWND help = wizard.FindControl(IDC_HELP_BUTTON);
+    EXPECT_TRUE(ShowsColour(help, grey));
+    EXPECT_TRUE(HasCaptionIn(help, 0.25, 0.75));
+    EXPECT_FALSE(HasCaptionIn(help, 0, 0.25));
+    EXPECT_FALSE(HasCaptionIn(help, 0.75, 1));
+    EXPECT_EQ(WizardDriver::TextOf(help), L"Help button");
 }
 
 TEST_F(ButtonPageTest, ShowsItsPictureInPlaceOfItsText) {

@@ -36,6 +36,15 @@ public:
     Sheet() { Clear(); }
     HDC Context() const { return context.get(); }
     COLORREF At(int x, int y) const { return GetPixel(context.get(), x, y); }
+    // Whether anything stands on white paper between these columns.
+    bool HasInk(int from, int to) const {
+        for (int x = from; x < to; ++x) {
+            for (int y = 2; y < area.bottom - 2; ++y) {
+                if (At(x, y) != white) return true;
+            }
+        }
+        return false;
+    }
     void Clear() { FillRect(context.get(), &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))); }
 
 private:
@@ -171,6 +180,16 @@ TEST_F(HighContrastTest, GivesALinkTheSystemsGroundAtOnce) {
     isOn = true;
     link.DrawItem(ItemIn(0));
     EXPECT_EQ(sheet.At(50, 3), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(HighContrastTest, HasASignForALinkWhosePictureIsMissing) {
+    CQorLinkButton link;
+    link.SubclassDlgItem(IDC_TEST_BUTTON, window);
+    link.SetWindowText(L"A text that is far too long for the button");
+    link.SetImagePath(L"C:\\no such picture.png");
+    link.DrawItem(ItemIn(0));
+    EXPECT_TRUE(sheet.HasInk(20, 40));
+    EXPECT_FALSE(sheet.HasInk(2, 20) || sheet.HasInk(40, 58));
 }
 
 }  // namespace
