@@ -4,10 +4,41 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
+const MessageMap& CListCtrl::Events() {
+    static const MessageMap map(nullptr, {EventsOf<CListCtrl>::Message(WM_ENABLE, &CListCtrl::OnEnable)});
+    return map;
+}
+
+const MessageMap& CListCtrl::GetMessageMap() const {
+    return Events();
+}
 
 void CListCtrl::SetExtendedStyle(DWORD style) {
-    ListView_SetExtendedListViewStyle(GetSafeHwnd(), style);
+    ListView_SetExtendedListViewStyle(GetSafeHwnd(), style | LVS_EX_LABELTIP | LVS_EX_INFOTIP);
+}
+
+// Not every version of the control looks disabled by itself.
+LRESULT CListCtrl::OnEnable(WPARAM enabled, LPARAM) {
+    const LRESULT result = Default();
+    const HWND list = GetSafeHwnd();
+    if (enabled != FALSE && enabledColours) {
+        SetColours(*enabledColours);
+        enabledColours.reset();
+    } else if (enabled == FALSE && !enabledColours) {
+        enabledColours = Colours{.ground = ListView_GetBkColor(list),
+                                 .textGround = ListView_GetTextBkColor(list),
+                                 .text = ListView_GetTextColor(list)};
+        const COLORREF face = GetSysColor(COLOR_BTNFACE);
+        SetColours({.ground = face, .textGround = face, .text = GetSysColor(COLOR_GRAYTEXT)});
+    }
+    return result;
+}
+
+void CListCtrl::SetColours(const Colours& colours) {
+    ListView_SetBkColor(GetSafeHwnd(), colours.ground);
+    ListView_SetTextBkColor(GetSafeHwnd(), colours.textGround);
+    ListView_SetTextColor(GetSafeHwnd(), colours.text);
+    InvalidateRect(GetSafeHwnd(), nullptr, TRUE);
 }
 
 int CListCtrl::GetItemCount() const {
@@ -48,27 +79,11 @@ void CListCtrl::SetItemText(int row, int column, std::wstring text) {
     SendMessage(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
-std::wstring CListCtrl::GetItemText(int row, int column) const {
-    std::size_t room = 128;
-    std::wstring text = ReadCell(row, column, room);
-    // A text that fills its room may have been cut off.
-    while (text.size() + 1 >= room) {
-        room *= 2;
-        text = ReadCell(row, column, room);
-    }
-    return text;
-}
-
-std::wstring CListCtrl::ReadCell(int row, int column, std::size_t room) const {
-    std::wstring text(room, L'\0');
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = text.data();
-    item.cchTextMax = static_cast<int>(room);
-    const auto length = static_cast<std::size_t>(
-        SendMessage(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
-    text.resize(std::min(length, room));
-    return text;
+LPARAM CListCtrl::GetItemData(int row) const {
+    LVITEMW item{.mask = LVIF_PARAM};
+    item.iItem = row;
+    SendMessage(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    return item.lParam;
 }
 
 void CListCtrl::FitColumnToHeading(int column) {

@@ -1,12 +1,14 @@
 // The system's list view, as rows and columns of text.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "framework/CWnd.h"
 
 class CListCtrl : public CWnd {
 public:
+    // Besides that style, a text that is cut shows itself whole under the mouse.
     void SetExtendedStyle(DWORD style);
 
     int GetItemCount() const;
@@ -18,7 +20,8 @@ public:
     void InsertColumn(int column, std::wstring heading);
     void InsertItem(int row, std::wstring text, LPARAM data);
     void SetItemText(int row, int column, std::wstring text);
-    std::wstring GetItemText(int row, int column) const;
+    // The number with which the row was inserted.
+    LPARAM GetItemData(int row) const;
 
     // Makes the column as wide as its heading asks for; the last one takes the rest of the list.
     void FitColumnToHeading(int column);
@@ -30,7 +33,21 @@ public:
     // Selects the row and puts the focus of the list on it. A row that there is not changes nothing.
     void SelectRow(int row);
 
+protected:
+    const MessageMap& GetMessageMap() const override;
+    // For the map of a derived class.
+    static const MessageMap& Events();
+
 private:
-    // The text of a cell, cut to that many characters with the terminator.
-    std::wstring ReadCell(int row, int column, std::size_t room) const;
+    struct Colours {
+        COLORREF ground;
+        COLORREF textGround;
+        COLORREF text;
+    };
+
+    LRESULT OnEnable(WPARAM enabled, LPARAM);
+    void SetColours(const Colours& colours);
+
+    // While the list is disabled, those that it had before.
+    std::optional<Colours> enabledColours;
 };

@@ -252,8 +252,6 @@ std::wstring DiscoveryDlg::GetDriverForSelection() const {
     return GetDefaultDriver(settings, discovered.FindColourBySeries(name));
 }
 
-// Goes by the address as it is shown.
-// By design: with the marks of a language that reads from right to left no device is found.
 DiscoveredDevice DiscoveryDlg::SelectedDevice() const {
     return discovered.LastWithAddress(deviceList.SelectedAddress());
 }

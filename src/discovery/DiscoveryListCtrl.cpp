@@ -11,6 +11,7 @@
 #include "discovery/RowOrder.h"
 #include "framework/CImage.h"
 #include "framework/Handles.h"
+#include "framework/HeldDrawing.h"
 #include "settings/ColourWords.h"
 #include "settings/TextExpansion.h"
 #include "settings/TextKeys.h"
@@ -49,28 +50,11 @@ int CALLBACK CompareRows(LPARAM first, LPARAM second, LPARAM sorting) {
                         order.cells[static_cast<std::size_t>(second)], order.ascending);
 }
 
-// Keeps the control from drawing each step of a change.
-class HeldDrawing {
-public:
-    explicit HeldDrawing(const CWnd& heldControl) : control(heldControl) {
-        control.SendMessage(WM_SETREDRAW, FALSE);
-    }
-    HeldDrawing(const HeldDrawing&) = delete;
-    HeldDrawing& operator=(const HeldDrawing&) = delete;
-    ~HeldDrawing() {
-        control.SendMessage(WM_SETREDRAW, TRUE);
-        InvalidateRect(control.GetSafeHwnd(), nullptr, TRUE);
-    }
-
-private:
-    const CWnd& control;
-};
-
 }  // namespace
 
 const MessageMap& DiscoveryListCtrl::GetMessageMap() const {
     static const MessageMap map(
-        nullptr, {EventsOf<DiscoveryListCtrl>::Message(WM_KEYUP, &DiscoveryListCtrl::OnKeyUp)});
+        &Events(), {EventsOf<DiscoveryListCtrl>::Message(WM_KEYUP, &DiscoveryListCtrl::OnKeyUp)});
     return map;
 }
 
@@ -96,7 +80,7 @@ void DiscoveryListCtrl::ShowDevices(const std::list<DiscoveredDevice>& devices) 
         rows.clear();
         InsertColumns();
         for (const DiscoveredDevice& device : devices) {
-            InsertRow({device.series.empty() ? device.model : device.series, ShownAddress(device.address),
+            InsertRow({device.series.empty() ? device.model : device.series, device.address,
                        ShownColour(device.colour)});
         }
         if (!images) LoadImages();
@@ -118,7 +102,7 @@ void DiscoveryListCtrl::InsertColumns() {
 void DiscoveryListCtrl::InsertRow(const Row& row) {
     const int index = static_cast<int>(rows.size());
     InsertItem(index, row[nameColumn], index);
-    SetItemText(index, addressColumn, row[addressColumn]);
+    SetItemText(index, addressColumn, ShownAddress(row[addressColumn]));
     SetItemText(index, lastColumn, row[lastColumn]);
     rows.push_back(row);
 }
@@ -165,13 +149,16 @@ void DiscoveryListCtrl::ShowOrder() {
 }
 
 std::wstring DiscoveryListCtrl::SelectedName() const {
-    const int row = SelectedRow();
-    return row < 0 ? std::wstring() : GetItemText(row, nameColumn);
+    return SelectedText(nameColumn);
 }
 
 std::wstring DiscoveryListCtrl::SelectedAddress() const {
+    return SelectedText(addressColumn);
+}
+
+std::wstring DiscoveryListCtrl::SelectedText(std::size_t column) const {
     const int row = SelectedRow();
-    return row < 0 ? std::wstring() : GetItemText(row, addressColumn);
+    return row < 0 ? std::wstring() : rows.at(static_cast<std::size_t>(GetItemData(row))).at(column);
 }
 
 // Who reaches the list by the keyboard finds a row there.

@@ -25,7 +25,7 @@ public:
     // For LVN_COLUMNCLICK: sorts by that column, or the other way round if it is sorted by it.
     void OnColumnClick(int column);
 
-    // The texts of the first selected row; empty without one.
+    // The texts of the first selected row, without the marks that it may be shown with; empty without one.
     std::wstring SelectedName() const;
     std::wstring SelectedAddress() const;
 
@@ -39,6 +39,7 @@ private:
     LRESULT OnKeyUp(WPARAM key, LPARAM);
     void InsertColumns();
     void InsertRow(const Row& row);
+    std::wstring SelectedText(std::size_t column) const;
     bool Sort();
     void LoadImages();
     void ShowOrder();
@@ -49,7 +50,7 @@ private:
     int sortColumn = 0;
     bool sortAscending = true;
     ImageList images;
-    // The cells, by the number that each row of the control carries: the control cannot be asked for texts
-    // while it sorts.
+    // The cells as they are, by the number that each row of the control carries: what the control shows has
+    // the marks of a language that reads from right to left, and it cannot be asked for texts while it sorts.
     std::vector<Row> rows;
 };

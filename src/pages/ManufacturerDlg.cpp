@@ -75,10 +75,11 @@ void ManufacturerDlg::BuildList() {
         return;
     }
     const bool rightToLeft = IsRightToLeftLocale();
-    for (Manufacturer& entry : manufacturers) {
-        if (rightToLeft) entry.name = MarkFinalPoint(entry.name);
-        if (entry.name.empty()) continue;
-        list.AddString(entry.name);
+    for (std::size_t index = 0; index < manufacturers.size(); ++index) {
+        const std::wstring& name = manufacturers[index].name;
+        if (name.empty()) continue;
+        list.SetItemData(list.AddString(rightToLeft ? MarkFinalPoint(name) : name),
+                         static_cast<LPARAM>(index));
     }
 }
 
@@ -103,7 +104,7 @@ void ManufacturerDlg::SelectDefault() {
 void ManufacturerDlg::OnSelectionChange() {
     const int selected = list.GetCurSel();
     if (selected < 0) return;
-    const std::wstring name = list.GetLBText(selected);
+    const std::wstring& name = manufacturers.at(static_cast<std::size_t>(list.GetItemData(selected))).name;
     ApplyBrand(settings, name);
     const auto match = std::ranges::find(manufacturers, name, &Manufacturer::name);
     if (match != manufacturers.end()) settings.SetString(Tag::OEMBYTE, match->oemByte);

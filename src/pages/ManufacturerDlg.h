@@ -24,6 +24,7 @@ private:
     void BuildList();
     void SelectDefault();
 
+    // As the package names them; each entry of the list carries its index here.
     std::vector<Manufacturer> manufacturers;
     CComboBox list;
     CQorFlatButton nextButton;

@@ -2,8 +2,10 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <utility>
 
+#include "framework/HeldDrawing.h"
 #include "ports/DriverConfigDlg.h"
 #include "ports/PortText.h"
 #include "ports/SharedPrinter.h"
@@ -258,12 +260,14 @@ void AddPortDlg::OnConfigureDriver() {
 }
 
 void AddPortDlg::FillPortList(const std::vector<PortEntry>& ports) {
+    const HeldDrawing held(portList);
     portList.DeleteAllItems();
+    systemPorts = ports;
     const bool rightToLeftTexts = IsRightToLeft(localizer);
     const bool rightToLeftLocale = IsRightToLeftLocale();
     int row = 0;
     for (const PortEntry& port : ports) {
-        portList.InsertItem(row, ShownPortName(port.name, rightToLeftTexts, rightToLeftLocale), 0);
+        portList.InsertItem(row, ShownPortName(port.name, rightToLeftTexts, rightToLeftLocale), row);
         portList.SetItemText(row, 1, port.description);
         ++row;
     }
@@ -295,9 +299,8 @@ std::optional<ChosenPort> AddPortDlg::TakePort() {
 std::optional<ChosenPort> AddPortDlg::TakeExistingPort() {
     const int row = portList.SelectedRow();
     if (row < 0) return std::nullopt;
-    return ChosenPort{.name = ChosenPortName(portList.GetItemText(row, 0), IsRightToLeftLocale()),
-                      .type = portList.GetItemText(row, 1),
-                      .add = false};
+    const PortEntry& port = systemPorts.at(static_cast<std::size_t>(portList.GetItemData(row)));
+    return ChosenPort{.name = port.name, .host = {}, .type = port.description, .add = false};
 }
 
 // The address may be anything; the port's monitor says what it makes of it.
@@ -317,12 +320,8 @@ std::optional<ChosenPort> AddPortDlg::TakeSharedPrinter() {
     return ChosenPort{.name = path, .type = std::wstring(localPortType), .add = true};
 }
 
-// By design: what the list shows counts, with the marks that it may have put into a name.
 bool AddPortDlg::IsInPortList(const std::wstring& name) const {
-    for (int row = 0; row < portList.GetItemCount(); ++row) {
-        if (portList.GetItemText(row, 0) == name) return true;
-    }
-    return false;
+    return std::ranges::find(systemPorts, name, &PortEntry::name) != systemPorts.end();
 }
 
 std::nullopt_t AddPortDlg::Refuse(TextId textKey, int field) {

@@ -81,6 +81,8 @@ private:
     DriverConfiguration& configuration;
     std::wstring receivedMessage;
     CComboBox kindList;
+    // What the list shows, without the marks of a language that reads from right to left.
+    std::vector<PortEntry> systemPorts;
     CListCtrl portList;
     DriverList driverList;
     CQorFlatButton configureButton;

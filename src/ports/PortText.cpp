@@ -16,12 +16,3 @@ std::wstring ShownPortName(std::wstring name, bool rightToLeftTexts, bool rightT
     }
     return rightToLeftLocale && IsValidIpV4Text(name) ? OverrideLeftToRight(name) : name;
 }
-
-// By design: whatever stands around the address counts as a mark.
-std::wstring ChosenPortName(std::wstring_view shown, bool rightToLeftLocale) {
-    if (rightToLeftLocale && shown.size() > 2) {
-        const std::wstring_view inner = shown.substr(1, shown.size() - 2);
-        if (IsValidIpV4Text(inner)) return std::wstring(inner);
-    }
-    return std::wstring(shown);
-}

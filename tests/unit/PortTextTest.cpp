@@ -33,29 +33,4 @@ const ShownCase names[] = {
 
 INSTANTIATE_TEST_SUITE_P(Names, ShownPortNameTest, testing::ValuesIn(names));
 
-struct ChosenCase {
-    std::wstring shown;
-    bool rightToLeftLocale;
-    std::wstring name;
-};
-
-class ChosenPortNameTest : public testing::TestWithParam<ChosenCase> {};
-
-TEST_P(ChosenPortNameTest, LosesTheMarksOfAnAddressOnly) {
-    EXPECT_EQ(ChosenPortName(GetParam().shown, GetParam().rightToLeftLocale), GetParam().name);
-}
-
-const ChosenCase shownNames[] = {
-    {L"\u202D10.1.2.3\u202C", true, L"10.1.2.3"},
-    {L"\u202D10.1.2.3\u202C", false, L"\u202D10.1.2.3\u202C"},
-    {L"(a)\u200E", true, L"(a)\u200E"},
-    {L"x10.1.2.3y", true, L"10.1.2.3"},
-    {L"110.1.2.34", true, L"10.1.2.3"},
-    {L"10.1.2.3", true, L"10.1.2.3"},
-    {L"ab", true, L"ab"},
-    {L"", true, L""},
-};
-
-INSTANTIATE_TEST_SUITE_P(Names, ChosenPortNameTest, testing::ValuesIn(shownNames));
-
 }  // namespace

@@ -108,8 +108,54 @@ TEST_F(DiscoveryDlgTest, WrapsAddressesForAUserWhoReadsFromRightToLeft) {
     EXPECT_THAT(Column(1), ElementsAre(L"\x202D"
                                        L"10.0.0.1\x202C"));
     Select(0);
-    // The marked address is none of the devices', so nothing is known of this one.
-    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_SELECTION_TEXT)), L"SELECT_PRINT_TEXT");
+    // The marks are for the eye alone.
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_SELECTION_TEXT)), L"SELECT_PRINTSCAN_TEXT");
+}
+
+class LongSeriesTest : public DiscoveryDlgTest, public testing::WithParamInterface<std::size_t> {
+protected:
+    // The message that ends the program must not reach the next test.
+    ~LongSeriesTest() override { PumpMessages(); }
+};
+
+TEST_P(LongSeriesTest, KeepsItsPort) {
+    const std::wstring series = std::wstring(GetParam() - 1, L'x') + L"y";
+    Show();
+    Deliver({{.series = series, .address = L"10.0.0.1", .hostName = L"host"}});
+    Select(0);
+    Click(IDOK);
+    EXPECT_EQ(Settings().GetString(Tag::PRINTER_NAME), series);
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"host");
+}
+
+INSTANTIATE_TEST_SUITE_P(Lengths, LongSeriesTest, testing::Values(126, 127, 128, 129, 255, 256, 257, 5000));
+
+TEST_F(DiscoveryDlgTest, SortsAddressesByTheirNumbersForAUserWhoReadsFromRightToLeft) {
+    const ArabicUser user;
+    Show();
+    Deliver({{.series = L"A", .address = L"10.0.0.10"}, {.series = L"B", .address = L"10.0.0.9"}});
+    ClickColumn(1);
+    EXPECT_THAT(Column(0), ElementsAre(L"B", L"A"));
+}
+
+TEST_F(DiscoveryDlgTest, ShowsThatItsListIsDisabled) {
+    Show();
+    const HWND list = At(IDC_DISCOVERY_LIST);
+    const LRESULT ground = SendMessageW(list, LVM_GETBKCOLOR, 0, 0);
+    const LRESULT text = SendMessageW(list, LVM_GETTEXTCOLOR, 0, 0);
+    EnableWindow(list, FALSE);
+    EXPECT_EQ(SendMessageW(list, LVM_GETBKCOLOR, 0, 0), static_cast<LRESULT>(GetSysColor(COLOR_BTNFACE)));
+    EXPECT_EQ(SendMessageW(list, LVM_GETTEXTBKCOLOR, 0, 0), static_cast<LRESULT>(GetSysColor(COLOR_BTNFACE)));
+    EXPECT_EQ(SendMessageW(list, LVM_GETTEXTCOLOR, 0, 0), static_cast<LRESULT>(GetSysColor(COLOR_GRAYTEXT)));
+    EnableWindow(list, TRUE);
+    EXPECT_EQ(SendMessageW(list, LVM_GETBKCOLOR, 0, 0), ground);
+    EXPECT_EQ(SendMessageW(list, LVM_GETTEXTCOLOR, 0, 0), text);
+}
+
+TEST_F(DiscoveryDlgTest, ShowsACutTextUnderTheMouse) {
+    Show();
+    constexpr LRESULT tips = LVS_EX_LABELTIP | LVS_EX_INFOTIP;
+    EXPECT_EQ(SendMessageW(At(IDC_DISCOVERY_LIST), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0) & tips, tips);
 }
 
 struct SelectionCase {

@@ -49,16 +49,13 @@ TEST_F(ManufacturerDlgTest, LeavesNamesAloneForOtherUsers) {
     EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.", L"B. Co"));
 }
 
-// By design: the mark is part of the stored name too, so the name without it is not found any more.
-TEST_F(ManufacturerDlgTest, FindsNoDefaultUnderTheNameWithoutItsMark) {
+TEST_F(ManufacturerDlgTest, TakesTheNameWithoutItsMark) {
     Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.");
     const ArabicUser user;
     EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
     page.SendMessage(WM_SHOWWINDOW, TRUE);
-    EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDOK)));
-    Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"Velt Co.\x200E");
-    page.SendMessage(WM_SHOWWINDOW, TRUE);
     EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+    EXPECT_EQ(Settings().GetString(Tag::OEM_NAME), L"Velt Co.");
     EXPECT_EQ(Settings().GetString(Tag::OEMBYTE), L"1");
 }
 

@@ -323,6 +323,33 @@ TEST_F(AddPortDlgTest, ShowsThePortsInTheirOrder) {
     EXPECT_EQ(Rows(), 0);
 }
 
+// Notes how many rows a list has whenever its drawing is switched.
+LRESULT CALLBACK WatchDrawing(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                              DWORD_PTR notes) {
+    if (message == WM_SETREDRAW) {
+        reinterpret_cast<std::vector<std::pair<bool, int>>*>(notes)->emplace_back(
+            wParam != 0, ListView_GetItemCount(list));
+    }
+    return DefSubclassProc(list, message, wParam, lParam);
+}
+
+TEST_F(AddPortDlgTest, DrawsItsPortsOnceHoweverManyThereAre) {
+    Open();
+    std::vector<std::pair<bool, int>> notes;
+    const HWND list = At(IDC_ADD_PORT_LIST);
+    SetWindowSubclass(list, &WatchDrawing, 1, reinterpret_cast<DWORD_PTR>(&notes));
+    page.FillPortList(std::vector<PortEntry>(500, {L"Office", L"Local Port"}));
+    RemoveWindowSubclass(list, &WatchDrawing, 1);
+    EXPECT_THAT(notes, ElementsAre(std::pair(false, 0), std::pair(true, 500)));
+    EXPECT_EQ(Rows(), 500);
+}
+
+TEST_F(AddPortDlgTest, ShowsACutTextUnderTheMouse) {
+    Open();
+    constexpr LRESULT tips = LVS_EX_LABELTIP | LVS_EX_INFOTIP;
+    EXPECT_EQ(SendMessageW(At(IDC_ADD_PORT_LIST), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0) & tips, tips);
+}
+
 TEST_F(AddPortDlgTest, RefusesANameThatTheListHas) {
     Open();
     page.FillPortList({{L"Office", L""}});

@@ -48,6 +48,19 @@ TEST_F(AddPortNextTest, TakesAnExistingPortAsItIs) {
     EXPECT_EQ(Port(), L"|LPT1:||Local Port|false");
 }
 
+class LongPortTest : public AddPortNextTest, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(LongPortTest, IsTakenWhole) {
+    const std::wstring name = std::wstring(GetParam() - 1, L'x') + L"y";
+    Open();
+    page.FillPortList({{name, L"z" + name}});
+    SelectPort(0);
+    GoOn();
+    EXPECT_EQ(Port(), L"|" + name + L"||z" + name + L"|false");
+}
+
+INSTANTIATE_TEST_SUITE_P(Lengths, LongPortTest, testing::Values(126, 127, 128, 129, 255, 256, 257, 5000));
+
 TEST_F(AddPortNextTest, TakesAPortWithoutADescription) {
     Open();
     page.FillPortList({{L"COM1:", L""}});
@@ -121,23 +134,23 @@ TEST_F(AddPortNextTest, HandsANetworkPortToThePredefinedDevices) {
                             L"<PORT_TYPE>Standard TCP/IP Port</PORT_TYPE>"));
 }
 
-TEST_F(AddPortNextTest, TakesANameBesideItsMarkedTwinForNoDuplicate) {
+TEST_F(AddPortNextTest, TakesANameForADuplicateThoughTheListShowsItWithMarks) {
     Open("RTL");
     page.FillPortList({{L"Office (1)", L""}});
     EXPECT_EQ(Cell(0, 0), L"Office (1)\u200E");
     Choose(1);
     Enter(IDC_ADD_PORT_NAME, L"Office (1)");
     Enter(IDC_ADD_PORT_ADDRESS, L"10.1.2.3");
-    GoOn();
-    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"Office (1)");
+    EXPECT_EQ(PressNextAndConfirm(), L"Wrong: There is one.");
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"");
 }
 
-TEST_F(AddPortNextTest, KeepsTheMarksOfANameThatIsNoAddress) {
+TEST_F(AddPortNextTest, TakesAPortWithoutTheMarksOfItsName) {
     Open("RTL");
     page.FillPortList({{L"Office (1)", L""}});
     SelectPort(0);
     GoOn();
-    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"Office (1)\u200E");
+    EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"Office (1)");
 }
 
 FARPROC(WINAPI* findExport)(HMODULE, LPCSTR) = nullptr;
