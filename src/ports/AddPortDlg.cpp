@@ -19,6 +19,7 @@
 #include "wizard/Controller.h"
 #include "wizard/LocalizedMessage.h"
 #include "wizard/PageNames.h"
+#include "wizard/PaintedWait.h"
 
 namespace {
 
@@ -316,7 +317,8 @@ std::optional<ChosenPort> AddPortDlg::TakeNetworkPort() {
 std::optional<ChosenPort> AddPortDlg::TakeSharedPrinter() {
     const std::wstring path = TextOf(IDC_ADD_PORT_PATH, pathRead);
     if (IsInPortList(path)) return Refuse(TextKey::DUP_PORT_TEXT, IDC_ADD_PORT_PATH);
-    if (!IsSharedPrinter(path)) return Refuse(TextKey::INVALID_NET_PATH_TEXT, IDC_ADD_PORT_PATH);
+    if (!RunPainted([&] { return IsSharedPrinter(path); }))
+        return Refuse(TextKey::INVALID_NET_PATH_TEXT, IDC_ADD_PORT_PATH);
     return ChosenPort{.name = path, .type = std::wstring(localPortType), .add = true};
 }
 

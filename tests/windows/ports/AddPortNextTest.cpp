@@ -7,6 +7,7 @@
 #include "resources/resource.h"
 #include "tests/windows/world/AddPortPage.h"
 #include "tests/windows/world/FakeShare.h"
+#include "tests/wizard/Waiting.h"
 
 namespace {
 
@@ -62,6 +63,7 @@ TEST_P(LongPortTest, IsTakenWhole) {
 INSTANTIATE_TEST_SUITE_P(Lengths, LongPortTest, testing::Values(126, 127, 128, 129, 255, 256, 257, 5000));
 
 TEST_F(AddPortNextTest, TakesAPortWithoutADescription) {
+    Settings().SetString(Tag::PORT_TYPE, L"Standard TCP/IP Port");
     Open();
     page.FillPortList({{L"COM1:", L""}});
     SelectPort(0);
@@ -96,6 +98,22 @@ TEST_F(AddPortNextTest, DescribesASharedPrinter) {
     Enter(IDC_ADD_PORT_PATH, L"\\\\server\\printer");
     GoOn();
     EXPECT_EQ(Port(), L"|\\\\server\\printer||Local Port|true");
+}
+
+TEST_F(AddPortNextTest, IsPaintedWhileTheNetworkThinks) {
+    bool isPainted = false;
+    const FakeShare share({.remoteName = L"\\\\server\\printer", .before = [&] {
+                               InvalidateRect(page.GetSafeHwnd(), nullptr, TRUE);
+                               isPainted = WaitUntil([this] {
+                                   return GetUpdateRect(page.GetSafeHwnd(), nullptr, FALSE) == FALSE;
+                               });
+                           }});
+    Open();
+    Show();
+    Choose(2);
+    Enter(IDC_ADD_PORT_PATH, L"\\\\server\\printer");
+    GoOn();
+    EXPECT_TRUE(isPainted);
 }
 
 TEST_F(AddPortNextTest, DoesNotReadTheRowOfAKindThatIsNotChosen) {

@@ -22,6 +22,7 @@ FARPROC(WINAPI* findExport)(HMODULE, LPCSTR) = nullptr;
 // left alone.
 DWORD WINAPI Answer(LPNETRESOURCEW question, LPVOID buffer, LPDWORD size, LPWSTR* rest) {
     asked = Asked{.question = *question, .name = question->lpRemoteName, .room = *size};
+    if (scripted.before) scripted.before();
     if (scripted.code != NO_ERROR) return scripted.code;
     const std::size_t textSize = (scripted.remoteName.size() + 1) * sizeof(wchar_t);
     const auto needed = static_cast<DWORD>(sizeof(NETRESOURCEW) + textSize);

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 
 #include "PatchedImport.h"
@@ -17,6 +18,8 @@ public:
         std::wstring remoteName;
         // The library does not have the function.
         bool isMissing = false;
+        // Runs before the answer, on the thread that asks.
+        std::function<void()> before;
     };
 
     explicit FakeShare(Answer answer);
