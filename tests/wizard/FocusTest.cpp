@@ -1,5 +1,8 @@
 // Where the keyboard speaks to while the user walks through the wizard by keys alone.
 
+#include <algorithm>
+#include <vector>
+
 #include "NetworkPageTest.h"
 #include "RealInput.h"
 #include "resources/resource.h"
@@ -276,8 +279,7 @@ TEST_F(RunFocusTest, IsOnTheGreenButtonsAtTheEnd) {
 
 TEST_F(RunFocusTest, LeavesEscapeToTheFinishPageOfACancelledRun) {
     Use({});
-    tree.Add(
-        {.path = L"Applications\\a.msi", .install = {.steps = {{L"untilCancel", {}}}, .code = 1602}});
+    tree.Add({.path = L"Applications\\a.msi", .install = {.steps = {{L"untilCancel", {}}}, .code = 1602}});
     StartInFront(IDC_PROGRESS_BAR);
     EXPECT_EQ(Focused(IDC_PROGRESS_STATUS_LINE), IDC_PROGRESS_STATUS_LINE);
     EXPECT_EQ(FocusAfter({VK_TAB}, IDCANCEL), IDCANCEL);
@@ -323,6 +325,69 @@ TEST_F(FocusTest, LeavesEscapeAndEnterToAnOpenList) {
         EXPECT_EQ(Focused(IDC_MANUFACTURER_LIST), IDC_MANUFACTURER_LIST);
     }
     EXPECT_FALSE(HasAskedToCancel());
+}
+
+struct RoundCase {
+    const char* name;
+    const wchar_t* settings;
+    // The control that has the focus at first, and the others in the order of the Tab key.
+    std::vector<int> controls;
+};
+
+void PrintTo(const RoundCase& page, std::ostream* stream) {
+    *stream << page.name;
+}
+
+class FirstPagesFocusTest : public FocusTest, public testing::WithParamInterface<RoundCase> {};
+
+TEST_P(FirstPagesFocusTest, GoesRoundTheControlsOfThePage) {
+    tree.SetSettings(std::wstring(L"<HIDE_DISCOVERY>true</HIDE_DISCOVERY>") + GetParam().settings);
+    tree.Add({.path = L"Applications\\a.msi"});
+    std::vector<int> round = GetParam().controls;
+    StartInFront(round.front());
+    EXPECT_EQ(Focused(round.front()), round.front());
+    std::ranges::rotate(round, round.begin() + 1);
+    EXPECT_EQ(TabRound({VK_TAB}), round);
+    std::ranges::reverse(round);
+    std::ranges::rotate(round, round.begin() + 1);
+    EXPECT_EQ(TabRound({VK_SHIFT, VK_TAB}), round);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, FirstPagesFocusTest,
+                         testing::Values(RoundCase{"Licence",
+                                                   L"<HIDE_START>true</HIDE_START>",
+                                                   {IDC_LICENCE_TEXT, IDOK, IDCANCEL}},
+                                         RoundCase{"Manufacturer",
+                                                   L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
+                                                   L"<MANUFACTURERS>A:1|B:2</MANUFACTURERS>",
+                                                   {IDC_MANUFACTURER_LIST, IDC_HELP_BUTTON, IDCANCEL}},
+                                         RoundCase{"Bypass",
+                                                   L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
+                                                   L"<TAG_DIALOG_SHOW_BYPASS>true</TAG_DIALOG_SHOW_BYPASS>",
+                                                   {IDC_BYPASS_REINSTALL, IDOK, IDCANCEL}},
+                                         RoundCase{"Connectivity",
+                                                   L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
+                                                   L"<AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>",
+                                                   {IDC_CONNECTIVITY_NETWORK, IDOK, IDCANCEL}}),
+                         [](const testing::TestParamInfo<RoundCase>& page) {
+                             return std::string(page.param.name);
+                         });
+
+TEST_F(RunFocusTest, IsInTheQuestionAboutFilesAndBackOnThePageAfterIt) {
+    Use({});
+    const std::wstring sign = Gate(L"gate");
+    tree.Add(
+        {.path = L"Applications\\a.msi",
+         .install = {.steps = {{L"message", L"<FILE_IN_USE>true</FILE_IN_USE>"}, {L"untilFile", sign}}}});
+    StartInFront(IDC_FILES_IN_USE_RETRY);
+    EXPECT_EQ(Focused(IDC_FILES_IN_USE_RETRY), IDC_FILES_IN_USE_RETRY);
+    EXPECT_THAT(TabRound({VK_TAB}), ElementsAre(IDCANCEL, IDC_FILES_IN_USE_RETRY));
+    PressKeys({VK_RETURN});
+    wizard.WaitForControl(IDC_PROGRESS_BAR);
+    EXPECT_EQ(Focused(IDC_PROGRESS_STATUS_LINE), IDC_PROGRESS_STATUS_LINE);
+    Open(L"gate");
+    wizard.WaitForControl(IDC_OUTCOME_TITLE);
+    EXPECT_EQ(Focused(IDC_FINISH), IDC_FINISH);
 }
 
 }  // namespace

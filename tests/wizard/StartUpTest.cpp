@@ -170,6 +170,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(AddressCase{"Plain", L"-ip=a.b", L"a.b"},
                     AddressCase{"FurtherEqualsSignsBelongToTheValue", L"-ip=a=b", L"a=b"},
                     AddressCase{"TheLastOfTwoStands", L"-ip=1.1.1.1 -ip=2.2.2.2", L"2.2.2.2"},
+                    AddressCase{"NoValueLeavesAnEarlierOne", L"-ip=1.1.1.1 -ip", L"1.1.1.1"},
                     AddressCase{"NamesAreCaseSensitive", L"-IP=10.0.0.5", L""},
                     AddressCase{"NamesAreComparedWhole", L"-ipx=10.0.0.5", L""},
                     AddressCase{"AWordWithoutASwitchIsIgnored", L"ip=1.2.3.4", L""},

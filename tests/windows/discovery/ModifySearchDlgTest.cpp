@@ -342,6 +342,37 @@ TEST_F(ModifySearchDlgTest, StoresTheHostOnEnterThoughOkIsDisabled) {
     EXPECT_THAT(BasicMessages(), Contains(L"Filter for Hostname: not good!"));
 }
 
+TEST_F(ModifySearchDlgTest, StoresABadSubnetOnEnter) {
+    for (const auto& [address, mask] : {std::pair{L"host", L"255.0.0.0"}, {L"10.1.0.0", L"24"}, {L"", L""}}) {
+        Open();
+        Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+        Type(IDC_MODIFY_SEARCH_ADDRESS, address);
+        Type(IDC_MODIFY_SEARCH_MASK, mask);
+        Pause();
+        EXPECT_FALSE(IsEnabled(IDOK));
+        MSG enter{.hwnd = At(IDC_MODIFY_SEARCH_MASK), .message = WM_KEYDOWN, .wParam = VK_RETURN};
+        EXPECT_TRUE(dialog.PreTranslateMessage(&enter));
+        const std::wstring subnet = std::wstring(address) + L":" + mask + L";";
+        EXPECT_EQ(Search(), L"<RemoteSubnets>" + subnet + L"</RemoteSubnets>");
+        EXPECT_THAT(BasicMessages(), Contains(L"Filter for Subnet: " + subnet));
+        dialog.DestroyWindow();
+        Settings().SetString(Tag::DISCOVER_PARAMS, {});
+    }
+}
+
+TEST_F(ModifySearchDlgTest, RepeatsNoBalloonForASubnetThatIsStillWrong) {
+    Open();
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Type(IDC_MODIFY_SEARCH_ADDRESS, L"host");
+    Type(IDC_MODIFY_SEARCH_MASK, L"mask");
+    Pause();
+    Choose(IDC_MODIFY_SEARCH_LOCAL);
+    Choose(IDC_MODIFY_SEARCH_BY_SUBNET);
+    Pause();
+    EXPECT_FALSE(IsEnabled(IDOK));
+    EXPECT_THAT(balloons, ElementsAre(L"MSG_INVALID_IP", L"MSG_INVALID_SUBNET"));
+}
+
 TEST_F(ModifySearchDlgTest, StoresAnEmptyHostOnEnter) {
     Open();
     Choose(IDC_MODIFY_SEARCH_BY_HOST);

@@ -30,6 +30,13 @@ protected:
         return text;
     }
 
+    int PictureIn(int row) const {
+        LVITEMW item{.mask = LVIF_IMAGE};
+        item.iItem = row;
+        SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        return item.iImage;
+    }
+
     TestApp app;
     CDialogEx window;
     HWND list = nullptr;
@@ -46,6 +53,21 @@ TEST_F(StatusListViewTest, MarksANameThatBeginsWithAPointForAnArabicUser) {
 TEST_F(StatusListViewTest, LeavesNamesAloneForOtherUsers) {
     view.Fill();
     EXPECT_EQ(NameIn(0), L".NET");
+}
+
+// The first line is that of the framework.
+TEST_F(StatusListViewTest, ShowsACheckForWhatWentWellAndACrossForTheRest) {
+    constexpr int check = 0;
+    constexpr int cross = 1;
+    for (const auto& [framework, package] : {std::pair{0, 1}, {1, 0}}) {
+        Settings().SetString(Tag::APP_INSTALLATION_STATUS,
+                             L"<App 0><NAME>.NET</NAME><STATUS>" + std::to_wstring(framework) +
+                                 L"</STATUS></App 0><App 1><NAME>Ink</NAME><STATUS>" +
+                                 std::to_wstring(package) + L"</STATUS></App 1>");
+        view.Fill();
+        EXPECT_EQ(PictureIn(0), framework == 0 ? check : cross);
+        EXPECT_EQ(PictureIn(1), package == 0 ? check : cross);
+    }
 }
 
 }  // namespace

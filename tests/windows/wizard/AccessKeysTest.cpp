@@ -1,0 +1,89 @@
+// The access keys of the sample's languages: each leads to one control of its dialog.
+
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <tuple>
+
+#include "CommonLib/Files.h"
+#include "resources/resource.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/EveryDialog.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+#include "tests/windows/world/WorkingFolder.h"
+
+namespace {
+
+using AccessKeysCase = std::tuple<DialogCase, const char*>;
+
+class AccessKeysTest : public SettingsTest, public testing::WithParamInterface<AccessKeysCase> {
+protected:
+    AccessKeysTest() {
+        const auto texts = std::filesystem::path(GetExeDirectory()) / L".." / L".." / L"strings" /
+                           (std::string(std::get<1>(GetParam())) + "_strings.xml");
+        std::ifstream file(texts, std::ios::binary);
+        AddTexts(std::string(std::istreambuf_iterator(file), {}));
+        ReadTextsAnew();
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+        window.ShowWindow(SW_SHOW);
+    }
+
+    // The keys of the controls that can be seen at a time, each with the texts that have it.
+    std::map<wchar_t, std::vector<std::wstring>> Keys(const InstallDialogEx& dialog) const {
+        std::map<wchar_t, std::vector<std::wstring>> keys;
+        const bool hasKinds = dialog.GetDlgItem(IDC_ADD_PORT_KIND) != nullptr;
+        for (HWND control = GetWindow(dialog.GetSafeHwnd(), GW_CHILD); control != nullptr;
+             control = GetWindow(control, GW_HWNDNEXT)) {
+            if (hasKinds && !IsWindowVisible(control) && GetDlgCtrlID(control) != IDC_ADD_PORT_CONFIGURE)
+                continue;
+            const std::wstring text = TextOf(control);
+            const std::size_t mark = text.find(L'&');
+            if (mark != std::wstring::npos && mark + 1 < text.size())
+                keys[static_cast<wchar_t>(towupper(text[mark + 1]))].push_back(text);
+        }
+        return keys;
+    }
+
+    void ExpectOneControlPerKey(const InstallDialogEx& dialog) const {
+        for (const auto& [key, texts] : Keys(dialog))
+            EXPECT_EQ(texts.size(), 1U) << testing::PrintToString(texts);
+    }
+
+    WorkingFolder folder{GetExeDirectory()};
+    AppCatalogue applications;
+    DriverInfo drivers;
+    DriverConfiguration configuration{Settings(), applications, drivers};
+    TestApp app;
+    CDialogEx window;
+};
+
+TEST_P(AccessKeysTest, LeadToOneControlEach) {
+    const std::unique_ptr<InstallDialogEx> dialog =
+        std::get<0>(GetParam()).make({context, window, applications, drivers, configuration});
+    ASSERT_TRUE(dialog->Create(dialog->TemplateId(), &window));
+    dialog->ShowWindow(SW_SHOW);
+    ExpectOneControlPerKey(*dialog);
+    if (const HWND kinds = dialog->GetDlgItem(IDC_ADD_PORT_KIND)) {
+        for (WPARAM kind = 1; kind < 3; ++kind) {
+            SendMessageW(kinds, CB_SETCURSEL, kind, 0);
+            dialog->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_KIND, CBN_SELCHANGE),
+                                reinterpret_cast<LPARAM>(kinds));
+            ExpectOneControlPerKey(*dialog);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, AccessKeysTest,
+                         testing::Combine(testing::ValuesIn(EveryDialog()),
+                                          testing::Values("en", "de", "ar")),
+                         [](const testing::TestParamInfo<AccessKeysCase>& given) {
+                             return std::get<0>(given.param).name + std::string("_") +
+                                    std::get<1>(given.param);
+                         });
+
+}  // namespace
