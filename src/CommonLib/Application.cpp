@@ -4,6 +4,6 @@
 #include "CommonLib/Win32Exception.h"
 
 void Application::launch() {
-    process = StartProcess(nullptr, commandLine, creationFlags | DETACHED_PROCESS);
+    process = StartProcess(program, commandLine, creationFlags | DETACHED_PROCESS);
     if (!process) throw Win32Exception(L"Application::launch()", GetLastError(), L"CommonLib/Application");
 }

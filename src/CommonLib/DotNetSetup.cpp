@@ -52,7 +52,7 @@ std::uint32_t InstallDotNetRuntime(const std::wstring& setupPath) {
     logger.WriteBasic(LogLevel::None, LogApplication::DotNetInstall, L"Installing .Net Framework");
     logger.WriteAdvanced(LogLevel::None, LogApplication::DotNetInstall, commandLine);
 
-    const KernelHandle process = StartProcess(program.c_str(), commandLine, CREATE_NO_WINDOW);
+    const KernelHandle process = StartProcess(program, commandLine, CREATE_NO_WINDOW);
     const DWORD exitCode = process ? WaitForExit(process.get()) : std::max(GetLastError(), DWORD{1});
     WriteOutcome(exitCode);
     return exitCode;

@@ -54,6 +54,17 @@ bool PathExists(const std::wstring& path) {
     return PathFileExistsW(path.c_str()) != FALSE;
 }
 
+bool IsFile(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool IsFolderLink(const std::wstring& path) {
+    constexpr DWORD folderLink = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & folderLink) == folderLink;
+}
+
 bool CanBeRead(const std::wstring& path) {
     return CanOpen(path, FILE_SHARE_READ);
 }

@@ -22,6 +22,12 @@ std::size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& pat
 // Returns true if there is a file or folder of that path, whether it can be opened or not.
 bool PathExists(const std::wstring& path);
 
+// Returns true if there is something of that path and it is no folder.
+bool IsFile(const std::wstring& path);
+
+// Returns true if that path is a link or a junction to a folder.
+bool IsFolderLink(const std::wstring& path);
+
 // Returns true if the file can be opened for reading while others read it too.
 bool CanBeRead(const std::wstring& path);
 

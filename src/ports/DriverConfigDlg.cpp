@@ -132,7 +132,7 @@ void DriverConfigDlg::MakeConfiguration() {
     const std::wstring toolPath = configuration.FindConfigTool(driverId);
     // The unpacking may not be done yet; the user presses New again.
     if (!CanBeReadAlone(toolPath)) return;
-    const KernelHandle process = StartProcess(toolPath.c_str(), commandLine, 0);
+    const KernelHandle process = StartProcess(toolPath, commandLine, 0);
     if (!process) {
         LogBasic(L"Failure launching Driver Configuration: " + commandLine, LogLevel::Error);
         return;

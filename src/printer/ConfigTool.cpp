@@ -27,10 +27,9 @@ std::wstring LastPathWith(const std::vector<std::wstring>& paths, std::wstring_v
     return found == paths.rend() ? std::wstring() : *found;
 }
 
-// By design: the target stands without quotes.
-std::wstring UnpackParameters(std::wstring_view packagePath, const ConfigToolKind& tool) {
-    return L"CMD /c msiexec /a " + Quoted(packagePath) + L" /qn TARGETDIR=%temp%\\" +
-           std::wstring(tool.unpackFolder);
+std::wstring UnpackCommand(std::wstring_view installerPath, std::wstring_view packagePath,
+                           std::wstring_view folder) {
+    return Quoted(installerPath) + L" /a " + Quoted(packagePath) + L" /qn TARGETDIR=" + Quoted(folder);
 }
 
 // By design: the tool's path is never quoted, nor is the file of the newer tool. The tools read their command

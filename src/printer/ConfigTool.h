@@ -44,8 +44,10 @@ const ConfigToolKind& ConfigToolFor(std::wstring_view driver);
 // Returns the last of the paths that holds the part, or the empty text.
 std::wstring LastPathWith(const std::vector<std::wstring>& paths, std::wstring_view part);
 
-// Returns what the command interpreter gets to unpack a package's tool into the temporary folder.
-std::wstring UnpackParameters(std::wstring_view packagePath, const ConfigToolKind& tool);
+// Returns the command line by which Windows Installer's program unpacks a package into the folder. None of
+// the paths may end in a backslash.
+std::wstring UnpackCommand(std::wstring_view installerPath, std::wstring_view packagePath,
+                           std::wstring_view folder);
 
 struct ConfigCommandInputs {
     std::wstring toolPath;

@@ -1,7 +1,5 @@
 #include "printer/DriverConfigPaths.h"
 
-#include <windows.h>
-
 #include <optional>
 
 #include "CommonLib/Files.h"
@@ -14,8 +12,6 @@
 #include "settings/TagNames.h"
 
 namespace {
-
-constexpr DWORD extractionTimeInMilliseconds = 5000;
 
 // The first path below the folder that is not taken, counting the value up; the counts add up in the name. A
 // value without an extension has no free name while its own is taken: that is logged, and its own name stays.
@@ -35,11 +31,13 @@ std::wstring FreeTarget(const std::wstring& folder, const std::wstring& configur
 
 void ExtractTool(const AppCatalogue& applications, const std::wstring& packagePath) {
     MSIExtractService service(applications, packagePath);
-    service.DoRun();
-    // The second start finds no path any more and takes the package of the newer tool from the catalogue.
     service.SetDriverId(L"V4");
     service.DoRun();
-    Sleep(extractionTimeInMilliseconds);
+    service.WaitForEnd();
+    // A second run finds no path any more and takes the package of the newer tool from the catalogue.
+    if (packagePath.empty()) return;
+    service.DoRun();
+    service.WaitForEnd();
 }
 
 }  // namespace
@@ -64,10 +62,8 @@ void ResolveConfigExePaths(InstallSettings& settings, const AppCatalogue& applic
         const std::wstring value = TagDocument::ValueOf(device, Tag::CONFIG_EXE_PATH);
         if (value.empty()) continue;
         std::vector<std::wstring> packages;
-        const std::wstring folder = GetExeDirectory() + L"\\..\\";
-        FindFiles(folder, packages, L"msi");
-        const std::wstring package = LastPathWith(packages, value);
-        ExtractTool(applications, package.empty() ? folder : package);
+        FindFiles(GetExeDirectory() + L"\\..\\", packages, L"msi");
+        ExtractTool(applications, LastPathWith(packages, value));
 
         std::vector<std::wstring> programs;
         FindFiles(GetToolFolder(L"V4", settings.GetString(Tag::OEM)), programs, L"exe");

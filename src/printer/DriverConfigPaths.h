@@ -7,5 +7,5 @@
 // Copies the configuration files of the devices to free names in the machine-wide folder.
 void ResolveDriverConfigPaths(InstallSettings& settings);
 
-// Unpacks the configuration tools that the devices name. Takes at least five seconds per device.
+// Unpacks the configuration tools that the devices name and waits until they are there.
 void ResolveConfigExePaths(InstallSettings& settings, const AppCatalogue& applications);

@@ -23,11 +23,11 @@ const GenerationCase drivers[] = {
 
 INSTANTIATE_TEST_SUITE_P(Drivers, GenerationTest, testing::ValuesIn(drivers));
 
-TEST(UnpackParametersTest, QuoteThePackageAndNotTheTarget) {
-    EXPECT_EQ(UnpackParameters(L"C:\\a & b\\100% \\Kit.msi", v4ConfigTool),
-              L"CMD /c msiexec /a \"C:\\a & b\\100% \\Kit.msi\" /qn TARGETDIR=%temp%\\ArdentisKit");
-    EXPECT_EQ(UnpackParameters(L"", olderConfigTool),
-              L"CMD /c msiexec /a \"\" /qn TARGETDIR=%temp%\\TolvaneKit");
+TEST(UnpackCommandTest, QuotesThePathsAndHasNoVariable) {
+    EXPECT_EQ(UnpackCommand(L"C:\\windows\\system32\\msiexec.exe", L"C:\\a & b\\100% \\Kit.msi",
+                            L"C:\\Users\\John Doe\\Temp\\ArdentisKit"),
+              L"\"C:\\windows\\system32\\msiexec.exe\" /a \"C:\\a & b\\100% \\Kit.msi\" /qn "
+              L"TARGETDIR=\"C:\\Users\\John Doe\\Temp\\ArdentisKit\"");
 }
 
 const ConfigCommandInputs someInputs{.toolPath = L"C:\\my tools\\Tool.exe",

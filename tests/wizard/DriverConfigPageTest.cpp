@@ -279,10 +279,53 @@ TEST_F(DriverConfigPageTest, RefusesAFileOfAnotherKind) {
 
 TEST_F(DriverConfigPageTest, UnpacksAKitWhateverItsNameHolds) {
     tree.AddProbe(L"Setup\\x64\\Probe.exe", 0);
-    AddKit(olderKit, L"Kit & Probe.exe & ^x (1).msi");
+    AddKit(olderKit, L"Kit %TEMP% & Probe.exe & ^x (1).msi");
     OpenOlder();
     EXPECT_TRUE(WaitUntil([] { return fs::exists(OlderTool()); }));
     EXPECT_FALSE(fs::exists(tree.ProgramFolder() / L"Probe.exe.calls"));
+}
+
+// The programs that were once found beside the program, or by the first word of a path.
+TEST_F(DriverConfigPageTest, UnpacksByTheInstallerOfTheSystem) {
+    for (const wchar_t* const name : {L"msiexec.exe", L"cmd.exe"}) {
+        tree.AddProbe(std::wstring(L"Setup\\x64\\") + name, 0);
+    }
+    AddKit(olderKit);
+    OpenOlder();
+    EXPECT_TRUE(WaitUntil([] { return fs::exists(OlderTool()); }));
+    EXPECT_FALSE(fs::exists(tree.ProgramFolder() / L"msiexec.exe.calls"));
+    EXPECT_FALSE(fs::exists(tree.ProgramFolder() / L"cmd.exe.calls"));
+}
+
+// The user's temporary folder has the user's name in its path.
+class UserWithBlankTest : public DriverConfigPageTest {
+protected:
+    void SetUp() override {
+        formerFolder = GetTemporaryFolder();
+        const fs::path folder = tree.Root() / L"John & 100% Doe" / L"Temp";
+        fs::create_directories(folder);
+        SetTemporaryFolder(folder.wstring());
+        DriverConfigPageTest::SetUp();
+    }
+    void TearDown() override {
+        DriverConfigPageTest::TearDown();
+        SetTemporaryFolder(formerFolder);
+    }
+
+private:
+    static void SetTemporaryFolder(const std::wstring& path) {
+        for (const wchar_t* const name : {L"TEMP", L"TMP"}) SetEnvironmentVariableW(name, path.c_str());
+    }
+
+    std::wstring formerFolder;
+};
+
+TEST_F(UserWithBlankTest, ConfiguresADriver) {
+    SetEnvironmentVariableW(quietSwitch, L"1");
+    AddKit(olderKit);
+    OpenOlder();
+    MakeConfiguration();
+    EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), MadeFile(L"Halvenny.zdc").wstring());
 }
 
 // The command line tells the values as they stand; what they hold starts nothing.

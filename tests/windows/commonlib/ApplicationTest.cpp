@@ -14,6 +14,7 @@ TEST(ApplicationTest, StartsTheCommandLineAndDoesNotHoldTheProcess) {
     const ScratchFolder folder;
     {
         Application application;
+        application.program = CompanionPath();
         application.commandLine =
             L"\"" + CompanionPath() + L"\" leave-trace \"" + (folder / L"trace") + L"\"";
         application.launch();
@@ -25,6 +26,7 @@ TEST(ApplicationTest, LeavesTheCommandLineAsItWas) {
     const ScratchFolder folder;
     Application application;
     const std::wstring line = L"\"" + CompanionPath() + L"\" end-with 0";
+    application.program = CompanionPath();
     application.commandLine = line;
     application.launch();
     EXPECT_EQ(application.commandLine, line);
@@ -32,7 +34,7 @@ TEST(ApplicationTest, LeavesTheCommandLineAsItWas) {
 
 TEST(ApplicationTest, TellsOfAProgramThatIsNotThere) {
     Application application;
-    application.commandLine = L"C:\\no-such-folder\\no-such-program.exe";
+    application.program = L"C:\\no-such-folder\\no-such-program.exe";
     try {
         application.launch();
         FAIL() << "no exception";

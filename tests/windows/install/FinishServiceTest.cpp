@@ -56,4 +56,26 @@ TEST_F(FinishServiceTest, LeavesOutWhatFollowsAProgramThatCannotStart) {
     EXPECT_FALSE(Exists(L"two"));
 }
 
+TEST_F(FinishServiceTest, TakesTheLongestNameThatIsAFile) {
+    std::filesystem::copy_file(CompanionPath(), folder / L"my program.exe");
+    std::filesystem::copy_file(CompanionPath(), folder / L"my.exe");
+    std::filesystem::create_directories(folder / L"my program.exe leave-trace");
+    Settings().AppendStartApp(L"my program.exe leave-trace " + (folder / L"one") +
+                              L";my program leave-trace " + (folder / L"two") + L";");
+    EXPECT_EQ(FinishService(Settings()).DoRun(), 0U);
+    EXPECT_TRUE(HasStarted(L"one"));
+    EXPECT_TRUE(HasStarted(L"two"));
+}
+
+// The program's own argument is what fails if its path came in pieces.
+TEST_F(FinishServiceTest, StartsAProgramInAFolderWithBlanks) {
+    std::filesystem::create_directories(folder / L"John Doe");
+    std::filesystem::copy_file(CompanionPath(), folder / L"John Doe\\program.exe");
+    std::filesystem::copy_file(CompanionPath(), folder / L"John.exe");
+    Settings().SetString(Tag::TARGET_DIR, folder / L"John Doe");
+    Settings().AppendStartApp(Starting(L"trace") + L";");
+    EXPECT_EQ(FinishService(Settings()).DoRun(), 0U);
+    EXPECT_TRUE(HasStarted(L"trace"));
+}
+
 }  // namespace

@@ -1,7 +1,5 @@
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include <filesystem>
 #include <mutex>
 
@@ -17,15 +15,24 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 
 std::vector<std::wstring> unpackings;
-DWORD paused = 0;
+// The processes that were waited for, in the order of their starts.
+std::vector<HANDLE> started;
+std::vector<HANDLE> awaited;
 
-HINSTANCE WINAPI KeepUnpacking(HWND, LPCWSTR verb, LPCWSTR program, LPCWSTR parameters, LPCWSTR, INT) {
-    unpackings.push_back(std::wstring(verb) + L" " + program + L" " + parameters);
-    return reinterpret_cast<HINSTANCE>(INT_PTR{42});
+BOOL WINAPI KeepUnpacking(LPCWSTR, LPWSTR commandLine, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL,
+                          DWORD, LPVOID, LPCWSTR, LPSTARTUPINFOW, LPPROCESS_INFORMATION information) {
+    // One at a time, as Windows Installer wants it.
+    EXPECT_EQ(started.size(), awaited.size());
+    unpackings.emplace_back(commandLine);
+    *information = {.hProcess = CreateEventW(nullptr, TRUE, FALSE, nullptr),
+                    .hThread = CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+    started.push_back(information->hProcess);
+    return TRUE;
 }
 
-void WINAPI KeepPause(DWORD milliseconds) {
-    paused += milliseconds;
+DWORD WINAPI KeepWait(HANDLE process, DWORD) {
+    awaited.push_back(process);
+    return WAIT_OBJECT_0;
 }
 
 // The unpacking is not run; what it would have left lies in the temporary folder.
@@ -33,7 +40,8 @@ class ConfigExePathsTest : public SettingsTest {
 protected:
     ConfigExePathsTest() {
         unpackings.clear();
-        paused = 0;
+        started.clear();
+        awaited.clear();
         fs::remove_all(Kit());
         Settings().SetString(Tag::OEM, L"Maker");
         Settings().SetDevices({L"<CONFIG_EXE_PATH>Ardentis</CONFIG_EXE_PATH>"});
@@ -43,12 +51,9 @@ protected:
     static std::wstring Kit() { return GetTemporaryFolder() + L"ArdentisKit"; }
     static std::wstring Tools() { return Kit() + L"\\Maker\\ArdentisKit\\"; }
     static void Resolve() {
-        const PatchedImport shell("ShellExecuteW", &KeepUnpacking);
-        const PatchedImport sleep("Sleep", &KeepPause);
+        const PatchedImport starting("CreateProcessW", &KeepUnpacking);
+        const PatchedImport waiting("WaitForSingleObject", &KeepWait);
         ResolveConfigExePaths(Settings(), AppCatalogue::GetInstance());
-    }
-    static std::wstring Unpacking(const std::wstring& package) {
-        return L"runas cmd.exe CMD /c msiexec /a \"" + package + L"\" /qn TARGETDIR=%temp%\\";
     }
 };
 
@@ -58,18 +63,18 @@ TEST_F(ConfigExePathsTest, UnpackTheLastPackageThatHoldsTheName) {
     WriteBytes(Tools() + L"TheArdentis.exe");
     WriteBytes(Tools() + L"Other.exe");
     Resolve();
-    const std::wstring package = GetExeDirectory() + L"\\..\\MakerArdentis.msi";
-    ASSERT_EQ(unpackings.size(), 2U);
-    EXPECT_EQ(unpackings[0], Unpacking(package) + L"ArdentisKit");
-    EXPECT_EQ(paused, 5000U);
+    ASSERT_EQ(unpackings.size(), 1U);
+    EXPECT_THAT(unpackings[0],
+                testing::EndsWith(L" /a \"" + GetExeDirectory() +
+                                  L"\\..\\MakerArdentis.msi\" /qn TARGETDIR=\"" + Kit() + L"\""));
+    EXPECT_EQ(awaited, started);
     EXPECT_THAT(Settings().GetDevices(),
                 ElementsAre(L"<CONFIG_EXE_PATH>" + Tools() + L"TheArdentis.exe</CONFIG_EXE_PATH>"));
 }
 
-TEST_F(ConfigExePathsTest, HandTheFolderOverWhereNoPackageFits) {
+TEST_F(ConfigExePathsTest, UnpackNothingWhereNoPackageFits) {
     Resolve();
-    ASSERT_FALSE(unpackings.empty());
-    EXPECT_EQ(unpackings[0], Unpacking(GetExeDirectory() + L"\\..\\") + L"ArdentisKit");
+    EXPECT_TRUE(unpackings.empty());
     EXPECT_THAT(Settings().GetDevices(), ElementsAre(L"<CONFIG_EXE_PATH></CONFIG_EXE_PATH>"));
 }
 

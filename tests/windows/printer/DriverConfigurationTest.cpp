@@ -1,7 +1,5 @@
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include <filesystem>
 
 #include "CommonLib/Files.h"
@@ -14,6 +12,7 @@
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/windows/world/TestApp.h"
+#include "tests/wizard/FolderLink.h"
 
 namespace {
 
@@ -144,21 +143,30 @@ TEST_F(DriverConfigurationTest, BuildsTheCommandLineFromWhatIsThere) {
 }
 
 std::vector<std::wstring> commands;
-INT_PTR shellResult = 0;
+bool startSucceeds = true;
+HANDLE startedProcess = nullptr;
+DWORD waitingTime = 0;
 
-HINSTANCE WINAPI KeepCommand(HWND, LPCWSTR verb, LPCWSTR program, LPCWSTR parameters, LPCWSTR folder,
-                             INT shown) {
-    commands.push_back(std::wstring(verb) + L" " + program + L" " + parameters);
-    EXPECT_EQ(folder, nullptr);
-    EXPECT_EQ(shown, SW_HIDE);
-    return reinterpret_cast<HINSTANCE>(shellResult);
+BOOL WINAPI KeepCommand(LPCWSTR program, LPWSTR commandLine, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES,
+                        BOOL, DWORD flags, LPVOID, LPCWSTR, LPSTARTUPINFOW,
+                        LPPROCESS_INFORMATION information) {
+    commands.push_back(std::wstring(program) + L": " + commandLine);
+    EXPECT_EQ(flags, DWORD{CREATE_NO_WINDOW});
+    if (!startSucceeds) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return FALSE;
+    }
+    *information = {.hProcess = CreateEventW(nullptr, TRUE, FALSE, nullptr),
+                    .hThread = CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+    startedProcess = information->hProcess;
+    return TRUE;
 }
 
 class UnpackingTest : public DriverConfigurationTest {
 protected:
     UnpackingTest() {
         commands.clear();
-        shellResult = 42;
+        startSucceeds = true;
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         app.SetMainWnd(&window);
     }
@@ -168,13 +176,15 @@ protected:
         OpenDriverConfiguration(window, context, configuration, driverId, dialog);
     }
     static std::wstring Unpacking(const std::wstring& package, const std::wstring& kit) {
-        return L"runas cmd.exe CMD /c msiexec /a \"" + package + L"\" /qn TARGETDIR=%temp%\\" + kit;
+        const std::wstring installer = L"C:\\windows\\system32\\msiexec.exe";
+        return installer + L": \"" + installer + L"\" /a \"" + package + L"\" /qn TARGETDIR=\"" +
+               GetTemporaryFolder() + kit + L"\"";
     }
 
     TestApp app;
     CDialogEx window;
     std::unique_ptr<DriverConfigDlg> dialog;
-    PatchedImport shell{"ShellExecuteW", &KeepCommand};
+    PatchedImport starting{"CreateProcessW", &KeepCommand};
 };
 
 TEST_F(UnpackingTest, TakesTheFirstPackageOfTheGeneration) {
@@ -188,13 +198,23 @@ TEST_F(UnpackingTest, TakesTheFirstPackageOfTheGeneration) {
                             Unpacking(ProgramTree::AsWritten(L"Common\\x64\\a.msi"), L"TolvaneKit")));
 }
 
-TEST_F(UnpackingTest, IsTriedOncePerGenerationEvenIfItWasRefused) {
-    shellResult = SE_ERR_ACCESSDENIED;
+TEST_F(UnpackingTest, IsTriedOncePerGenerationEvenIfItFailed) {
+    AddTool(L"V4DRIVERCONFIG", L"b.msi");
+    AddTool(L"DRIVERCONFIG", L"a.msi");
+    startSucceeds = false;
     Open(older);
     Open(newer);
     Open(older);
     Open(newer);
-    EXPECT_THAT(commands, ElementsAre(Unpacking(L"", L"TolvaneKit"), Unpacking(L"", L"ArdentisKit")));
+    EXPECT_THAT(commands,
+                ElementsAre(Unpacking(ProgramTree::AsWritten(L"Common\\x64\\a.msi"), L"TolvaneKit"),
+                            Unpacking(ProgramTree::AsWritten(L"Common\\x64\\b.msi"), L"ArdentisKit")));
+}
+
+TEST_F(UnpackingTest, StartsNothingForAToolThatThePackageLacks) {
+    AddTool(L"V4DRIVERCONFIG", L"b.msi");
+    Open(older);
+    EXPECT_THAT(commands, testing::IsEmpty());
 }
 
 TEST_F(UnpackingTest, KeepsTheDialogWithThePage) {
@@ -205,14 +225,37 @@ TEST_F(UnpackingTest, KeepsTheDialogWithThePage) {
     EXPECT_NE(dialog.get(), first);
 }
 
-TEST_F(UnpackingTest, TellsWhetherTheShellHasTakenTheCommand) {
-    for (const INT_PTR result : {32, 31}) {
-        shellResult = result;
-        MSIExtractService service(AppRecords());
-        EXPECT_FALSE(service.Launched());
-        EXPECT_EQ(service.DoRun(), 1U);
-        EXPECT_EQ(service.Launched(), result == 32);
-    }
+TEST_F(UnpackingTest, SaysWhetherItHasStarted) {
+    MSIExtractService service(AppRecords(), L"C:\\given.msi");
+    EXPECT_FALSE(service.Launched());
+    EXPECT_EQ(service.DoRun(), 1U);
+    EXPECT_TRUE(service.Launched());
+    EXPECT_EQ(service.DoRun(), 1U);
+    EXPECT_FALSE(service.Launched());
+}
+
+TEST_F(UnpackingTest, LogsAStartThatFails) {
+    startSucceeds = false;
+    MSIExtractService service(AppRecords(), L"C:\\given.msi");
+    service.DoRun();
+    EXPECT_FALSE(service.Launched());
+    EXPECT_THAT(BasicLog(), testing::Contains(Record(
+                                L"ERROR", L"The unpacking of C:\\given.msi cannot be started, error 5")));
+}
+
+TEST_F(UnpackingTest, IsLeftAloneWhereItDoesNotEnd) {
+    const PatchedImport waiting(
+        "WaitForSingleObject", +[](HANDLE handle, DWORD milliseconds) -> DWORD {
+            if (handle != startedProcess) return WaitForSingleObjectEx(handle, milliseconds, FALSE);
+            waitingTime = milliseconds;
+            return WAIT_TIMEOUT;
+        });
+    MSIExtractService service(AppRecords(), L"C:\\given.msi");
+    service.DoRun();
+    service.WaitForEnd();
+    EXPECT_LT(waitingTime, INFINITE);
+    EXPECT_THAT(BasicLog(), testing::Contains(Record(
+                                L"ERROR", L"The unpacking of C:\\given.msi takes longer than 300 seconds")));
 }
 
 TEST_F(UnpackingTest, TakesAGivenPackageOnce) {
@@ -224,6 +267,18 @@ TEST_F(UnpackingTest, TakesAGivenPackageOnce) {
     EXPECT_THAT(commands,
                 ElementsAre(Unpacking(L"C:\\given.msi", L"ArdentisKit"),
                             Unpacking(ProgramTree::AsWritten(L"Common\\x64\\a.msi"), L"TolvaneKit")));
+}
+
+TEST_F(DriverConfigurationTest, UnpacksNothingThroughALink) {
+    const ScratchFolder target;
+    const FolderLink link(GetTemporaryFolder() + L"ArdentisKit", target.Path());
+    commands.clear();
+    const PatchedImport starting("CreateProcessW", &KeepCommand);
+    MSIExtractService service(AppRecords(), L"C:\\given.msi");
+    service.DoRun();
+    EXPECT_THAT(commands, testing::IsEmpty());
+    EXPECT_THAT(BasicLog(), testing::Contains(Record(L"ERROR", L"Nothing is unpacked through the link " +
+                                                                   GetTemporaryFolder() + L"ArdentisKit")));
 }
 
 }  // namespace
