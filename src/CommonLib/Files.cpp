@@ -29,6 +29,15 @@ std::wstring GetExeDirectory() {
     return path.substr(0, path.find_last_of(L'\\'));
 }
 
+std::wstring GetSetupDirectory() {
+    const std::wstring path = GetExeDirectory();
+    return path.substr(0, path.find_last_of(L'\\'));
+}
+
+std::wstring GetPicturePath(const std::wstring& fileName) {
+    return GetSetupDirectory() + L"\\res\\images\\" + fileName;
+}
+
 std::size_t FindFiles(const std::wstring& folder, std::vector<std::wstring>& paths,
                       const std::wstring& extension, const std::wstring& nameFilter) {
     CFileFind finder;

@@ -10,6 +10,13 @@ std::wstring GetExePath();
 // The folder of the running program, without a closing backslash.
 std::wstring GetExeDirectory();
 
+// The folder above the running program's, where the package's settings, texts and pictures are, without a
+// closing backslash.
+std::wstring GetSetupDirectory();
+
+// The full path of a picture of the package.
+std::wstring GetPicturePath(const std::wstring& fileName);
+
 // Appends to the list the full path of every entry of the folder (which ends in a backslash) with that
 // extension, folders included, in the order of the file system; an empty extension takes every entry. With a
 // name filter an entry counts only if its name occurs in the filter's text. Returns the size of the list.

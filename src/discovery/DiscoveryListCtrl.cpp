@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "CommonLib/Files.h"
 #include "CommonLib/IpAddress.h"
 #include "CommonLib/SystemLibrary.h"
 #include "discovery/RowOrder.h"
@@ -131,7 +132,7 @@ void DiscoveryListCtrl::LoadImages() {
     for (const wchar_t* const name : {L"bullet_arrow_up", L"bullet_arrow_down", L"bullet_toggle_plus"}) {
         ATL::CImage image;
         // The headings go without pictures rather than with the wrong ones.
-        if (!image.Load(std::wstring(L"..\\res\\images\\") + name + L".png")) return;
+        if (!image.Load(GetPicturePath(std::wstring(name) + L".png"))) return;
         ImageList_Add(images.get(), image.GetBitmap(), nullptr);
     }
     Header_SetImageList(ListView_GetHeader(GetSafeHwnd()), images.get());

@@ -133,7 +133,7 @@ void FinishDlg::PaintGround(HDC context) {
     InstallDialogEx::PaintGround(context);
     const std::wstring status = settings.GetString(Tag::INSTALL_STATUS);
     ATL::CImage picture;
-    picture.Load(GetExeDirectory() + L"\\..\\res\\images\\" + std::wstring(FinishPicture(status, usbFinish)));
+    picture.Load(GetPicturePath(std::wstring(FinishPicture(status, usbFinish))));
     RECT place{};
     GetWindowRect(GetDlgItem(IDC_FINISH_PICTURE_PLACE), &place);
     MapWindowPoints(nullptr, GetSafeHwnd(), reinterpret_cast<POINT*>(&place), 2);

@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 
+#include "CommonLib/Files.h"
 #include "CommonLib/SystemVersion.h"
 #include "framework/CImage.h"
 #include "install/FinishTexts.h"
@@ -35,7 +36,7 @@ void StatusListView::Attach(HWND listView) {
 void StatusListView::LoadPictures() {
     ATL::CImage check;
     ATL::CImage cross;
-    if (!check.Load(L"..\\res\\images\\check.png") || !cross.Load(L"..\\res\\images\\x.png")) return;
+    if (!check.Load(GetPicturePath(L"check.png")) || !cross.Load(GetPicturePath(L"x.png"))) return;
     const UINT mirrored = IsRightToLeft(localizer) ? ILC_MIRROR : 0;
     pictures.reset(ImageList_Create(check.GetWidth(), check.GetHeight(), ILC_COLOR32 | mirrored, 2, 0));
     ImageList_Add(pictures.get(), check.GetBitmap(), nullptr);

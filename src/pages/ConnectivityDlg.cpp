@@ -46,9 +46,8 @@ bool ConnectivityDlg::OnInitDialog() {
     SetUpControl(IDC_CONNECTIVITY_NETWORK, TextKey::ETHERNETRADIO_TEXT, fontButton);
     SetUpControl(IDC_CONNECTIVITY_USB, TextKey::USBRADIO_TEXT, fontButton);
     FocusControl(IDOK);
-    const std::wstring images = GetExeDirectory() + L"\\..\\res\\images\\";
-    SetChoicePicture(IDC_CONNECTIVITY_NETWORK, images + L"network.png", networkIcon);
-    SetChoicePicture(IDC_CONNECTIVITY_USB, images + L"usb.png", usbIcon);
+    SetChoicePicture(IDC_CONNECTIVITY_NETWORK, GetPicturePath(L"network.png"), networkIcon);
+    SetChoicePicture(IDC_CONNECTIVITY_USB, GetPicturePath(L"usb.png"), usbIcon);
     helpButton.SetImagePath(helpImagePath);
     nextButton.SetPrimary();
     return true;

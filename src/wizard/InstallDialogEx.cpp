@@ -38,7 +38,7 @@ HANDLE InstallFont() {
     return AddFontMemResourceEx(LockResource(loaded), SizeofResource(module, resource), nullptr, &installed);
 }
 
-Icon LoadIconFile(const wchar_t* path) {
+Icon LoadIconFile(const std::wstring& path) {
     ATL::CImage image;
     image.Load(path);
     return image.ToIcon();
@@ -181,13 +181,13 @@ std::uint32_t InstallDialogEx::ReceiveMessage(std::wstring) {
 bool InstallDialogEx::OnInitDialog() {
     CDialogEx::OnInitDialog();
     MakeFonts();
-    helpIconHighContrast = LoadIconFile(L"..\\res\\images\\high_contrast_help.png");
-    helpIcon = LoadIconFile(L"..\\res\\images\\help.png");
-    refreshIcon = LoadIconFile(L"..\\res\\images\\refresh.png");
-    refreshIconHighContrast = LoadIconFile(L"..\\res\\images\\high_contrast_refresh.png");
-    helpImagePath = GetExeDirectory() + L"\\..\\res\\images\\help.png";
+    helpImagePath = GetPicturePath(L"help.png");
+    helpIconHighContrast = LoadIconFile(GetPicturePath(L"high_contrast_help.png"));
+    helpIcon = LoadIconFile(helpImagePath);
+    refreshIcon = LoadIconFile(GetPicturePath(L"refresh.png"));
+    refreshIconHighContrast = LoadIconFile(GetPicturePath(L"high_contrast_refresh.png"));
     // The help follows the user's language, even where the texts are chosen to be of another.
-    helpFile = L"..\\" + GetLanguageCode() + L"\\install.chm";
+    helpFile = GetSetupDirectory() + L"\\" + GetLanguageCode() + L"\\install.chm";
     // A page without tips serves as well.
     static_cast<void>(toolTips.Create(*this));
     if (IsHighContrastOn()) CMFCLinkCtrl::SetUnderlinedFont(MakeFont(L"Arial", 8, regular, true));

@@ -1,5 +1,6 @@
 #include "wizard/KestruneDlg.h"
 
+#include "CommonLib/Files.h"
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "settings/TextKeys.h"
@@ -49,8 +50,8 @@ bool KestruneDlg::OnInitDialog() {
 }
 
 void KestruneDlg::ShowLogo() {
-    logo.reset(static_cast<HBITMAP>(LoadImageW(nullptr, L"..\\res\\images\\logo.bmp", IMAGE_BITMAP, 0, 0,
-                                               LR_LOADFROMFILE | LR_DEFAULTSIZE)));
+    logo.reset(static_cast<HBITMAP>(LoadImageW(nullptr, GetPicturePath(L"logo.bmp").c_str(), IMAGE_BITMAP, 0,
+                                               0, LR_LOADFROMFILE | LR_DEFAULTSIZE)));
     if (!logo) return;
     const HWND place = GetDlgItem(IDC_MAIN_LOGO);
     // A logo holds a name, which must not be mirrored with the window.

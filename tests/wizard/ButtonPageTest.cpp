@@ -1,5 +1,6 @@
 // The faces of the buttons as they stand on the screen.
 
+#include "BitmapFile.h"
 #include "PageTest.h"
 #include "RealInput.h"
 #include "resources/resource.h"
@@ -170,6 +171,20 @@ TEST_F(ButtonPageTest, ShowsItsPictureInPlaceOfItsText) {
         L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA><MANUFACTURERS>A|B</MANUFACTURERS>");
     StartOn(IDC_MANUFACTURER_LIST);
     EXPECT_TRUE(ShowsColour(wizard.FindControl(IDC_HELP_BUTTON), pictureColour));
+}
+
+TEST_F(ButtonPageTest, ShowsItsPictureWhereverTheProgramIsStarted) {
+    constexpr COLORREF pictureColour = RGB(0, 0, 255);
+    AddPicture(L"help.png", pictureColour);
+    tree.WriteFile(L"Setup\\res\\images\\logo.bmp", BitmapFile(RGB(255, 0, 0)));
+    UseSettings(
+        L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA><MANUFACTURERS>A|B</MANUFACTURERS>");
+    wizard.Start({}, tree.Root());
+    wizard.WaitForControl(IDC_MANUFACTURER_LIST);
+    EXPECT_TRUE(ShowsColour(wizard.FindControl(IDC_HELP_BUTTON), pictureColour));
+    RECT logo{};
+    GetWindowRect(wizard.FindControl(IDC_MAIN_LOGO), &logo);
+    EXPECT_EQ(logo.right - logo.left, 16);
 }
 
 }  // namespace

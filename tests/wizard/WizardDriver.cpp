@@ -77,11 +77,11 @@ KernelHandle RestrictedToken() {
 
 }  // namespace
 
-void WizardDriver::Start(const std::wstring& arguments) {
+void WizardDriver::Start(const std::wstring& arguments, const std::filesystem::path& workingFolder) {
     std::wstring commandLine = CommandLine(program, arguments);
     STARTUPINFOW startup{.cb = sizeof(STARTUPINFOW)};
     PROCESS_INFORMATION information{};
-    const std::wstring folder = program.parent_path().wstring();
+    const std::wstring folder = (workingFolder.empty() ? program.parent_path() : workingFolder).wstring();
     const auto start = [&] {
         return CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                               folder.c_str(), &startup, &information) != FALSE;

@@ -25,8 +25,8 @@ public:
     WizardDriver(const WizardDriver&) = delete;
     WizardDriver& operator=(const WizardDriver&) = delete;
 
-    // Starts the program in its own folder, as a double click does.
-    void Start(const std::wstring& arguments = {});
+    // Starts the program in its own folder, as a double click does, or in another working folder.
+    void Start(const std::wstring& arguments = {}, const std::filesystem::path& workingFolder = {});
     // Starts the program for a user who is no administrator.
     void StartRestricted();
     bool IsRunning() const;

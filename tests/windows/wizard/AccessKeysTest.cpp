@@ -15,7 +15,6 @@
 #include "tests/windows/world/EveryDialog.h"
 #include "tests/windows/world/SettingsTest.h"
 #include "tests/windows/world/TestApp.h"
-#include "tests/windows/world/WorkingFolder.h"
 
 namespace {
 
@@ -54,7 +53,6 @@ protected:
             EXPECT_EQ(texts.size(), 1U) << testing::PrintToString(texts);
     }
 
-    WorkingFolder folder{GetExeDirectory()};
     AppCatalogue applications;
     DriverInfo drivers;
     DriverConfiguration configuration{Settings(), applications, drivers};

@@ -8,7 +8,6 @@
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/SettingsTest.h"
 #include "tests/windows/world/TestApp.h"
-#include "tests/windows/world/WorkingFolder.h"
 #include "tests/wizard/BitmapFile.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/CQorLinkButton.h"
@@ -90,7 +89,6 @@ protected:
     }
 
     PatchedImport setting{"SystemParametersInfoW", &TellSetting};
-    WorkingFolder folder{GetExeDirectory()};
     TestApp app;
     CDialogEx window;
     Sheet sheet;
@@ -190,6 +188,23 @@ TEST_F(HighContrastTest, HasASignForALinkWhosePictureIsMissing) {
     link.DrawItem(ItemIn(0));
     EXPECT_TRUE(sheet.HasInk(20, 40));
     EXPECT_FALSE(sheet.HasInk(2, 20) || sheet.HasInk(40, 58));
+}
+
+std::wstring helpFile;
+
+HWND WINAPI KeepHelpFile(HWND, const wchar_t* file, UINT, DWORD_PTR) {
+    helpFile = file;
+    return nullptr;
+}
+
+TEST_F(HighContrastTest, AsksForTheHelpByItsFullPath) {
+    ManufacturerDlg page{context};
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
+    const PatchedImport exports(
+        "GetProcAddress",
+        +[](HMODULE, LPCSTR) { return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&KeepHelpFile)); });
+    page.SendMessage(WM_COMMAND, IDC_HELP_BUTTON, reinterpret_cast<LPARAM>(page.GetDlgItem(IDC_HELP_BUTTON)));
+    EXPECT_EQ(helpFile, GetSetupDirectory() + L"\\en\\install.chm");
 }
 
 }  // namespace

@@ -10,7 +10,6 @@
 #include "tests/windows/world/ObjectCounts.h"
 #include "tests/windows/world/SettingsTest.h"
 #include "tests/windows/world/TestApp.h"
-#include "tests/windows/world/WorkingFolder.h"
 #include "tests/wizard/BitmapFile.h"
 
 namespace {
@@ -47,7 +46,6 @@ protected:
         }
     }
 
-    WorkingFolder folder{GetExeDirectory()};
     AppCatalogue applications;
     DriverInfo drivers;
     DriverConfiguration configuration{Settings(), applications, drivers};
