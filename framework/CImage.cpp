@@ -1,5 +1,6 @@
 #include "framework/CImage.h"
 
+#include <memory>
 #include <utility>
 
 #include "framework/GdiPlus.h"
@@ -8,14 +9,27 @@ namespace ATL {
 
 namespace {
 
-// GDI+ stays up for the life of the process: pictures are drawn until its very end.
-bool StartGdiplus() {
-    static const bool started = [] {
-        ULONG_PTR token = 0;
-        const Gdiplus::GdiplusStartupInput input;
-        return Gdiplus::GdiplusStartup(&token, &input, nullptr) == Gdiplus::Ok;
-    }();
-    return started;
+using ImageOwner = std::unique_ptr<Gdiplus::GpBitmap, decltype(GdiPlus::Entries::disposeImage)>;
+using GraphicsOwner = std::unique_ptr<Gdiplus::GpGraphics, decltype(GdiPlus::Entries::deleteGraphics)>;
+
+ImageOwner OpenPicture(const GdiPlus::Entries& gdi, const std::wstring& path) {
+    Gdiplus::GpBitmap* image = nullptr;
+    const bool opened = gdi.createBitmapFromFile(path.c_str(), &image) == Gdiplus::Ok;
+    return {opened ? image : nullptr, gdi.disposeImage};
+}
+
+// Draws the picture into pixels with the colours multiplied by the transparency.
+bool Draw(const GdiPlus::Entries& gdi, Gdiplus::GpBitmap* picture, int width, int height, void* pixels) {
+    Gdiplus::GpBitmap* image = nullptr;
+    if (gdi.createBitmapFromPixels(width, height, width * 4, PixelFormat32bppPARGB,
+                                   static_cast<BYTE*>(pixels), &image) != Gdiplus::Ok) {
+        return false;
+    }
+    const ImageOwner canvas(image, gdi.disposeImage);
+    Gdiplus::GpGraphics* context = nullptr;
+    if (gdi.getGraphics(image, &context) != Gdiplus::Ok) return false;
+    const GraphicsOwner graphics(context, gdi.deleteGraphics);
+    return gdi.drawImage(context, picture, 0, 0, width, height) == Gdiplus::Ok;
 }
 
 Bitmap MakeBitmap(int width, int height, void*& pixels) {
@@ -33,17 +47,19 @@ Bitmap MakeBitmap(int width, int height, void*& pixels) {
 
 bool CImage::Load(const std::wstring& path) {
     bitmap.reset();
-    if (!StartGdiplus()) return false;
-    Gdiplus::Bitmap source(path.c_str());
-    if (source.GetLastStatus() != Gdiplus::Ok) return false;
-    width = static_cast<int>(source.GetWidth());
-    height = static_cast<int>(source.GetHeight());
+    const GdiPlus::Entries* const gdi = GdiPlus::Get();
+    if (gdi == nullptr) return false;
+    const ImageOwner source = OpenPicture(*gdi, path);
+    if (!source) return false;
+    UINT columns = 0;
+    UINT rows = 0;
+    gdi->getWidth(source.get(), &columns);
+    gdi->getHeight(source.get(), &rows);
+    width = static_cast<int>(columns);
+    height = static_cast<int>(rows);
     void* pixels = nullptr;
     Bitmap target = MakeBitmap(width, height, pixels);
-    if (!target) return false;
-    Gdiplus::Bitmap canvas(width, height, width * 4, PixelFormat32bppPARGB, static_cast<BYTE*>(pixels));
-    Gdiplus::Graphics graphics(&canvas);
-    if (graphics.DrawImage(&source, 0, 0, width, height) != Gdiplus::Ok) return false;
+    if (!target || !Draw(*gdi, source.get(), width, height, pixels)) return false;
     bitmap = std::move(target);
     return true;
 }
@@ -54,7 +70,8 @@ void CImage::AlphaBlend(HDC target, int left, int top) const {
     const SelectedObject selected(memory.get(), bitmap.get());
     const BLENDFUNCTION blend{
         .BlendOp = AC_SRC_OVER, .BlendFlags = 0, .SourceConstantAlpha = 255, .AlphaFormat = AC_SRC_ALPHA};
-    ::AlphaBlend(target, left, top, width, height, memory.get(), 0, 0, width, height, blend);
+    // The entry of GDI32 and not that of MSIMG32, which the system does not load from its own folder alone.
+    GdiAlphaBlend(target, left, top, width, height, memory.get(), 0, 0, width, height, blend);
 }
 
 Icon CImage::ToIcon() const {

@@ -11,6 +11,8 @@ add_library(kestrune_framework STATIC
   framework/CToolTipCtrl.cpp
   framework/CWinApp.cpp
   framework/CWnd.cpp
-  framework/MessageMap.cpp)
+  framework/GdiPlus.cpp
+  framework/MessageMap.cpp
+  framework/SystemLibrary.cpp)
 target_link_libraries(kestrune_framework PUBLIC kestrune_options
-  user32 gdi32 comctl32 comdlg32 shell32 ole32 uuid gdiplus msimg32)
+  user32 gdi32 comctl32 comdlg32 shell32 ole32 uuid)

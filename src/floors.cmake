@@ -21,7 +21,7 @@ endfunction()
 floor(CommonLib
   LOGIC AddressText Exception LogRecord TextUtilities
   SYSTEM Application DotNetSetup Files InterProcessLock IpAddress Logger Mutex ProcessStart ProcessWait Security
-    SecurityEveryone SystemLibrary SystemText SystemVersion TextFile Win32Exception XmlAttributeReader)
+    SecurityEveryone SystemText SystemVersion TextFile Win32Exception XmlAttributeReader)
 
 floor(settings
   LOGIC DeviceDocument ElementNames FilterDocument IndexedDocument InstallSettings KeyedValues LanguageTable
@@ -71,5 +71,4 @@ endif()
 if(WIN32)
   target_link_libraries(kestrune_CommonLib PUBLIC advapi32 oleaut32 shlwapi)
   target_link_libraries(kestrune_wizard PUBLIC ntdll)
-  target_link_libraries(kestrune_printer PUBLIC winspool)
 endif()

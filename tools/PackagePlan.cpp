@@ -12,6 +12,7 @@
 #include "app/Collaborators.h"
 #include "catalogue/MsiInfoService.h"
 #include "catalogue/MsiInterface.h"
+#include "framework/SystemLibrary.h"
 #include "install/InstallDecision.h"
 #include "install/InstallService.h"
 #include "settings/SettingsFiles.h"
@@ -56,6 +57,7 @@ void Print(const std::vector<MSI_APP>& records, const std::wstring& indent) {
 }  // namespace
 
 int wmain() {
+    RestrictLibrarySearch();
     const Collaborators shared = TheCollaborators();
     InstallSettings& settings = shared.settings;
     if (LoadDefaults(settings) != 0) {

@@ -8,9 +8,9 @@
 #include "CommonLib/Logger.h"
 #include "CommonLib/ProcessStart.h"
 #include "CommonLib/ProcessWait.h"
-#include "CommonLib/SystemLibrary.h"
 #include "CommonLib/TextUtilities.h"
 #include "framework/Handles.h"
+#include "framework/SystemLibrary.h"
 
 namespace {
 

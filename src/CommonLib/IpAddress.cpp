@@ -7,8 +7,8 @@
 #include <array>
 
 #include "CommonLib/Logger.h"
-#include "CommonLib/SystemLibrary.h"
 #include "framework/Handles.h"
+#include "framework/SystemLibrary.h"
 
 namespace {
 

@@ -10,6 +10,7 @@
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
 #include "CommonLib/Vendor.h"
+#include "framework/SystemLibrary.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
@@ -59,7 +60,7 @@ MsiInterface* MsiInterface::GetInstance() {
 
 MsiInterface::MsiInterface(const std::wstring& libraryPath, const InstallSettings& store,
                            const Localizer& texts)
-    : settings(store), localizer(texts), library(LoadLibraryW(libraryPath.c_str())) {
+    : settings(store), localizer(texts), library(LoadPackageLibrary(libraryPath)) {
     if (!library) {
         LogBasic(L"Failed to load Brevanto.dll!", LogLevel::Error);
         return;

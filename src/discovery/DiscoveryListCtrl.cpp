@@ -8,11 +8,11 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/IpAddress.h"
-#include "CommonLib/SystemLibrary.h"
 #include "discovery/RowOrder.h"
 #include "framework/CImage.h"
 #include "framework/Handles.h"
 #include "framework/HeldDrawing.h"
+#include "framework/SystemLibrary.h"
 #include "settings/ColourWords.h"
 #include "settings/TextExpansion.h"
 #include "settings/TextKeys.h"

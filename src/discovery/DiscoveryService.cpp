@@ -6,6 +6,7 @@
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
+#include "framework/SystemLibrary.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "wizard/Controller.h"
@@ -59,8 +60,8 @@ std::wstring BuildSearchDocument(const InstallSettings& settings) {
 
 DiscoveryService::DiscoveryService(IDiscoveryDialog* discoveryPage, InstallSettings& store,
                                    const DriverInfo& driverCatalogue, Controller& walk)
-    : sondrixModule(LoadLibraryW((GetExeDirectory() + L"\\Sondrix.dll").c_str())),
-      quelmarModule(LoadLibraryW((GetExeDirectory() + L"\\Quelmar.dll").c_str())),
+    : sondrixModule(LoadPackageLibrary(GetExeDirectory() + L"\\Sondrix.dll")),
+      quelmarModule(LoadPackageLibrary(GetExeDirectory() + L"\\Quelmar.dll")),
       page(discoveryPage),
       settings(store),
       drivers(driverCatalogue),

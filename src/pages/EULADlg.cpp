@@ -9,10 +9,10 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
-#include "CommonLib/SystemLibrary.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/TextFile.h"
 #include "CommonLib/TextUtilities.h"
+#include "framework/SystemLibrary.h"
 #include "resources/resource.h"
 #include "settings/LanguageTable.h"
 #include "settings/Localizer.h"

@@ -7,8 +7,8 @@
 
 #include <array>
 
-#include "CommonLib/SystemLibrary.h"
 #include "framework/Handles.h"
+#include "framework/SystemLibrary.h"
 
 bool IsSharedPrinter(const std::wstring& path) {
     if (PathIsUNCServerShareW(path.c_str()) == FALSE) return false;

@@ -5,7 +5,7 @@
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/ProcessStart.h"
-#include "CommonLib/SystemLibrary.h"
+#include "framework/SystemLibrary.h"
 #include "printer/ConfigTool.h"
 
 namespace {

@@ -7,12 +7,12 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
-#include "CommonLib/SystemLibrary.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/SystemVersion.h"
 #include "CommonLib/TextFile.h"
 #include "CommonLib/TextUtilities.h"
 #include "framework/Handles.h"
+#include "framework/SystemLibrary.h"
 #include "settings/LanguageTable.h"
 #include "settings/TagDocument.h"
 #include "settings/TextExpansion.h"

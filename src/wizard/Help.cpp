@@ -4,7 +4,7 @@
 
 #include <htmlhelp.h>
 
-#include "CommonLib/SystemLibrary.h"
+#include "framework/SystemLibrary.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "ports/AddPortService.h"
 #include "resources/resource.h"
 #include "tests/windows/world/AddPortPage.h"
-#include "tests/windows/world/PatchedImport.h"
+#include "tests/windows/world/PatchedExport.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ protected:
     // Runs the service on a system with these ports.
     void Run(std::vector<FakePort> ports) {
         systemPorts = std::move(ports);
-        const PatchedImport enumeration("EnumPortsW", &TellPorts);
+        const PatchedExport enumeration("EnumPortsW", &TellPorts);
         EXPECT_EQ(service.DoRun(), 0U);
     }
 
@@ -113,7 +113,7 @@ TEST_F(AddPortServiceTest, FillsThePortsAloneInAPredefinedConfiguration) {
 TEST_F(AddPortServiceTest, RunsWithoutAPage) {
     AddPortService alone(nullptr, Settings(), DriverRecords());
     systemPorts = {{L"LPT1:", L""}};
-    const PatchedImport enumeration("EnumPortsW", &TellPorts);
+    const PatchedExport enumeration("EnumPortsW", &TellPorts);
     EXPECT_EQ(alone.DoRun(), 0U);
     EXPECT_EQ(servers.size(), 2U);
 }

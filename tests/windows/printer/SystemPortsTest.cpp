@@ -4,7 +4,7 @@
 #include <winspool.h>
 
 #include "printer/SystemPorts.h"
-#include "tests/windows/world/PatchedImport.h"
+#include "tests/windows/world/PatchedExport.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ TEST_F(SystemPortsTest, KnowAPortByItsExactName) {
 }
 
 TEST_F(SystemPortsTest, AreNoneOnASystemWithoutAny) {
-    const PatchedImport patch(
+    const PatchedExport patch(
         "EnumPortsW", +[](LPWSTR, DWORD, LPBYTE, DWORD, LPDWORD needed, LPDWORD) -> BOOL {
             *needed = 0;
             return FALSE;
@@ -39,7 +39,7 @@ TEST_F(SystemPortsTest, AreNoneOnASystemWithoutAny) {
 }
 
 TEST_F(SystemPortsTest, AreNoneWhereTheListCannotBeFetched) {
-    const PatchedImport patch(
+    const PatchedExport patch(
         "EnumPortsW", +[](LPWSTR, DWORD, LPBYTE, DWORD, LPDWORD needed, LPDWORD) -> BOOL {
             *needed = 100;
             return FALSE;

@@ -1,0 +1,133 @@
+// Where libraries come from: the system's own folder, and for the libraries of a package their own.
+
+#include <algorithm>
+#include <vector>
+
+#include "CommonLib/Files.h"
+#include "ImportTable.h"
+#include "PageTest.h"
+#include "framework/SystemLibrary.h"
+#include "resources/resource.h"
+
+using testing::IsEmpty;
+using testing::Not;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// What the system has mapped beforehand and takes from nowhere else, and the controls, which the manifest of
+// the program binds to the system's own copy.
+const std::set<std::wstring> safeLibraries = {
+    L"advapi32.dll", L"comctl32.dll", L"comdlg32.dll", L"gdi32.dll",   L"kernel32.dll", L"msvcrt.dll",
+    L"ntdll.dll",    L"ole32.dll",    L"oleaut32.dll", L"shell32.dll", L"shlwapi.dll",  L"user32.dll"};
+
+// Those, and what comes with them: Windows holds that as well for what it has mapped.
+std::set<std::wstring> WithWhatTheyImport(std::set<std::wstring> names, bool withLateOnes) {
+    std::vector<std::wstring> open(names.begin(), names.end());
+    while (!open.empty()) {
+        const fs::path file = fs::path(GetSystemFolder()) / open.back();
+        open.pop_back();
+        for (const std::wstring& name : ImportsOf(file, withLateOnes)) {
+            if (names.insert(name).second) open.push_back(name);
+        }
+    }
+    return names;
+}
+
+class LibrarySearchTest : public PageTest {
+protected:
+    static fs::path Fake(const wchar_t* build, const wchar_t* name) {
+        return BuildFolder() / L"tests" / L"fakes" / build / name;
+    }
+    void Plant(const std::wstring& name) const {
+        fs::copy_file(Fake(L"", L"Neighbour.dll"), tree.ProgramFolder() / name);
+    }
+    std::vector<std::wstring> LoadedPlants() const {
+        std::vector<std::wstring> names;
+        for (const fs::directory_entry& entry : fs::directory_iterator(tree.ProgramFolder())) {
+            if (entry.path().extension() == L".loaded") names.push_back(entry.path().stem().wstring());
+        }
+        return names;
+    }
+};
+
+TEST_F(LibrarySearchTest, ImportsNothingThatCouldBeFoundBesideTheProgram) {
+    std::set<std::wstring> others = ImportsOf(BuildFolder() / L"Kestrune.exe", true);
+    EXPECT_FALSE(others.empty());
+    std::erase_if(others, [](const std::wstring& name) { return safeLibraries.contains(name); });
+    EXPECT_THAT(others, IsEmpty());
+}
+
+TEST_F(LibrarySearchTest, HasTheSystemSearchItsOwnFolderAlone) {
+    EXPECT_EQ(SearchFlagsOf(BuildFolder() / L"Kestrune.exe"), LOAD_LIBRARY_SEARCH_SYSTEM32);
+}
+
+// Wine has no list of what is mapped beforehand, and takes its own libraries before others. Overrides for
+// this program alone stand for the first and turn the second off.
+class PlantedLibraryTest : public LibrarySearchTest {
+protected:
+    PlantedLibraryTest() : safe(WithWhatTheyImport(safeLibraries, false)) {
+        // The common controls of Wine load it before the first instruction of the program.
+        safe.insert(L"uxtheme.dll");
+        for (const std::wstring& name : safe) Override(name, L"builtin");
+    }
+    ~PlantedLibraryTest() override { RegDeleteTreeW(HKEY_CURRENT_USER, overrides); }
+
+    // Every name that the program or one of its libraries asks for, early or late.
+    void PlantAll() const {
+        std::set<std::wstring> names = {L"gdiplus.dll", L"msimg32.dll", L"winspool.drv",  L"hhctrl.ocx",
+                                        L"mpr.dll",     L"msi.dll",     L"riched20.dll",  L"uxtheme.dll",
+                                        L"version.dll", L"ws2_32.dll",  L"cryptbase.dll", L"dwmapi.dll"};
+        names.merge(WithWhatTheyImport(names, true));
+        names.merge(WithWhatTheyImport(ImportsOf(BuildFolder() / L"Kestrune.exe", true), true));
+        for (const std::wstring& name : names) {
+            if (safe.contains(name)) continue;
+            Plant(name);
+            Override(name, L"native,builtin");
+        }
+    }
+
+private:
+    static void Override(const std::wstring& library, const std::wstring& order) {
+        const std::wstring name =
+            library.ends_with(L".dll") ? library.substr(0, library.size() - 4) : library;
+        RegSetKeyValueW(HKEY_CURRENT_USER, overrides, name.c_str(), REG_SZ, order.c_str(),
+                        static_cast<DWORD>((order.size() + 1) * sizeof(wchar_t)));
+    }
+
+    static constexpr wchar_t overrides[] = L"Software\\Wine\\AppDefaults\\Kestrune.exe\\DllOverrides";
+
+    std::set<std::wstring> safe;
+};
+
+TEST_F(PlantedLibraryTest, IsNotLoadedByPagesWithPicturesAndTexts) {
+    PlantAll();
+    tree.SetSettings({});
+    AddPicture(L"help.png", RGB(0, 0, 255));
+    StartOn(IDOK);
+    wizard.Press(IDOK);
+    wizard.WaitForControl(IDC_LICENCE_TEXT);
+    wizard.Kill();
+    EXPECT_THAT(LoadedPlants(), IsEmpty());
+}
+
+TEST_F(PlantedLibraryTest, IsNotLoadedByARun) {
+    PlantAll();
+    tree.SetSettings(Settings::silent);
+    tree.Add({.path = L"Applications\\a.msi"});
+    Run();
+    EXPECT_THAT(Installs(), Not(IsEmpty()));
+    EXPECT_THAT(LoadedPlants(), IsEmpty());
+}
+
+TEST_F(LibrarySearchTest, LetsALibraryOfThePackageFindWhatLiesBesideIt) {
+    tree.UseLibrary(L"with_neighbour");
+    Plant(L"Neighbour.dll");
+    tree.SetSettings(Settings::silent);
+    tree.Add({.path = L"Applications\\a.msi"});
+    Run();
+    EXPECT_THAT(Installs(), testing::ElementsAre(L"a.msi"));
+}
+
+}  // namespace
