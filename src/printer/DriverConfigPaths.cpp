@@ -14,15 +14,15 @@
 namespace {
 
 // The first path below the folder that is not taken, counting the value up; the counts add up in the name. A
-// value without an extension has no free name while its own is taken: that is logged, and its own name stays.
-std::wstring FreeTarget(const std::wstring& folder, const std::wstring& configuredName) {
+// value without an extension has no free name while its own is taken: that is logged, and there is none.
+std::optional<std::wstring> FreeTarget(const std::wstring& folder, const std::wstring& configuredName) {
     std::wstring name = configuredName;
     for (unsigned count = 1; CanBeRead(folder + name); ++count) {
         const std::optional<std::wstring> next = CountedName(name, count);
         if (!next) {
             LogBasic(L"A driver configuration file has no extension and its name is taken: " + configuredName,
                      LogLevel::Error);
-            break;
+            return std::nullopt;
         }
         name = *next;
     }
@@ -49,9 +49,10 @@ void ResolveDriverConfigPaths(InstallSettings& settings) {
         if (value.empty()) continue;
         const std::wstring folder = GetConfigurationFolder();
         static_cast<void>(CreateFolderPath(folder));
-        const std::wstring target = FreeTarget(folder, value);
-        static_cast<void>(CopyFileTo(target, GetExeDirectory() + L"\\..\\" + value));
-        TagDocument::SetElement(device, Tag::DRIVERCONFIG_PATH, target);
+        const std::optional<std::wstring> target = FreeTarget(folder, value);
+        if (target) static_cast<void>(CopyFileTo(*target, GetExeDirectory() + L"\\..\\" + value));
+        // Without a free name the device gets the file that is there.
+        TagDocument::SetElement(device, Tag::DRIVERCONFIG_PATH, target.value_or(folder + value));
     }
     settings.SetDevices(std::move(resolved));
 }

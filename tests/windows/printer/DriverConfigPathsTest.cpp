@@ -63,11 +63,11 @@ TEST_F(DriverConfigPathsTest, CreatesNoSubfolderOfTheTarget) {
     EXPECT_FALSE(fs::exists(Folder() + L"sub"));
 }
 
-TEST_F(DriverConfigPathsTest, OverwritesAFileThatNoNameIsLeftFor) {
+TEST_F(DriverConfigPathsTest, LeavesAFileThatNoNameIsLeftFor) {
     tree.Add(L"Setup\\plain", "new");
     WriteBytes(Folder() + L"plain", "old");
     EXPECT_THAT(Resolve({L"plain"}), ElementsAre(Folder() + L"plain"));
-    EXPECT_EQ(ReadBytes(Folder() + L"plain"), "new");
+    EXPECT_EQ(ReadBytes(Folder() + L"plain"), "old");
     EXPECT_THAT(BasicLog(),
                 ElementsAre(Record(L"ERROR",
                                    L"A driver configuration file has no extension and its name is "
