@@ -123,6 +123,8 @@ int CKestruneApp::ExitInstance() {
     // that broke off; everything then stays until the process is gone.
     SetMainWnd(nullptr);
     mainDialog.reset();
+    // A walk that broke off has not come to the place where this is done.
+    Controller::GetInstance().CloseServices();
     if (Controller::GetInstance().ThreadCount() == 0) {
         InstallSettings::DestroyInstance();
         Localizer::DestroyInstance();

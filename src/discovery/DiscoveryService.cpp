@@ -69,21 +69,38 @@ DiscoveryService::DiscoveryService(IDiscoveryDialog* discoveryPage, InstallSetti
       firewall(GetExePath(), L"Kestrune") {
     CallIfExported(sondrixModule, "Initialize");
     CallIfExported(quelmarModule, "BidiInitialize");
-    firewall.AddRule();
 }
 
 DiscoveryService::~DiscoveryService() {
     const std::lock_guard guard(discoveryLock);
+    CloseLibraries();
+    firewall.RemoveRule();
+}
+
+void DiscoveryService::Close() {
+    cancelled = true;
+    firewall.RemoveRule();
+    const std::unique_lock guard(discoveryLock, std::try_to_lock);
+    if (guard) CloseLibraries();
+}
+
+void DiscoveryService::CloseLibraries() {
     CallIfExported(sondrixModule, "Uninitialize");
     sondrixModule.reset();
     CallIfExported(quelmarModule, "BidiUninitialize");
     quelmarModule.reset();
-    firewall.RemoveRule();
+}
+
+void DiscoveryService::OpenFirewall() {
+    if (isFirewallOpen || cancelled) return;
+    firewall.AddRule();
+    isFirewallOpen = true;
 }
 
 std::uint32_t DiscoveryService::DoRun() {
     if (!settings.GetBool(Tag::INSTALL_FROM_CONFIG)) OfferDrivers();
     if (page == nullptr) return 0;
+    OpenFirewall();
     static_cast<void>(StartCountedWorker(controller, [this] {
         const std::lock_guard guard(discoveryLock);
         return DoDiscovery();

@@ -20,7 +20,7 @@ class Controller;
 
 // Lives on the page's thread; each run has a worker of its own, and workers follow one another. A library or
 // an export that is missing is no error: the run then finds what it can. Sondrix.dll finds devices,
-// Quelmar.dll asks them. While this object lives, the firewall lets their answers in.
+// Quelmar.dll asks them. From the first run until Close the firewall lets their answers in.
 class DiscoveryService : public Service {
 public:
     // Loads the libraries that stand beside the program. The page may be null; all of them must outlive this
@@ -37,8 +37,12 @@ public:
     std::uint32_t DoRun() override;
     // For good: the running worker delivers nothing, and no later one does anything.
     void Cancel() override { cancelled = true; }
+    // Closes the firewall again and the libraries, which a worker that is still at work keeps open.
+    void Close() override;
 
 private:
+    void OpenFirewall();
+    void CloseLibraries();
     std::uint32_t DoDiscovery();
     std::uint32_t Discover();
     std::uint32_t Enumerate();
@@ -57,6 +61,7 @@ private:
     Controller& controller;
     std::atomic<bool> cancelled = false;
     FirewallRules firewall;
+    bool isFirewallOpen = false;
 };
 
 // Returns the search document of the next run: what the user chose, else the package's preset. Any thread.

@@ -6,7 +6,6 @@
 #include <wrl/client.h>
 
 #include <utility>
-#include <vector>
 
 #include "CommonLib/Com.h"
 #include "CommonLib/SystemVersion.h"
@@ -32,12 +31,32 @@ ComPtr<INetFwRules> PolicyRules() {
     return rules;
 }
 
-void AddToPolicy(const std::wstring& path, const std::wstring& name) {
+bool IsTaken(INetFwRules& rules, const std::wstring& name) {
+    ComPtr<INetFwRule> rule;
+    return rules.Item(ComText(name).get(), &rule) == S_OK;
+}
+
+// The system removes rules by their names, so a rule that is to go again needs a name of its own. Empty where
+// there are too many.
+std::wstring FreeName(INetFwRules& rules, const std::wstring& name) {
+    constexpr int mostNames = 100;
+    std::wstring candidate = name;
+    for (int count = 2; IsTaken(rules, candidate); ++count) {
+        if (count > mostNames) return {};
+        candidate = name + L" " + std::to_wstring(count);
+    }
+    return candidate;
+}
+
+// Returns the name of the rule, empty if there is none.
+std::wstring AddToPolicy(const std::wstring& path, const std::wstring& description) {
     const ComPtr<INetFwRules> rules = PolicyRules();
     const ComPtr<INetFwRule> rule = Make<INetFwRule>(__uuidof(NetFwRule));
-    if (!rules || !rule) return;
+    if (!rules || !rule) return {};
+    std::wstring name = FreeName(*rules.Get(), description);
+    if (name.empty()) return {};
     rule->put_Name(ComText(name).get());
-    rule->put_Description(ComText(name).get());
+    rule->put_Description(ComText(description).get());
     rule->put_ApplicationName(ComText(path).get());
     rule->put_LocalPorts(ComText(L"*").get());
     rule->put_Grouping(ComText(L"").get());
@@ -45,33 +64,8 @@ void AddToPolicy(const std::wstring& path, const std::wstring& name) {
     rule->put_Profiles(allProfiles);
     rule->put_Action(NET_FW_ACTION_ALLOW);
     rule->put_Enabled(VARIANT_TRUE);
-    rules->Add(rule.Get());
-}
-
-// The names are read first: the walk need not survive a removal.
-std::vector<std::wstring> RuleNamesOf(INetFwRules& rules, const std::wstring& path) {
-    std::vector<std::wstring> names;
-    ComPtr<IUnknown> unknown;
-    ComPtr<IEnumVARIANT> walk;
-    if (FAILED(rules.get__NewEnum(&unknown)) || !unknown || FAILED(unknown.As(&walk))) return names;
-    for (;;) {
-        Variant entry;
-        ComPtr<INetFwRule> rule;
-        if (walk->Next(1, entry.put(), nullptr) != S_OK) return names;
-        if (entry.object() == nullptr || FAILED(entry.object()->QueryInterface(IID_PPV_ARGS(&rule))))
-            continue;
-        ComText application;
-        ComText name;
-        if (FAILED(rule->get_ApplicationName(application.put())) || FAILED(rule->get_Name(name.put())))
-            continue;
-        if (_wcsicmp(application.str().c_str(), path.c_str()) == 0) names.push_back(name.str());
-    }
-}
-
-void RemoveFromPolicy(const std::wstring& path) {
-    const ComPtr<INetFwRules> rules = PolicyRules();
-    if (!rules) return;
-    for (const std::wstring& name : RuleNamesOf(*rules.Get(), path)) rules->Remove(ComText(name).get());
+    if (FAILED(rules->Add(rule.Get()))) name.clear();
+    return name;
 }
 
 // What systems before Vista have in place of rules.
@@ -87,13 +81,16 @@ ComPtr<INetFwAuthorizedApplications> AuthorizedApplications() {
     return applications;
 }
 
-void Authorize(const std::wstring& path, const std::wstring& name) {
+// Returns whether the program was not authorized before and is now.
+bool Authorize(const std::wstring& path, const std::wstring& name) {
     const ComPtr<INetFwAuthorizedApplications> applications = AuthorizedApplications();
     const auto application = Make<INetFwAuthorizedApplication>(__uuidof(NetFwAuthorizedApplication));
-    if (!applications || !application) return;
+    ComPtr<INetFwAuthorizedApplication> former;
+    if (!applications || !application || applications->Item(ComText(path).get(), &former) == S_OK)
+        return false;
     application->put_ProcessImageFileName(ComText(path).get());
     application->put_Name(ComText(name).get());
-    applications->Add(application.Get());
+    return SUCCEEDED(applications->Add(application.Get()));
 }
 
 }  // namespace
@@ -101,21 +98,24 @@ void Authorize(const std::wstring& path, const std::wstring& name) {
 FirewallRules::FirewallRules(std::wstring programPath, std::wstring ruleName)
     : path(std::move(programPath)), name(std::move(ruleName)) {}
 
-void FirewallRules::AddRule() const {
+void FirewallRules::AddRule() {
     const ComApartment apartment(apartmentFlags);
     if (!apartment.IsUsable()) return;
     if (IsWindowsVersionOrGreater(WindowsVersion::Vista)) {
-        AddToPolicy(path, name);
+        addedRule = AddToPolicy(path, name);
     } else {
-        Authorize(path, name);
+        hasAuthorized = Authorize(path, name);
     }
 }
 
-void FirewallRules::RemoveRule() const {
+void FirewallRules::RemoveRule() {
+    const std::wstring rule = std::exchange(addedRule, {});
+    const bool isAuthorized = std::exchange(hasAuthorized, false);
+    if (rule.empty() && !isAuthorized) return;
     const ComApartment apartment(apartmentFlags);
     if (!apartment.IsUsable()) return;
-    if (IsWindowsVersionOrGreater(WindowsVersion::Vista)) {
-        RemoveFromPolicy(path);
+    if (!rule.empty()) {
+        if (const auto rules = PolicyRules()) rules->Remove(ComText(rule).get());
     } else if (const auto applications = AuthorizedApplications()) {
         applications->Remove(ComText(path).get());
     }

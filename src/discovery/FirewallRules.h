@@ -1,4 +1,4 @@
-// The exception in the system's firewall that lets the answers of devices reach the program.
+// The exception in the system's firewall that lets the answers of devices reach the program, for a time.
 #pragma once
 
 #include <string>
@@ -10,12 +10,16 @@ public:
     // The full path of the program's file, and the name of the rule.
     FirewallRules(std::wstring programPath, std::wstring ruleName);
 
-    // Lets all ports of the program through, on all networks.
-    void AddRule() const;
-    // Removes every rule for the program's file.
-    void RemoveRule() const;
+    // Lets all ports of the program through, on all networks. A rule of that name which is there already is
+    // somebody else's: the new one then has a number after the name.
+    void AddRule();
+    // Removes the rule that AddRule has added, and no other.
+    void RemoveRule();
 
 private:
     std::wstring path;
     std::wstring name;
+    // The name of the rule that stands now, empty if none does; and what stands for it on older systems.
+    std::wstring addedRule;
+    bool hasAuthorized = false;
 };

@@ -282,6 +282,7 @@ bool Controller::Finish(bool reboot) {
     LogBasic(L"Installation is Finished");
     while (threadCount > 0) SleepAnsweringSentMessages(pollIntervalInMilliseconds);
     Close();
+    CloseServices();
     if (reboot) {
         LogBasic(L"System reboot is required to complete installation. Rebooting..");
         CallIfSet(ends.restart);
@@ -300,6 +301,12 @@ void Controller::Close() {
     RemoveFolder(GetTemporaryFolder() + L"ArdentisKit");
     RemoveFolder(GetTemporaryFolder() + L"TolvaneKit");
     EndMessageLoop();
+}
+
+void Controller::CloseServices() {
+    for (const Place& place : places) {
+        if (place.service) place.service->Close();
+    }
 }
 
 // The record is written while the worker still counts: once it does not, the program may end under it.

@@ -59,6 +59,9 @@ public:
     // Removes the folders of the configuration tools and posts the end of the message loop.
     void Close();
 
+    // Has every service take back what it keeps up outside of the program.
+    void CloseServices();
+
     // Runs the service of the current page once more.
     void RunCurrentService();
 

@@ -23,6 +23,7 @@ const MessageMap& KestruneDlg::GetMessageMap() const {
                                                On::Message(WM_CTLCOLORSTATIC, &KestruneDlg::OnStaticColour),
                                                On::Message(WM_ERASEBKGND, &KestruneDlg::OnEraseBackground),
                                                On::Message(WM_SYSCOMMAND, &KestruneDlg::OnSysCommand),
+                                               On::Message(WM_ENDSESSION, &KestruneDlg::OnEndSession),
                                                On::Message(WM_HELP, &KestruneDlg::OnHelp),
                                                On::Message(WM_ACTIVATE, &KestruneDlg::OnActivate),
                                                On::Message(WM_SETFOCUS, &KestruneDlg::OnSetFocus),
@@ -114,6 +115,12 @@ LRESULT KestruneDlg::OnEraseBackground(WPARAM context, LPARAM) {
 }
 
 // The pages have their own help.
+// After this message the system ends the program without any further one.
+LRESULT KestruneDlg::OnEndSession(WPARAM ends, LPARAM) {
+    if (ends != FALSE) controller.CloseServices();
+    return Default();
+}
+
 LRESULT KestruneDlg::OnHelp(WPARAM, LPARAM) {
     return TRUE;
 }

@@ -27,6 +27,7 @@ private:
     LRESULT OnQueryDragIcon(WPARAM, LPARAM);
     LRESULT OnStaticColour(WPARAM context, LPARAM control);
     LRESULT OnEraseBackground(WPARAM context, LPARAM);
+    LRESULT OnEndSession(WPARAM ends, LPARAM);
     LRESULT OnHelp(WPARAM, LPARAM);
     LRESULT OnActivate(WPARAM state, LPARAM);
     LRESULT OnSetFocus(WPARAM, LPARAM);

@@ -17,6 +17,10 @@ public:
     // Whether a thread is at work that takes a cancel and moves the walk on by itself. Any thread.
     virtual bool IsAtWork() const { return false; }
 
+    // Takes back what the service keeps up outside of the program. Main thread, at the end of the program: no
+    // run begins any more. May come again.
+    virtual void Close() {}
+
     // The Controller passes over a service with this flag, and is the only one that sets it.
     bool disabled = false;
 };

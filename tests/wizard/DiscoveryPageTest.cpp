@@ -221,6 +221,41 @@ TEST_F(DiscoveryPageTest, EndsBehindASearchThatTakesLong) {
     EXPECT_THAT(BasicLog(), Not(HasRecordWith(L"", L"Found device")));
 }
 
+// The libraries are closed along with the firewall.
+class DiscoveryEndTest : public DiscoveryPageTest {
+protected:
+    void ExpectClosed() const {
+        EXPECT_EQ(NetworkCalls(L"Uninitialize").size(), 1U);
+        EXPECT_EQ(NetworkCalls(L"BidiUninitialize").size(), 1U);
+    }
+};
+
+TEST_F(DiscoveryEndTest, ClosesTheLibrariesAfterARun) {
+    AddDriver(L"MONO1");
+    AddFourDevices();
+    StartWithRows(4);
+    SelectRow(1);
+    wizard.Press(IDOK);
+    CloseOnFinishPage();
+    ExpectClosed();
+}
+
+TEST_F(DiscoveryEndTest, ClosesTheLibrariesAfterACancel) {
+    AddFourDevices();
+    StartWithRows(4);
+    wizard.Press(IDCANCEL);
+    AnswerCancel(IDYES);
+    wizard.WaitForEnd();
+    ExpectClosed();
+}
+
+TEST_F(DiscoveryEndTest, ClosesTheLibrariesWhenTheSessionEnds) {
+    AddFourDevices();
+    StartWithRows(4);
+    SendMessageW(wizard.MainWindow(), WM_ENDSESSION, TRUE, 0);
+    ExpectClosed();
+}
+
 TEST_F(DiscoveryPageTest, StaysAliveWhileItSearches) {
     Script({L"discover", L"untilFile", Gate(L"gate")});
     StartOn(IDC_DISCOVERY_LIST);

@@ -31,6 +31,15 @@ TEST_F(DiscoveryServiceTest, CallsTheLibrariesInTheirOrderOverItsLife) {
                                          L"BidiExchangeNpaW", L"Uninitialize", L"BidiUninitialize"));
 }
 
+TEST_F(DiscoveryServiceTest, ClosesTheLibrariesOnce) {
+    Start();
+    service->Close();
+    service->Close();
+    service.reset();
+    EXPECT_THAT(CallNames(),
+                ElementsAre(L"Initialize", L"BidiInitialize", L"Uninitialize", L"BidiUninitialize"));
+}
+
 TEST_F(DiscoveryServiceTest, AsksOnAWorkerOfItsOwn) {
     AddDevice(L"10.0.0.1");
     Start();

@@ -51,12 +51,38 @@ TEST_F(FirewallRulesTest, LetAllPortsOfTheProgramThrough) {
     EXPECT_TRUE(rule.enabled);
 }
 
-TEST_F(FirewallRulesTest, GoByTheProgramWhateverTheCaseOfItsPath) {
+TEST_F(FirewallRulesTest, RemoveTheirOwnRuleAlone) {
     FakeFirewall::Rules() = {{.name = L"other", .application = L"C:\\other.exe"},
-                             {.name = L"mine", .application = L"c:\\tree\\setup\\X64\\kestrune.EXE"},
-                             {.name = L"too", .application = path}};
+                             {.name = L"mine", .application = path}};
+    rules.AddRule();
+    EXPECT_THAT(RuleNames(), ElementsAre(L"other", L"mine", L"Kestrune"));
     rules.RemoveRule();
-    EXPECT_THAT(RuleNames(), ElementsAre(L"other"));
+    EXPECT_THAT(RuleNames(), ElementsAre(L"other", L"mine"));
+}
+
+TEST_F(FirewallRulesTest, LeaveARuleOfTheSameNameThatSomebodyElseMade) {
+    FakeFirewall::Rules() = {{.name = L"Kestrune", .application = L"C:\\other.exe"},
+                             {.name = L"Kestrune 2", .application = path}};
+    rules.AddRule();
+    EXPECT_THAT(RuleNames(), ElementsAre(L"Kestrune", L"Kestrune 2", L"Kestrune 3"));
+    rules.RemoveRule();
+    EXPECT_THAT(RuleNames(), ElementsAre(L"Kestrune", L"Kestrune 2"));
+}
+
+TEST_F(FirewallRulesTest, RemoveNothingBeforeTheyHaveAddedARule) {
+    FakeFirewall::Rules() = {{.name = L"Kestrune", .application = path}};
+    rules.RemoveRule();
+    EXPECT_THAT(RuleNames(), ElementsAre(L"Kestrune"));
+}
+
+TEST_F(FirewallRulesTest, LeaveAProgramThatWasAuthorizedBefore) {
+    const PatchedImport older(
+        "VerifyVersionInfoW", +[](LPOSVERSIONINFOEXW, DWORD, DWORDLONG) -> BOOL { return FALSE; });
+    FakeFirewall::Programs() = {{.path = path, .name = L"somebody else's"}};
+    rules.AddRule();
+    rules.RemoveRule();
+    ASSERT_EQ(FakeFirewall::Programs().size(), 1u);
+    EXPECT_EQ(FakeFirewall::Programs().front().name, L"somebody else's");
 }
 
 TEST_F(FirewallRulesTest, AuthorizeTheProgramOnASystemWithoutRules) {
@@ -103,11 +129,30 @@ protected:
     FakeFirewall firewall;
 };
 
-TEST_F(DiscoveryFirewallTest, IsOpenAsLongAsTheServiceLives) {
+TEST_F(DiscoveryFirewallTest, IsOpenFromTheFirstRunUntilTheServiceIsClosed) {
     Start();
+    EXPECT_TRUE(FakeFirewall::Rules().empty());
+    Run();
+    Run();
     ASSERT_EQ(FakeFirewall::Rules().size(), 1u);
     EXPECT_EQ(FakeFirewall::Rules().front().application, GetExePath());
+    service->Close();
+    EXPECT_TRUE(FakeFirewall::Rules().empty());
+    service->DoRun();
+    EXPECT_TRUE(FakeFirewall::Rules().empty());
+}
+
+TEST_F(DiscoveryFirewallTest, IsClosedWithTheService) {
+    Start();
+    Run();
     service.reset();
+    EXPECT_TRUE(FakeFirewall::Rules().empty());
+}
+
+TEST_F(DiscoveryFirewallTest, StaysClosedAfterACancel) {
+    Start();
+    service->Cancel();
+    service->DoRun();
     EXPECT_TRUE(FakeFirewall::Rules().empty());
 }
 

@@ -151,7 +151,15 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE get_Count(LONG*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Item(BSTR, INetFwRule**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Item(BSTR name, INetFwRule** rule) override {
+        const auto& rules = FakeFirewall::Rules();
+        const auto found = std::ranges::find(rules, std::wstring(name), &FirewallRule::name);
+        if (found == rules.end()) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+        Rule* const object = new Rule;
+        object->rule = *found;
+        *rule = object;
+        return S_OK;
+    }
 };
 
 class Policy2 : public Automation<INetFwPolicy2> {
@@ -249,7 +257,15 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE get_Count(LONG*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Item(BSTR, INetFwAuthorizedApplication**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Item(BSTR path, INetFwAuthorizedApplication** program) override {
+        const auto& programs = FakeFirewall::Programs();
+        const auto found = std::ranges::find(programs, std::wstring(path), &AuthorizedProgram::path);
+        if (found == programs.end()) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+        Program* const object = new Program;
+        object->program = *found;
+        *program = object;
+        return S_OK;
+    }
     HRESULT STDMETHODCALLTYPE get__NewEnum(IUnknown**) override { return E_NOTIMPL; }
 };
 
