@@ -20,8 +20,17 @@ bool CanOpen(const std::wstring& path, DWORD shareMode) {
 }  // namespace
 
 std::wstring GetExePath() {
-    std::array<wchar_t, MAX_PATH> buffer{};
-    return {buffer.data(), GetModuleFileNameW(nullptr, buffer.data(), buffer.size())};
+    // No path of the system is longer.
+    constexpr std::size_t longestPath = 1U << 15;
+    std::wstring path;
+    DWORD length = 0;
+    // A path that does not fit is cut off at the buffer's end.
+    while (length == path.size() && path.size() < longestPath) {
+        path.resize(path.size() + MAX_PATH);
+        length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    }
+    path.resize(length);
+    return path;
 }
 
 std::wstring GetExeDirectory() {

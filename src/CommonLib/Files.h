@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-// The full path of the running program's file.
+// The full path of the running program's file, however long it is.
 std::wstring GetExePath();
 
 // The folder of the running program, without a closing backslash.

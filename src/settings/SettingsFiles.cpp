@@ -9,6 +9,17 @@
 
 namespace {
 
+// Longer paths are refused by a system that was not told to take them.
+constexpr std::size_t longestPath = 259;
+
+// Says why the program ends where nothing else would.
+void LogTooLongPath() {
+    const std::wstring path = GetSetupDirectory() + L"\\defaultInstallSettings.xml";
+    if (path.size() > longestPath) {
+        LogBasic(L"The path of the package is too long: " + path, LogLevel::Error);
+    }
+}
+
 // Puts the maker's name where the logger finds it, and the values as the file gave them into the log.
 void ApplyVendor(InstallSettings& settings) {
     const bool isUnnamed = settings.GetString(Tag::OEM).empty();
@@ -41,7 +52,10 @@ int ReadFromFile(const std::wstring& path, std::wstring& text) {
 int LoadDefaults(InstallSettings& settings) {
     std::wstring text;
     const int error = ReadFromFile(GetExeDirectory() + L"\\..\\defaultInstallSettings.xml", text);
-    if (error != 0) return error;
+    if (error != 0) {
+        LogTooLongPath();
+        return error;
+    }
     settings.Append(text);
     ApplyVendor(settings);
     return 0;

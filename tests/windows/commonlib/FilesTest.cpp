@@ -2,9 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "CommonLib/Files.h"
+#include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 
 namespace {
@@ -13,6 +15,25 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
+
+std::wstring modulePath;
+
+// As documented: a path that does not fit is cut off and closed.
+DWORD WINAPI TellModulePath(HMODULE, LPWSTR buffer, DWORD size) {
+    const auto length = static_cast<DWORD>(std::min<std::size_t>(modulePath.size(), size - 1));
+    buffer[modulePath.copy(buffer, length)] = L'\0';
+    if (modulePath.size() < size) return length;
+    SetLastError(ERROR_INSUFFICIENT_BUFFER);
+    return size;
+}
+
+TEST(ExePathTest, IsWholeHoweverLongItIs) {
+    const PatchedImport naming("GetModuleFileNameW", &TellModulePath);
+    for (const std::size_t length : {100U, 259U, 260U, 261U, 519U, 520U, 521U, 30000U}) {
+        modulePath = L"C:\\" + std::wstring(length - 16, L'f') + L"\\Kestrune.exe";
+        EXPECT_EQ(GetExePath(), modulePath);
+    }
+}
 
 class FindFilesTest : public testing::Test {
 protected:

@@ -5,6 +5,7 @@
 #include "CommonLib/Files.h"
 #include "framework/Handles.h"
 #include "settings/SettingsFiles.h"
+#include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/windows/world/SettingsTest.h"
 
@@ -49,6 +50,21 @@ TEST_F(SettingsFilesTest, KeepsAByteOrderMarkAtTheHead) {
     EXPECT_EQ(::LoadDefaults(Settings()), 0);
     EXPECT_EQ(Settings().StripMarker(), L"<\xFEFF" + WideOem());
     EXPECT_EQ(Settings().GetString(Tag::OEM), vendor);
+}
+
+DWORD WINAPI TellLongModulePath(HMODULE, LPWSTR buffer, DWORD size) {
+    const std::wstring path = L"C:\\" + std::wstring(300, L'f') + L"\\x64\\Kestrune.exe";
+    if (size <= path.size()) return size;
+    buffer[path.copy(buffer, path.size())] = L'\0';
+    return static_cast<DWORD>(path.size());
+}
+
+TEST_F(SettingsFilesTest, SaysThatThePathOfThePackageIsTooLong) {
+    const PatchedImport naming("GetModuleFileNameW", &TellLongModulePath);
+    EXPECT_NE(::LoadDefaults(Settings()), 0);
+    EXPECT_THAT(BasicLog(), testing::ElementsAre(Record(
+                                L"ERROR", L"The path of the package is too long: C:\\" +
+                                              std::wstring(300, L'f') + L"\\defaultInstallSettings.xml")));
 }
 
 TEST_F(SettingsFilesTest, DecodesUtf8) {
