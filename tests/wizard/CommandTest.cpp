@@ -59,15 +59,13 @@ TEST_F(CommandTest, DescribesThePrinterFromTheSettings) {
         L"<IPADDRESS>10.0.0.9</IPADDRESS>");
     AddDriver(L"<STREAMDISPLAYNAME>PS3</STREAMDISPLAYNAME>");
     Run();
-    // The configuration file is not among them: the page for a port by hand drops it with each driver that it
-    // takes, in a silent walk too.
     EXPECT_EQ(CommandOf(L"x.msi"),
               L"<PRINTER_INFO><DEVICE><PRINTER_NAME>Lab PS3</PRINTER_NAME>"
               L"<DRIVER_PRODUCT_NAME>Lab</DRIVER_PRODUCT_NAME><PORT_NAME>P1</PORT_NAME>"
               L"<HOST_NAME>h1</HOST_NAME><PORT_TYPE>Local Port</PORT_TYPE>"
               L"<NETWORK_PATH>\\\\s\\p</NETWORK_PATH><DEFAULT_PRINTER_NAME>M</DEFAULT_PRINTER_NAME>"
               L"<OEM_NAME>B</OEM_NAME><ADD_PORT>true</ADD_PORT><SET_DEFAULT>true</SET_DEFAULT>"
-              L"<CONFIG_EXE_PATH>t.exe</CONFIG_EXE_PATH>"
+              L"<DRIVERCONFIG_PATH>c.xdc</DRIVERCONFIG_PATH><CONFIG_EXE_PATH>t.exe</CONFIG_EXE_PATH>"
               L"<OMBREL_DESC>d</OMBREL_DESC><CONFIG_APPLY_FUTURE>true</CONFIG_APPLY_FUTURE>"
               L"<IPADDRESS>10.0.0.9</IPADDRESS></DEVICE></PRINTER_INFO>" +
                   Rest(L"Lab"));

@@ -364,7 +364,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, FirstPagesFocusTest,
                                          RoundCase{"Bypass",
                                                    L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
                                                    L"<TAG_DIALOG_SHOW_BYPASS>true</TAG_DIALOG_SHOW_BYPASS>",
-                                                   {IDC_BYPASS_REINSTALL, IDOK, IDCANCEL}},
+                                                   {IDC_BYPASS_REINSTALL, IDCANCEL}},
                                          RoundCase{"Connectivity",
                                                    L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA>"
                                                    L"<AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>",

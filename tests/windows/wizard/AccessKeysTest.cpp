@@ -23,9 +23,10 @@ using AccessKeysCase = std::tuple<DialogCase, const char*>;
 class AccessKeysTest : public SettingsTest, public testing::WithParamInterface<AccessKeysCase> {
 protected:
     AccessKeysTest() {
-        const auto texts = std::filesystem::path(GetExeDirectory()) / L".." / L".." / L"strings" /
+        const auto texts = std::filesystem::path(GetExeDirectory()) / L".." / L".." / L".." / L"strings" /
                            (std::string(std::get<1>(GetParam())) + "_strings.xml");
         std::ifstream file(texts, std::ios::binary);
+        EXPECT_TRUE(file.is_open());
         AddTexts(std::string(std::istreambuf_iterator(file), {}));
         ReadTextsAnew();
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
@@ -40,6 +41,8 @@ protected:
              control = GetWindow(control, GW_HWNDNEXT)) {
             if (hasKinds && !IsWindowVisible(control) && GetDlgCtrlID(control) != IDC_ADD_PORT_CONFIGURE)
                 continue;
+            // A list, a field or a drop-down list has the key of the text before it.
+            if ((SendMessageW(control, WM_GETDLGCODE, 0, 0) & (DLGC_BUTTON | DLGC_STATIC)) == 0) continue;
             const std::wstring text = TextOf(control);
             const std::size_t mark = text.find(L'&');
             if (mark != std::wstring::npos && mark + 1 < text.size())
