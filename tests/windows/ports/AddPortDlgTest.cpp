@@ -333,6 +333,19 @@ LRESULT CALLBACK WatchDrawing(HWND list, UINT message, WPARAM wParam, LPARAM lPa
     return DefSubclassProc(list, message, wParam, lParam);
 }
 
+TEST_F(AddPortDlgTest, LeavesItsPortsHiddenWhereAnotherKindIsChosen) {
+    Open();
+    Choose(1);
+    const HWND list = At(IDC_ADD_PORT_LIST);
+    std::vector<std::pair<bool, int>> notes;
+    SetWindowSubclass(list, &WatchDrawing, 1, reinterpret_cast<DWORD_PTR>(&notes));
+    page.FillPortList({{L"Office", L"Local Port"}});
+    RemoveWindowSubclass(list, &WatchDrawing, 1);
+    EXPECT_THAT(notes, IsEmpty());
+    EXPECT_FALSE(IsShown(IDC_ADD_PORT_LIST));
+    EXPECT_EQ(Rows(), 1);
+}
+
 TEST_F(AddPortDlgTest, DrawsItsPortsOnceHoweverManyThereAre) {
     Open();
     std::vector<std::pair<bool, int>> notes;
