@@ -30,14 +30,13 @@ std::wstring UnixPath(const fs::path& path) {
 }
 
 // A Wine that has no links of its own shows those of the system that it runs on.
+// What it names as handles of such a process are not this process's to close.
 void RunOnHost(const std::wstring& program, const std::wstring& arguments) {
     std::wstring commandLine = program + L" " + arguments;
     STARTUPINFOW startup{.cb = sizeof(STARTUPINFOW)};
     PROCESS_INFORMATION information{};
     CreateProcessW((L"Z:\\bin\\" + program).c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                    nullptr, &startup, &information);
-    const KernelHandle process(information.hProcess);
-    const KernelHandle thread(information.hThread);
 }
 
 std::wstring Quoted(const std::wstring& text) {
