@@ -291,6 +291,20 @@ TEST_F(InstallServiceTest, RemovesAParentWithItsDependentInAnOptionalRun) {
     EXPECT_FALSE(HasStopped());
 }
 
+TEST_F(InstallServiceTest, GoesOnAfterAnErrorInAnOptionalRun) {
+    AddPackage(L"Common\\x64", L"a.msi").installCode = 1603;
+    AddPackage(L"Common\\x64", L"b.msi");
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
+    BuildCatalogues();
+    AppCatalogue::GetInstance().Update([](MSI_APP& app) { app.isSelected = true; });
+    const ThreadWatch threads;
+    service.DoRun();
+    ThreadWatch::WaitForAll();
+    EXPECT_THAT(msi.Calls(), ElementsAre(L"install a.msi", L"install b.msi"));
+    EXPECT_THAT(StatusLines(), ElementsAre(L"a=1", L"b=0"));
+    EXPECT_FALSE(HasStopped());
+}
+
 TEST_F(InstallServiceTest, GivesPackagesOfOneNameOneLineAndTheLaterStatus) {
     Add(L"a").properties[L"ProductName"] = L"same";
     FakePackage& second = Add(L"b");

@@ -1,0 +1,168 @@
+// The walk over a chain of pages that a test makes: ends, ways back, and the cancel.
+
+#include <thread>
+#include <utility>
+
+#include "framework/CDialogEx.h"
+#include "resources/resource.h"
+#include "settings/TagNames.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+#include "wizard/Controller.h"
+
+namespace {
+
+using testing::Contains;
+
+constexpr int messageTextId = 0xFFFF;
+
+class ControllerTest : public SettingsTest {
+protected:
+    ControllerTest() {
+        AddTexts(
+            "<CANCEL_CONFIRMATION_TEXT>plain</CANCEL_CONFIRMATION_TEXT>"
+            "<OPTIONAL_SOFTWARE_CANCEL_CONFIRMATION_TEXT>optional</"
+            "OPTIONAL_SOFTWARE_CANCEL_CONFIRMATION_TEXT>");
+        ReadTextsAnew();
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+        window.ShowWindow(SW_SHOW);
+        app.SetMainWnd(&window);
+    }
+    // The messages that end the program must not reach the next test.
+    ~ControllerTest() override { PumpMessages(); }
+
+    ChainRow Page(PageRole role, bool hidden = false) {
+        return {.role = role,
+                .makePage = [this] { return std::make_unique<InstallDialogEx>(context, IDD_BYPASS); },
+                .makeService = {},
+                .hiddenAtFirst = hidden,
+                .isHidden = {}};
+    }
+    ChainRow PageOfRestart(PageRole role) {
+        ChainRow row = Page(role, true);
+        row.isHidden = [] { return !Settings().GetBool(Tag::REBOOT); };
+        return row;
+    }
+    // The closing pages as the wizard has them, after a first one.
+    std::vector<ChainRow> ClosingPages() {
+        return {Page(PageRole::Ordinary), Page(PageRole::CoreFinish), PageOfRestart(PageRole::CoreReboot),
+                Page(PageRole::Finish), PageOfRestart(PageRole::Reboot)};
+    }
+    void Walk(std::vector<ChainRow> rows, int steps) {
+        WalkEnds walkEnds{.isCoreSoftwareSelected = [this] { return coreSoftwareSelected; },
+                          .copyLogToPackage = {},
+                          .startPrograms = [this] { ++ends; },
+                          .restart = {}};
+        EXPECT_TRUE(controller.Start({.rows = std::move(rows), .ends = std::move(walkEnds)}, false));
+        for (int step = 0; step < steps; ++step) EXPECT_TRUE(controller.Next({}));
+    }
+    // The question that a cancel asks, answered with No.
+    std::wstring Question() {
+        std::wstring text;
+        const DialogUser user(window.GetSafeHwnd(), [&](HWND box) {
+            text = TextOf(GetDlgItem(box, messageTextId));
+            ClickOn(box, IDNO);
+        });
+        EXPECT_FALSE(controller.Cancel(false));
+        return text;
+    }
+    bool HasMovedTo(int index) const {
+        const std::wstring end = L" to " + std::to_wstring(index);
+        return testing::Value(AdvancedMessages(), Contains(testing::EndsWith(end)));
+    }
+
+    TestApp app;
+    CDialogEx window;
+    bool coreSoftwareSelected = false;
+    int ends = 0;
+};
+
+TEST_F(ControllerTest, EndsAfterTheLastPageThatIsShown) {
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
+    Walk(ClosingPages(), 2);
+    EXPECT_TRUE(HasMovedTo(3));
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(controller.Next({}));
+    EXPECT_EQ(ends, 1);
+    EXPECT_TRUE(HasMovedTo(4));
+}
+
+TEST_F(ControllerTest, EndsAfterTheQuestionForARestart) {
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
+    Settings().SetBool(Tag::REBOOT, true);
+    Walk(ClosingPages(), 3);
+    EXPECT_TRUE(HasMovedTo(4));
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(controller.Next({}));
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(ControllerTest, AsksForTheRestartOfTheCoreRunAfterTheOptionalOneOnly) {
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
+    Settings().SetBool(Tag::REBOOT, true);
+    Walk(ClosingPages(), 1);
+    EXPECT_TRUE(HasMovedTo(1));
+    EXPECT_TRUE(controller.Next({}));
+    EXPECT_FALSE(controller.CurrentPage()->hidden);
+    EXPECT_TRUE(HasMovedTo(3));
+}
+
+TEST_F(ControllerTest, ShowsThePageOfARestartFromTheNextLookAtTheTagsOn) {
+    Walk(ClosingPages(), 1);
+    Settings().SetBool(Tag::REBOOT, true);
+    EXPECT_TRUE(controller.Next({}));
+    EXPECT_TRUE(HasMovedTo(3));
+    controller.UpdateHideFlags();
+    EXPECT_TRUE(controller.Next({}));
+    EXPECT_EQ(ends, 0);
+}
+
+TEST_F(ControllerTest, LeadsBackToAPageThatIsHidden) {
+    Walk({Page(PageRole::Ordinary), Page(PageRole::Ordinary, true), Page(PageRole::Ordinary)}, 1);
+    EXPECT_TRUE(controller.Back({}));
+    EXPECT_TRUE(controller.CurrentPage()->hidden);
+    EXPECT_TRUE(IsWindowVisible(controller.CurrentPage()->GetSafeHwnd()));
+}
+
+TEST_F(ControllerTest, AsksAboutTheOptionalSoftwareWhereCoreSoftwareIsSelectedToo) {
+    Walk({Page(PageRole::Ordinary)}, 0);
+    EXPECT_EQ(Question(), L"plain");
+    Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
+    EXPECT_EQ(Question(), L"plain");
+    coreSoftwareSelected = true;
+    EXPECT_EQ(Question(), L"optional");
+}
+
+TEST_F(ControllerTest, AsksNothingOnAFinishPageWhereTheCancelIsForced) {
+    Walk(ClosingPages(), 1);
+    EXPECT_TRUE(controller.Cancel(true));
+    EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"CANCELED");
+    EXPECT_THAT(Document(), testing::HasSubstr(L"<SHOW_REGISTRATION>0</SHOW_REGISTRATION>"));
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(ControllerTest, LeavesTheEndToTheThreadOfTheWindows) {
+    Walk({Page(PageRole::Ordinary)}, 0);
+    std::thread([this] { EXPECT_TRUE(controller.Finish(false)); }).join();
+    EXPECT_EQ(ends, 0);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, window.GetSafeHwnd(), finishForWorker, finishForWorker, PM_REMOVE));
+    controller.FinishForWorker(false);
+    controller.FinishForWorker(false);
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(ControllerTest, KeepsTheFocusOutOfPagesThatAreNotShown) {
+    Walk(ClosingPages(), 0);
+    const HWND first = controller.CurrentPage()->GetSafeHwnd();
+    EXPECT_TRUE(IsChild(first, GetFocus()));
+    EXPECT_TRUE(controller.Next({}));
+    EXPECT_FALSE(IsWindowEnabled(first));
+    EXPECT_TRUE(IsChild(controller.CurrentPage()->GetSafeHwnd(), GetFocus()));
+    SetFocus(GetDlgItem(first, IDOK));
+    EXPECT_FALSE(IsChild(first, GetFocus()));
+}
+
+}  // namespace

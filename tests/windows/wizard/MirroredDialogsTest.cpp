@@ -1,0 +1,50 @@
+// Every window is laid out from the right where the texts read so.
+
+#include "resources/resource.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/EveryDialog.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+#include "wizard/KestruneDlg.h"
+
+namespace {
+
+bool IsMirrored(HWND window) {
+    return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+}
+
+class MirroredDialogsTest : public SettingsTest, public testing::WithParamInterface<DialogCase> {
+protected:
+    MirroredDialogsTest() { EXPECT_TRUE(window.Create(IDD_TEST, nullptr)); }
+
+    void Read(const std::string& direction) {
+        AddTexts("<READING_ORDER>" + direction + "</READING_ORDER>");
+        ReadTextsAnew();
+    }
+    bool IsMirroredNow() {
+        const std::unique_ptr<InstallDialogEx> dialog =
+            GetParam().make({context, window, applications, drivers, configuration});
+        EXPECT_TRUE(dialog->Create(dialog->TemplateId(), &window));
+        return IsMirrored(dialog->GetSafeHwnd());
+    }
+
+    AppCatalogue applications;
+    DriverInfo drivers;
+    DriverConfiguration configuration{Settings(), applications, drivers};
+    TestApp app;
+    CDialogEx window;
+};
+
+TEST_P(MirroredDialogsTest, FollowTheDirectionOfTheTexts) {
+    Read("LTR");
+    EXPECT_FALSE(IsMirroredNow());
+    Read("RTL");
+    EXPECT_TRUE(IsMirroredNow());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, MirroredDialogsTest, testing::ValuesIn(EveryDialog()),
+                         [](const testing::TestParamInfo<DialogCase>& dialog) {
+                             return std::string(dialog.param.name);
+                         });
+
+}  // namespace
