@@ -1,6 +1,9 @@
 #include "CommonLib/TextFile.h"
 
+#include <share.h>
+
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 
@@ -15,10 +18,9 @@ struct FileCloser {
 }  // namespace
 
 int ReadTextPieces(const std::wstring& path, const std::function<void(std::string_view)>& takePiece) {
-    std::FILE* opened = nullptr;
-    const int error = _wfopen_s(&opened, path.c_str(), L"r");
-    if (error != 0) return error;
-    const std::unique_ptr<std::FILE, FileCloser> file(opened);
+    // An editor or a virus scanner may have the file open, also to write it.
+    const std::unique_ptr<std::FILE, FileCloser> file(_wfsopen(path.c_str(), L"r", _SH_DENYNO));
+    if (!file) return errno;
     std::array<char, bufferSize> buffer{};
     while (std::fgets(buffer.data(), buffer.size(), file.get()) != nullptr) takePiece(buffer.data());
     return 0;

@@ -5,6 +5,7 @@
 
 #include "CommonLib/Files.h"
 #include "PageTest.h"
+#include "RealInput.h"
 #include "resources/resource.h"
 #include "settings/TagDocument.h"
 #include "tests/fakes/TextLines.h"
@@ -151,6 +152,27 @@ TEST_F(DriverConfigPageTest, KeepsTheFileOnTheWayOverTheHiddenPage) {
     EnterPath((tree.Root() / L"presets" / L"a.zdc").wstring());
     AcceptAndInstall();
     EXPECT_EQ(Told(L"DRIVERCONFIG_PATH"), (tree.Root() / L"presets" / L"a.zdc").wstring());
+}
+
+TEST_F(DriverConfigPageTest, GivesTheFocusBackToItsButton) {
+    const auto hasFocus = [this](int id) {
+        return WaitUntil([&] {
+            const HWND window = wizard.Focus();
+            return window != nullptr && GetDlgCtrlID(window) == id;
+        });
+    };
+    AddKit(olderKit);
+    OpenOlder();
+    wizard.BringToFront();
+    EXPECT_TRUE(hasFocus(IDC_DRIVER_CONFIG_PATH));
+    for (const int id : {IDC_DRIVER_CONFIG_NEW, IDC_DRIVER_CONFIG_LOAD, IDC_DRIVER_CONFIG_RESET,
+                         IDC_HELP_BUTTON, static_cast<int>(IDOK), static_cast<int>(IDCANCEL)}) {
+        PressKeys({VK_TAB});
+        EXPECT_TRUE(hasFocus(id)) << id;
+    }
+    PressKeys({VK_ESCAPE});
+    EXPECT_TRUE(hasFocus(IDC_DISCOVERY_CONFIGURE));
+    EXPECT_FALSE(HasAskedToCancel());
 }
 
 TEST_F(DriverConfigPageTest, CountsTheNamesOfFilesUp) {

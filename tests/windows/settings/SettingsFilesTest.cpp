@@ -203,6 +203,37 @@ TEST_F(SettingsFilesTest, ChangesNothingWithoutAFileToMerge) {
                                                    UserSettingsPath())));
 }
 
+TEST_F(SettingsFilesTest, ReadsFilesThatAnotherProgramHasOpenToWrite) {
+    AddDefaults(OemElement() + "<A>1</A>");
+    AddUserSettings("<A>2</A>");
+    const auto open = [](const std::wstring& path) {
+        return FileHandle(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                      nullptr));
+    };
+    const FileHandle defaults = open(DefaultsPath());
+    const FileHandle user = open(UserSettingsPath());
+    ASSERT_TRUE(defaults && user);
+    EXPECT_EQ(::LoadDefaults(Settings()), 0);
+    EXPECT_EQ(MergeFile(Settings(), UserSettingsPath()), 0);
+    EXPECT_EQ(Settings().GetString(TextTag(L"A")), L"2");
+}
+
+TEST_F(SettingsFilesTest, ChangesNothingByAnEmptyFile) {
+    LoadDefaults("<A>1</A>");
+    EXPECT_EQ(Merge(""), 0);
+    EXPECT_EQ(Document(), WideOem() + L"<A>1</A>");
+}
+
+TEST_F(SettingsFilesTest, GoesOnInTheLogOfTheVendorThatTheUserFileNames) {
+    LoadDefaults("<A>1</A>");
+    const std::wstring other = vendor + L" and Sons";
+    UseVendor(other);
+    EXPECT_EQ(Merge("<OEM>" + ToUtf8(other) + "</OEM>"), 0);
+    EXPECT_THAT(BasicMessages(),
+                ElementsAre(L"Default Configuration File Values", L"<A>1</A><OEM>" + other + L"</OEM>"));
+}
+
 TEST_F(SettingsFilesTest, TakesAFileThatNobodyMayReadForMissing) {
     LoadDefaults("<A>1</A>");
     AddUserSettings("<A>2</A>");
