@@ -57,6 +57,8 @@ const MessageMap& CDialogEx::Events() {
                                              On::Click(IDOK, &CDialogEx::OnOK),
                                              On::Click(IDCANCEL, &CDialogEx::OnCancel),
                                              On::Message(WM_DRAWITEM, &CDialogEx::OnDrawItem),
+                                             On::Message(WM_SYSCOLORCHANGE, &CDialogEx::OnSystemColours),
+                                             On::Message(WM_SETTINGCHANGE, &CDialogEx::OnSettingChange),
                                          });
     return map;
 }
@@ -126,6 +128,35 @@ LRESULT CDialogEx::OnDrawItem(WPARAM, LPARAM item) {
     const auto& drawing = *reinterpret_cast<const DRAWITEMSTRUCT*>(item);
     if (CWnd* const control = FromHandle(drawing.hwndItem)) control->DrawItem(drawing);
     return TRUE;
+}
+
+// The system tells the windows of the desktop alone, and a control asks for the colours when it is told.
+LRESULT CDialogEx::OnSystemColours(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    if (IsChildWindow()) return result;
+    EnumChildWindows(
+        GetSafeHwnd(),
+        [](HWND descendant, LPARAM) {
+            ::SendMessageW(descendant, WM_SYSCOLORCHANGE, 0, 0);
+            return TRUE;
+        },
+        0);
+    RedrawAll();
+    return result;
+}
+
+LRESULT CDialogEx::OnSettingChange(WPARAM setting, LPARAM) {
+    const LRESULT result = Default();
+    if (setting == SPI_SETHIGHCONTRAST && !IsChildWindow()) RedrawAll();
+    return result;
+}
+
+bool CDialogEx::IsChildWindow() const {
+    return (GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE) & WS_CHILD) != 0;
+}
+
+void CDialogEx::RedrawAll() {
+    RedrawWindow(GetSafeHwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 LRESULT CDialogEx::WindowProc(const WindowMessage& message) {

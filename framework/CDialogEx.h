@@ -41,8 +41,14 @@ protected:
 
     LRESULT WindowProc(const WindowMessage& message) override;
 
+    // Whether the dialog is a part of another window, as a page is.
+    bool IsChildWindow() const;
+
 private:
     LRESULT OnDrawItem(WPARAM, LPARAM item);
+    LRESULT OnSystemColours(WPARAM, LPARAM);
+    LRESULT OnSettingChange(WPARAM setting, LPARAM);
+    void RedrawAll();
     void RunModalLoop();
 
     UINT templateId = 0;

@@ -5,7 +5,11 @@
 #include <commctrl.h>
 
 const MessageMap& CListCtrl::Events() {
-    static const MessageMap map(nullptr, {EventsOf<CListCtrl>::Message(WM_ENABLE, &CListCtrl::OnEnable)});
+    using On = EventsOf<CListCtrl>;
+    static const MessageMap map(nullptr, {
+                                             On::Message(WM_ENABLE, &CListCtrl::OnEnable),
+                                             On::Message(WM_SYSCOLORCHANGE, &CListCtrl::OnSystemColours),
+                                         });
     return map;
 }
 
@@ -28,10 +32,24 @@ LRESULT CListCtrl::OnEnable(WPARAM enabled, LPARAM) {
         enabledColours = Colours{.ground = ListView_GetBkColor(list),
                                  .textGround = ListView_GetTextBkColor(list),
                                  .text = ListView_GetTextColor(list)};
-        const COLORREF face = GetSysColor(COLOR_BTNFACE);
-        SetColours({.ground = face, .textGround = face, .text = GetSysColor(COLOR_GRAYTEXT)});
+        SetColours(DisabledColours());
     }
     return result;
+}
+
+// Once it has been given colours the control keeps them.
+LRESULT CListCtrl::OnSystemColours(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    const COLORREF ground = GetSysColor(COLOR_WINDOW);
+    const Colours colours{.ground = ground, .textGround = ground, .text = GetSysColor(COLOR_WINDOWTEXT)};
+    if (enabledColours) enabledColours = colours;
+    SetColours(enabledColours ? DisabledColours() : colours);
+    return result;
+}
+
+CListCtrl::Colours CListCtrl::DisabledColours() {
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    return {.ground = face, .textGround = face, .text = GetSysColor(COLOR_GRAYTEXT)};
 }
 
 void CListCtrl::SetColours(const Colours& colours) {

@@ -46,8 +46,10 @@ private:
     };
 
     LRESULT OnEnable(WPARAM enabled, LPARAM);
+    LRESULT OnSystemColours(WPARAM, LPARAM);
+    static Colours DisabledColours();
     void SetColours(const Colours& colours);
 
-    // While the list is disabled, those that it had before.
+    // While the list is disabled, those that it has when it is enabled.
     std::optional<Colours> enabledColours;
 };

@@ -4,16 +4,14 @@
 
 #include <shellapi.h>
 
-#include <utility>
+#include "framework/Handles.h"
+#include "framework/HighContrast.h"
 
 namespace {
 
 constexpr COLORREF linkColour = RGB(0x00, 0x66, 0xCC);
 
-Font& UnderlinedFont() {
-    static Font font;
-    return font;
-}
+constexpr int contrastPoints = 8;
 
 Font Underlined(HFONT font) {
     LOGFONTW description{};
@@ -22,11 +20,18 @@ Font Underlined(HFONT font) {
     return Font(CreateFontIndirectW(&description));
 }
 
-}  // namespace
-
-void CMFCLinkCtrl::SetUnderlinedFont(Font font) {
-    UnderlinedFont() = std::move(font);
+Font ContrastFont(HDC context) {
+    return Font(CreateFontW(-MulDiv(contrastPoints, GetDeviceCaps(context, LOGPIXELSY), 72), 0, 0, 0,
+                            FW_NORMAL, FALSE, TRUE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                            CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"Arial"));
 }
+
+COLORREF TextColour(const DRAWITEMSTRUCT& item) {
+    if (!IsHighContrastOn()) return linkColour;
+    return GetSysColor((item.itemState & ODS_DISABLED) != 0 ? COLOR_GRAYTEXT : COLOR_HOTLIGHT);
+}
+
+}  // namespace
 
 const MessageMap& CMFCLinkCtrl::GetMessageMap() const {
     using On = EventsOf<CMFCLinkCtrl>;
@@ -51,10 +56,11 @@ void CMFCLinkCtrl::DrawItem(const DRAWITEMSTRUCT& item) {
         ::SendMessageW(GetParent(GetSafeHwnd()), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(item.hDC),
                        reinterpret_cast<LPARAM>(GetSafeHwnd()));
     FillRect(item.hDC, &area, reinterpret_cast<HBRUSH>(ground));
-    const Font own = Underlined(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
-    const SelectedObject font(item.hDC, UnderlinedFont() ? UnderlinedFont().get() : own.get());
+    const Font underlined = IsHighContrastOn() ? ContrastFont(item.hDC)
+                                               : Underlined(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
+    const SelectedObject font(item.hDC, underlined.get());
     SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, UnderlinedFont() ? GetSysColor(COLOR_HOTLIGHT) : linkColour);
+    SetTextColor(item.hDC, TextColour(item));
     const std::wstring text = GetWindowText();
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
               DT_LEFT | DT_VCENTER | DT_SINGLELINE);

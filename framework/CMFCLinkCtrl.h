@@ -4,7 +4,6 @@
 #include <string>
 
 #include "framework/CWnd.h"
-#include "framework/Handles.h"
 
 class CMFCLinkCtrl : public CWnd {
 public:
@@ -12,10 +11,8 @@ public:
     void SetURL(const std::wstring& address) { url = address; }
     const std::wstring& GetURL() const { return url; }
 
-    // The font of all links from now on, for high contrast; they take the system's colour for links with it.
-    // Before that they underline their own and are blue.
-    static void SetUnderlinedFont(Font font);
-
+    // Underlines the link's own font and draws it blue; in high contrast another font, in the colour of the
+    // system for links.
     void DrawItem(const DRAWITEMSTRUCT& item) override;
     void OnClicked() override;
 

@@ -31,7 +31,7 @@ floor(settings
 floor(wizard
   LOGIC ButtonFace
   SYSTEM CQorFlatButton CQorLinkButton CmdLineHelper Controller CountedWorker DriverList FolderCleanUp
-    Help HighContrast InstallDialogEx KestruneDlg LocalizedMessage PaintedWait RegisteredMessages)
+    Help InstallDialogEx KestruneDlg LocalizedMessage PaintedWait RegisteredMessages)
 
 floor(catalogue
   LOGIC MSI_APP PackageProperties

@@ -29,7 +29,6 @@ void StatusListView::Attach(HWND listView) {
     list = listView;
     LoadPictures();
     ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT);
-    ListView_SetTextColor(list, RGB(0, 0, 0));
     ListView_SetTextBkColor(list, CLR_NONE);
 }
 

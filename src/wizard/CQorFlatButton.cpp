@@ -5,16 +5,13 @@
 #include <windowsx.h>
 
 #include "framework/Handles.h"
+#include "framework/HighContrast.h"
 #include "wizard/ButtonFace.h"
-#include "wizard/HighContrast.h"
 
 namespace {
 
 constexpr int focusInset = 5;
 constexpr int pressedShift = 2;
-
-// By design: as it was when the last button was made. A change during the run does not reach the buttons.
-bool highContrastButtons = false;
 
 COLORREF ToColorRef(RgbColour colour) {
     return RGB(static_cast<BYTE>(colour >> 16), static_cast<BYTE>(colour >> 8), static_cast<BYTE>(colour));
@@ -32,8 +29,15 @@ ButtonState StateOf(const DRAWITEMSTRUCT& item) {
 }
 
 COLORREF TextColour(const DRAWITEMSTRUCT& item) {
-    if (!highContrastButtons) return RGB(255, 255, 255);
-    return GetSysColor(Has(item, ODS_DISABLED) ? COLOR_GRAYTEXT : COLOR_BTNTEXT);
+    if (!IsHighContrastOn()) return RGB(255, 255, 255);
+    if (Has(item, ODS_DISABLED)) return GetSysColor(COLOR_GRAYTEXT);
+    return GetSysColor(Has(item, ODS_SELECTED) ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
+}
+
+COLORREF ContrastFace(const DRAWITEMSTRUCT& item) {
+    if (Has(item, ODS_DISABLED)) return GetSysColor(COLOR_BTNFACE);
+    if (Has(item, ODS_SELECTED)) return GetSysColor(COLOR_HIGHLIGHT);
+    return GetSysColor(Has(item, ODS_HOTLIGHT) ? COLOR_BTNHIGHLIGHT : COLOR_BTNFACE);
 }
 
 }  // namespace
@@ -45,10 +49,6 @@ const MessageMap& CQorFlatButton::GetMessageMap() const {
                                              On::Message(WM_MOUSELEAVE, &CQorFlatButton::OnMouseLeave),
                                          });
     return map;
-}
-
-CQorFlatButton::CQorFlatButton() {
-    highContrastButtons = IsHighContrastOn();
 }
 
 bool CQorFlatButton::IsFlat() const {
@@ -123,9 +123,9 @@ void CQorFlatButton::DrawFrame(const DRAWITEMSTRUCT& item) const {
     const ButtonFace face = FlatButtonFace(StateOf(item), secondary);
     COLORREF penColour = ToColorRef(face.colour);
     COLORREF brushColour = penColour;
-    if (highContrastButtons) {
+    if (IsHighContrastOn()) {
         penColour = GetSysColor(Has(item, ODS_DISABLED) ? COLOR_INACTIVEBORDER : COLOR_ACTIVEBORDER);
-        brushColour = GetSysColor(Has(item, ODS_HOTLIGHT) ? COLOR_BTNHIGHLIGHT : COLOR_BTNFACE);
+        brushColour = ContrastFace(item);
     }
     const Pen pen(CreatePen(PS_INSIDEFRAME, face.frameWidth, penColour));
     const Brush brush(CreateSolidBrush(brushColour));

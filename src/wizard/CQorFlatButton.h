@@ -9,8 +9,6 @@
 // Works on windows with the style BS_FLAT; on any other it draws nothing and follows no mouse.
 class CQorFlatButton : public CWnd {
 public:
-    CQorFlatButton();
-
     // Makes this the page's main button, which is green.
     void SetPrimary() { secondary = false; }
 

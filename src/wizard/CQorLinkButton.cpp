@@ -2,7 +2,7 @@
 
 #include "framework/CImage.h"
 #include "framework/Handles.h"
-#include "wizard/HighContrast.h"
+#include "framework/HighContrast.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ LinkColours ColoursFor(const DRAWITEMSTRUCT& item) {
     const bool hot = (item.itemState & ODS_HOTLIGHT) != 0;
     return {.pen = GetSysColor(disabled ? COLOR_INACTIVEBORDER : COLOR_ACTIVEBORDER),
             .brush = GetSysColor(hot ? COLOR_BTNHIGHLIGHT : COLOR_BTNFACE),
-            .text = GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT)};
+            .text = GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_HOTLIGHT)};
 }
 
 }  // namespace

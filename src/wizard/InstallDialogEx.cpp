@@ -9,13 +9,12 @@
 
 #include "CommonLib/Files.h"
 #include "framework/CImage.h"
-#include "framework/CMFCLinkCtrl.h"
 #include "framework/CWinApp.h"
+#include "framework/HighContrast.h"
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "wizard/Controller.h"
 #include "wizard/Help.h"
-#include "wizard/HighContrast.h"
 #include "wizard/ReadingDirection.h"
 
 namespace {
@@ -190,7 +189,6 @@ bool InstallDialogEx::OnInitDialog() {
     helpFile = GetSetupDirectory() + L"\\" + GetLanguageCode() + L"\\install.chm";
     // A page without tips serves as well.
     static_cast<void>(toolTips.Create(*this));
-    if (IsHighContrastOn()) CMFCLinkCtrl::SetUnderlinedFont(MakeFont(L"Arial", 8, regular, true));
     return true;
 }
 
@@ -282,8 +280,7 @@ bool InstallDialogEx::PreTranslateMessage(MSG* message) {
 
 // A page is a child of the main window, a sub-dialog a window of its own.
 void InstallDialogEx::OnCancel() {
-    const bool isPage = (GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE) & WS_CHILD) != 0;
-    if (isPage) {
+    if (IsChildWindow()) {
         controller.Cancel(false);
     } else {
         CDialogEx::OnCancel();
@@ -308,12 +305,14 @@ bool InstallDialogEx::OnEnter() {
 LRESULT InstallDialogEx::OnEraseBackground(WPARAM context, LPARAM) {
     PaintGround(reinterpret_cast<HDC>(context));
     const bool isOn = IsHighContrastOn();
+    // A button with a new picture has the page erased under it once more, so that is for a change alone.
+    if (isOn == highContrast) return 1;
+    highContrast = isOn;
     if (isOn) {
         PutContrastIcons(helpIconHighContrast.get(), refreshIconHighContrast.get());
-    } else if (highContrast) {
+    } else {
         PutContrastIcons(helpIcon.get(), refreshIcon.get());
     }
-    highContrast = isOn;
     return 1;
 }
 
@@ -330,11 +329,16 @@ void InstallDialogEx::PutContrastIcons(HICON help, HICON refresh) {
 
 LRESULT InstallDialogEx::OnControlColour(WPARAM context, LPARAM control) {
     const HWND window = reinterpret_cast<HWND>(control);
-    return HasClass(window, WC_EDITW) ? Default() : OnCtlColor(reinterpret_cast<HDC>(context), window);
+    const bool isSystems = HasClass(window, WC_EDITW) && !IsHighContrastOn();
+    return isSystems ? Default() : OnCtlColor(reinterpret_cast<HDC>(context), window);
 }
 
-LRESULT InstallDialogEx::OnCtlColor(HDC context, HWND) {
+LRESULT InstallDialogEx::OnCtlColor(HDC context, HWND control) {
     SetBkMode(context, TRANSPARENT);
+    if (IsHighContrastOn()) {
+        SetTextColor(context, GetSysColor(IsWindowEnabled(control) ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+        SetBkColor(context, GetSysColor(COLOR_3DFACE));
+    }
     return reinterpret_cast<LRESULT>(GroundBrush());
 }
 

@@ -1,11 +1,11 @@
 #include "wizard/KestruneDlg.h"
 
 #include "CommonLib/Files.h"
+#include "framework/HighContrast.h"
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "settings/TextKeys.h"
 #include "wizard/Controller.h"
-#include "wizard/HighContrast.h"
 #include "wizard/InstallDialogEx.h"
 #include "wizard/ReadingDirection.h"
 

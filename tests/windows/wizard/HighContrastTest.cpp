@@ -5,6 +5,7 @@
 #include "pages/ManufacturerDlg.h"
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
+#include "tests/windows/world/FakeHighContrast.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/SettingsTest.h"
 #include "tests/windows/world/TestApp.h"
@@ -18,14 +19,6 @@ namespace {
 constexpr COLORREF plainPicture = RGB(0, 0, 255);
 constexpr COLORREF contrastPicture = RGB(255, 0, 255);
 constexpr COLORREF white = RGB(255, 255, 255);
-
-bool isOn = false;
-
-BOOL WINAPI TellSetting(UINT question, UINT, void* answer, UINT) {
-    if (question != SPI_GETHIGHCONTRAST) return FALSE;
-    static_cast<HIGHCONTRASTW*>(answer)->dwFlags = isOn ? HCF_HIGHCONTRASTON : 0;
-    return TRUE;
-}
 
 // A sheet of paper that a test lets something draw on.
 class Sheet {
@@ -66,7 +59,6 @@ private:
 class HighContrastTest : public SettingsTest {
 protected:
     HighContrastTest() {
-        isOn = false;
         tree.Add(L"Setup\\res\\images\\help.png", BitmapFile(plainPicture));
         tree.Add(L"Setup\\res\\images\\high_contrast_help.png", BitmapFile(contrastPicture));
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
@@ -88,7 +80,7 @@ protected:
         return {.CtlType = ODT_BUTTON, .itemState = state, .hDC = sheet.Context(), .rcItem = Sheet::area};
     }
 
-    PatchedImport setting{"SystemParametersInfoW", &TellSetting};
+    FakeHighContrast setting;
     TestApp app;
     CDialogEx window;
     Sheet sheet;
@@ -98,13 +90,25 @@ TEST_F(HighContrastTest, ChangesThePicturesAtTheNextPaint) {
     ManufacturerDlg page{context};
     EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
     EXPECT_EQ(HelpPicture(page), plainPicture);
-    isOn = true;
+    setting.Switch(true);
     EXPECT_EQ(HelpPicture(page), plainPicture);
     Erase(page);
     EXPECT_EQ(HelpPicture(page), contrastPicture);
-    isOn = false;
+    setting.Switch(false);
     Erase(page);
     EXPECT_EQ(HelpPicture(page), plainPicture);
+}
+
+// A button that is given its picture asks for the ground under it, and would be given it again for ever.
+TEST_F(HighContrastTest, ChangesThePicturesOnce) {
+    ManufacturerDlg page{context};
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
+    setting.Switch(true);
+    Erase(page);
+    const HWND help = page.GetDlgItem(IDC_HELP_BUTTON);
+    SendMessageW(help, BM_SETIMAGE, IMAGE_ICON, 0);
+    Erase(page);
+    EXPECT_EQ(SendMessageW(help, BM_GETIMAGE, IMAGE_ICON, 0), 0);
 }
 
 TEST_F(HighContrastTest, GivesTheMainWindowTheSystemsGround) {
@@ -112,7 +116,7 @@ TEST_F(HighContrastTest, GivesTheMainWindowTheSystemsGround) {
     EXPECT_TRUE(main.Create(IDD_MAIN, nullptr));
     Erase(main);
     EXPECT_EQ(sheet.At(2, 2), white);
-    isOn = true;
+    setting.Switch(true);
     Erase(main);
     EXPECT_EQ(sheet.At(2, 2), GetSysColor(COLOR_3DFACE));
 }
@@ -138,25 +142,17 @@ protected:
 };
 
 TEST_P(HighContrastFaceTest, TakesTheSystemsColours) {
-    isOn = true;
     CQorFlatButton button;
+    setting.Switch(true);
     Draw(button);
     EXPECT_EQ(sheet.At(3, 3), GetSysColor(GetParam().face));
     EXPECT_EQ(sheet.At(0, 0), GetSysColor(GetParam().frame));
 }
 
-// By design: the buttons are made at the start, so a later change does not reach them.
-TEST_P(HighContrastFaceTest, StaysWhenTheSettingGoes) {
-    isOn = true;
+TEST_P(HighContrastFaceTest, GoesWithTheSetting) {
+    setting.Switch(true);
     CQorFlatButton button;
-    isOn = false;
-    Draw(button);
-    EXPECT_EQ(sheet.At(3, 3), GetSysColor(GetParam().face));
-}
-
-TEST_P(HighContrastFaceTest, DoesNotComeWithALaterSetting) {
-    CQorFlatButton button;
-    isOn = true;
+    setting.Switch(false);
     Draw(button);
     EXPECT_NE(sheet.At(3, 3), GetSysColor(GetParam().face));
 }
@@ -166,7 +162,9 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(FaceCase{"Normal", 0, COLOR_BTNFACE, COLOR_ACTIVEBORDER},
                     FaceCase{"Hot", ODS_HOTLIGHT, COLOR_BTNHIGHLIGHT, COLOR_ACTIVEBORDER},
                     FaceCase{"Focused", ODS_FOCUS, COLOR_BTNFACE, COLOR_ACTIVEBORDER},
-                    FaceCase{"Pressed", ODS_SELECTED, COLOR_BTNFACE, COLOR_ACTIVEBORDER},
+                    FaceCase{"Pressed", ODS_SELECTED, COLOR_HIGHLIGHT, COLOR_ACTIVEBORDER},
+                    FaceCase{"PressedUnderTheMouse", ODS_SELECTED | ODS_HOTLIGHT, COLOR_HIGHLIGHT,
+                             COLOR_ACTIVEBORDER},
                     FaceCase{"Disabled", ODS_DISABLED, COLOR_BTNFACE, COLOR_INACTIVEBORDER}),
     [](const testing::TestParamInfo<FaceCase>& face) { return std::string(face.param.name); });
 
@@ -175,7 +173,7 @@ TEST_F(HighContrastTest, GivesALinkTheSystemsGroundAtOnce) {
     link.SubclassDlgItem(IDC_TEST_BUTTON, window);
     link.DrawItem(ItemIn(0));
     EXPECT_EQ(sheet.At(50, 3), white);
-    isOn = true;
+    setting.Switch(true);
     link.DrawItem(ItemIn(0));
     EXPECT_EQ(sheet.At(50, 3), GetSysColor(COLOR_BTNFACE));
 }

@@ -1,4 +1,4 @@
-#include "wizard/HighContrast.h"
+#include "framework/HighContrast.h"
 
 #include <windows.h>
 

@@ -1,0 +1,259 @@
+// Every dialog in the colours of the high-contrast themes, as it stands on the screen.
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <optional>
+#include <set>
+#include <tuple>
+
+#include "CommonLib/Files.h"
+#include "framework/CMFCLinkCtrl.h"
+#include "resources/resource.h"
+#include "settings/TagNames.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/ContrastTheme.h"
+#include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/EveryDialog.h"
+#include "tests/windows/world/FakeHighContrast.h"
+#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/TestApp.h"
+#include "wizard/CQorLinkButton.h"
+
+namespace {
+
+std::wstring ClassOf(HWND control) {
+    wchar_t name[64] = {};
+    GetClassNameW(control, name, static_cast<int>(std::size(name)));
+    return name;
+}
+
+LONG_PTR StyleOf(HWND control) {
+    return GetWindowLongPtrW(control, GWL_STYLE);
+}
+
+bool IsLink(HWND control) {
+    const CWnd* const object = CWnd::FromHandle(control);
+    return dynamic_cast<const CMFCLinkCtrl*>(object) != nullptr ||
+           dynamic_cast<const CQorLinkButton*>(object) != nullptr;
+}
+
+// A button that the visual style draws, in colours of its own.
+bool IsPushButton(HWND control) {
+    return ClassOf(control) == WC_BUTTONW && (StyleOf(control) & BS_TYPEMASK) == BS_PUSHBUTTON;
+}
+
+// The place among the system's colours of the text of that control; none where it shows no text.
+std::optional<int> TextColourOf(HWND control) {
+    const std::wstring kind = ClassOf(control);
+    const bool isField = kind == WC_EDITW || kind == WC_LISTVIEWW || kind == L"RichEdit20W";
+    const bool isText = isField || kind == WC_STATICW || kind == WC_BUTTONW;
+    if (!isText || IsPushButton(control) || (StyleOf(control) & BS_ICON) != 0) return std::nullopt;
+    if (IsWindowEnabled(control) == FALSE) return COLOR_GRAYTEXT;
+    if (IsLink(control)) return COLOR_HOTLIGHT;
+    return isField ? COLOR_WINDOWTEXT : COLOR_BTNTEXT;
+}
+
+// Texts for what has none in this world.
+BOOL CALLBACK GiveText(HWND control, LPARAM) {
+    const std::wstring kind = ClassOf(control);
+    wchar_t text[] = L"Ink";
+    if ((kind == WC_STATICW || kind == WC_BUTTONW || kind == WC_EDITW) && TextOf(control).empty())
+        SetWindowTextW(control, text);
+    if (kind == WC_LISTVIEWW && ListView_GetItemCount(control) == 0) {
+        LVITEMW row{.mask = LVIF_TEXT, .pszText = text};
+        LVCOLUMNW column{.mask = LVCF_TEXT | LVCF_WIDTH, .cx = 100, .pszText = text};
+        SendMessageW(control, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+        SendMessageW(control, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&row));
+    }
+    return TRUE;
+}
+
+std::set<COLORREF> SystemColours() {
+    std::set<COLORREF> colours;
+    for (int place = 0; place <= COLOR_MENUBAR; ++place) colours.insert(GetSysColor(place));
+    return colours;
+}
+
+std::array<int, 3> PartsOf(COLORREF colour) {
+    return {GetRValue(colour), GetGValue(colour), GetBValue(colour)};
+}
+
+bool AreNear(const std::array<int, 3>& one, const std::array<int, 3>& other, int tolerance) {
+    return std::ranges::equal(one, other, [&](int a, int b) { return std::abs(a - b) <= tolerance; });
+}
+
+// Whether a smooth font could have mixed the colour from the two.
+bool IsMixed(COLORREF colour, COLORREF one, COLORREF other) {
+    constexpr int steps = 51;
+    constexpr int tolerance = 20;
+    const auto from = PartsOf(one);
+    const auto to = PartsOf(other);
+    for (int step = 0; step <= steps; ++step) {
+        std::array<int, 3> mixed{};
+        for (std::size_t part = 0; part < mixed.size(); ++part)
+            mixed[part] = (from[part] * (steps - step) + to[part] * step) / steps;
+        if (AreNear(mixed, PartsOf(colour), tolerance)) return true;
+    }
+    return false;
+}
+
+// What is neither one of the system's colours nor mixed from two of them.
+std::set<COLORREF> ForeignColours(const std::set<COLORREF>& colours) {
+    const std::set<COLORREF> systems = SystemColours();
+    const auto isSystems = [&](COLORREF colour) {
+        return std::ranges::any_of(systems, [&](COLORREF one) {
+            return std::ranges::any_of(systems, [&](COLORREF other) { return IsMixed(colour, one, other); });
+        });
+    };
+    std::set<COLORREF> foreign;
+    std::ranges::remove_copy_if(colours, std::inserter(foreign, foreign.end()), isSystems);
+    return foreign;
+}
+
+// The thin strokes of a smooth font may not reach the colour itself.
+bool HasText(const std::set<COLORREF>& colours, COLORREF text) {
+    constexpr int tolerance = 96;
+    return std::ranges::any_of(
+        colours, [&](COLORREF colour) { return AreNear(PartsOf(colour), PartsOf(text), tolerance); });
+}
+
+void ShowNoFocus(HWND list) {
+    ListView_SetItemState(list, -1, 0, LVIS_FOCUSED);
+    UpdateWindow(list);
+}
+
+// The colours of the pixels within the control's border.
+std::set<COLORREF> ColoursIn(HWND control) {
+    RECT area{};
+    GetClientRect(control, &area);
+    BITMAPINFO info{};
+    info.bmiHeader = {.biSize = sizeof(BITMAPINFOHEADER),
+                      .biWidth = area.right,
+                      .biHeight = -area.bottom,
+                      .biPlanes = 1,
+                      .biBitCount = 32};
+    void* bits = nullptr;
+    const Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const MemoryDc memory(CreateCompatibleDC(nullptr));
+    const SelectedObject selected(memory.get(), bitmap.get());
+    const WindowDc window(control);
+    BitBlt(memory.get(), 0, 0, area.right, area.bottom, window.get(), 0, 0, SRCCOPY);
+    GdiFlush();
+    std::set<COLORREF> colours;
+    const auto* const pixels = static_cast<const RGBQUAD*>(bits);
+    std::for_each(pixels, pixels + area.right * area.bottom, [&](const RGBQUAD& pixel) {
+        colours.insert(RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue));
+    });
+    return colours;
+}
+
+using ContrastCase = std::tuple<DialogCase, ContrastTheme>;
+
+class ContrastPagesTest : public SettingsTest, public testing::WithParamInterface<ContrastCase> {
+protected:
+    ContrastPagesTest() {
+        const auto texts =
+            std::filesystem::path(GetExeDirectory()) / L".." / L".." / L".." / L"strings" / L"en_strings.xml";
+        std::ifstream file(texts, std::ios::binary);
+        AddTexts(std::string(std::istreambuf_iterator(file), {}));
+        ReadTextsAnew();
+        tree.Add(L"Notices\\EULA\\eula_en.txt", "Be kind.\n");
+        Settings().SetString(Tag::INFOCENTER_LINK, L"http://help.test");
+        Settings().SetString(Tag::PRODUCT_REGISTRATION_LINK, L"http://register.test");
+        Settings().SetString(Tag::APP_INSTALLATION_STATUS,
+                             L"<App 0><NAME>Ink</NAME><STATUS>1</STATUS></App 0>");
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+        window.MoveWindow(0, 0, 900, 900);
+        list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD, 0, 0, 0, 0, window.GetSafeHwnd(), nullptr,
+                               nullptr, nullptr);
+        window.ShowWindow(SW_SHOW);
+    }
+
+    // The library of the controls keeps the colours and reads them again when a control of its is told.
+    void TurnOn() const {
+        setting.Switch(true);
+        ContrastColours::Set(std::get<ContrastTheme>(GetParam()));
+        SendMessageW(list, WM_SYSCOLORCHANGE, 0, 0);
+    }
+
+    std::unique_ptr<InstallDialogEx> Open() {
+        auto dialog =
+            std::get<DialogCase>(GetParam()).make({context, window, applications, drivers, configuration});
+        EXPECT_TRUE(dialog->Create(dialog->TemplateId(), &window));
+        dialog->ShowWindow(SW_SHOW);
+        EnumChildWindows(dialog->GetSafeHwnd(), &GiveText, 0);
+        return dialog;
+    }
+
+    // Does it for each state that the dialog has.
+    static void InEachView(const InstallDialogEx& dialog, const std::function<void()>& deed) {
+        deed();
+        const HWND kinds = dialog.GetDlgItem(IDC_ADD_PORT_KIND);
+        for (WPARAM kind = 1; kinds != nullptr && kind < 3; ++kind) {
+            SendMessageW(kinds, CB_SETCURSEL, kind, 0);
+            dialog.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_KIND, CBN_SELCHANGE),
+                               reinterpret_cast<LPARAM>(kinds));
+            deed();
+        }
+    }
+
+    // Without the focus, whose frames and caret stand over the texts.
+    static void ExpectReadable(const InstallDialogEx& dialog) {
+        SetFocus(nullptr);
+        PumpMessages();
+        UpdateWindow(dialog.GetSafeHwnd());
+        for (HWND control = GetWindow(dialog.GetSafeHwnd(), GW_CHILD); control != nullptr;
+             control = GetWindow(control, GW_HWNDNEXT)) {
+            const std::optional<int> text = TextColourOf(control);
+            if (IsWindowVisible(control) == FALSE || !text) continue;
+            if (ClassOf(control) == WC_LISTVIEWW) ShowNoFocus(control);
+            const std::set<COLORREF> colours = ColoursIn(control);
+            const int id = GetDlgCtrlID(control);
+            EXPECT_TRUE(HasText(colours, GetSysColor(*text)))
+                << "no text in " << id << ": " << testing::PrintToString(colours);
+            EXPECT_THAT(ForeignColours(colours), testing::IsEmpty()) << "in " << id;
+        }
+    }
+
+    AppCatalogue applications;
+    DriverInfo drivers;
+    DriverConfiguration configuration{Settings(), applications, drivers};
+    ContrastColours colours;
+    FakeHighContrast setting;
+    TestApp app;
+    CDialogEx window;
+    HWND list = nullptr;
+};
+
+TEST_P(ContrastPagesTest, CanBeRead) {
+    TurnOn();
+    const std::unique_ptr<InstallDialogEx> dialog = Open();
+    InEachView(*dialog, [&] { ExpectReadable(*dialog); });
+}
+
+TEST_P(ContrastPagesTest, CanBeReadWhenTheThemeComesLater) {
+    const std::unique_ptr<InstallDialogEx> dialog = Open();
+    PumpMessages();
+    TurnOn();
+    ExpectReadable(*dialog);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ContrastPagesTest,
+                         testing::Combine(testing::ValuesIn(EveryDialog()),
+                                          testing::ValuesIn(EveryContrastTheme())),
+                         [](const testing::TestParamInfo<ContrastCase>& given) {
+                             return std::get<DialogCase>(given.param).name + std::string("_") +
+                                    std::get<ContrastTheme>(given.param).name;
+                         });
+
+}  // namespace
