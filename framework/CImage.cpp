@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "framework/GdiPlus.h"
+#include "framework/Resolution.h"
 
 namespace ATL {
 
@@ -45,7 +46,17 @@ Bitmap MakeBitmap(int width, int height, void*& pixels) {
 
 }  // namespace
 
-bool CImage::Load(const std::wstring& path) {
+bool CImage::Load(const std::wstring& path, int resolution) {
+    return Read(path, [resolution](SIZE own) {
+        return SIZE{MulDiv(own.cx, resolution, plainResolution), MulDiv(own.cy, resolution, plainResolution)};
+    });
+}
+
+bool CImage::LoadToFill(const std::wstring& path, SIZE size) {
+    return Read(path, [size](SIZE) { return size; });
+}
+
+bool CImage::Read(const std::wstring& path, const std::function<SIZE(SIZE)>& wantedSize) {
     bitmap.reset();
     const GdiPlus::Entries* const gdi = GdiPlus::Get();
     if (gdi == nullptr) return false;
@@ -55,8 +66,9 @@ bool CImage::Load(const std::wstring& path) {
     UINT rows = 0;
     gdi->getWidth(source.get(), &columns);
     gdi->getHeight(source.get(), &rows);
-    width = static_cast<int>(columns);
-    height = static_cast<int>(rows);
+    const SIZE size = wantedSize({static_cast<LONG>(columns), static_cast<LONG>(rows)});
+    width = size.cx;
+    height = size.cy;
     void* pixels = nullptr;
     Bitmap target = MakeBitmap(width, height, pixels);
     if (!target || !Draw(*gdi, source.get(), width, height, pixels)) return false;

@@ -13,6 +13,7 @@ add_library(kestrune_framework STATIC
   framework/CWnd.cpp
   framework/GdiPlus.cpp
   framework/HighContrast.cpp
+  framework/Resolution.cpp
   framework/MessageMap.cpp
   framework/SystemLibrary.cpp)
 target_link_libraries(kestrune_framework PUBLIC kestrune_options

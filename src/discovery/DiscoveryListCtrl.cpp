@@ -12,6 +12,7 @@
 #include "framework/CImage.h"
 #include "framework/Handles.h"
 #include "framework/HeldDrawing.h"
+#include "framework/Resolution.h"
 #include "framework/SystemLibrary.h"
 #include "settings/ColourWords.h"
 #include "settings/TextExpansion.h"
@@ -37,7 +38,7 @@ std::wstring ShownAddress(const std::wstring& address) {
 }
 
 int Scaled(int pixels, HWND window) {
-    return MulDiv(pixels, GetDeviceCaps(WindowDc(window).get(), LOGPIXELSX), 96);
+    return MulDiv(pixels, ResolutionOf(window), plainResolution);
 }
 
 struct Sorting {
@@ -128,11 +129,12 @@ bool DiscoveryListCtrl::Sort() {
 }
 
 void DiscoveryListCtrl::LoadImages() {
-    images.reset(ImageList_Create(imageSize, imageSize, ILC_COLOR32, columnCount, 0));
+    const int size = Scaled(imageSize, GetSafeHwnd());
+    images.reset(ImageList_Create(size, size, ILC_COLOR32, columnCount, 0));
     for (const wchar_t* const name : {L"bullet_arrow_up", L"bullet_arrow_down", L"bullet_toggle_plus"}) {
         ATL::CImage image;
         // The headings go without pictures rather than with the wrong ones.
-        if (!image.Load(GetPicturePath(std::wstring(name) + L".png"))) return;
+        if (!image.LoadToFill(GetPicturePath(std::wstring(name) + L".png"), {size, size})) return;
         ImageList_Add(images.get(), image.GetBitmap(), nullptr);
     }
     Header_SetImageList(ListView_GetHeader(GetSafeHwnd()), images.get());

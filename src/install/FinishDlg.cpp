@@ -132,11 +132,12 @@ void FinishDlg::ShowLinks() {
 void FinishDlg::PaintGround(HDC context) {
     InstallDialogEx::PaintGround(context);
     const std::wstring status = settings.GetString(Tag::INSTALL_STATUS);
-    ATL::CImage picture;
-    picture.Load(GetPicturePath(std::wstring(FinishPicture(status, usbFinish))));
     RECT place{};
     GetWindowRect(GetDlgItem(IDC_FINISH_PICTURE_PLACE), &place);
     MapWindowPoints(nullptr, GetSafeHwnd(), reinterpret_cast<POINT*>(&place), 2);
+    ATL::CImage picture;
+    picture.LoadToFill(GetPicturePath(std::wstring(FinishPicture(status, usbFinish))),
+                       {place.right - place.left, place.bottom - place.top});
     picture.AlphaBlend(context, place.left, place.top);
 }
 

@@ -7,6 +7,7 @@
 #include "CommonLib/Files.h"
 #include "CommonLib/SystemVersion.h"
 #include "framework/CImage.h"
+#include "framework/Resolution.h"
 #include "install/FinishTexts.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
@@ -35,7 +36,10 @@ void StatusListView::Attach(HWND listView) {
 void StatusListView::LoadPictures() {
     ATL::CImage check;
     ATL::CImage cross;
-    if (!check.Load(GetPicturePath(L"check.png")) || !cross.Load(GetPicturePath(L"x.png"))) return;
+    const int resolution = ResolutionOf(list);
+    if (!check.Load(GetPicturePath(L"check.png"), resolution) ||
+        !cross.Load(GetPicturePath(L"x.png"), resolution))
+        return;
     const UINT mirrored = IsRightToLeft(localizer) ? ILC_MIRROR : 0;
     pictures.reset(ImageList_Create(check.GetWidth(), check.GetHeight(), ILC_COLOR32 | mirrored, 2, 0));
     ImageList_Add(pictures.get(), check.GetBitmap(), nullptr);

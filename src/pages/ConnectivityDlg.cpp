@@ -4,6 +4,7 @@
 
 #include "CommonLib/Files.h"
 #include "framework/CImage.h"
+#include "framework/Resolution.h"
 #include "printer/ApplyChoice.h"
 #include "printer/DefaultDriver.h"
 #include "resources/resource.h"
@@ -55,7 +56,7 @@ bool ConnectivityDlg::OnInitDialog() {
 
 void ConnectivityDlg::SetChoicePicture(int controlId, const std::wstring& path, Icon& icon) {
     ATL::CImage image;
-    if (!image.Load(path)) return;
+    if (!image.Load(path, ResolutionOf(GetSafeHwnd()))) return;
     Icon loaded = image.ToIcon();
     ::SendMessageW(GetDlgItem(controlId), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(loaded.get()));
     icon = std::move(loaded);

@@ -3,6 +3,7 @@
 #include "framework/CImage.h"
 #include "framework/Handles.h"
 #include "framework/HighContrast.h"
+#include "framework/Resolution.h"
 
 namespace {
 
@@ -41,7 +42,7 @@ void CQorLinkButton::DrawItem(const DRAWITEMSTRUCT& item) {
     Rectangle(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
 
     ATL::CImage picture;
-    if (!imagePath.empty() && picture.Load(imagePath)) {
+    if (!imagePath.empty() && picture.Load(imagePath, ResolutionOf(GetSafeHwnd()))) {
         picture.AlphaBlend(item.hDC, item.rcItem.left, item.rcItem.top);
     } else {
         SetBkMode(item.hDC, TRANSPARENT);

@@ -11,6 +11,7 @@
 #include "framework/CImage.h"
 #include "framework/CWinApp.h"
 #include "framework/HighContrast.h"
+#include "framework/Resolution.h"
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "wizard/Controller.h"
@@ -37,9 +38,9 @@ HANDLE InstallFont() {
     return AddFontMemResourceEx(LockResource(loaded), SizeofResource(module, resource), nullptr, &installed);
 }
 
-Icon LoadIconFile(const std::wstring& path) {
+Icon LoadIconFile(const std::wstring& path, HWND window) {
     ATL::CImage image;
-    image.Load(path);
+    image.Load(path, ResolutionOf(window));
     return image.ToIcon();
 }
 
@@ -181,10 +182,10 @@ bool InstallDialogEx::OnInitDialog() {
     CDialogEx::OnInitDialog();
     MakeFonts();
     helpImagePath = GetPicturePath(L"help.png");
-    helpIconHighContrast = LoadIconFile(GetPicturePath(L"high_contrast_help.png"));
-    helpIcon = LoadIconFile(helpImagePath);
-    refreshIcon = LoadIconFile(GetPicturePath(L"refresh.png"));
-    refreshIconHighContrast = LoadIconFile(GetPicturePath(L"high_contrast_refresh.png"));
+    helpIconHighContrast = LoadIconFile(GetPicturePath(L"high_contrast_help.png"), GetSafeHwnd());
+    helpIcon = LoadIconFile(helpImagePath, GetSafeHwnd());
+    refreshIcon = LoadIconFile(GetPicturePath(L"refresh.png"), GetSafeHwnd());
+    refreshIconHighContrast = LoadIconFile(GetPicturePath(L"high_contrast_refresh.png"), GetSafeHwnd());
     // The help follows the user's language, even where the texts are chosen to be of another.
     helpFile = GetSetupDirectory() + L"\\" + GetLanguageCode() + L"\\install.chm";
     // A page without tips serves as well.
@@ -195,7 +196,7 @@ bool InstallDialogEx::OnInitDialog() {
 Font InstallDialogEx::MakeFont(const std::wstring& face, int points, int weight, bool underlined) const {
     LOGFONTW description{};
     GetObjectW(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)), sizeof(description), &description);
-    description.lfHeight = -MulDiv(points, GetDeviceCaps(WindowDc(GetSafeHwnd()).get(), LOGPIXELSY), 72);
+    description.lfHeight = -MulDiv(points, ResolutionOf(GetSafeHwnd()), 72);
     description.lfWeight = weight;
     description.lfUnderline = underlined ? TRUE : FALSE;
     face.copy(description.lfFaceName, LF_FACESIZE - 1);

@@ -1,7 +1,10 @@
 #include "wizard/KestruneDlg.h"
 
+#include <utility>
+
 #include "CommonLib/Files.h"
 #include "framework/HighContrast.h"
+#include "framework/Resolution.h"
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "settings/TextKeys.h"
@@ -54,12 +57,23 @@ void KestruneDlg::ShowLogo() {
     logo.reset(static_cast<HBITMAP>(LoadImageW(nullptr, GetPicturePath(L"logo.bmp").c_str(), IMAGE_BITMAP, 0,
                                                0, LR_LOADFROMFILE | LR_DEFAULTSIZE)));
     if (!logo) return;
+    ScaleLogo();
     const HWND place = GetDlgItem(IDC_MAIN_LOGO);
     // A logo holds a name, which must not be mirrored with the window.
     SetWindowLongPtrW(place, GWL_EXSTYLE, 0);
     ::SendMessageW(place, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(logo.get()));
     KeepLogoBeginningInView(place);
     UpdateWindow(GetSafeHwnd());
+}
+
+void KestruneDlg::ScaleLogo() {
+    const int resolution = ResolutionOf(GetSafeHwnd());
+    BITMAP own{};
+    GetObjectW(logo.get(), sizeof(own), &own);
+    Bitmap scaled(static_cast<HBITMAP>(CopyImage(logo.get(), IMAGE_BITMAP,
+                                                 MulDiv(own.bmWidth, resolution, plainResolution),
+                                                 MulDiv(own.bmHeight, resolution, plainResolution), 0)));
+    if (scaled) logo = std::move(scaled);
 }
 
 // A logo may be wider than the window and has its name at its left end, which a mirrored window would cut

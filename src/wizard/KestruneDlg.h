@@ -34,6 +34,7 @@ private:
     LRESULT OnFinishForWorker(WPARAM reboot, LPARAM);
     void HandFocusToPage();
     void ShowLogo();
+    void ScaleLogo();
     void KeepLogoBeginningInView(HWND place) const;
 
     Controller& controller;
