@@ -60,15 +60,6 @@ void ReleaseMouse() {
     SendMouse(MOUSEEVENTF_LEFTUP);
 }
 
-void DragMouse(POINT from, POINT to) {
-    constexpr int stops = 8;
-    HoldMouse(from);
-    for (int stop = 1; stop <= stops; ++stop) {
-        MoveMouse({from.x + (to.x - from.x) * stop / stops, from.y + (to.y - from.y) * stop / stops});
-    }
-    ReleaseMouse();
-}
-
 void TurnWheel(POINT place, int notches) {
     MoveMouse(place);
     for (int notch = 0; notch < notches; ++notch) SendMouse(MOUSEEVENTF_WHEEL, -WHEEL_DELTA);

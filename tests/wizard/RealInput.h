@@ -17,8 +17,6 @@ void MoveMouse(POINT place);
 // Presses the left button there, or lets it go.
 void HoldMouse(POINT place);
 void ReleaseMouse();
-// Presses the left button at one place and lets it go at the other, by way of the places between.
-void DragMouse(POINT from, POINT to);
 void TurnWheel(POINT place, int notches);
 
 // The middle of a window on the screen.
