@@ -17,7 +17,7 @@ fi
 
 prefix=$wine_home/standins
 wine_new_prefix "$prefix"
-timeout 600 wine "$build_folder/tests/windows/standins/standins_tests.exe" "$@" < /dev/null
+run_to_its_end timeout 600 wine "$build_folder/tests/windows/standins/standins_tests.exe" "$@"
 code=$?
 wine_stop "$prefix"
 exit $code

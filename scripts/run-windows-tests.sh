@@ -27,12 +27,11 @@ for locale in zh-SG sr-Latn-RS sr-Cyrl-RS; do
     echo "$locale $(LC_ALL=$locale timeout 60 wine "$folder/Companion.exe" tell-language < /dev/null)"
 done >> "$folder/UserLanguages.txt"
 
-run_tests() { timeout 600 wine "$folder/kestrune_windows_tests.exe" "$@" < /dev/null 2>&1; }
+run_tests() { run_to_its_end timeout 600 wine "$folder/kestrune_windows_tests.exe" "$@"; }
 
 # What failed among hundreds of others in one process is tried once more in a fresh one: a thread of the system that ends
 # late is no fault of the program. A test that fails there as well has failed.
-log=${SUITE_LOG:+$SUITE_LOG.windows}
-log=${log:-$(mktemp)}
+log=$(mktemp)
 run_tests "$@" > "$log"
 code=$?
 cat "$log"

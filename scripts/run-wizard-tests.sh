@@ -59,7 +59,7 @@ run_shard() {
     shift
     wine_new_prefix "$prefix"
     start_display
-    GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$index wine "$program" "$@" < /dev/null 2>&1 || code=1
+    GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$index run_to_its_end wine "$program" "$@" || code=1
     [ "$shards" = 1 ] || [ "$index" != 0 ] || run_languages || code=1
     wine_stop "$prefix"
     return $code
@@ -75,7 +75,7 @@ run_alone() {
     echo "Once more with nothing beside: $failed"
     wine_new_prefix "$wine_home/wizard-tests-0"
     start_display
-    timeout 300 wine "$program" --gtest_brief=1 "--gtest_filter=$failed" < /dev/null 2>&1
+    run_to_its_end timeout 300 wine "$program" --gtest_brief=1 "--gtest_filter=$failed"
     local result=$?
     [ $result != 0 ] || note_second_try "$failed" || result=1
     wine_stop "$wine_home/wizard-tests-0"

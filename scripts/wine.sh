@@ -71,6 +71,22 @@ start_display() {
     rm -f "$number_file"
 }
 
+# run_to_its_end COMMAND...: runs a GoogleTest program and prints what it says. Fails also where the program did not come
+# to its end: one that crashed under the debugger ends with the code 0.
+run_to_its_end() {
+    local log code
+    log=$(mktemp "${SUITE_LOG:-/tmp/tests}.XXXXXX")
+    "$@" < /dev/null > "$log" 2>&1
+    code=$?
+    cat "$log"
+    if ! grep -aq '^\[  PASSED  \]' "$log"; then
+        echo "The tests did not come to their end."
+        code=1
+    fi
+    rm -f "$log"
+    return "$code"
+}
+
 # failed_tests LOG...: the tests that failed in runs of GoogleTest, divided by colons as a filter takes them. Nothing if
 # one of the runs did not come to its end, for it has named no test.
 failed_tests() {

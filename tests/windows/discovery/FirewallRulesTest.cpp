@@ -7,6 +7,7 @@
 #include "tests/windows/world/FakeFirewall.h"
 #include "tests/windows/world/NetworkTest.h"
 #include "tests/windows/world/PatchedImport.h"
+#include "tests/wizard/Waiting.h"
 
 namespace {
 
@@ -127,6 +128,12 @@ class DiscoveryFirewallTest : public NetworkTest {
 protected:
     Apartment apartment{COINIT_APARTMENTTHREADED};
     FakeFirewall firewall;
+
+    // A run that delivers nothing for which one could wait.
+    void RunInVain() {
+        service->DoRun();
+        EXPECT_TRUE(WaitUntil([this] { return controller.ThreadCount() == 0; }));
+    }
 };
 
 TEST_F(DiscoveryFirewallTest, IsOpenFromTheFirstRunUntilTheServiceIsClosed) {
@@ -138,7 +145,7 @@ TEST_F(DiscoveryFirewallTest, IsOpenFromTheFirstRunUntilTheServiceIsClosed) {
     EXPECT_EQ(FakeFirewall::Rules().front().application, GetExePath());
     service->Close();
     EXPECT_TRUE(FakeFirewall::Rules().empty());
-    service->DoRun();
+    RunInVain();
     EXPECT_TRUE(FakeFirewall::Rules().empty());
 }
 
@@ -152,7 +159,7 @@ TEST_F(DiscoveryFirewallTest, IsClosedWithTheService) {
 TEST_F(DiscoveryFirewallTest, StaysClosedAfterACancel) {
     Start();
     service->Cancel();
-    service->DoRun();
+    RunInVain();
     EXPECT_TRUE(FakeFirewall::Rules().empty());
 }
 
