@@ -3,7 +3,7 @@
 
 A folder includes what stands below it and nothing above, the platform-free sources include no header of Windows or of
 the window framework, not even through another header of this project, and a page includes no other page: they know
-the Controller alone. A source that names something of the standard library includes its header, itself or through a
+the Controller alone. Names in quotes begin at the root or in src. A source that names something of the standard library includes its header, itself or through a
 header of this project: the compiler would not miss it, since it reads many sources at once.
 """
 import pathlib
@@ -13,6 +13,14 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 INCLUDE = re.compile(r'^\s*#include\s+([<"])([^>"]+)[>"]', re.M)
 STANDARD = re.compile(r'[a-z_0-9]+')
+
+
+def sources_in(*folders):
+    for folder in folders:
+        yield from sorted(path for path in (ROOT / folder).rglob('*') if path.suffix in ('.cpp', '.h'))
+
+
+PRODUCT = ('src', 'framework', 'standins', 'tools', 'package')
 
 
 def includes_of(path):
@@ -26,8 +34,8 @@ def resolve(name):
     return None
 
 
-def foreign_includes(source):
-    """The headers that a source reaches and that are neither the standard library's nor platform-free."""
+def reached_includes(source, enters=lambda header: True):
+    """Every include, as file, kind and name, that a source reaches through those headers of this project it enters."""
     seen, waiting = set(), [source]
     while waiting:
         path = waiting.pop()
@@ -36,10 +44,17 @@ def foreign_includes(source):
         seen.add(path)
         for kind, name in includes_of(path):
             target = resolve(name) if kind == '"' else None
-            if target and 'framework' not in target.parts:
+            if target and enters(target):
                 waiting.append(target)
-            elif kind == '"' or not STANDARD.fullmatch(name):
-                yield f'{path.relative_to(ROOT)} includes {name}'
+            else:
+                yield path, kind, name
+
+
+def foreign_includes(source):
+    """The headers that a source reaches and that are neither the standard library's nor platform-free."""
+    for path, kind, name in reached_includes(source, lambda header: 'framework' not in header.parts):
+        if kind == '"' or not STANDARD.fullmatch(name):
+            yield f'{path.relative_to(ROOT)} includes {name}'
 
 
 def floors():
@@ -59,8 +74,7 @@ def folder_of(path):
 
 
 def folders_on_no_floor():
-    sources = (path for path in (ROOT / 'src').rglob('*') if path.suffix in ('.cpp', '.h'))
-    for folder in sorted({folder_of(path) for path in sources} - HEIGHT.keys()):
+    for folder in sorted({folder_of(path) for path in sources_in('src')} - HEIGHT.keys()):
         yield f'{folder} stands on no floor: name it in docs/folders.txt'
 
 
@@ -112,39 +126,26 @@ USES = {header: re.compile(r'\bstd::(?:' + names + ')') for header, names in STA
 COMMENT = re.compile(r'//.*')
 
 
-def reached_headers(source):
-    """The headers in angles that a source includes, itself or through headers of this project."""
-    seen, waiting, reached = set(), [source], set()
-    while waiting:
-        path = waiting.pop()
-        if path in seen:
-            continue
-        seen.add(path)
-        for kind, name in includes_of(path):
-            target = (resolve(name) or path.parent / name) if kind == '"' else None
-            if kind == '<':
-                reached.add(name)
-            elif target.is_file():
-                waiting.append(target)
-    return reached
-
-
 def missing_standard_headers():
-    for folder in ('src', 'framework', 'standins', 'tools', 'package'):
-        for source in sorted((ROOT / folder).rglob('*.[ch]*')):
-            if source.suffix not in ('.cpp', '.h'):
-                continue
-            text = COMMENT.sub('', source.read_text(encoding='utf-8'))
-            reached = reached_headers(source)
-            for header, use in USES.items():
-                if header not in reached and use.search(text):
-                    yield f'{source.relative_to(ROOT)} does not include <{header}>'
+    for source in sources_in(*PRODUCT):
+        text = COMMENT.sub('', source.read_text(encoding='utf-8'))
+        reached = {name for _, kind, name in reached_includes(source) if kind == '<'}
+        for header, use in USES.items():
+            if header not in reached and use.search(text):
+                yield f'{source.relative_to(ROOT)} does not include <{header}>'
+
+
+def lost_includes():
+    for source in sources_in(*PRODUCT, 'tests'):
+        for kind, name in includes_of(source):
+            if kind == '"' and resolve(name) is None:
+                yield f'{source.relative_to(ROOT)} includes {name}, which lies neither at the root nor in src'
 
 
 def main():
     findings = sorted(set(f for source in logic_sources() for f in foreign_includes(source)))
     findings += list(folders_on_no_floor()) + list(upward_includes()) + list(page_to_page())
-    findings += list(missing_standard_headers())
+    findings += list(missing_standard_headers()) + list(lost_includes())
     print('\n'.join(findings))
     sys.exit(1 if findings else 0)
 

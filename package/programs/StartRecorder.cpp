@@ -1,6 +1,6 @@
 // Stands in for the programs of a product: it notes that it was started, and with what, in a file that all
 // users share.
-#include "SampleFile.h"
+#include "package/programs/SampleFile.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     wchar_t shared[MAX_PATH] = {};

@@ -1,9 +1,9 @@
 // A port by hand, from the page to what the driver's installation is told.
 
-#include "PageTest.h"
-#include "TestNetwork.h"
 #include "resources/resource.h"
 #include "settings/TagDocument.h"
+#include "tests/wizard/PageTest.h"
+#include "tests/wizard/TestNetwork.h"
 
 using testing::HasSubstr;
 using testing::Not;

@@ -1,4 +1,4 @@
-#include "BitmapFile.h"
+#include "tests/wizard/BitmapFile.h"
 
 std::string BitmapFile(COLORREF colour, int width) {
     constexpr int height = 16;

@@ -1,9 +1,9 @@
 // The faces of the buttons as they stand on the screen.
 
-#include "BitmapFile.h"
-#include "PageTest.h"
-#include "RealInput.h"
 #include "resources/resource.h"
+#include "tests/wizard/BitmapFile.h"
+#include "tests/wizard/PageTest.h"
+#include "tests/wizard/RealInput.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The way out for who has the printer software already.
 
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::IsEmpty;
 using testing::Not;

@@ -1,6 +1,6 @@
 // Which packages of the tree a run takes up, and what it reads of them.
 
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::ElementsAre;
 using testing::Not;

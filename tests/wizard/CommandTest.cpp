@@ -1,6 +1,6 @@
 // The document that goes with a package to its installation, to the letter.
 
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::EndsWith;
 using testing::HasSubstr;

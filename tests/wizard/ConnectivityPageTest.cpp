@@ -1,7 +1,7 @@
 // How the printer is attached, and what follows from it.
 
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;

@@ -1,6 +1,6 @@
 // What the run does with a package, by what is installed when it starts and when its turn comes.
 
-#include "ShownRunTest.h"
+#include "tests/wizard/ShownRunTest.h"
 
 using testing::Contains;
 using testing::ElementsAre;

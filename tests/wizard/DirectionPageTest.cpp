@@ -1,8 +1,8 @@
 // A language that reads from right to left mirrors the windows.
 
-#include "BitmapFile.h"
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/BitmapFile.h"
+#include "tests/wizard/PageTest.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
-#include "ShownRunTest.h"
 #include "resources/resource.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/wizard/ShownRunTest.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -4,11 +4,11 @@
 #include <fstream>
 
 #include "CommonLib/Files.h"
-#include "PageTest.h"
-#include "RealInput.h"
 #include "resources/resource.h"
 #include "settings/TagDocument.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/wizard/PageTest.h"
+#include "tests/wizard/RealInput.h"
 
 using testing::HasSubstr;
 using testing::Not;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ShownRunTest.h"
+#include "tests/wizard/ShownRunTest.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -1,7 +1,7 @@
 // The questions about files in use, and what the library hears of the answer.
 
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::Not;
 

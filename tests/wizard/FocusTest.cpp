@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "NetworkPageTest.h"
-#include "RealInput.h"
 #include "resources/resource.h"
+#include "tests/wizard/NetworkPageTest.h"
+#include "tests/wizard/RealInput.h"
 
 using testing::Contains;
 using testing::ElementsAre;

@@ -1,8 +1,8 @@
 // The wizard by its keyboard alone, with keys as the system delivers them.
 
-#include "PageTest.h"
-#include "RealInput.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
+#include "tests/wizard/RealInput.h"
 
 using testing::Contains;
 

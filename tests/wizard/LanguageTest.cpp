@@ -1,7 +1,7 @@
 // The language file that the program takes, seen by the language that it asks the library for.
 
 #include "CommonLib/SystemText.h"
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::IsEmpty;
 

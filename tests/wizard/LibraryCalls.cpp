@@ -1,9 +1,9 @@
-#include "LibraryCalls.h"
+#include "tests/wizard/LibraryCalls.h"
 
 #include <ostream>
 
-#include "PackageTree.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/wizard/PackageTree.h"
 
 std::wstring LibraryCall::Argument(const std::wstring& argument) const {
     const auto found = arguments.find(argument);

@@ -1,6 +1,6 @@
 // How the program treats the installer library: order of the calls, buffers, lengths, missing exports.
 
-#include "ShownRunTest.h"
+#include "tests/wizard/ShownRunTest.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

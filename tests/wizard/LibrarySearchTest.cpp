@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "CommonLib/Files.h"
-#include "ImportTable.h"
-#include "PageTest.h"
 #include "framework/SystemLibrary.h"
 #include "resources/resource.h"
+#include "tests/wizard/ImportTable.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::IsEmpty;
 using testing::Not;

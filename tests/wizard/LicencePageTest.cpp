@@ -1,7 +1,7 @@
 // The licence: which text it shows, and what the agreement leaves behind.
 
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::HasSubstr;
 using testing::Not;

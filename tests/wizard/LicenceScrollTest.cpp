@@ -1,8 +1,8 @@
 // The licence can be agreed to when its end has been reached, by whatever way of scrolling.
 
-#include "PageTest.h"
-#include "RealInput.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
+#include "tests/wizard/RealInput.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The links: which address goes to the browser, and which folder is opened.
 
-#include "PageTest.h"
 #include "resources/resource.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/wizard/PageTest.h"
 
 namespace {
 

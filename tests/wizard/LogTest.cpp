@@ -5,7 +5,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::Each;
 using testing::ElementsAre;

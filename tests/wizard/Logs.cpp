@@ -1,11 +1,11 @@
-#include "Logs.h"
+#include "tests/wizard/Logs.h"
 
 #include <fstream>
 #include <iterator>
 #include <ostream>
 #include <string_view>
 
-#include "PackageTree.h"
+#include "tests/wizard/PackageTree.h"
 
 namespace {
 

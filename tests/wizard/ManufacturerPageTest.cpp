@@ -1,7 +1,7 @@
 // The choice of a brand: when it is offered and what it settles.
 
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::Not;
 

@@ -1,7 +1,7 @@
 // The dialog that changes the search, over the page of the devices.
 
-#include "NetworkPageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/NetworkPageTest.h"
 
 using testing::ElementsAre;
 

@@ -1,4 +1,4 @@
-#include "NetworkPageTest.h"
+#include "tests/wizard/NetworkPageTest.h"
 
 #include <windows.h>
 

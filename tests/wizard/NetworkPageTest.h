@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "PageTest.h"
+#include "tests/wizard/PageTest.h"
 
 class NetworkPageTest : public PageTest {
 protected:

@@ -4,9 +4,9 @@
 #include <fstream>
 
 #include "CommonLib/Files.h"
-#include "FolderLink.h"
-#include "WizardTest.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/wizard/FolderLink.h"
+#include "tests/wizard/WizardTest.h"
 
 namespace {
 

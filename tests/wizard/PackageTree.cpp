@@ -1,13 +1,13 @@
-#include "PackageTree.h"
+#include "tests/wizard/PackageTree.h"
 
 #include <windows.h>
 
 #include <fstream>
 
 #include "CommonLib/Files.h"
-#include "Waiting.h"
 #include "settings/TagDocument.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/wizard/Waiting.h"
 
 namespace {
 

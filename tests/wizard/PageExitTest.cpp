@@ -1,7 +1,7 @@
 // The ways out that all pages have: Cancel, Escape and the close box.
 
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::IsEmpty;
 using testing::Not;

@@ -1,6 +1,6 @@
-#include "PageTest.h"
+#include "tests/wizard/PageTest.h"
 
-#include "BitmapFile.h"
+#include "tests/wizard/BitmapFile.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 class PageTest : public WizardTest {
 protected:

@@ -4,8 +4,8 @@
 
 #include <commctrl.h>
 
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::ElementsAreArray;
 using testing::IsEmpty;

@@ -1,4 +1,4 @@
-#include "RealInput.h"
+#include "tests/wizard/RealInput.h"
 
 #include <array>
 #include <vector>

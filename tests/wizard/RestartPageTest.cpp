@@ -1,9 +1,9 @@
 // The question whether to restart, after a run that asks for it.
 
 #include "CommonLib/SystemText.h"
-#include "PageTest.h"
 #include "resources/resource.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::Not;
 

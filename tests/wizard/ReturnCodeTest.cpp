@@ -1,6 +1,6 @@
 // What a run makes of the codes with which the library ends.
 
-#include "ShownRunTest.h"
+#include "tests/wizard/ShownRunTest.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -1,6 +1,6 @@
 // What a run that is stopped takes away again.
 
-#include "ShownRunTest.h"
+#include "tests/wizard/ShownRunTest.h"
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;

@@ -1,6 +1,6 @@
 // The two settings files as they take effect in a run.
 
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::Contains;
 using testing::ElementsAre;

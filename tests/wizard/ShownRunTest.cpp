@@ -1,4 +1,4 @@
-#include "ShownRunTest.h"
+#include "tests/wizard/ShownRunTest.h"
 
 #include "resources/resource.h"
 

@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 // What the Finish page knows of the run.
 struct FinishedRun {

@@ -1,6 +1,6 @@
 // A run without pages, from the start of the program to its end.
 
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::_;
 using testing::ElementsAre;

@@ -1,7 +1,7 @@
 // The programs of the packages that start when the run has ended.
 
-#include "WizardTest.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::IsEmpty;
 

@@ -1,7 +1,7 @@
 // The welcome: its texts, its links and the way on.
 
-#include "PageTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/PageTest.h"
 
 using testing::Contains;
 

@@ -1,6 +1,6 @@
 // Whether the program may run at all, and what it takes from its command line.
 
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::Contains;
 using testing::ElementsAre;

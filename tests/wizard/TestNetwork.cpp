@@ -1,8 +1,8 @@
-#include "TestNetwork.h"
+#include "tests/wizard/TestNetwork.h"
 
 #include <string_view>
 
-#include "PackageTree.h"
+#include "tests/wizard/PackageTree.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <commctrl.h>
 
-#include "WizardTest.h"
 #include "resources/resource.h"
+#include "tests/wizard/WizardTest.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

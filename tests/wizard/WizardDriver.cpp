@@ -1,4 +1,4 @@
-#include "WizardDriver.h"
+#include "tests/wizard/WizardDriver.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 #include <array>
 #include <functional>
 
-#include "Waiting.h"
+#include "tests/wizard/Waiting.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "WizardTest.h"
+#include "tests/wizard/WizardTest.h"
 
 #include <algorithm>
 

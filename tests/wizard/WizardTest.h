@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "LibraryCalls.h"
-#include "Logs.h"
-#include "PackageTree.h"
-#include "Waiting.h"
-#include "WizardDriver.h"
+#include "tests/wizard/LibraryCalls.h"
+#include "tests/wizard/Logs.h"
+#include "tests/wizard/PackageTree.h"
+#include "tests/wizard/Waiting.h"
+#include "tests/wizard/WizardDriver.h"
 
 class WizardTest : public testing::Test {
 protected:

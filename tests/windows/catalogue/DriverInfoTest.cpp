@@ -1,5 +1,5 @@
 #include "printer/DetectedNames.h"
-#include "tests/windows/world/CatalogueTest.h"
+#include "tests/windows/world/CatalogueWorld.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ using testing::Not;
 using testing::UnorderedElementsAre;
 
 // The accepted types outlive a test, so each test has identifiers of its own.
-class DriverInfoTest : public CatalogueTest {};
+class DriverInfoTest : public CatalogueWorld {};
 
 TEST_F(DriverInfoTest, ScansTheFoldersTheOtherWayRound) {
     AddDriver(L"second.msi", L"ORDER");

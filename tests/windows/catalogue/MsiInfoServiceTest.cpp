@@ -1,6 +1,6 @@
 #include "catalogue/AppCatalogue.h"
 #include "catalogue/MsiInfoService.h"
-#include "tests/windows/world/CatalogueTest.h"
+#include "tests/windows/world/CatalogueWorld.h"
 
 namespace {
 
@@ -9,7 +9,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class MsiInfoServiceTest : public CatalogueTest {};
+class MsiInfoServiceTest : public CatalogueWorld {};
 
 TEST_F(MsiInfoServiceTest, FindsNothingInAnEmptyTree) {
     EXPECT_EQ(MsiInfoService(msi, Settings(), Texts(), AppRecords(), DriverRecords()).DoRun(), 0U);
@@ -109,7 +109,7 @@ struct InstalledState {
     bool newer;
 };
 
-class InstalledStateTest : public CatalogueTest, public testing::WithParamInterface<InstalledState> {};
+class InstalledStateTest : public CatalogueWorld, public testing::WithParamInterface<InstalledState> {};
 
 TEST_P(InstalledStateTest, TellsWhetherSomethingNewerIsThere) {
     FakePackage& package = AddPackage(L"Applications", L"a.msi");

@@ -5,7 +5,7 @@
 #include "catalogue/MsiInterface.h"
 #include "tests/fakes/TextLines.h"
 #include "tests/windows/world/ScratchFolder.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/wizard/LibraryCalls.h"
 
 namespace {
@@ -26,7 +26,7 @@ std::int32_t KeepMessage(const wchar_t* message) {
 }
 
 // A scripted library in a folder of its own, which records how it is called.
-class MsiInterfaceTest : public SettingsTest {
+class MsiInterfaceTest : public SettingsWorld {
 protected:
     MsiInterfaceTest() {
         answeredMessages.clear();

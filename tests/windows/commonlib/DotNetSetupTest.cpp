@@ -4,7 +4,7 @@
 
 #include "CommonLib/DotNetSetup.h"
 #include "tests/windows/world/ChildProcess.h"
-#include "tests/windows/world/LogTest.h"
+#include "tests/windows/world/LogWorld.h"
 #include "tests/windows/world/ScratchFolder.h"
 
 namespace {
@@ -26,7 +26,7 @@ private:
     ScratchFolder folder;
 };
 
-class DotNetSetupTest : public LogTest {};
+class DotNetSetupTest : public LogWorld {};
 
 TEST_F(DotNetSetupTest, RunsTheProgramWithoutARestart) {
     const SetupProgram setup(0);

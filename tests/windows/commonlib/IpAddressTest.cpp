@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "CommonLib/IpAddress.h"
-#include "tests/windows/world/LogTest.h"
+#include "tests/windows/world/LogWorld.h"
 #include "tests/windows/world/PatchedImport.h"
 
 namespace {
@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class IpAddressTest : public LogTest {};
+class IpAddressTest : public LogWorld {};
 
 TEST_F(IpAddressTest, AcceptsTheFourNumbersOfVersion4) {
     for (const wchar_t* text : {L"0.0.0.0", L"127.0.0.1", L"255.255.255.255"}) {

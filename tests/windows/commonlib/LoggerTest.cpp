@@ -7,7 +7,7 @@
 #include "CommonLib/SystemText.h"
 #include "framework/Handles.h"
 #include "tests/windows/world/ChildProcess.h"
-#include "tests/windows/world/LogTest.h"
+#include "tests/windows/world/LogWorld.h"
 #include "tests/windows/world/ScratchFolder.h"
 
 namespace {
@@ -19,7 +19,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class LoggerTest : public LogTest {
+class LoggerTest : public LogWorld {
 protected:
     std::string BasicBytes() const { return ReadBytes(LogFolder() + L"Basic.log"); }
     bool HasAdvancedLog() const { return fs::exists(LogFolder() + L"Advanced.log"); }

@@ -3,7 +3,7 @@
 #include "discovery/DeviceChoice.h"
 #include "discovery/DiscoveredDevices.h"
 #include "printer/ApplyChoice.h"
-#include "tests/windows/world/CatalogueTest.h"
+#include "tests/windows/world/CatalogueWorld.h"
 
 namespace {
 
@@ -11,7 +11,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
-class DeviceChoiceTest : public CatalogueTest {
+class DeviceChoiceTest : public CatalogueWorld {
 protected:
     DeviceChoiceTest() {
         DiscoveredDevices::GetInstance().Assign({{.model = L"M1",

@@ -2,11 +2,11 @@
 
 #include "resources/resource.h"
 #include "settings/TagNames.h"
-#include "tests/windows/world/DevicesPageTest.h"
+#include "tests/windows/world/DevicesPageWorld.h"
 
 namespace {
 
-using DeviceDriversTest = DevicesPageTest;
+using DeviceDriversTest = DevicesPageWorld;
 
 TEST_F(DeviceDriversTest, ProposesTheDriverOfTheColour) {
     Show();

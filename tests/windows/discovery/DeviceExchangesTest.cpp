@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/fakes/NpaPacket.h"
-#include "tests/windows/world/NetworkTest.h"
+#include "tests/windows/world/NetworkWorld.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
 
-class DeviceExchangesTest : public NetworkTest {
+class DeviceExchangesTest : public NetworkWorld {
 protected:
     // Adds a device that answers with that packet.
     void AddDeviceWith(const std::wstring& address, const Npa::Bytes& packet) const {

@@ -1,7 +1,7 @@
 #include "discovery/DiscoveredDevices.h"
 #include "resources/resource.h"
 #include "tests/windows/world/ArabicUser.h"
-#include "tests/windows/world/DevicesPageTest.h"
+#include "tests/windows/world/DevicesPageWorld.h"
 #include "tests/windows/world/DialogUser.h"
 
 namespace {
@@ -13,7 +13,7 @@ constexpr int ascending = 1;
 constexpr int descending = 0;
 constexpr int unsorted = 2;
 
-using DiscoveryDlgTest = DevicesPageTest;
+using DiscoveryDlgTest = DevicesPageWorld;
 
 TEST_F(DiscoveryDlgTest, BeginsWithTheSearchAndNothingChosen) {
     Show();

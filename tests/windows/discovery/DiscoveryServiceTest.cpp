@@ -5,7 +5,7 @@
 
 #include "discovery/DiscoveryService.h"
 #include "settings/SettingsFiles.h"
-#include "tests/windows/world/NetworkTest.h"
+#include "tests/windows/world/NetworkWorld.h"
 #include "tests/windows/world/ThreadWatch.h"
 #include "wizard/Controller.h"
 
@@ -18,7 +18,7 @@ using testing::Not;
 
 constexpr DWORD cancelledCode = 1602;
 
-using DiscoveryServiceTest = NetworkTest;
+using DiscoveryServiceTest = NetworkWorld;
 
 TEST_F(DiscoveryServiceTest, CallsTheLibrariesInTheirOrderOverItsLife) {
     AddDevice(L"10.0.0.1");
@@ -186,7 +186,7 @@ TEST_F(DiscoveryServiceTest, DropsADocumentThatTheReportedRoomCutsOff) {
     EXPECT_THAT(page.deliveries, ElementsAre(ElementsAre(L"1")));
 }
 
-class MissingSearchExportTest : public NetworkTest, public testing::WithParamInterface<const wchar_t*> {};
+class MissingSearchExportTest : public NetworkWorld, public testing::WithParamInterface<const wchar_t*> {};
 
 TEST_P(MissingSearchExportTest, FindsWhatItCan) {
     UseLibraries(std::wstring(L"without_") + GetParam(), L"complete");
@@ -201,7 +201,7 @@ TEST_P(MissingSearchExportTest, FindsWhatItCan) {
 INSTANTIATE_TEST_SUITE_P(Sondrix, MissingSearchExportTest,
                          testing::Values(L"Initialize", L"Uninitialize", L"DiscoverW", L"EnumerateW"));
 
-class MissingQuestionExportTest : public NetworkTest, public testing::WithParamInterface<const wchar_t*> {};
+class MissingQuestionExportTest : public NetworkWorld, public testing::WithParamInterface<const wchar_t*> {};
 
 TEST_P(MissingQuestionExportTest, LeavesTheDevicesAsTheListingHasThem) {
     UseLibraries(L"complete", std::wstring(L"without_") + GetParam());
@@ -245,7 +245,7 @@ TEST_F(DiscoveryServiceTest, DoesNothingMoreOnceItIsCancelled) {
 }
 
 // The call during which the cancel comes, and the last one that is made.
-class CancelledCallTest : public NetworkTest,
+class CancelledCallTest : public NetworkWorld,
                           public testing::WithParamInterface<std::pair<const wchar_t*, const wchar_t*>> {};
 
 TEST_P(CancelledCallTest, EndsTheRunAtTheNextTest) {

@@ -5,7 +5,7 @@
 #include "CommonLib/Files.h"
 #include "discovery/FirewallRules.h"
 #include "tests/windows/world/FakeFirewall.h"
-#include "tests/windows/world/NetworkTest.h"
+#include "tests/windows/world/NetworkWorld.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/wizard/Waiting.h"
 
@@ -124,7 +124,7 @@ TEST(FirewallApartmentTest, GivesUpWhereComCannotBeBroughtUp) {
     EXPECT_TRUE(FakeFirewall::Rules().empty());
 }
 
-class DiscoveryFirewallTest : public NetworkTest {
+class DiscoveryFirewallTest : public NetworkWorld {
 protected:
     Apartment apartment{COINIT_APARTMENTTHREADED};
     FakeFirewall firewall;

@@ -4,14 +4,14 @@
 #include <algorithm>
 
 #include "discovery/DiscoveryService.h"
-#include "tests/windows/world/NetworkTest.h"
+#include "tests/windows/world/NetworkWorld.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using SearchDocumentTest = NetworkTest;
+using SearchDocumentTest = NetworkWorld;
 
 TEST_F(SearchDocumentTest, IsWhatTheUserChose) {
     Settings().SetStrings(

@@ -5,7 +5,7 @@
 #include "catalogue/AppCatalogue.h"
 #include "framework/Handles.h"
 #include "tests/windows/world/ChildProcess.h"
-#include "tests/windows/world/InstallTest.h"
+#include "tests/windows/world/InstallWorld.h"
 #include "tests/windows/world/ScratchFolder.h"
 
 namespace {
@@ -32,7 +32,7 @@ LSTATUS WINAPI OpenOwnKey(HKEY root, LPCWSTR path, DWORD options, REGSAM access,
 }
 
 // A package needs the framework, and the system has none.
-class DotNetPrerequisiteTest : public InstallTest {
+class DotNetPrerequisiteTest : public InstallWorld {
 protected:
     DotNetPrerequisiteTest() {
         questions = 0;

@@ -3,13 +3,13 @@
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
 
 // A cancelled run for which the .NET prerequisite was missing.
-class FinishDlgTest : public SettingsTest {
+class FinishDlgTest : public SettingsWorld {
 protected:
     FinishDlgTest() {
         AddTexts(

@@ -5,13 +5,13 @@
 #include "install/FinishService.h"
 #include "tests/windows/world/ChildProcess.h"
 #include "tests/windows/world/ScratchFolder.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/wizard/Waiting.h"
 
 namespace {
 
 // A target folder that holds one program, which leaves a trace in a file that it is told.
-class FinishServiceTest : public SettingsTest {
+class FinishServiceTest : public SettingsWorld {
 protected:
     FinishServiceTest() {
         std::filesystem::copy_file(CompanionPath(), folder / L"program.exe");

@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "framework/Handles.h"
-#include "tests/windows/world/LogTest.h"
+#include "tests/windows/world/LogWorld.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/wizard/FolderLink.h"
@@ -20,7 +20,7 @@ using testing::IsEmpty;
 int pauses = 0;
 FileHandle heldFile;
 
-class FolderCleanUpTest : public LogTest {
+class FolderCleanUpTest : public LogWorld {
 protected:
     ScratchFolder folder;
 };

@@ -4,13 +4,13 @@
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
 
 // A program with a main window, in front of which dialogs come up.
-class DialogTest : public SettingsTest {
+class DialogTest : public SettingsWorld {
 protected:
     DialogTest() {
         AddTexts(

@@ -4,7 +4,7 @@
 #include "install/InstallService.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
-#include "tests/windows/world/InstallTest.h"
+#include "tests/windows/world/InstallWorld.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "wizard/Controller.h"
 
@@ -15,7 +15,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-using InstallServiceTest = InstallTest;
+using InstallServiceTest = InstallWorld;
 
 TEST_F(InstallServiceTest, GoesOnWithoutAnyPackage) {
     EXPECT_EQ(Run(), 0U);
@@ -184,7 +184,7 @@ struct ReturnCode {
     bool stopsTheRun;
 };
 
-class ReturnCodeTest : public InstallTest, public testing::WithParamInterface<ReturnCode> {};
+class ReturnCodeTest : public InstallWorld, public testing::WithParamInterface<ReturnCode> {};
 
 TEST_P(ReturnCodeTest, DecidesTheStatus) {
     Add(L"a").installCode = GetParam().code;

@@ -3,7 +3,7 @@
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "wizard/RegisteredMessages.h"
 
@@ -14,7 +14,7 @@ using testing::Contains;
 constexpr LRESULT invalidParameter = 87;
 
 // The page in a window, as the wizard puts it.
-class ProgressDialogTest : public SettingsTest {
+class ProgressDialogTest : public SettingsWorld {
 protected:
     ProgressDialogTest() {
         AddTexts(

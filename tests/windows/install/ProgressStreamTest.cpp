@@ -14,7 +14,7 @@
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/ObjectCounts.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "tests/wizard/Waiting.h"
 
@@ -47,7 +47,7 @@ private:
     HWND window;
 };
 
-class ProgressStreamTest : public SettingsTest {
+class ProgressStreamTest : public SettingsWorld {
 protected:
     ProgressStreamTest() {
         AddTexts("<INSTALLING_TEXT>Installing</INSTALLING_TEXT>");

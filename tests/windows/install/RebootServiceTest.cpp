@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "install/RebootService.h"
-#include "tests/windows/world/LogTest.h"
+#include "tests/windows/world/LogWorld.h"
 #include "tests/windows/world/PatchedImport.h"
 
 namespace {
@@ -20,7 +20,7 @@ BOOL WINAPI KeepRestart(UINT flags, DWORD reason) {
 }
 
 // No test restarts the machine.
-class RebootServiceTest : public LogTest {
+class RebootServiceTest : public LogWorld {
 protected:
     RebootServiceTest() { exitFlags = exitReason = tokenAccess = 0; }
 

@@ -1,5 +1,5 @@
 #include "catalogue/AppCatalogue.h"
-#include "tests/windows/world/InstallTest.h"
+#include "tests/windows/world/InstallWorld.h"
 
 namespace {
 
@@ -7,7 +7,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using RollBackTest = InstallTest;
+using RollBackTest = InstallWorld;
 
 TEST_F(RollBackTest, RemovesTheFirstThreeOfFiveInTheirOrder) {
     for (const wchar_t* name : {L"a", L"b", L"c", L"d", L"e"}) Add(name);
@@ -20,7 +20,7 @@ TEST_F(RollBackTest, RemovesTheFirstThreeOfFiveInTheirOrder) {
     EXPECT_THAT(threadExitCodes, ElementsAre(31U));
 }
 
-class RollBackPositionTest : public InstallTest, public testing::WithParamInterface<std::size_t> {};
+class RollBackPositionTest : public InstallWorld, public testing::WithParamInterface<std::size_t> {};
 
 TEST_P(RollBackPositionTest, RemovesWhatTheRunHasReached) {
     std::vector<std::wstring> reached;

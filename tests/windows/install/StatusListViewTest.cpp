@@ -7,12 +7,12 @@
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/ArabicUser.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
 
-class StatusListViewTest : public SettingsTest {
+class StatusListViewTest : public SettingsWorld {
 protected:
     StatusListViewTest() {
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));

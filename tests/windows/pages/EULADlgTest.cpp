@@ -3,7 +3,7 @@
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/PatchedImport.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
@@ -16,7 +16,7 @@ LANGID WINAPI TellIndonesian() {
     return indonesian;
 }
 
-class EULADlgTest : public SettingsTest {
+class EULADlgTest : public SettingsWorld {
 protected:
     EULADlgTest() { EXPECT_TRUE(window.Create(IDD_TEST, nullptr)); }
 

@@ -3,14 +3,14 @@
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/ArabicUser.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
 
 using testing::ElementsAre;
 
-class ManufacturerDlgTest : public SettingsTest {
+class ManufacturerDlgTest : public SettingsWorld {
 protected:
     ManufacturerDlgTest() {
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));

@@ -3,12 +3,12 @@
 #include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
 
-class StartDlgTest : public SettingsTest {
+class StartDlgTest : public SettingsWorld {
 protected:
     StartDlgTest() {
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));

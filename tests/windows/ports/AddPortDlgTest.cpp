@@ -6,7 +6,7 @@
 
 #include "ports/AddPortDlg.h"
 #include "resources/resource.h"
-#include "tests/windows/world/AddPortPage.h"
+#include "tests/windows/world/AddPortPageWorld.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/FakeShare.h"
 
@@ -19,7 +19,7 @@ using testing::IsEmpty;
 
 constexpr wchar_t networkShare[] = L"\\\\server\\printer";
 
-class AddPortDlgTest : public AddPortPageTest {};
+class AddPortDlgTest : public AddPortPageWorld {};
 
 std::wstring Heading(HWND list, int column) {
     std::array<wchar_t, 100> text{};
@@ -50,7 +50,7 @@ struct LayoutCase {
     std::vector<int> shown;
 };
 
-class AddPortLayoutTest : public AddPortPageTest, public testing::WithParamInterface<LayoutCase> {};
+class AddPortLayoutTest : public AddPortPageWorld, public testing::WithParamInterface<LayoutCase> {};
 
 TEST_P(AddPortLayoutTest, ShowsTheControlsOfTheKind) {
     Open();
@@ -256,7 +256,7 @@ struct ConfigureCase {
     bool enabled;
 };
 
-class AddPortConfigureTest : public AddPortPageTest, public testing::WithParamInterface<ConfigureCase> {};
+class AddPortConfigureTest : public AddPortPageWorld, public testing::WithParamInterface<ConfigureCase> {};
 
 TEST_P(AddPortConfigureTest, IsOfferedForADriverThatTakesOneAndHasATool) {
     AddDriver(L"d.msi", L"CONFIGURABLE").properties[L"ISOMBRELSUPPORTED"] =

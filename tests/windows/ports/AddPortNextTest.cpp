@@ -5,7 +5,7 @@
 #include "catalogue/AppCatalogue.h"
 #include "catalogue/DriverInfo.h"
 #include "resources/resource.h"
-#include "tests/windows/world/AddPortPage.h"
+#include "tests/windows/world/AddPortPageWorld.h"
 #include "tests/windows/world/FakeShare.h"
 #include "tests/wizard/Waiting.h"
 
@@ -18,7 +18,7 @@ std::wstring Element(const std::wstring& name, const std::wstring& value) {
     return L"<" + name + L">" + value + L"</" + name + L">";
 }
 
-class AddPortNextTest : public AddPortPageTest {
+class AddPortNextTest : public AddPortPageWorld {
 protected:
     // The message that ends the program must not reach the next test.
     ~AddPortNextTest() override { PumpMessages(); }

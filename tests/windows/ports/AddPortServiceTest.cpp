@@ -6,7 +6,7 @@
 
 #include "ports/AddPortService.h"
 #include "resources/resource.h"
-#include "tests/windows/world/AddPortPage.h"
+#include "tests/windows/world/AddPortPageWorld.h"
 #include "tests/windows/world/PatchedExport.h"
 
 namespace {
@@ -40,7 +40,7 @@ BOOL WINAPI TellPorts(LPWSTR server, DWORD level, LPBYTE buffer, DWORD size, LPD
     return TRUE;
 }
 
-class AddPortServiceTest : public AddPortPageTest {
+class AddPortServiceTest : public AddPortPageWorld {
 protected:
     AddPortServiceTest() { servers.clear(); }
 

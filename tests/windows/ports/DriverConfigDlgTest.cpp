@@ -9,7 +9,7 @@
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/ScratchFolder.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
@@ -25,7 +25,7 @@ constexpr wchar_t restored[] =
     L"DriverConfigDlg::OnShowWindow, previous Driver Configuration path setting restored";
 
 // The dialog beside a window, not modal, so that a test can press its buttons itself.
-class DriverConfigDlgTest : public SettingsTest {
+class DriverConfigDlgTest : public SettingsWorld {
 protected:
     DriverConfigDlgTest() {
         AddTexts(

@@ -18,7 +18,7 @@
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "tests/wizard/Waiting.h"
 #include "wizard/RegisteredMessages.h"
@@ -71,7 +71,7 @@ BOOL WINAPI StartTool(LPCWSTR program, LPWSTR commandLine, LPSECURITY_ATTRIBUTES
     return TRUE;
 }
 
-class DriverConfigFileTest : public SettingsTest {
+class DriverConfigFileTest : public SettingsWorld {
 protected:
     DriverConfigFileTest() {
         RemoveTraces();

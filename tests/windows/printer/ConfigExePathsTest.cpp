@@ -7,7 +7,7 @@
 #include "printer/DriverConfigPaths.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ DWORD WINAPI KeepWait(HANDLE process, DWORD) {
 }
 
 // The unpacking is not run; what it would have left lies in the temporary folder.
-class ConfigExePathsTest : public SettingsTest {
+class ConfigExePathsTest : public SettingsWorld {
 protected:
     ConfigExePathsTest() {
         unpackings.clear();

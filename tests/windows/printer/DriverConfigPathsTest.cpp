@@ -3,7 +3,7 @@
 #include "CommonLib/Files.h"
 #include "printer/DriverConfigPaths.h"
 #include "tests/windows/world/ScratchFolder.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 
 namespace {
 
@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class DriverConfigPathsTest : public SettingsTest {
+class DriverConfigPathsTest : public SettingsWorld {
 protected:
     DriverConfigPathsTest() { fs::remove_all(Folder()); }
     ~DriverConfigPathsTest() override { fs::remove_all(Folder()); }

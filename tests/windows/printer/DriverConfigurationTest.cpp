@@ -7,7 +7,7 @@
 #include "printer/DriverConfiguration.h"
 #include "printer/MSIExtractService.h"
 #include "tests/windows/resource.h"
-#include "tests/windows/world/CatalogueTest.h"
+#include "tests/windows/world/CatalogueWorld.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
@@ -23,7 +23,7 @@ constexpr wchar_t older[] = L"HVMONO";
 constexpr wchar_t newer[] = L"HVMONOV4";
 
 // A maker of its own, whose tools and files are gone at the end.
-class DriverConfigurationTest : public CatalogueTest {
+class DriverConfigurationTest : public CatalogueWorld {
 protected:
     DriverConfigurationTest() {
         RemoveTraces();

@@ -1,5 +1,5 @@
 #include "printer/InfoCenterLinks.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ struct Printer {
     std::wstring model;
 };
 
-class InfoCenterLinksTest : public SettingsTest {
+class InfoCenterLinksTest : public SettingsWorld {
 protected:
     InfoCenterLinksTest() {
         AddTexts(

@@ -3,7 +3,7 @@
 #include "CommonLib/Files.h"
 #include "settings/Localizer.h"
 #include "settings/TextExpansion.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 
 namespace {
 
@@ -11,7 +11,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class LocalizerTest : public SettingsTest {
+class LocalizerTest : public SettingsWorld {
 protected:
     static std::wstring Text(std::wstring_view key) { return Texts().GetString(TextId(key)); }
 

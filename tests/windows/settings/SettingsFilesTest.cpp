@@ -7,7 +7,7 @@
 #include "settings/SettingsFiles.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ constexpr wchar_t badVendor[] =
     L"Default Settings file does not have Vendor name. Bad configuration found. Ensure UTF-8 file format is "
     L"used.";
 
-class SettingsFilesTest : public SettingsTest {
+class SettingsFilesTest : public SettingsWorld {
 protected:
     std::string OemElement() const { return "<OEM>" + ToUtf8(vendor) + "</OEM>"; }
     std::wstring WideOem() const { return L"<OEM>" + vendor + L"</OEM>"; }

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <thread>
 
-#include "LibraryFixture.h"
+#include "tests/windows/standins/LibraryFixture.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "LibraryFixture.h"
 #include "standins/Brevanto/InstallLog.h"
+#include "tests/windows/standins/LibraryFixture.h"
 
 using testing::Contains;
 using testing::Each;

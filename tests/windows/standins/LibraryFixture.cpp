@@ -1,4 +1,4 @@
-#include "LibraryFixture.h"
+#include "tests/windows/standins/LibraryFixture.h"
 
 #include <msi.h>
 

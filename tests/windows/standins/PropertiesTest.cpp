@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "LibraryFixture.h"
+#include "tests/windows/standins/LibraryFixture.h"
 
 using testing::HasSubstr;
 using testing::Not;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "LibraryFixture.h"
+#include "tests/windows/standins/LibraryFixture.h"
 
 namespace {
 

@@ -13,14 +13,14 @@
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/EveryDialog.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
 
 using AccessKeysCase = std::tuple<DialogCase, const char*>;
 
-class AccessKeysTest : public SettingsTest, public testing::WithParamInterface<AccessKeysCase> {
+class AccessKeysTest : public SettingsWorld, public testing::WithParamInterface<AccessKeysCase> {
 protected:
     AccessKeysTest() {
         const auto texts = std::filesystem::path(GetExeDirectory()) / L".." / L".." / L".." / L"strings" /

@@ -25,7 +25,7 @@
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/EveryDialog.h"
 #include "tests/windows/world/FakeHighContrast.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "wizard/CQorLinkButton.h"
 
@@ -159,7 +159,7 @@ std::set<COLORREF> ColoursIn(HWND control) {
 
 using ContrastCase = std::tuple<DialogCase, ContrastTheme>;
 
-class ContrastPagesTest : public SettingsTest, public testing::WithParamInterface<ContrastCase> {
+class ContrastPagesTest : public SettingsWorld, public testing::WithParamInterface<ContrastCase> {
 protected:
     ContrastPagesTest() {
         const auto texts =

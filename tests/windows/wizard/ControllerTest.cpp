@@ -8,7 +8,7 @@
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "wizard/Controller.h"
 
@@ -18,7 +18,7 @@ using testing::Contains;
 
 constexpr int messageTextId = 0xFFFF;
 
-class ControllerTest : public SettingsTest {
+class ControllerTest : public SettingsWorld {
 protected:
     ControllerTest() {
         AddTexts(

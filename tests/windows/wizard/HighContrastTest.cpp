@@ -7,7 +7,7 @@
 #include "tests/windows/resource.h"
 #include "tests/windows/world/FakeHighContrast.h"
 #include "tests/windows/world/PatchedImport.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "tests/wizard/BitmapFile.h"
 #include "wizard/CQorFlatButton.h"
@@ -56,7 +56,7 @@ private:
     SelectedObject selected{context.get(), bitmap.get()};
 };
 
-class HighContrastTest : public SettingsTest {
+class HighContrastTest : public SettingsWorld {
 protected:
     HighContrastTest() {
         tree.Add(L"Setup\\res\\images\\help.png", BitmapFile(plainPicture));

@@ -3,7 +3,7 @@
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/EveryDialog.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "wizard/KestruneDlg.h"
 
@@ -13,7 +13,7 @@ bool IsMirrored(HWND window) {
     return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
 }
 
-class MirroredDialogsTest : public SettingsTest, public testing::WithParamInterface<DialogCase> {
+class MirroredDialogsTest : public SettingsWorld, public testing::WithParamInterface<DialogCase> {
 protected:
     MirroredDialogsTest() { EXPECT_TRUE(window.Create(IDD_TEST, nullptr)); }
 

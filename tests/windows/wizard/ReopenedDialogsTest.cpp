@@ -8,13 +8,13 @@
 #include "tests/windows/resource.h"
 #include "tests/windows/world/EveryDialog.h"
 #include "tests/windows/world/ObjectCounts.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "tests/wizard/BitmapFile.h"
 
 namespace {
 
-class ReopenedDialogsTest : public SettingsTest, public testing::WithParamInterface<DialogCase> {
+class ReopenedDialogsTest : public SettingsWorld, public testing::WithParamInterface<DialogCase> {
 protected:
     ReopenedDialogsTest() {
         for (const wchar_t* picture : {L"help", L"high_contrast_help", L"refresh", L"high_contrast_refresh",

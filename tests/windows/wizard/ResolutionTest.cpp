@@ -10,7 +10,7 @@
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/PatchedImport.h"
-#include "tests/windows/world/SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "tests/wizard/BitmapFile.h"
 #include "wizard/KestruneDlg.h"
@@ -26,7 +26,7 @@ int WINAPI TellDotsPerInch(HDC, int question) {
 }
 
 // A picture is 16 pixels wide and high where there are 96 to the inch.
-class ResolutionTest : public SettingsTest, public testing::WithParamInterface<int> {
+class ResolutionTest : public SettingsWorld, public testing::WithParamInterface<int> {
 protected:
     ResolutionTest() {
         dotsPerInch = GetParam();

@@ -1,4 +1,4 @@
-#include "ArabicUser.h"
+#include "tests/windows/world/ArabicUser.h"
 
 #include <string_view>
 

@@ -1,4 +1,4 @@
-#include "ChildProcess.h"
+#include "tests/windows/world/ChildProcess.h"
 
 #include <stdexcept>
 

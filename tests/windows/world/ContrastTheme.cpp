@@ -1,4 +1,4 @@
-#include "ContrastTheme.h"
+#include "tests/windows/world/ContrastTheme.h"
 
 #include <algorithm>
 #include <map>

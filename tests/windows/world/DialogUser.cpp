@@ -1,10 +1,10 @@
-#include "DialogUser.h"
+#include "tests/windows/world/DialogUser.h"
 
 #include <gtest/gtest.h>
 
 #include <utility>
 
-#include "TestApp.h"
+#include "tests/windows/world/TestApp.h"
 #include "tests/wizard/Waiting.h"
 
 DialogUser::DialogUser(HWND other, std::function<void(HWND)> deed)

@@ -1,4 +1,4 @@
-#include "EveryDialog.h"
+#include "tests/windows/world/EveryDialog.h"
 
 #include <list>
 

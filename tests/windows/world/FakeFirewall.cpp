@@ -1,4 +1,4 @@
-#include "FakeFirewall.h"
+#include "tests/windows/world/FakeFirewall.h"
 
 #include <netfw.h>
 #include <wrl/client.h>

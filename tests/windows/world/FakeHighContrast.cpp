@@ -1,4 +1,4 @@
-#include "FakeHighContrast.h"
+#include "tests/windows/world/FakeHighContrast.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 // The user's setting for high contrast, which a test switches.
 #pragma once
 
-#include "PatchedImport.h"
+#include "tests/windows/world/PatchedImport.h"
 
 // Off at first. The program that asks the system meets the answer of this object while that lives.
 class FakeHighContrast {

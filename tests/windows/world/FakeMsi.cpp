@@ -1,4 +1,4 @@
-#include "FakeMsi.h"
+#include "tests/windows/world/FakeMsi.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "FakeShare.h"
+#include "tests/windows/world/FakeShare.h"
 
 #include <cstring>
 #include <cwchar>

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "PatchedImport.h"
+#include "tests/windows/world/PatchedImport.h"
 
 // Answers this program's question for shares during its life; there is one at a time. The program must find
 // the function by its name.

@@ -1,4 +1,4 @@
-#include "ObjectCounts.h"
+#include "tests/windows/world/ObjectCounts.h"
 
 #include <windows.h>
 

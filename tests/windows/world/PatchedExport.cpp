@@ -1,4 +1,4 @@
-#include "PatchedExport.h"
+#include "tests/windows/world/PatchedExport.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "PatchedImport.h"
+#include "tests/windows/world/PatchedImport.h"
 
 #include <stdexcept>
 #include <string>

@@ -1,9 +1,9 @@
-#include "ProgramTree.h"
+#include "tests/windows/world/ProgramTree.h"
 
 #include <vector>
 
 #include "CommonLib/Files.h"
-#include "ScratchFolder.h"
+#include "tests/windows/world/ScratchFolder.h"
 
 namespace fs = std::filesystem;
 

@@ -1,4 +1,4 @@
-#include "ScratchFolder.h"
+#include "tests/windows/world/ScratchFolder.h"
 
 #include <windows.h>
 

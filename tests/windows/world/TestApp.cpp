@@ -1,6 +1,6 @@
-#include "TestApp.h"
+#include "tests/windows/world/TestApp.h"
 
-#include "ScratchFolder.h"
+#include "tests/windows/world/ScratchFolder.h"
 
 void TestApp::OnUnhandledException(const std::wstring& where, const std::string& what) noexcept {
     const std::lock_guard guard(lock);

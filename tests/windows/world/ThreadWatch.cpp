@@ -1,4 +1,4 @@
-#include "ThreadWatch.h"
+#include "tests/windows/world/ThreadWatch.h"
 
 #include <process.h>
 

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "PatchedImport.h"
+#include "tests/windows/world/PatchedImport.h"
 
 // Knows the threads that the program starts during this object's life, of which there is one at a time.
 class ThreadWatch {

@@ -10,10 +10,10 @@
 #include "tests/wizard/Logs.h"
 
 // Begins with a new logger, a vendor that nobody else has, no logs, and the advanced log switched on.
-class LogTest : public testing::Test {
+class LogWorld : public testing::Test {
 protected:
-    LogTest();
-    ~LogTest() override;
+    LogWorld();
+    ~LogWorld() override;
 
     // Expects the records under another vendor's name from here on, with no logs of it yet.
     void UseVendor(const std::wstring& name);

@@ -3,16 +3,16 @@
 
 #include <string_view>
 
-#include "LogTest.h"
-#include "ProgramTree.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
+#include "tests/windows/world/LogWorld.h"
+#include "tests/windows/world/ProgramTree.h"
 #include "wizard/Controller.h"
 #include "wizard/PageContext.h"
 
 // Begins with an empty store, an empty package tree, no texts and no options.
-class SettingsTest : public LogTest {
+class SettingsWorld : public LogWorld {
 private:
     // The first member: what follows takes the instances of this test.
     struct FreshInstances {

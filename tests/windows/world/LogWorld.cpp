@@ -1,4 +1,4 @@
-#include "LogTest.h"
+#include "tests/windows/world/LogWorld.h"
 
 #include <windows.h>
 
@@ -27,58 +27,58 @@ std::vector<std::wstring> MessagesOf(const std::vector<LogRecord>& log) {
 
 }  // namespace
 
-LogTest::LogTest() : vendor(L"Kestrune Test " + std::to_wstring(GetCurrentProcessId())) {
+LogWorld::LogWorld() : vendor(L"Kestrune Test " + std::to_wstring(GetCurrentProcessId())) {
     RemoveTraces();
     Logger::DestroyInstance();
     Logger::GetInstance().SetVendor(vendor);
     SwitchAdvancedLog(1);
 }
 
-LogTest::~LogTest() {
+LogWorld::~LogWorld() {
     Logger::DestroyInstance();
     RemoveTraces();
 }
 
-void LogTest::RemoveTraces() const {
+void LogWorld::RemoveTraces() const {
     RegDeleteTreeW(HKEY_CURRENT_USER, VendorKey(vendor).c_str());
     std::error_code ignored;
     std::filesystem::remove_all(LogFolder(), ignored);
 }
 
-void LogTest::UseVendor(const std::wstring& name) {
+void LogWorld::UseVendor(const std::wstring& name) {
     RemoveTraces();
     vendor = name;
     RemoveTraces();
     SwitchAdvancedLog(1);
 }
 
-void LogTest::SwitchAdvancedLog(unsigned value) const {
+void LogWorld::SwitchAdvancedLog(unsigned value) const {
     const DWORD number = value;
     RegSetKeyValueW(HKEY_CURRENT_USER, SwitchKey(vendor).c_str(), L"StartLog", REG_DWORD, &number,
                     sizeof(number));
 }
 
-void LogTest::RemoveSwitch() const {
+void LogWorld::RemoveSwitch() const {
     RegDeleteKeyValueW(HKEY_CURRENT_USER, SwitchKey(vendor).c_str(), L"StartLog");
 }
 
-std::wstring LogTest::LogFolder() const {
+std::wstring LogWorld::LogFolder() const {
     return ExpandEnvironment(L"%ALLUSERSPROFILE%\\") + vendor + L" Install Logs\\";
 }
 
-std::vector<LogRecord> LogTest::BasicLog() const {
+std::vector<LogRecord> LogWorld::BasicLog() const {
     return ReadLog(LogFolder() + L"Basic.log", LogForm::Basic);
 }
 
-std::vector<LogRecord> LogTest::AdvancedLog() const {
+std::vector<LogRecord> LogWorld::AdvancedLog() const {
     return ReadLog(LogFolder() + L"Advanced.log", LogForm::Advanced);
 }
 
-std::vector<std::wstring> LogTest::BasicMessages() const {
+std::vector<std::wstring> LogWorld::BasicMessages() const {
     return MessagesOf(BasicLog());
 }
 
-std::vector<std::wstring> LogTest::AdvancedMessages() const {
+std::vector<std::wstring> LogWorld::AdvancedMessages() const {
     return MessagesOf(AdvancedLog());
 }
 

@@ -1,31 +1,31 @@
-#include "CatalogueTest.h"
+#include "tests/windows/world/CatalogueWorld.h"
 
 #include <filesystem>
 
 #include "catalogue/MsiInfoService.h"
 
-CatalogueTest::CatalogueTest() {
+CatalogueWorld::CatalogueWorld() {
     ClearCatalogues();
     AddTexts("<LANGUAGE_ID>1033</LANGUAGE_ID><LBL_LOCALIZED_AND>and</LBL_LOCALIZED_AND>");
 }
 
-CatalogueTest::~CatalogueTest() {
+CatalogueWorld::~CatalogueWorld() {
     ClearCatalogues();
 }
 
-void CatalogueTest::ClearCatalogues() {
+void CatalogueWorld::ClearCatalogues() {
     AppRecords().Clear();
     DriverRecords().Clear();
 }
 
-FakePackage& CatalogueTest::AddPackage(const std::wstring& folder, const std::wstring& name) {
+FakePackage& CatalogueWorld::AddPackage(const std::wstring& folder, const std::wstring& name) {
     tree.Add(folder + L"\\" + name);
     FakePackage& package = msi.packages[name];
     package.properties[L"ProductName"] = std::filesystem::path(name).stem().wstring();
     return package;
 }
 
-FakePackage& CatalogueTest::AddDriver(const std::wstring& name, const std::wstring& driverId) {
+FakePackage& CatalogueWorld::AddDriver(const std::wstring& name, const std::wstring& driverId) {
     const std::wstring accepted = Settings().GetString(Tag::WIN8_DRVTYPES);
     Settings().SetString(Tag::WIN8_DRVTYPES, accepted.empty() ? driverId : accepted + L";" + driverId);
     FakePackage& package = AddPackage(L"Drivers\\x64", name);
@@ -33,15 +33,15 @@ FakePackage& CatalogueTest::AddDriver(const std::wstring& name, const std::wstri
     return package;
 }
 
-void CatalogueTest::BuildCatalogues() {
+void CatalogueWorld::BuildCatalogues() {
     MsiInfoService(msi, Settings(), Texts(), AppRecords(), DriverRecords()).DoRun();
 }
 
-std::list<MSI_APP> CatalogueTest::Applications() {
+std::list<MSI_APP> CatalogueWorld::Applications() {
     return AppRecords().Select(L"");
 }
 
-MSI_APP CatalogueTest::Application(const std::wstring& productName) {
+MSI_APP CatalogueWorld::Application(const std::wstring& productName) {
     for (const MSI_APP& record : Applications()) {
         if (record.productName == productName) return record;
     }
@@ -49,13 +49,13 @@ MSI_APP CatalogueTest::Application(const std::wstring& productName) {
     return {};
 }
 
-std::vector<std::wstring> CatalogueTest::ApplicationNames() {
+std::vector<std::wstring> CatalogueWorld::ApplicationNames() {
     std::vector<std::wstring> names;
     for (const MSI_APP& record : Applications()) names.push_back(record.productName);
     return names;
 }
 
-std::vector<std::wstring> CatalogueTest::DriverNames() {
+std::vector<std::wstring> CatalogueWorld::DriverNames() {
     std::vector<std::wstring> names;
     for (const MSI_APP& record : DriverRecords().GetDrivers()) names.push_back(record.productName);
     return names;

@@ -1,9 +1,9 @@
-#include "NetworkTest.h"
+#include "tests/windows/world/NetworkWorld.h"
 
 #include "CommonLib/Files.h"
-#include "ThreadWatch.h"
 #include "settings/TagDocument.h"
 #include "tests/fakes/TextLines.h"
+#include "tests/windows/world/ThreadWatch.h"
 
 namespace {
 
@@ -28,41 +28,41 @@ void NotingPage::SetDevices(std::list<DiscoveredDevice> devices) {
     delivered = std::move(devices);
 }
 
-NetworkTest::NetworkTest() {
+NetworkWorld::NetworkWorld() {
     RemoveFiles();
     UseLibraries(L"complete", L"complete");
 }
 
-NetworkTest::~NetworkTest() {
+NetworkWorld::~NetworkWorld() {
     service.reset();
     RemoveFiles();
 }
 
-void NetworkTest::RemoveFiles() {
+void NetworkWorld::RemoveFiles() {
     SetEnvironmentVariableW(L"SCRIPTED_NETWORK_RUN", nullptr);
     for (const wchar_t* const name : {L"Network.script", L"Network.record", L"Sondrix.dll", L"Quelmar.dll"}) {
         DeleteFileW(Beside(name).c_str());
     }
 }
 
-void NetworkTest::UseLibraries(const std::wstring& sondrix, const std::wstring& quelmar) {
+void NetworkWorld::UseLibraries(const std::wstring& sondrix, const std::wstring& quelmar) {
     CopyLibrary(L"Sondrix.dll", sondrix);
     CopyLibrary(L"Quelmar.dll", quelmar);
 }
 
-void NetworkTest::Script(const std::vector<std::wstring>& fields) const {
+void NetworkWorld::Script(const std::vector<std::wstring>& fields) const {
     EXPECT_TRUE(AppendText(Beside(L"Network.script"), JoinFields(fields)));
 }
 
-void NetworkTest::AddDevice(const std::wstring& address, const std::wstring& moreTags) const {
+void NetworkWorld::AddDevice(const std::wstring& address, const std::wstring& moreTags) const {
     Script({L"document", TagDocument::MakeElement(L"IPADDRESS", address) + moreTags});
 }
 
-void NetworkTest::Start(IDiscoveryDialog* pageOfService) {
+void NetworkWorld::Start(IDiscoveryDialog* pageOfService) {
     service = std::make_unique<DiscoveryService>(pageOfService, Settings(), DriverRecords(), controller);
 }
 
-DWORD NetworkTest::Run() const {
+DWORD NetworkWorld::Run() const {
     const ThreadWatch threads;
     EXPECT_EQ(service->DoRun(), 0u);
     const std::vector<DWORD> codes = ThreadWatch::WaitForAll();
@@ -70,11 +70,11 @@ DWORD NetworkTest::Run() const {
     return codes.empty() ? STILL_ACTIVE : codes.front();
 }
 
-std::vector<LibraryCall> NetworkTest::Calls() {
+std::vector<LibraryCall> NetworkWorld::Calls() {
     return ReadCalls(Beside(L"Network.record"));
 }
 
-std::vector<std::wstring> NetworkTest::CallNames() const {
+std::vector<std::wstring> NetworkWorld::CallNames() const {
     std::vector<std::wstring> names;
     for (const LibraryCall& call : Calls()) names.push_back(call.name);
     return names;

@@ -1,23 +1,23 @@
-#include "SettingsTest.h"
+#include "tests/windows/world/SettingsWorld.h"
 
 #include <memory>
 
 #include "wizard/CmdLineHelper.h"
 
-void SettingsTest::DestroyInstances() {
+void SettingsWorld::DestroyInstances() {
     InstallSettings::DestroyInstance();
     Localizer::DestroyInstance();
     CmdLineHelper::DestroyInstance();
 }
 
-void SettingsTest::AddOption(const std::wstring& nameAndValue) {
+void SettingsWorld::AddOption(const std::wstring& nameAndValue) {
     CmdLineHelper& commandLine = CmdLineHelper::GetInstance();
     commandLine.ParseParam(nameAndValue, true, true);
     Texts().SetLanguageOption(commandLine.GetValue(CmdLineHelper::Option::Language));
 }
 
 // In place, since pages and the walk refer to the texts.
-void SettingsTest::ReadTextsAnew() {
+void SettingsWorld::ReadTextsAnew() {
     Localizer& texts = Texts();
     std::destroy_at(&texts);
     std::construct_at(&texts, Settings());

@@ -1,4 +1,4 @@
-#include "DevicesPageTest.h"
+#include "tests/windows/world/DevicesPageWorld.h"
 
 #include <utility>
 
@@ -15,7 +15,7 @@ MSI_APP Driver(const std::wstring& id) {
     return driver;
 }
 
-DevicesPageTest::DevicesPageTest() {
+DevicesPageWorld::DevicesPageWorld() {
     std::string texts;
     for (const char* const key :
          {"DISCOVERED_LIST_COLUMN_SEARCHING", "DISCOVERED_LIST_COLUMN_MODEL",
@@ -33,23 +33,23 @@ DevicesPageTest::DevicesPageTest() {
     EXPECT_TRUE(page.Create(IDD_DISCOVERY, &window));
 }
 
-DevicesPageTest::~DevicesPageTest() {
+DevicesPageWorld::~DevicesPageWorld() {
     DiscoveredDevices::GetInstance().Assign({});
 }
 
-void DevicesPageTest::Show() {
+void DevicesPageWorld::Show() {
     page.ShowWindow(SW_SHOW);
     if (Settings().GetBool(Tag::INSTALL_FROM_CONFIG)) return;
     page.ClearDrivers();
     for (const wchar_t* const id : {L"NONE1", L"MONO1", L"COLOR1V4"}) page.AddDriver(Driver(id));
 }
 
-void DevicesPageTest::Deliver(std::list<DiscoveredDevice> devices) {
+void DevicesPageWorld::Deliver(std::list<DiscoveredDevice> devices) {
     page.SetDevices(std::move(devices));
     PumpMessages();
 }
 
-std::wstring DevicesPageTest::Cell(int row, int column) const {
+std::wstring DevicesPageWorld::Cell(int row, int column) const {
     wchar_t text[300]{};
     LVITEMW item{};
     item.iSubItem = column;
@@ -60,14 +60,14 @@ std::wstring DevicesPageTest::Cell(int row, int column) const {
     return text;
 }
 
-std::vector<std::wstring> DevicesPageTest::Column(int column) const {
+std::vector<std::wstring> DevicesPageWorld::Column(int column) const {
     std::vector<std::wstring> cells;
     for (int row = 0; row < ListView_GetItemCount(At(IDC_DISCOVERY_LIST)); ++row)
         cells.push_back(Cell(row, column));
     return cells;
 }
 
-std::vector<std::wstring> DevicesPageTest::Headings() const {
+std::vector<std::wstring> DevicesPageWorld::Headings() const {
     std::vector<std::wstring> headings;
     for (int column = 0; column < Header_GetItemCount(ListView_GetHeader(At(IDC_DISCOVERY_LIST))); ++column) {
         wchar_t text[100]{};
@@ -79,7 +79,7 @@ std::vector<std::wstring> DevicesPageTest::Headings() const {
     return headings;
 }
 
-std::vector<int> DevicesPageTest::HeadingImages() const {
+std::vector<int> DevicesPageWorld::HeadingImages() const {
     std::vector<int> images;
     for (int column = 0; column < 3; ++column) {
         HDITEMW item{.mask = HDI_IMAGE | HDI_FORMAT};
@@ -91,12 +91,12 @@ std::vector<int> DevicesPageTest::HeadingImages() const {
     return images;
 }
 
-void DevicesPageTest::Select(int row) const {
+void DevicesPageWorld::Select(int row) const {
     ListView_SetItemState(At(IDC_DISCOVERY_LIST), row, LVIS_SELECTED | LVIS_FOCUSED,
                           LVIS_SELECTED | LVIS_FOCUSED);
 }
 
-void DevicesPageTest::ClickColumn(int column) const {
+void DevicesPageWorld::ClickColumn(int column) const {
     NMLISTVIEW click{};
     click.hdr = {.hwndFrom = At(IDC_DISCOVERY_LIST),
                  .idFrom = IDC_DISCOVERY_LIST,
@@ -106,7 +106,7 @@ void DevicesPageTest::ClickColumn(int column) const {
     page.SendMessage(WM_NOTIFY, IDC_DISCOVERY_LIST, reinterpret_cast<LPARAM>(&click));
 }
 
-std::wstring DevicesPageTest::SelectedDriver() const {
+std::wstring DevicesPageWorld::SelectedDriver() const {
     const LRESULT entry = SendMessageW(At(IDC_DISCOVERY_DRIVER_LIST), CB_GETCURSEL, 0, 0);
     wchar_t text[100]{};
     if (entry >= 0) {

@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "CatalogueTest.h"
-#include "TestApp.h"
 #include "framework/CDialogEx.h"
 #include "ports/AddPortDlg.h"
+#include "tests/windows/world/CatalogueWorld.h"
+#include "tests/windows/world/TestApp.h"
 
-class AddPortPageTest : public CatalogueTest {
+class AddPortPageWorld : public CatalogueWorld {
 protected:
-    AddPortPageTest();
+    AddPortPageWorld();
 
     // Makes the page; what it reads when it is made must be there by then. The texts read from right to left
     // where the direction is "RTL".

@@ -9,19 +9,19 @@
 #include <string>
 #include <vector>
 
-#include "CatalogueTest.h"
-#include "TestApp.h"
 #include "catalogue/MSI_APP.h"
 #include "discovery/DiscoveredDevice.h"
 #include "discovery/DiscoveryDlg.h"
 #include "framework/CDialogEx.h"
 #include "resources/resource.h"
+#include "tests/windows/world/CatalogueWorld.h"
+#include "tests/windows/world/TestApp.h"
 
 // A test with the page in a window and the texts of its list.
-class DevicesPageTest : public CatalogueTest {
+class DevicesPageWorld : public CatalogueWorld {
 protected:
-    DevicesPageTest();
-    ~DevicesPageTest() override;
+    DevicesPageWorld();
+    ~DevicesPageWorld() override;
 
     // The walk comes to the page, and the service fills the driver list.
     void Show();

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "CatalogueTest.h"
 #include "discovery/DiscoveryService.h"
 #include "discovery/IDiscoveryDialog.h"
 #include "framework/CWnd.h"
+#include "tests/windows/world/CatalogueWorld.h"
 #include "tests/wizard/LibraryCalls.h"
 
 // A page that notes what the service tells it.
@@ -33,10 +33,10 @@ public:
 };
 
 // The libraries lie beside the test program as long as a test lasts.
-class NetworkTest : public CatalogueTest {
+class NetworkWorld : public CatalogueWorld {
 protected:
-    NetworkTest();
-    ~NetworkTest() override;
+    NetworkWorld();
+    ~NetworkWorld() override;
 
     // Takes those builds: "complete", "without_" and an export, or none for an empty name.
     void UseLibraries(const std::wstring& sondrix, const std::wstring& quelmar);

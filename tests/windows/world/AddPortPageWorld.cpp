@@ -1,19 +1,19 @@
-#include "AddPortPage.h"
+#include "tests/windows/world/AddPortPageWorld.h"
 
 #include <commctrl.h>
 
-#include "DialogUser.h"
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "tests/windows/resource.h"
+#include "tests/windows/world/DialogUser.h"
 
-AddPortPageTest::AddPortPageTest() {
+AddPortPageWorld::AddPortPageWorld() {
     EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
     window.ShowWindow(SW_SHOW);
     app.SetMainWnd(&window);
 }
 
-void AddPortPageTest::Open(const std::string& direction) {
+void AddPortPageWorld::Open(const std::string& direction) {
     AddTexts(
         "<READING_ORDER>" + direction +
         "</READING_ORDER><LANGUAGE_ID>1033</LANGUAGE_ID><LBL_LOCALIZED_AND>and</LBL_LOCALIZED_AND>"
@@ -27,23 +27,23 @@ void AddPortPageTest::Open(const std::string& direction) {
     EXPECT_TRUE(page.Create(page.TemplateId(), &window));
 }
 
-void AddPortPageTest::Choose(int kind) const {
+void AddPortPageWorld::Choose(int kind) const {
     SendMessageW(At(IDC_ADD_PORT_KIND), CB_SETCURSEL, static_cast<WPARAM>(kind), 0);
     page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_KIND, CBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(At(IDC_ADD_PORT_KIND)));
 }
 
-void AddPortPageTest::Enter(int field, const std::wstring& text) const {
+void AddPortPageWorld::Enter(int field, const std::wstring& text) const {
     SendMessageW(At(field), EM_SETSEL, 0, -1);
     SendMessageW(At(field), WM_CLEAR, 0, 0);
     for (const wchar_t character : text) SendMessageW(At(field), WM_CHAR, character, 1);
 }
 
-void AddPortPageTest::SelectPort(int row) const {
+void AddPortPageWorld::SelectPort(int row) const {
     ListView_SetItemState(At(IDC_ADD_PORT_LIST), row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
-std::wstring AddPortPageTest::Cell(int row, int column) const {
+std::wstring AddPortPageWorld::Cell(int row, int column) const {
     std::wstring text(300, L'\0');
     LVITEMW item{};
     item.iSubItem = column;
@@ -54,11 +54,11 @@ std::wstring AddPortPageTest::Cell(int row, int column) const {
     return text;
 }
 
-int AddPortPageTest::Rows() const {
+int AddPortPageWorld::Rows() const {
     return ListView_GetItemCount(At(IDC_ADD_PORT_LIST));
 }
 
-std::vector<std::wstring> AddPortPageTest::Drivers() const {
+std::vector<std::wstring> AddPortPageWorld::Drivers() const {
     const HWND list = At(IDC_ADD_PORT_DRIVER_LIST);
     const LRESULT selected = SendMessageW(list, CB_GETCURSEL, 0, 0);
     std::vector<std::wstring> names;
@@ -72,7 +72,7 @@ std::vector<std::wstring> AddPortPageTest::Drivers() const {
     return names;
 }
 
-std::wstring AddPortPageTest::PressNextAndConfirm() const {
+std::wstring AddPortPageWorld::PressNextAndConfirm() const {
     std::wstring text;
     const DialogUser user(window.GetSafeHwnd(), [&](HWND box) {
         constexpr int boxText = 65535;

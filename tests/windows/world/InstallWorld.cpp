@@ -1,19 +1,19 @@
-#include "InstallTest.h"
+#include "tests/windows/world/InstallWorld.h"
 
 #include <algorithm>
 
 #include "settings/TagDocument.h"
 
-InstallTest::InstallTest() {
+InstallWorld::InstallWorld() {
     Settings().SetStrings({{TextTag(L"SILENT_INSTALL"), L"true"}, {Tag::OEM, L"Maker"}});
 }
 
-FakePackage& InstallTest::AddDependent(const std::wstring& parent, const std::wstring& name) {
+FakePackage& InstallWorld::AddDependent(const std::wstring& parent, const std::wstring& name) {
     msi.packages.at(parent + L".msi").properties[L"DEPENDENTAPPS"] += name + L".msi ";
     return AddPackage(L"Dependents\\x64", name + L".msi");
 }
 
-std::uint32_t InstallTest::Run() {
+std::uint32_t InstallWorld::Run() {
     BuildCatalogues();
     const ThreadWatch threads;
     const std::uint32_t result = service.DoRun();
@@ -21,7 +21,7 @@ std::uint32_t InstallTest::Run() {
     return result;
 }
 
-std::vector<std::wstring> InstallTest::StatusLines() {
+std::vector<std::wstring> InstallWorld::StatusLines() {
     const std::wstring document = Settings().GetString(Tag::APP_INSTALLATION_STATUS);
     std::vector<std::wstring> lines;
     std::wstring line;
@@ -31,7 +31,7 @@ std::vector<std::wstring> InstallTest::StatusLines() {
     return lines;
 }
 
-bool InstallTest::HasStopped() const {
+bool InstallWorld::HasStopped() const {
     const std::vector<std::wstring> messages = AdvancedMessages();
     return std::count(messages.begin(), messages.end(), L"Controller::Cancel called") != 0;
 }

@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "FakeMsi.h"
-#include "SettingsTest.h"
 #include "catalogue/AppCatalogue.h"
 #include "catalogue/DriverInfo.h"
+#include "tests/windows/world/FakeMsi.h"
+#include "tests/windows/world/SettingsWorld.h"
 
 // Begins and ends with empty catalogues.
-class CatalogueTest : public SettingsTest {
+class CatalogueWorld : public SettingsWorld {
 protected:
-    CatalogueTest();
-    ~CatalogueTest() override;
+    CatalogueWorld();
+    ~CatalogueWorld() override;
 
     // Lays the package into a folder of the tree, with its file's stem as product name; its properties and
     // its state are the caller's to change.

@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "CatalogueTest.h"
-#include "ThreadWatch.h"
 #include "install/InstallService.h"
+#include "tests/windows/world/CatalogueWorld.h"
+#include "tests/windows/world/ThreadWatch.h"
 
 // The run is silent, so that the walk does not go on after it.
-class InstallTest : public CatalogueTest {
+class InstallWorld : public CatalogueWorld {
 protected:
-    InstallTest();
+    InstallWorld();
 
     // Adds an application package of that name.
     FakePackage& Add(const std::wstring& name) { return AddPackage(L"Applications", name + L".msi"); }
