@@ -131,7 +131,7 @@ unsigned InstallService::InstallThread() {
         CWinApp::ReportUnhandledException(L"install thread");
         settings.SetString(Tag::INSTALL_STATUS, InstallStatus::FAILED);
     }
-    atWork = false;
+    controller.BetweenQuestions([this] { atWork = false; });
     settings.SetString(Tag::APP_INSTALLATION_STATUS, BuildStatusDocument());
     if (!settings.GetBool(Tag::SILENT_INSTALL)) controller.Next({});
     return threadExitCode;

@@ -23,6 +23,18 @@ void CallIfSet(const std::function<void()>& end) {
     if (end) end();
 }
 
+// Sets a flag for the length of its life.
+class Raised {
+public:
+    explicit Raised(bool& raised) : flag(raised) { flag = true; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+    ~Raised() { flag = false; }
+
+private:
+    bool& flag;
+};
+
 // Sleeps, but answers what other threads send to this thread's windows, such as the disabling of a message
 // box's owner, which would otherwise wait for this thread for ever. Posted messages stay where they are.
 void SleepAnsweringSentMessages(DWORD milliseconds) {
@@ -198,7 +210,7 @@ bool Controller::GoToSpecifiedDlg(const std::wstring& name, std::wstring message
         Next(std::move(message));
     } else {
         ShowCurrentPage(std::move(message));
-        if (service != nullptr) service->DoRun();
+        if (service != nullptr && service->DoRun() == MsiCode::InstallFailure) Next({});
     }
     return true;
 }
@@ -215,26 +227,33 @@ bool Controller::Cancel(bool force) {
         return false;
     }
     const bool isInstalling = IsCurrentRole(PageRole::Progress) || IsInstallAtWork();
-    if (!TakeCancel(force)) return false;
+    if (force) {
+        CancelRun();
+    } else if (!AskAndCancel()) {
+        return false;
+    }
     // The install thread winds down and moves the walk by itself.
     if (!isInstalling) Finish(false);
     return true;
 }
 
-// The install thread, which forces its cancel, waits for an answer at its end only.
-bool Controller::TakeCancel(bool force) {
-    std::unique_lock asking(questionLock, std::defer_lock);
-    if (!force) {
-        asking.lock();
-        // From here on the run only moves on to the page that says how it went.
-        if (IsCurrentRole(PageRole::Progress) && !IsInstallAtWork()) return false;
-        if (!ConfirmCancel()) return false;
-    }
+bool Controller::AskAndCancel() {
+    // A window that is closed once more from outside asks no second time.
+    if (isAsking) return false;
+    const std::lock_guard guard(questionLock);
+    // From here on the run only moves on to the page that says how it went.
+    if (IsCurrentRole(PageRole::Progress) && !IsInstallAtWork()) return false;
+    const Raised asking(isAsking);
+    if (!ConfirmCancel()) return false;
+    CancelRun();
+    return true;
+}
+
+void Controller::CancelRun() {
     LogBasic(L"User chose to cancel the installation.");
     LogAdvanced(L"Controller::Cancel Yes on Are You Sure", LogLevel::Success);
     settings.SetStrings({{Tag::SHOW_REGISTRATION, L"0"}, {Tag::INSTALL_STATUS, InstallStatus::CANCELED}});
     CancelServices();
-    return true;
 }
 
 bool Controller::IsInstallAtWork() const {

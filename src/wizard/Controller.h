@@ -101,8 +101,9 @@ private:
     bool IsClosingPage() const;
     bool IsInstallAtWork() const;
     bool ConfirmCancel() const;
-    // Asks, unless forced, and tells the services. Returns whether the cancel goes ahead.
-    bool TakeCancel(bool force);
+    // Asks whether to cancel, and does so on Yes. Returns whether the cancel goes ahead.
+    bool AskAndCancel();
+    void CancelRun();
     void CancelServices();
 
     InstallSettings& settings;
@@ -117,6 +118,8 @@ private:
     DWORD mainThread = 0;
     bool ended = false;
     std::mutex questionLock;
+    // The question is open, on the main thread.
+    bool isAsking = false;
     // Makes a change of the count and its record one step; the count itself is read without it.
     std::mutex threadCountLock;
     std::atomic<int> threadCount = 0;

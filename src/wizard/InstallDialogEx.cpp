@@ -146,7 +146,7 @@ HWND InstallDialogEx::FirstText() const {
 }
 
 void InstallDialogEx::HandFocusOn(HWND from) {
-    if (GetFocus() != from) return;
+    if (from == nullptr || GetFocus() != from) return;
     const HWND first = FirstFocus();
     ::SetFocus(first != from ? first : FirstText());
 }

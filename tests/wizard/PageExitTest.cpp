@@ -45,6 +45,18 @@ TEST_P(PageExitTest, AsksAndStaysOnNo) {
     EXPECT_THAT(BasicLog(), Not(HasRecord(L"", L"User chose to cancel the installation.")));
 }
 
+TEST_P(PageExitTest, AsksOnceHoweverOftenItIsClosed) {
+    wizard.CloseMainWindow();
+    const HWND question = wizard.WaitForBox().window;
+    wizard.CloseMainWindow();
+    wizard.Settle();
+    EXPECT_EQ(wizard.WaitForBox().window, question);
+    ExpectToStay();
+    EXPECT_FALSE(wizard.FindBox());
+    wizard.Press(IDCANCEL);
+    ExpectToStay();
+}
+
 TEST_P(PageExitTest, EndsTheProgramOnYes) {
     wizard.PressKey(VK_ESCAPE);
     AnswerCancel(IDYES);

@@ -3,6 +3,7 @@
 #include <thread>
 #include <utility>
 
+#include "CommonLib/MsiCodes.h"
 #include "framework/CDialogEx.h"
 #include "resources/resource.h"
 #include "settings/TagNames.h"
@@ -17,6 +18,12 @@ namespace {
 using testing::Contains;
 
 constexpr int messageTextId = 0xFFFF;
+
+class FailingService : public Service {
+public:
+    std::uint32_t DoRun() override { return MsiCode::InstallFailure; }
+    void Cancel() override {}
+};
 
 class ControllerTest : public SettingsWorld {
 protected:
@@ -44,6 +51,18 @@ protected:
         ChainRow row = Page(role, true);
         row.isHidden = [] { return !Settings().GetBool(Tag::REBOOT); };
         return row;
+    }
+    // A page, a page by that name whose service fails, and one after it.
+    std::vector<ChainRow> PagesAroundAFailure(const wchar_t* name) {
+        std::vector<ChainRow> rows{Page(PageRole::Ordinary), Page(PageRole::Progress),
+                                   Page(PageRole::CoreFinish)};
+        rows[1].makePage = [this, name] {
+            auto page = std::make_unique<InstallDialogEx>(context, IDD_PROGRESS);
+            page->dialogName = name;
+            return page;
+        };
+        rows[1].makeService = [](InstallDialogEx&) { return std::make_unique<FailingService>(); };
+        return rows;
     }
     // The closing pages as the wizard has them, after a first one.
     std::vector<ChainRow> ClosingPages() {
@@ -116,6 +135,20 @@ TEST_F(ControllerTest, ShowsThePageOfARestartFromTheNextLookAtTheTagsOn) {
     EXPECT_TRUE(HasMovedTo(3));
     controller.UpdateHideFlags();
     EXPECT_TRUE(controller.Next({}));
+    EXPECT_EQ(ends, 0);
+}
+
+TEST_F(ControllerTest, GoesOnFromAPageWhoseServiceHasFailed) {
+    Walk(PagesAroundAFailure(L"Failing"), 1);
+    EXPECT_TRUE(HasMovedTo(2));
+    EXPECT_TRUE(IsWindowVisible(controller.CurrentPage()->GetSafeHwnd()));
+    EXPECT_EQ(ends, 0);
+}
+
+TEST_F(ControllerTest, GoesOnFromAPageByNameWhoseServiceHasFailed) {
+    Walk(PagesAroundAFailure(L"Failing"), 0);
+    EXPECT_TRUE(controller.GoToSpecifiedDlg(L"Failing", {}));
+    EXPECT_TRUE(HasMovedTo(2));
     EXPECT_EQ(ends, 0);
 }
 
