@@ -1,0 +1,166 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "standins/discovery/Documents.h"
+#include "standins/discovery/Search.h"
+#include "tests/unit/discovery/SimulatedNetwork.h"
+
+namespace {
+
+using discovery::Bytes;
+using discovery::Datagram;
+using discovery::DeviceFacts;
+using discovery::NetworkAddress;
+using discovery::Search;
+using discovery::SearchPlan;
+using discovery::Subnet;
+using discovery::Time;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::UnorderedElementsAre;
+
+std::vector<std::string> AddressesOf(const std::vector<DeviceFacts>& devices) {
+    std::vector<std::string> texts;
+    for (const DeviceFacts& device : devices) texts.push_back(discovery::MainAddress(device).ToText());
+    return texts;
+}
+
+class SearchTest : public testing::Test {
+protected:
+    std::vector<DeviceFacts> SearchNeighbours() {
+        Search search(SimulatedNetwork::NeighbourPlan());
+        return network.Run(search);
+    }
+    std::vector<DeviceFacts> AskHost(const std::string& address) {
+        SearchPlan plan;
+        plan.secret = 77;
+        plan.hosts = {
+            {.address = NetworkAddress::FromText(std::wstring(address.begin(), address.end())).value(),
+             .ipp = {}}};
+        Search search(plan);
+        return network.Run(search);
+    }
+    // Three kinds of devices, so many of each.
+    void AddOffice(int ofEach) {
+        for (int number = 0; number < 3 * ofEach; ++number) {
+            const bool isSnmp = number >= ofEach;
+            const bool isAnnounced = number < ofEach || number >= 2 * ofEach;
+            network.Add({.address = "192.0.2." + std::to_string(number + 10),
+                         .host = "printer" + std::to_string(number),
+                         .answersSnmp = isSnmp,
+                         .announcesItself = isAnnounced,
+                         .hardwareAddress = {'\2', 0, 0, 0, 0, static_cast<char>(number)},
+                         .delay = Time(2 + number % 7)});
+        }
+    }
+
+    SimulatedNetwork network;
+};
+
+TEST_F(SearchTest, FindsWhoAnnouncesHimself) {
+    network.Add(
+        {.address = "192.0.2.10", .host = "Loom", .announcesItself = true, .texts = {"Color=T", "Fax=F"}});
+    const auto devices = SearchNeighbours();
+    ASSERT_THAT(AddressesOf(devices), ElementsAre("192.0.2.10"));
+    EXPECT_EQ(devices[0].localName, "loom.local");
+    EXPECT_EQ(devices[0].name.maker, "Halvenny");
+    EXPECT_EQ(devices[0].name.model, "Loom 310");
+    EXPECT_EQ(devices[0].isColour, true);
+    EXPECT_EQ(devices[0].hasFax, false);
+    EXPECT_EQ(devices[0].ipp, (discovery::IppPlace{.port = 8631, .path = "/ipp/print"}));
+}
+
+TEST_F(SearchTest, FindsWhoAnswersSnmp) {
+    network.Add({.address = "192.0.2.10",
+                 .answersSnmp = true,
+                 .hardwareAddress = {2, 0, 0, 0, 0, 7},
+                 .colorants = {"black", "cyan"},
+                 .deviceId = "MFG:Halvenny;MDL:Loom 340c;CLS:PRINTER,SCANNER;",
+                 .hasModem = true});
+    const auto devices = SearchNeighbours();
+    ASSERT_THAT(AddressesOf(devices), ElementsAre("192.0.2.10"));
+    EXPECT_EQ(devices[0].name.model, "Loom 340c");
+    EXPECT_EQ(devices[0].hardwareAddress, Bytes({2, 0, 0, 0, 0, 7}));
+    EXPECT_EQ(devices[0].isColour, true);
+    EXPECT_EQ(devices[0].hasFax, true);
+    EXPECT_EQ(devices[0].canScan, true);
+}
+
+TEST_F(SearchTest, FindsWhoKnowsVersion1Only) {
+    network.Add({.address = "192.0.2.10", .answersSnmp = true, .knowsVersion2c = false});
+    const auto devices = SearchNeighbours();
+    ASSERT_THAT(AddressesOf(devices), ElementsAre("192.0.2.10"));
+    EXPECT_EQ(devices[0].name.model, "Halvenny Loom 310");
+    EXPECT_EQ(devices[0].isColour, false);
+}
+
+TEST_F(SearchTest, FindsWhoHasAnAddressOfIpV6Alone) {
+    network.Add({.address = "fe80::20", .host = "six", .announcesItself = true});
+    const auto devices = SearchNeighbours();
+    ASSERT_THAT(AddressesOf(devices), ElementsAre("fe80::20%2"));
+}
+
+TEST_F(SearchTest, CountsADeviceOnceHoweverManyWaysItAnswersIn) {
+    AddOffice(8);
+    EXPECT_THAT(SearchNeighbours(), SizeIs(24));
+}
+
+TEST_F(SearchTest, IsOverSoonAfterTheLastAnswer) {
+    AddOffice(8);
+    SearchNeighbours();
+    EXPECT_LE(network.now, Time(1050));
+}
+
+TEST_F(SearchTest, GivesSilentNeighboursTimeToWakeUp) {
+    EXPECT_THAT(SearchNeighbours(), IsEmpty());
+    EXPECT_GE(network.now, Time(1500));
+    EXPECT_LE(network.now, Time(5000));
+}
+
+TEST_F(SearchTest, WaitsForThoseWhoAnswerSlowly) {
+    network.Add({.address = "192.0.2.10", .answersSnmp = true, .delay = Time(3)});
+    network.Add({.address = "192.0.2.11", .answersSnmp = true, .delay = Time(400)});
+    EXPECT_THAT(SearchNeighbours(), SizeIs(2));
+}
+
+TEST_F(SearchTest, FindsNearlyAllInANetworkThatLosesAFifth) {
+    AddOffice(8);
+    network.Lose(0.2);
+    EXPECT_GE(SearchNeighbours().size(), 23U);
+}
+
+TEST_F(SearchTest, SweepsALargeSubnetWithinItsPace) {
+    for (int number = 0; number < 200; ++number) {
+        network.Add(
+            {.address = "192.0." + std::to_string(number / 20) + "." + std::to_string(number % 20 + 1),
+             .answersSnmp = true});
+    }
+    SearchPlan plan;
+    plan.sweeps = {Subnet(NetworkAddress(0xC0000000), 20)};
+    plan.limit = Time(30000);
+    Search search(plan);
+    EXPECT_THAT(network.Run(search), SizeIs(200));
+    EXPECT_LE(network.mostPerSecond(), 1100U);
+    EXPECT_LE(network.now, Time(12000));
+}
+
+TEST_F(SearchTest, AsksOneHostAlone) {
+    AddOffice(8);
+    EXPECT_THAT(AddressesOf(AskHost("192.0.2.20")), ElementsAre("192.0.2.20"));
+    EXPECT_THAT(network.sentTo, SizeIs(1));
+    EXPECT_LE(network.now, Time(700));
+}
+
+TEST_F(SearchTest, FindsAHostByItsNameAmongNeighbours) {
+    AddOffice(2);
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.asksNeighbours = false;
+    plan.sweeps.clear();
+    plan.localName = "PRINTER1.local";
+    Search search(plan);
+    EXPECT_THAT(AddressesOf(network.Run(search)), ElementsAre("192.0.2.11"));
+}
+
+}  // namespace
