@@ -7,6 +7,7 @@ when its description or one of its files has changed. Prints the name of each pa
 import argparse
 import os
 import pathlib
+import re
 import shutil
 import string
 import subprocess
@@ -18,6 +19,8 @@ from xml.sax.saxutils import quoteattr
 NAMESPACE = uuid.UUID("5b0a1d52-3f4e-4c0e-9a5c-6f0f4f2b7d11")
 MAJOR_UPGRADE = '    <MajorUpgrade DowngradeErrorMessage="A newer version is installed."/>'
 TEMPLATE = pathlib.Path(__file__).with_name("package.wxs.in")
+PRINTER_ACTIONS = pathlib.Path(__file__).parent.parent / "standins/PrinterQueue/PrinterQueue.wxi"
+PRINTER_LIBRARY = "PrinterQueue.dll"
 
 
 def code(*parts):
@@ -61,6 +64,14 @@ def directories(package, manufacturer, components):
     return vendor if package.get("kit") else f'<Directory Id="ProgramFiles64Folder">{vendor}</Directory>'
 
 
+def further_elements(package):
+    """The text of further elements; a package that makes printers has the actions for them as well."""
+    actions = ""
+    if package.get("printers"):
+        actions = re.search("<Include[^>]*>(.*)</Include>", PRINTER_ACTIONS.read_text(encoding="utf-8"), re.S).group(1)
+    return package.get("extra", "") + actions
+
+
 def describe(package, manufacturer, payload):
     components = [file_component(index, package, target, source)
                   for index, (target, source) in enumerate(payload.items())]
@@ -76,17 +87,40 @@ def describe(package, manufacturer, payload):
         directories=directories(package, manufacturer, "".join(components)),
         component_refs="".join(f"      <ComponentRef {attributes(Id=name)}/>\n" for name in ids),
         properties=properties, upgrade=MAJOR_UPGRADE if package.get("upgrades") else "",
-        extra=package.get("extra", ""))
+        extra=further_elements(package))
 
 
 def secure_statement(package):
     """On Windows a property reaches the part of the installer that has the rights only if the package lists it. wixl
     writes the list itself where a package upgrades others, and cannot be given more."""
-    names = ";".join(["TARGET_DIR", *package.get("records", []), *package.get("secure", [])])
+    printers = ["PRINTER_INFO"] if package.get("printers") else []
+    names = ";".join(dict.fromkeys(["TARGET_DIR", *package.get("records", []), *package.get("secure", []), *printers]))
     if package.get("upgrades"):
         names = "WIX_DOWNGRADE_DETECTED;WIX_UPGRADE_DETECTED;" + names
         return f"UPDATE `Property` SET `Value`='{names}' WHERE `Property`='SecureCustomProperties'"
     return f"INSERT INTO `Property` (`Property`, `Value`) VALUES ('SecureCustomProperties', '{names}')"
+
+
+# How the installer writes what a CustomAction element says of a function in a library.
+EXECUTE_FLAGS = {"immediate": 0, "deferred": 0x400, "rollback": 0x400 + 0x100, "commit": 0x400 + 0x200}
+RETURN_FLAGS = {"check": 0, "ignore": 0x40}
+
+
+def action_type(execute, impersonate, result):
+    as_system = 0x800 if impersonate == "no" and execute != "immediate" else 0
+    return 1 + EXECUTE_FLAGS[execute] + as_system + RETURN_FLAGS[result]
+
+
+def action_statements(package):
+    """wixl knows no actions for a roll-back or a commit, and none that run as the user, so their types are set here."""
+    if not package.get("printers"):
+        return []
+    elements = re.findall("<CustomAction [^>]*/>", further_elements(package))
+    statements = []
+    for fields in (dict(re.findall(r'(\w+)="([^"]*)"', element)) for element in elements):
+        kind = action_type(fields.get("Execute", "immediate"), fields.get("Impersonate", "yes"), fields.get("Return", "check"))
+        statements += ["-q", f"UPDATE `CustomAction` SET `Type`={kind} WHERE `Action`='{fields['Id']}'"]
+    return statements
 
 
 def is_current(msi, sources):
@@ -95,7 +129,8 @@ def is_current(msi, sources):
 
 def build(package, manufacturer, output, folders):
     payload = {target: find_payload(source, folders) for target, source in package["files"].items()}
-    binaries = [find_payload(name, folders) for name in package.get("binaries", [])]
+    libraries = package.get("binaries", []) + ([PRINTER_LIBRARY] if package.get("printers") else [])
+    binaries = [find_payload(name, folders) for name in libraries]
     # wixl finds a file by a path relative to where it runs, and by no other.
     text = describe(package, manufacturer, {target: os.path.relpath(path, output) for target, path in payload.items()})
     for binary in binaries:
@@ -104,11 +139,11 @@ def build(package, manufacturer, output, folders):
     msi = output / package["file"]
     if not wxs.is_file() or wxs.read_text(encoding="utf-8") != text:
         wxs.write_text(text, encoding="utf-8")
-    if is_current(msi, [pathlib.Path(__file__), wxs, *payload.values(), *binaries]):
+    if is_current(msi, [pathlib.Path(__file__), PRINTER_ACTIONS, wxs, *payload.values(), *binaries]):
         return
     unfinished = msi.with_suffix(".unfinished")
     subprocess.run(["wixl", "-a", "x64", "-o", unfinished.name, wxs.name], cwd=output, check=True)
-    subprocess.run(["msibuild", unfinished.name, "-q", secure_statement(package)], cwd=output, check=True)
+    subprocess.run(["msibuild", unfinished.name, "-q", secure_statement(package), *action_statements(package)], cwd=output, check=True)
     unfinished.replace(msi)
     print(f"built {msi.name}")
 

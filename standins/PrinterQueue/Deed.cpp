@@ -115,17 +115,21 @@ void AddLastingDefault(std::vector<Deed>& lasting, const Deed& deed) {
 }  // namespace
 
 std::wstring WriteLedger(const Ledger& ledger) {
-    return WriteDeeds(L"LASTING", ledger.lasting) + WriteField(L"RUN_ID", ledger.runId) +
+    return WriteDeeds(L"LASTING", ledger.lasting) + WriteField(L"OWNER", ledger.owner) +
+           WriteField(L"RUN_ID", ledger.runId) +
            WriteField(L"REMOVES", ledger.runRemoves ? L"true" : L"false") + WriteDeeds(L"RUN", ledger.run) +
-           WriteDeeds(L"LASTING_BEFORE", ledger.lastingBefore);
+           WriteDeeds(L"LASTING_BEFORE", ledger.lastingBefore) +
+           WriteField(L"OWNER_BEFORE", ledger.ownerBefore);
 }
 
 Ledger ReadLedger(std::wstring_view text) {
     return {.lasting = ReadDeeds(text, L"LASTING"),
+            .owner = ReadField(text, L"OWNER"),
             .runId = ReadField(text, L"RUN_ID"),
             .runRemoves = ReadField(text, L"REMOVES") == L"true",
             .run = ReadDeeds(text, L"RUN"),
-            .lastingBefore = ReadDeeds(text, L"LASTING_BEFORE")};
+            .lastingBefore = ReadDeeds(text, L"LASTING_BEFORE"),
+            .ownerBefore = ReadField(text, L"OWNER_BEFORE")};
 }
 
 const Deed* FindDeed(const std::vector<Deed>& deeds, DeedKind kind, std::wstring_view name) {

@@ -27,11 +27,13 @@ struct Deed {
 // What is recorded of one package.
 struct Ledger {
     std::vector<Deed> lasting;  // what a removal of the package undoes
+    std::wstring owner;         // the version that has set up last
     // The run that is on, or was interrupted: its deeds, and what the package's deeds were before it.
     std::wstring runId;
     bool runRemoves = false;
     std::vector<Deed> run;
     std::vector<Deed> lastingBefore;
+    std::wstring ownerBefore;
 
     friend bool operator==(const Ledger&, const Ledger&) = default;
 };

@@ -92,7 +92,7 @@ std::uint32_t DeedUndoer::Redo(const Deed& deed, const SpoolerState& state) {
         case DeedKind::QueueChanged:
             return FindQueue(state, deed.name) == nullptr ? 0 : spooler.ChangeQueue(deed.after);
         case DeedKind::PortMade:
-            return HoldsName(state.ports, deed.name) ? 0 : spooler.AddPort(deed.port);
+            return HoldsName(state.ports, deed.name) ? 0 : spooler.MakePort(deed.port);
         case DeedKind::DriverMade:
             return HoldsName(state.drivers, deed.name) ? 0 : spooler.InstallDriver(deed.name, deed.infPath);
         case DeedKind::ConnectionMade:
@@ -128,7 +128,7 @@ std::uint32_t DeedUndoer::UndoPort(const Deed& deed, const SpoolerState& state) 
         scope.Say(L"The port " + Quote(deed.name) + L" stays for another printer.");
         return 0;
     }
-    return Told(scope.Spooler().DeletePort(deed.port), L"The port " + Quote(deed.name) + L" was removed.");
+    return Told(scope.Spooler().RemovePort(deed.port), L"The port " + Quote(deed.name) + L" was removed.");
 }
 
 std::uint32_t DeedUndoer::UndoDriver(const Deed& deed, const SpoolerState& state) {

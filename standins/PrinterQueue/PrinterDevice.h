@@ -21,6 +21,8 @@ struct PackageWishes {
     std::wstring protocol;  // "LPR", anything else is raw
     std::wstring portNumber;
     std::wstring lprQueue;
+
+    friend bool operator==(const PackageWishes&, const PackageWishes&) = default;
 };
 
 // How a device is reached.

@@ -55,7 +55,7 @@ void PrinterMaker::MakePort(const PrinterDevice& device) {
                         Quote(port.name) + L".");
     }
     scope.Announce({.kind = DeedKind::PortMade, .name = port.name, .port = port});
-    if (const std::uint32_t code = scope.Spooler().AddPort(port); code != 0) {
+    if (const std::uint32_t code = scope.Spooler().MakePort(port); code != 0) {
         throw Exception(L"The printer " + Quote(device.name) + L" cannot be set up: the port " +
                         Quote(port.name) + L" cannot be made" + scope.ReasonOf(code));
     }

@@ -26,12 +26,16 @@ std::vector<Deed> InOrderOfRemoval(const std::vector<Deed>& deeds) {
 
 void PrinterRun::SetUp(const RunOrder& order) {
     RunScope scope(spooler, store, report);
+    if (order.devices.empty() && scope.Records() == Ledger{}) return;
     scope.Begin(order.id, false);
+    scope.Records().owner = order.version;
+    scope.Save();
     PrinterMaker maker(scope, order.wishes);
     try {
         for (const PrinterDevice& device : order.devices) {
             order.part == Part::Computer ? maker.Make(device) : maker.MakeForUser(device);
         }
+        scope.Step(L"Every device is set up.");
     } catch (const Exception&) {
         RollBack(order.id);
         throw;
@@ -40,11 +44,16 @@ void PrinterRun::SetUp(const RunOrder& order) {
 
 void PrinterRun::Remove(const RunOrder& order) {
     RunScope scope(spooler, store, report);
+    if (scope.Records().owner != order.version) {
+        scope.Say(L"The printers belong to another version of the package, and stay.");
+        return;
+    }
     scope.Begin(order.id, true);
     DeedUndoer undoer(scope);
     try {
         for (const Deed& deed : InOrderOfRemoval(scope.Records().lastingBefore)) undoer.Remove(deed);
         scope.Records().lasting.clear();
+        scope.Records().owner.clear();
         scope.Save();
     } catch (const Exception&) {
         RollBack(order.id);
@@ -60,14 +69,14 @@ void PrinterRun::RollBack(const std::wstring& id) {
     for (const Deed& deed : Reversed(records.run)) {
         records.runRemoves ? undoer.Restore(deed) : undoer.RollBack(deed);
     }
-    scope.Records() = {.lasting = records.lastingBefore};
+    scope.Records() = {.lasting = records.lastingBefore, .owner = records.ownerBefore};
     scope.Save();
 }
 
 void PrinterRun::Commit(const std::wstring& id) {
     RunScope scope(spooler, store, report);
     if (scope.Records().runId != id) return;
-    scope.Records() = {.lasting = scope.Records().lasting};
+    scope.Records() = {.lasting = scope.Records().lasting, .owner = scope.Records().owner};
     scope.Save();
 }
 

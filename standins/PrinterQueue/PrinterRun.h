@@ -4,16 +4,15 @@
 #include <string>
 #include <vector>
 
+#include "standins/PrinterQueue/Orders.h"
 #include "standins/PrinterQueue/PrinterDevice.h"
 #include "standins/PrinterQueue/Surroundings.h"
 
 namespace printerqueue {
 
-// What belongs to the computer, and what to the user who installs: each has its own ledger.
-enum class Part { Computer, User };
-
 struct RunOrder {
     std::wstring id;
+    std::wstring version;  // names the version of the package
     Part part = Part::Computer;
     PackageWishes wishes;
     std::vector<PrinterDevice> devices;
@@ -26,8 +25,10 @@ public:
     PrinterRun(ISpooler& spoolerOfRun, ILedgerStore& storeOfRun, IReport& reportOfRun)
         : spooler(spoolerOfRun), store(storeOfRun), report(reportOfRun) {}
 
+    // Takes over what another version has set up, also where there is no device.
     void SetUp(const RunOrder& order);
-    // Removes what is recorded of the package, whatever the order's devices are.
+    // Removes what is recorded of the package, whatever the order's devices are. What a later version has set
+    // up or taken over is left to that one.
     void Remove(const RunOrder& order);
     // Undoes the run of that id. Does nothing for a run that is over, and goes on past what the spooler
     // refuses.

@@ -13,6 +13,7 @@ void RunScope::Begin(const std::wstring& runId, bool removes) {
     ledger.runRemoves = removes;
     ledger.run.clear();
     ledger.lastingBefore = ledger.lasting;
+    ledger.ownerBefore = ledger.owner;
     Save();
 }
 

@@ -50,8 +50,8 @@ public:
     virtual ~ISpooler() = default;
 
     virtual std::uint32_t Look(SpoolerState& state) = 0;
-    virtual std::uint32_t AddPort(const PrinterPort& port) = 0;
-    virtual std::uint32_t DeletePort(const PrinterPort& port) = 0;
+    virtual std::uint32_t MakePort(const PrinterPort& port) = 0;
+    virtual std::uint32_t RemovePort(const PrinterPort& port) = 0;
     // An empty path stands for a driver that comes with Windows.
     virtual std::uint32_t InstallDriver(const std::wstring& name, const std::wstring& infPath) = 0;
     virtual std::uint32_t DeleteDriver(const std::wstring& name) = 0;

@@ -35,10 +35,12 @@ const Deed defaultChanged{.kind = DeedKind::DefaultChanged, .name = L"New", .for
 TEST(LedgerTest, ComesBackFromItsText) {
     const Ledger ledger{
         .lasting = {portMade, {.kind = DeedKind::DriverMade, .name = L"D", .infPath = L"C:\\d.inf"}},
+        .owner = L"{2}",
         .runId = L"{1}",
         .runRemoves = true,
         .run = {queueChanged, defaultChanged},
-        .lastingBefore = {{.kind = DeedKind::ConnectionMade, .name = L"\\\\server\\printer"}}};
+        .lastingBefore = {{.kind = DeedKind::ConnectionMade, .name = L"\\\\server\\printer"}},
+        .ownerBefore = L"{0}"};
     EXPECT_EQ(ReadLedger(WriteLedger(ledger)), ledger);
 }
 

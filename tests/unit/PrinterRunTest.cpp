@@ -89,7 +89,7 @@ protected:
     ScriptedStore store;
     ScriptedStore userStore;
     ScriptedReport report;
-    RunOrder order{.id = L"{1}"};
+    RunOrder order{.id = L"{1}", .version = L"{1.0}"};
     std::wstring problem;
 
 private:
@@ -109,7 +109,7 @@ TEST_F(PrinterRunTest, MakesPortAndQueue) {
     device.location = L"Hall";
     device.comment = L"A3";
     EXPECT_EQ(Install({device}), 0);
-    EXPECT_THAT(spooler.calls, ElementsAre(L"AddPort 10.0.0.1", L"AddQueue New"));
+    EXPECT_THAT(spooler.calls, ElementsAre(L"MakePort 10.0.0.1", L"AddQueue New"));
     EXPECT_THAT(spooler.portsAdded, ElementsAre(device.port));
     EXPECT_EQ(spooler.state.queues.back(), (PrintQueue{.name = L"New",
                                                        .port = L"10.0.0.1",
@@ -192,6 +192,37 @@ TEST_F(PrinterRunTest, RemovesAfterASecondRunWhatTheFirstHasMade) {
     ExpectUntouched();
 }
 
+TEST_F(PrinterRunTest, LeavesToTheNewerVersionWhatThatHasTakenOver) {
+    EXPECT_EQ(Install({Device(L"New", L"10.0.0.1")}), 0);
+    Commit();
+    order.version = L"{2.0}";
+    EXPECT_EQ(Install({}), 0);
+    Commit();
+    order.version = L"{1.0}";
+    EXPECT_EQ(Remove(), 0);
+    EXPECT_NE(FindQueue(spooler.state, L"New"), nullptr);
+    order.version = L"{2.0}";
+    EXPECT_EQ(Remove(), 0);
+    ExpectUntouched();
+}
+
+TEST_F(PrinterRunTest, GivesThePrintersBackWhereANewerVersionIsRolledBack) {
+    EXPECT_EQ(Install({Device(L"New", L"10.0.0.1")}), 0);
+    Commit();
+    const Ledger before = store.ledger;
+    order.id = L"{2}";
+    order.version = L"{2.0}";
+    EXPECT_EQ(Install({Device(L"New", L"10.0.0.2")}), 0);
+    RollBackSetUp();
+    EXPECT_EQ(store.ledger, before);
+}
+
+TEST_F(PrinterRunTest, LeavesNoTraceWithoutADevice) {
+    EXPECT_EQ(Install({}), 0);
+    EXPECT_EQ(store.ledger, Ledger{});
+    EXPECT_EQ(userStore.ledger, Ledger{});
+}
+
 TEST_F(PrinterRunTest, RollsASecondRunBackToTheFirst) {
     EXPECT_EQ(Install({Device(L"New", L"10.0.0.1")}), 0);
     Commit();
@@ -209,6 +240,11 @@ TEST_F(PrinterRunTest, DoesNotRollBackARunThatIsOver) {
     EXPECT_EQ(Install({Device(L"New", L"10.0.0.1")}), 0);
     Commit();
     RollBackSetUp();
+    EXPECT_EQ(spooler.state.queues.size(), 2U);
+}
+
+TEST_F(PrinterRunTest, DoesNotRollBackARunOfAnotherTime) {
+    EXPECT_EQ(Install({Device(L"New", L"10.0.0.1")}), 0);
     order.id = L"{2}";
     RollBackSetUp();
     EXPECT_EQ(spooler.state.queues.size(), 2U);
@@ -231,7 +267,7 @@ TEST_P(RefusedRunTest, SaysWhichPrinterAndWhyAndLeavesTheSystemAsItWas) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, RefusedRunTest,
-                         testing::Values("AddPort", "AddQueue", "ChangeQueue", "SetDefault"));
+                         testing::Values("MakePort", "AddQueue", "ChangeQueue", "SetDefault"));
 
 TEST_F(PrinterRunTest, SaysThatTheSpoolerDoesNotAnswer) {
     spooler.refusals["Look"] = 1722;
@@ -245,8 +281,8 @@ TEST_F(PrinterRunTest, EndsWhereTheUserCancelsAndLeavesNothing) {
     report.cancelAfter = L"The printer \"New\" was made";
     EXPECT_EQ(Install({Device(L"New", L"10.0.0.1"), Device(L"Never", L"10.0.0.2")}),
               static_cast<std::int32_t>(MsiCode::UserCancelled));
-    EXPECT_THAT(spooler.calls, ElementsAre(L"AddPort 10.0.0.1", L"AddQueue New", L"DeleteQueue New",
-                                           L"DeletePort 10.0.0.1"));
+    EXPECT_THAT(spooler.calls, ElementsAre(L"MakePort 10.0.0.1", L"AddQueue New", L"DeleteQueue New",
+                                           L"RemovePort 10.0.0.1"));
     ExpectUntouched();
     EXPECT_EQ(store.ledger, Ledger{});
 }
@@ -265,7 +301,7 @@ TEST_F(PrinterRunTest, InstallsTheDriverOfThePackage) {
     order.wishes.driver = L"Vendor X";
     order.wishes.infPath = L"C:\\x.inf";
     EXPECT_EQ(Install({Device(L"New", L"10.0.0.1"), Device(L"Second", L"10.0.0.1")}), 0);
-    EXPECT_THAT(spooler.calls, ElementsAre(L"InstallDriver Vendor X", L"AddPort 10.0.0.1", L"AddQueue New",
+    EXPECT_THAT(spooler.calls, ElementsAre(L"InstallDriver Vendor X", L"MakePort 10.0.0.1", L"AddQueue New",
                                            L"AddQueue Second"));
     EXPECT_EQ(spooler.lastInfPath, L"C:\\x.inf");
     EXPECT_EQ(spooler.state.queues.back().driver, L"Vendor X");
@@ -362,6 +398,8 @@ TEST_F(PrinterRunTest, LeavesPortAndDriverThatAnotherQueueUses) {
     EXPECT_THAT(spooler.state.ports, Contains(L"10.0.0.1"));
     EXPECT_THAT(spooler.state.drivers, Contains(L"Class W"));
     EXPECT_EQ(FindQueue(spooler.state, L"New"), nullptr);
+    EXPECT_THAT(report.texts, Contains(L"The port \"10.0.0.1\" stays for another printer."));
+    EXPECT_THAT(report.texts, Contains(L"The driver \"Class W\" stays for another printer."));
 }
 
 // Two packages that share a port and a driver; each has a ledger of its own.
@@ -417,7 +455,7 @@ TEST_F(PrinterRunTest, FailsToRemoveAQueueThatTheSpoolerKeeps) {
 TEST_F(PrinterRunTest, IsRemovedAlthoughAPortIsBusyOrAQueueHasGone) {
     EXPECT_EQ(Install({Device(L"New", L"10.0.0.1"), Device(L"Second", L"10.0.0.2")}), 0);
     spooler.DeleteQueue(L"New");
-    spooler.refusals["DeletePort"] = SpoolerCode::Busy;
+    spooler.refusals["RemovePort"] = SpoolerCode::Busy;
     EXPECT_EQ(Remove(), 0);
     EXPECT_EQ(spooler.state.queues, untouched.queues);
     EXPECT_THAT(report.texts, Contains(HasSubstr(L"\"10.0.0.2\" stays behind (error 170)")));

@@ -31,21 +31,21 @@ std::uint32_t ScriptedSpooler::Look(SpoolerState& seen) {
     return 0;
 }
 
-std::uint32_t ScriptedSpooler::AddPort(const PrinterPort& port) {
-    if (const std::uint32_t code = Refusal("AddPort")) return code;
+std::uint32_t ScriptedSpooler::MakePort(const PrinterPort& port) {
+    if (const std::uint32_t code = Refusal("MakePort")) return code;
     if (HoldsName(state.ports, port.name)) return SpoolerCode::AlreadyExists;
-    calls.push_back(L"AddPort " + port.name);
+    calls.push_back(L"MakePort " + port.name);
     state.ports.push_back(port.name);
     portsAdded.push_back(port);
     return 0;
 }
 
-std::uint32_t ScriptedSpooler::DeletePort(const PrinterPort& port) {
-    if (const std::uint32_t code = Refusal("DeletePort")) return code;
+std::uint32_t ScriptedSpooler::RemovePort(const PrinterPort& port) {
+    if (const std::uint32_t code = Refusal("RemovePort")) return code;
     if (std::ranges::any_of(state.queues, [&](const PrintQueue& queue) { return queue.port == port.name; })) {
         return SpoolerCode::Busy;
     }
-    calls.push_back(L"DeletePort " + port.name);
+    calls.push_back(L"RemovePort " + port.name);
     return std::erase(state.ports, port.name) == 0 ? SpoolerCode::UnknownPort : 0;
 }
 

@@ -29,14 +29,14 @@ public:
     std::vector<std::wstring> driversOfWindows;
     // Operations that fail, by their names: "AddQueue".
     std::map<std::string, std::uint32_t> refusals;
-    // What changed anything, in its order: "AddPort 10.0.0.1".
+    // What changed anything, in its order: "MakePort 10.0.0.1".
     std::vector<std::wstring> calls;
     std::vector<printerqueue::PrinterPort> portsAdded;
     std::wstring lastInfPath;
 
     std::uint32_t Look(printerqueue::SpoolerState& seen) override;
-    std::uint32_t AddPort(const printerqueue::PrinterPort& port) override;
-    std::uint32_t DeletePort(const printerqueue::PrinterPort& port) override;
+    std::uint32_t MakePort(const printerqueue::PrinterPort& port) override;
+    std::uint32_t RemovePort(const printerqueue::PrinterPort& port) override;
     std::uint32_t InstallDriver(const std::wstring& name, const std::wstring& infPath) override;
     std::uint32_t DeleteDriver(const std::wstring& name) override;
     std::uint32_t AddQueue(const printerqueue::PrintQueue& queue) override;
