@@ -23,7 +23,7 @@ build=$(cd "$1" && pwd)
 sources=$root/package
 tree=$target.new
 
-cmake --build "$build" --target Brevanto ScriptedSondrix ScriptedQuelmar sample_programs >"$build/sample-package.log" || {
+cmake --build "$build" --target Brevanto PrinterQueue ScriptedSondrix ScriptedQuelmar sample_programs >"$build/sample-package.log" || {
     cat "$build/sample-package.log" >&2
     exit 1
 }
@@ -34,7 +34,8 @@ for folder in Applications{,/x86_x64,/x64} {Common,Optional,Dependents,Drivers}/
     mkdir -p "$tree/$folder"
 done
 
-"$sources/make_packages.py" "$sources/packages/packages.toml" "$build/package/packages" "$build/package" --tree "$tree"
+"$sources/make_packages.py" "$sources/packages/packages.toml" "$build/package/packages" "$build/package" \
+    "$build/standins/PrinterQueue" --tree "$tree"
 
 # The licence texts are kept in UTF-8 and shipped in the code page that the language file of their language names.
 for text in "$sources"/eula/EULA_*.txt; do

@@ -116,6 +116,7 @@ network_walk() {
 start_display
 wine_new_prefix "$prefix"
 trap 'wine_stop "$prefix"; kill $display_process 2> /dev/null || true' EXIT
+wine_add_printing
 cp -r out/package "$package"
 cp build/windows/WizardRemote.exe "$package/Setup/x64/"
 add_setting MANUFACTURERS 'Halvenny:72|Norrlund:73|Veldt Office:74'

@@ -75,7 +75,3 @@ std::vector<unsigned char> ToldOfPort(const std::wstring& port) {
                  &size);
     return data;
 }
-
-std::wstring PrintedFile(const std::wstring& port) {
-    return FileOfPort(port);
-}

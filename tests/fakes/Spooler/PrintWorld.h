@@ -15,6 +15,3 @@ unsigned long AddTestMonitor(const std::wstring& libraryPath);
 
 // What the monitor was told of a port, as it was told; nothing for a port that it does not have.
 std::vector<unsigned char> ToldOfPort(const std::wstring& port);
-
-// The file in which the bytes of a port's jobs lie.
-std::wstring PrintedFile(const std::wstring& port);

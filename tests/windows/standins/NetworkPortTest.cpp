@@ -21,7 +21,6 @@ protected:
         GetModuleFileNameW(nullptr, path, MAX_PATH);
         const std::wstring program = path;
         ASSERT_EQ(AddTestMonitor(program.substr(0, program.rfind(L'\\') + 1) + L"TestPortMonitor.dll"), 0U);
-        DeleteFileW(PrintedFile(L"IP_loom").c_str());
     }
 
     // A field of what the monitor was told, by its place in the structure that Windows documents.
