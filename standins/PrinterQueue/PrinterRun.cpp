@@ -44,6 +44,7 @@ void PrinterRun::SetUp(const RunOrder& order) {
 
 void PrinterRun::Remove(const RunOrder& order) {
     RunScope scope(spooler, store, report);
+    if (scope.Records().lasting.empty()) return;
     if (scope.Records().owner != order.version) {
         scope.Say(L"The printers belong to another version of the package, and stay.");
         return;
@@ -76,7 +77,9 @@ void PrinterRun::RollBack(const std::wstring& id) {
 void PrinterRun::Commit(const std::wstring& id) {
     RunScope scope(spooler, store, report);
     if (scope.Records().runId != id) return;
-    scope.Records() = {.lasting = scope.Records().lasting, .owner = scope.Records().owner};
+    const Ledger& records = scope.Records();
+    scope.Records() =
+        records.lasting.empty() ? Ledger{} : Ledger{.lasting = records.lasting, .owner = records.owner};
     scope.Save();
 }
 

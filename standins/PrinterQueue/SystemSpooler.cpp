@@ -87,6 +87,12 @@ std::uint32_t Upload(const std::wstring& infPath, std::wstring& storedPath) {
     return CodeOfResult(result);
 }
 
+// What a queue may be made with; the rest says what it is.
+constexpr DWORD settableAttributes =
+    PRINTER_ATTRIBUTE_QUEUED | PRINTER_ATTRIBUTE_DIRECT | PRINTER_ATTRIBUTE_SHARED |
+    PRINTER_ATTRIBUTE_HIDDEN | PRINTER_ATTRIBUTE_ENABLE_DEVQ | PRINTER_ATTRIBUTE_KEEPPRINTEDJOBS |
+    PRINTER_ATTRIBUTE_DO_COMPLETE_FIRST | PRINTER_ATTRIBUTE_ENABLE_BIDI | PRINTER_ATTRIBUTE_RAW_ONLY;
+
 PRINTER_INFO_2W InfoOf(const PrintQueue& queue) {
     return {.pPrinterName = Lent(queue.name),
             .pShareName = Lent(queue.shareName),
@@ -96,7 +102,7 @@ PRINTER_INFO_2W InfoOf(const PrintQueue& queue) {
             .pLocation = Lent(queue.location),
             .pPrintProcessor = const_cast<wchar_t*>(L"winprint"),
             .pDatatype = const_cast<wchar_t*>(L"RAW"),
-            .Attributes = queue.attributes};
+            .Attributes = queue.attributes & settableAttributes};
 }
 
 // What the spooler says of a queue; the texts lie in the buffer.

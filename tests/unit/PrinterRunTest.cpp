@@ -217,6 +217,16 @@ TEST_F(PrinterRunTest, GivesThePrintersBackWhereANewerVersionIsRolledBack) {
     EXPECT_EQ(store.ledger, before);
 }
 
+TEST_F(PrinterRunTest, KeepsNoRecordWhereItHasMadeNothing) {
+    EXPECT_EQ(Install({{.name = L"New", .link = DeviceLink::PlugAndPlay}}), 0);
+    Commit();
+    EXPECT_EQ(store.ledger, Ledger{});
+    EXPECT_EQ(userStore.ledger, Ledger{});
+    report.texts.clear();
+    EXPECT_EQ(Remove(), 0);
+    EXPECT_THAT(report.texts, IsEmpty());
+}
+
 TEST_F(PrinterRunTest, LeavesNoTraceWithoutADevice) {
     EXPECT_EQ(Install({}), 0);
     EXPECT_EQ(store.ledger, Ledger{});
