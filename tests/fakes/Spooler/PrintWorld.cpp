@@ -28,6 +28,10 @@ std::wstring SystemFolder() {
     return folder;
 }
 
+std::wstring PortsKey() {
+    return std::wstring(networkMonitorKey) + L"\\" + portsKey;
+}
+
 }  // namespace
 
 unsigned long AddTestDriver(const std::wstring& name) {
@@ -63,9 +67,22 @@ unsigned long AddTestMonitor(const std::wstring& libraryPath) {
     return code == ERROR_PRINT_MONITOR_ALREADY_INSTALLED ? 0 : code;
 }
 
+void RemoveTestPorts() {
+    HKEY ports = nullptr;
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, PortsKey().c_str(), 0, KEY_ALL_ACCESS, &ports) != ERROR_SUCCESS)
+        return;
+    wchar_t name[100] = {};
+    DWORD length = 100;
+    while (RegEnumValueW(ports, 0, name, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+           RegDeleteValueW(ports, name) == ERROR_SUCCESS) {
+        length = 100;
+    }
+    RegCloseKey(ports);
+}
+
 std::vector<unsigned char> ToldOfPort(const std::wstring& port) {
     DWORD size = 0;
-    const std::wstring key = std::wstring(networkMonitorKey) + L"\\" + portsKey;
+    const std::wstring key = PortsKey();
     if (RegGetValueW(HKEY_LOCAL_MACHINE, key.c_str(), port.c_str(), RRF_RT_REG_BINARY, nullptr, nullptr,
                      &size) != ERROR_SUCCESS) {
         return {};

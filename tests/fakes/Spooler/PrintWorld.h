@@ -13,5 +13,8 @@ void RemoveTestDriver(const std::wstring& name);
 // removed as those of Windows' own. Returns 0 or the system's error code.
 unsigned long AddTestMonitor(const std::wstring& libraryPath);
 
+// Takes all ports of the monitor of the tests away.
+void RemoveTestPorts();
+
 // What the monitor was told of a port, as it was told; nothing for a port that it does not have.
 std::vector<unsigned char> ToldOfPort(const std::wstring& port);

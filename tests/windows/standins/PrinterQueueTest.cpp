@@ -80,6 +80,18 @@ TEST_F(PrinterQueueTest, IsRolledBackWhereThePackageFailsLater) {
     ExpectUntouched();
 }
 
+// What belongs to the computer is done by then.
+TEST_F(PrinterQueueTest, IsRolledBackWhereASharedPrinterCannotBeReached) {
+    EXPECT_EQ(Install(printerPackage, Document({LocalDevice(L"Front desk", port) + asDefault,
+                                                L"<PRINTER_NAME>Shared</PRINTER_NAME>"
+                                                L"<NETWORK_PATH>\\\\server.invalid\\front</NETWORK_PATH>"})),
+              failure);
+    EXPECT_THAT(InstallerLog(), HasSubstr(L"The printer \"Front desk\" was made"));
+    EXPECT_THAT(InstallerLog(), HasSubstr(L"The printer \"Shared\" cannot be set up: no connection to "
+                                          L"\"\\\\server.invalid\\front\" (error "));
+    ExpectUntouched();
+}
+
 TEST_F(PrinterQueueTest, ComesBackWhereTheRemovalFailsLater) {
     EXPECT_EQ(Install(failingPackage, Document({LocalDevice(L"Front desk", port) + asDefault})), 0U);
     const PrintQueue before = Queue(L"Front desk");

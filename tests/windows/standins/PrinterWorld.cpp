@@ -90,6 +90,7 @@ void RemovePrinters() {
         DeletePrinter(OpenedPrinter(printer.pPrinterName).get());
     }
     DeletePortsOfTests();
+    RemoveTestPorts();
     RemoveTestDriver(firstDriver);
     RemoveTestDriver(secondDriver);
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"Software\\PrinterQueue");
