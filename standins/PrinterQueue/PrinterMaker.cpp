@@ -168,7 +168,8 @@ bool PrinterMaker::InstallDriver(const SpoolerState& state, const std::wstring& 
     }
     if (const std::uint32_t code = scope.Spooler().InstallDriver(name, infPath); code != 0) {
         if (isNew) scope.Withdraw();
-        scope.Step(L"The driver " + Quote(name) + L" cannot be installed" + scope.ReasonOf(code));
+        const std::wstring source = infPath.empty() ? L"" : L" from " + Quote(infPath);
+        scope.Step(L"The driver " + Quote(name) + L" cannot be installed" + source + scope.ReasonOf(code));
         return false;
     }
     driver = name;

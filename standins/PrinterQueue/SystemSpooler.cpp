@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "framework/Handles.h"
-#include "framework/SystemLibrary.h"
 #include "standins/PrinterQueue/PortData.h"
 #include "standins/PrinterQueue/SpoolerLists.h"
 
@@ -51,11 +50,11 @@ std::uint32_t AskLocalMonitor(const wchar_t* verb, const std::wstring& port) {
     return AskMonitor(PortKind::Local, verb, port.c_str(), (port.size() + 1) * sizeof(wchar_t));
 }
 
-// Functions of the spooler that came with later versions of Windows than the headers are set for.
+// Functions of the spooler that not every system has. Its library is loaded as long as this one.
 template <class Function>
 Function FindSpoolerFunction(const char* name) {
-    static const Library spooler = LoadSystemLibrary(L"winspool.drv");
-    return spooler ? FindExport<Function>(spooler.get(), name) : nullptr;
+    const HMODULE spooler = GetModuleHandleW(L"winspool.drv");
+    return spooler != nullptr ? FindExport<Function>(spooler, name) : nullptr;
 }
 
 using UploadPackage = HRESULT(WINAPI*)(LPCWSTR server, LPCWSTR inf, LPCWSTR environment, DWORD flags,

@@ -192,6 +192,16 @@ TEST_F(ProtectedPrintTest, LeavesTheQueueToTheClassDriver) {
     EXPECT_THAT(InstallerLog(), HasSubstr(L"protected print mode"));
 }
 
+TEST_F(PrinterQueueTest, HasAnotherDriverWhereTheSystemRefusesThatOfThePackage) {
+    EXPECT_EQ(Install(L"printer-inf.msi", Document({LocalDevice(L"Front desk", port)})), 0U);
+    EXPECT_EQ(Queue(L"Front desk").driver, L"Testwerk Driver A");
+    EXPECT_THAT(InstallerLog(),
+                HasSubstr(L"The driver \"Testwerk Loom\" cannot be installed from \"C:\\Program Files\\"
+                          L"Testwerk\\PrinterInf\\loom.inf\" (error "));
+    EXPECT_EQ(Uninstall(L"printer-inf.msi"), 0U);
+    ExpectUntouched();
+}
+
 TEST_F(PrinterQueueTest, HasTheDriverOfThePackageWhereTheSystemTakesIt) {
     EXPECT_EQ(Install(L"printer-lpr.msi", Document({LocalDevice(L"Front desk", port)})), 0U);
     EXPECT_EQ(Queue(L"Front desk").driver, L"Testwerk Driver B");
