@@ -42,6 +42,12 @@ protected:
         Search search(plan);
         return network.Run(search);
     }
+    static Bytes IppPrinter() {
+        return wire::IppAnswer(wire::IppAttribute(0x41, "printer-make-and-model", "Norrlund Fjell 40c") +
+                               wire::IppAttribute(0x41, "printer-device-id", "MFG:Norrlund;MDL:Fjell 40c;") +
+                               wire::IppAttribute(0x22, "color-supported", "\1") +
+                               wire::IppAttribute(0x44, "ipp-features-supported", "faxout"));
+    }
     // Three kinds of devices, so many of each.
     void AddOffice(int ofEach) {
         for (int number = 0; number < 3 * ofEach; ++number) {
@@ -151,6 +157,44 @@ TEST_F(SearchTest, AsksOneHostAlone) {
     EXPECT_THAT(AddressesOf(AskHost("192.0.2.20")), ElementsAre("192.0.2.20"));
     EXPECT_THAT(network.sentTo, SizeIs(1));
     EXPECT_LE(network.now, Time(700));
+}
+
+TEST_F(SearchTest, AsksByIppWhoIsSilentOtherwise) {
+    network.Add({.address = "192.0.2.20", .ipp = {{"/ipp/print", IppPrinter()}}});
+    const auto devices = AskHost("192.0.2.20");
+    ASSERT_THAT(AddressesOf(devices), ElementsAre("192.0.2.20"));
+    EXPECT_EQ(devices[0].name.maker, "Norrlund");
+    EXPECT_EQ(devices[0].name.model, "Fjell 40c");
+    EXPECT_EQ(devices[0].isColour, true);
+    EXPECT_EQ(devices[0].hasFax, true);
+}
+
+TEST_F(SearchTest, TriesTheUsualPathsOfIpp) {
+    network.Add({.address = "192.0.2.20", .ipp = {{"/ipp", IppPrinter()}}});
+    EXPECT_THAT(AskHost("192.0.2.20"), SizeIs(1));
+    EXPECT_THAT(network.connections, ElementsAre("192.0.2.20:631", "192.0.2.20:631", "192.0.2.20:631"));
+}
+
+TEST_F(SearchTest, LeavesAHostThatSpeaksNoIppAlone) {
+    network.Add({.address = "192.0.2.20"});
+    EXPECT_THAT(AskHost("192.0.2.20"), IsEmpty());
+    EXPECT_THAT(network.connections, SizeIs(1));
+}
+
+TEST_F(SearchTest, AsksByIppForTheColourThatSnmpDoesNotTell) {
+    network.Add({.address = "192.0.2.20",
+                 .answersSnmp = true,
+                 .ipp = {{"/ipp/print", IppPrinter()}},
+                 .colorants = {}});
+    const auto devices = AskHost("192.0.2.20");
+    ASSERT_THAT(devices, SizeIs(1));
+    EXPECT_EQ(devices[0].isColour, true);
+}
+
+TEST_F(SearchTest, DoesNotAskByIppWhatSnmpTells) {
+    network.Add({.address = "192.0.2.20", .answersSnmp = true, .ipp = {{"/ipp/print", IppPrinter()}}});
+    EXPECT_THAT(AskHost("192.0.2.20"), SizeIs(1));
+    EXPECT_THAT(network.connections, IsEmpty());
 }
 
 TEST_F(SearchTest, FindsAHostByItsNameAmongNeighbours) {

@@ -122,6 +122,22 @@ Bytes DnsPacket::Packet() const {
     return packet + records;
 }
 
+Bytes IppAttribute(std::uint8_t tag, BytesView name, BytesView value) {
+    Bytes bytes(1, static_cast<char>(tag));
+    for (const BytesView text : {name, value}) {
+        AppendBigEndian(bytes, static_cast<std::uint32_t>(text.size()), 2);
+        bytes += text;
+    }
+    return bytes;
+}
+
+Bytes IppAnswer(const Bytes& attributes, std::uint16_t status) {
+    Bytes bytes("\1\1", 2);
+    AppendBigEndian(bytes, status, 2);
+    AppendBigEndian(bytes, 9, 4);
+    return bytes + '\1' + IppAttribute(0x47, "attributes-charset", "utf-8") + '\4' + attributes + '\3';
+}
+
 std::uint16_t DnsQueryId(BytesView packet) {
     return ByteReader(packet).Number16();
 }

@@ -59,6 +59,11 @@ private:
 
 Bytes NameBytes(const discovery::DnsName& name);
 
+// An IPP answer to the request 9, with that status and those attributes of a printer, each made by the
+// function below.
+Bytes IppAttribute(std::uint8_t tag, BytesView name, BytesView value);
+Bytes IppAnswer(const Bytes& attributes, std::uint16_t status = 0);
+
 // The id and the names of the questions of a DNS packet.
 std::uint16_t DnsQueryId(BytesView packet);
 std::vector<discovery::DnsQuestion> DnsQuestions(BytesView packet);

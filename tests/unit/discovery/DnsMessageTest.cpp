@@ -1,0 +1,127 @@
+#include <gmock/gmock.h>
+
+#include "standins/discovery/DnsMessage.h"
+#include "tests/unit/discovery/WirePackets.h"
+
+namespace {
+
+using discovery::Bytes;
+using discovery::BytesView;
+using discovery::DecodeDnsResponse;
+using discovery::DnsName;
+using discovery::DnsType;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const DnsName type{"_ipp", "_tcp", "local"};
+const DnsName instance{"Loom 3.10", "_ipp", "_tcp", "local"};
+const DnsName host{"Loom", "local"};
+
+constexpr std::size_t headerSize = 12;
+
+// An answer of one record whose name is those bytes.
+Bytes AnswerNamed(BytesView name) {
+    Bytes packet("\0\7\x84\0\0\0\0\1\0\0\0\0", headerSize);
+    return packet.append(name).append("\0\1\0\1\0\0\0\0\0\4\1\2\3\4", 14);
+}
+
+TEST(DnsMessageTest, WritesAQuestionForTheSenderAlone) {
+    const Bytes expected("\x12\x34\0\0\0\1\0\0\0\0\0\0\4_ipp\4_tcp\5local\0\0\x0C\x80\1", 33);
+    EXPECT_EQ(discovery::EncodeDnsQuery(0x1234, {{type, DnsType::Ptr}}), expected);
+}
+
+TEST(DnsMessageTest, ReadsTheRecordsOfAService) {
+    const Bytes packet = wire::DnsPacket(7)
+                             .Pointer(type, instance)
+                             .Service(instance, host, 631)
+                             .Texts(instance, {"rp=ipp/print", ""})
+                             .Address(host, Bytes("\xC0\0\2\7", 4))
+                             .Record(host, 47, "ignored")
+                             .Packet();
+    const auto response = DecodeDnsResponse(packet);
+    ASSERT_TRUE(response);
+    EXPECT_EQ(response->id, 7);
+    ASSERT_THAT(response->records, SizeIs(4));
+    EXPECT_EQ(std::get<DnsName>(response->records[0].data), instance);
+    EXPECT_EQ(std::get<discovery::DnsService>(response->records[1].data).host, host);
+    EXPECT_EQ(std::get<discovery::DnsService>(response->records[1].data).port, 631);
+    EXPECT_THAT(std::get<discovery::DnsTexts>(response->records[2].data).strings,
+                ElementsAre("rp=ipp/print", ""));
+    EXPECT_EQ(std::get<Bytes>(response->records[3].data), Bytes("\xC0\0\2\7", 4));
+}
+
+TEST(DnsMessageTest, FollowsPointersBackward) {
+    // The question has the name "loom.local" at place 12; the record's is "a" and what stands there.
+    Bytes packet("\0\7\x84\0\0\1\0\1\0\0\0\0", headerSize);
+    packet += wire::NameBytes(host) + Bytes("\0\1\0\1", 4);
+    packet += Bytes("\1a\xC0\x0C\0\1\0\1\0\0\0\0\0\4\1\2\3\4", 18);
+    const auto response = DecodeDnsResponse(packet);
+    ASSERT_TRUE(response);
+    ASSERT_THAT(response->records, SizeIs(1));
+    EXPECT_THAT(response->records[0].name, ElementsAre("a", "Loom", "local"));
+}
+
+struct BrokenName {
+    const char* name;
+    Bytes bytes;
+};
+
+class BrokenDnsNameTest : public testing::TestWithParam<BrokenName> {};
+
+TEST_P(BrokenDnsNameTest, ReadsNothing) {
+    EXPECT_FALSE(DecodeDnsResponse(AnswerNamed(GetParam().bytes)));
+}
+
+Bytes LongName() {
+    Bytes name;
+    for (int count = 0; count < 5; ++count) name += '\x3F' + std::string(63, 'x');
+    return name + '\0';
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, BrokenDnsNameTest,
+                         testing::Values(BrokenName{"APointerToItself", "\xC0\x0C"},
+                                         BrokenName{"APointerForward", "\xC0\x20"},
+                                         BrokenName{"APointerBeyondThePacket", "\xFF\xFF"},
+                                         BrokenName{"ALoopOfTwo", Bytes("\1a\xC0\x10\1b\xC0\x0C", 8)},
+                                         BrokenName{"ALongName", LongName()},
+                                         BrokenName{"ALabelOfAnUnknownKind", Bytes("\x41x\0", 3)}),
+                         [](const testing::TestParamInfo<BrokenName>& broken) {
+                             return std::string(broken.param.name);
+                         });
+
+TEST(DnsMessageTest, EndsAChainOfPointers) {
+    // Each pointer leads to the one before it; the record's name to the last.
+    Bytes packet("\0\7\x84\0\0\1\0\1\0\0\0\0", headerSize);
+    constexpr std::size_t links = 100;
+    packet += Bytes("\0\0\1\0\1", 5);
+    for (std::size_t link = 0; link < links; ++link)
+        packet += Bytes("\xC0", 1) + static_cast<char>(headerSize + 2 * link + 4);
+    EXPECT_FALSE(DecodeDnsResponse(packet));
+}
+
+TEST(DnsMessageTest, ReadsNoQuestionAndNoRefusal) {
+    EXPECT_FALSE(DecodeDnsResponse(wire::DnsPacket(7, 0).Packet()));
+    EXPECT_FALSE(DecodeDnsResponse(wire::DnsPacket(7, 0x8403).Packet()));
+    EXPECT_TRUE(DecodeDnsResponse(wire::DnsPacket(7, 0x8400).Packet()));
+}
+
+TEST(DnsMessageTest, ReadsNothingOfWhatIsCutOff) {
+    const Bytes packet = wire::DnsPacket(7).Service(instance, host, 631).Texts(instance, {"a=b"}).Packet();
+    for (std::size_t size = 0; size < packet.size(); ++size) {
+        EXPECT_FALSE(DecodeDnsResponse(BytesView(packet).substr(0, size))) << size;
+    }
+}
+
+TEST(DnsMessageTest, RefusesAddressesOfAnotherSize) {
+    EXPECT_FALSE(DecodeDnsResponse(wire::DnsPacket(7).Record(host, 1, "12345").Packet()));
+    EXPECT_FALSE(DecodeDnsResponse(wire::DnsPacket(7).Record(host, 28, "1234").Packet()));
+}
+
+TEST(DnsMessageTest, ComparesNamesWithoutCase) {
+    EXPECT_EQ(discovery::KeyOf({"LOOM 310", "_Ipp", "_tcp", "Local"}), "loom 310._ipp._tcp.local");
+    EXPECT_THAT(discovery::DnsNameOf("printer.local."), ElementsAre("printer", "local"));
+    EXPECT_THAT(discovery::DnsNameOf(""), IsEmpty());
+}
+
+}  // namespace
