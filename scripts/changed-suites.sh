@@ -31,6 +31,7 @@ suites_of() {
     case $1 in
         docs/folders.txt | docs/architecture.md) echo lint ;;
         *.md | docs/* | demo) ;;
+        tests/network/* | scripts/network.sh | scripts/in-network.sh | scripts/run-network-tests.sh) echo network ;;
         tests/unit/ReferenceForms.*) echo unit fuzz lint ;;
         tests/unit/*.cpp | tests/unit/*.h) echo unit lint ;;
         tests/fuzz/*) echo fuzz lint ;;
@@ -52,7 +53,7 @@ suites_of() {
         scripts/run-wizard-tests.sh) echo wizard ;;
         scripts/wine.sh) echo unit windows standins wizard ;;
         scripts/lint.sh | scripts/run-tidy.py | scripts/check-* | scripts/draw-folders.py | .clang-*) echo lint ;;
-        *) echo unit fuzz windows standins wizard lint ;;
+        *) echo unit fuzz windows standins network wizard lint ;;
     esac
 }
 

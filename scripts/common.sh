@@ -4,6 +4,8 @@ cd "$root"
 
 say() { printf '\n== %s\n' "$*"; }
 
+update_package_lists() { if [ "$(id -u)" = 0 ]; then apt-get update -qq; else sudo apt-get update -qq; fi; }
+
 # Installs those of the named Debian packages that the machine lacks.
 need_packages() {
     local missing=() package
@@ -14,8 +16,36 @@ need_packages() {
     say "Installing ${missing[*]}"
     local sudo=
     [ "$(id -u)" = 0 ] || sudo=sudo
-    $sudo apt-get update -qq
+    update_package_lists
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" > /dev/null
+}
+
+# unpack_packages FOLDER PACKAGE...: unpacks the named Debian packages into a folder, once. What is unpacked is not
+# installed: a daemon among it starts neither now nor with the machine.
+unpack_packages() {
+    local folder=$1 archives
+    shift
+    [ "$(cat "$folder/unpacked" 2> /dev/null)" != "$*" ] || return 0
+    say "Unpacking $*"
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    archives=$(mktemp -d)
+    # Where apt gives up its rights for a download it could not write there.
+    chmod 777 "$archives"
+    (cd "$archives" && apt-get download -qq "$@" > /dev/null) || {
+        rm -rf "$archives"
+        return 1
+    }
+    local archive
+    for archive in "$archives"/*.deb; do dpkg -x "$archive" "$folder" || return 1; done
+    rm -rf "$archives"
+    echo "$*" > "$folder/unpacked"
+}
+
+# lacking_packages PACKAGE...: those of the named Debian packages, and of what they need, that the machine lacks.
+lacking_packages() {
+    apt-get -s install --no-install-recommends "$@" 2> /dev/null | awk '/^Inst/ {print $2}'
+    return "${PIPESTATUS[0]}"
 }
 
 build_packages() {

@@ -1,0 +1,32 @@
+# shellcheck shell=bash disable=SC2034,SC2154
+# The simulated network of the tests and the demo. Sourced, after common.sh.
+
+network_tools=$root/build/network/tools
+network_packages=(avahi-daemon avahi-utils cups-ipp-utils dbus-daemon iproute2 nftables snmp snmpd)
+
+# The codes of in_network.py where there is no network to run in.
+network_no_namespace=77
+network_not_laid_out=76
+
+# Brings the programs that play the devices. They are unpacked and not installed, since these daemons must never run on
+# the machine itself. Fails where Debian's packages cannot be reached.
+prepare_network() {
+    local lacking
+    if [ ! -f "$network_tools/unpacked" ]; then
+        lacking=$(lacking_packages "${network_packages[@]}" | sort) || {
+            update_package_lists
+            lacking=$(lacking_packages "${network_packages[@]}" | sort) || return 1
+        }
+        # shellcheck disable=SC2086
+        [ -z "$lacking" ] || unpack_packages "$network_tools" $lacking || return 1
+    fi
+    NETWORK_LIBRARIES=$network_tools/usr/lib/x86_64-linux-gnu:$network_tools/lib/x86_64-linux-gnu
+    export NETWORK_LIBRARIES PYTHONDONTWRITEBYTECODE=1
+    export PATH=$network_tools/usr/sbin:$network_tools/usr/bin:$network_tools/sbin:$network_tools/bin:$PATH
+}
+
+# in_network [--loss PERCENT] [--browser] FORM COMMAND...: runs a command in a simulated network, after prepare_network.
+in_network() { python3 tests/network/in_network.py "$@"; }
+
+# network_tool PROGRAM ARGUMENTS...: runs one of the unpacked programs.
+network_tool() { LD_LIBRARY_PATH=$NETWORK_LIBRARIES MIBS='' "$@"; }
