@@ -30,3 +30,8 @@ target_link_options(PackagePlan PRIVATE -municode -s)
 add_executable(WizardRemote tools/WizardRemote.cpp)
 target_link_libraries(WizardRemote PRIVATE kestrune_options user32)
 target_link_options(WizardRemote PRIVATE -municode -s)
+
+# For package builders and the tests: asks a network what the wizard asks.
+add_executable(AskNetwork tools/AskNetwork.cpp)
+target_link_libraries(AskNetwork PRIVATE kestrune_app)
+target_link_options(AskNetwork PRIVATE -municode -s)

@@ -1,9 +1,6 @@
 // Prints what a run of the package in this folder tree would do: lie it beside Kestrune.exe and start it
 // there.
 
-#include <windows.h>
-
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -17,15 +14,9 @@
 #include "install/InstallService.h"
 #include "settings/SettingsFiles.h"
 #include "settings/TagNames.h"
+#include "tools/PrintLine.h"
 
 namespace {
-
-void PrintLine(const std::wstring& text) {
-    std::string bytes(text.size() * 3 + 1, '\0');
-    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                           bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
-    std::printf("%.*s\n", length, bytes.c_str());
-}
 
 std::wstring Intention(const MSI_APP& record) {
     switch (DecideInstall(record)) {

@@ -1,7 +1,6 @@
 // What the discovery worker asks the devices through Quelmar.dll.
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <vector>
 
@@ -10,6 +9,7 @@
 #include "CommonLib/SystemText.h"
 #include "CommonLib/TextUtilities.h"
 #include "discovery/DiscoveryService.h"
+#include "discovery/LibraryExports.h"
 #include "discovery/NpaReply.h"
 #include "discovery/ReplyMemory.h"
 #include "settings/TagDocument.h"
@@ -17,23 +17,10 @@
 
 namespace {
 
-using ExchangeAllFunction = std::uint32_t (*)(const wchar_t* request, const std::uint8_t* packet,
-                                              std::uint32_t packetLength, wchar_t** reply,
-                                              std::uint32_t* replyLength,
-                                              wchar_t* (*allocate)(std::uint32_t count, wchar_t** memory));
-using ExchangeFunction = std::uint32_t (*)(const wchar_t* request, const std::uint8_t* packet,
-                                           std::uint32_t packetLength, std::uint8_t* reply,
-                                           std::uint32_t replySize, std::uint32_t* replyLength);
-
 constexpr std::wstring_view timeoutInMilliseconds = L"3000";
 constexpr std::size_t firstReplySize = 4096;
 // A packet counts the bytes after its three leading ones in 16 bits.
 constexpr std::uint32_t longestPacket = 3 + 0xFFFF;
-
-// The start byte, the big-endian count of the bytes after the count, and the question.
-constexpr auto colourQuestion = std::to_array<std::uint8_t>({0xA5, 0x00, 0x03, 0x50, 0x01, 0x00});
-constexpr auto deviceQuestion =
-    std::to_array<std::uint8_t>({0xA5, 0x00, 0x07, 0x50, 0xE0, 0x21, 0x01, 0x00, 0x00, 0x00});
 
 std::wstring Request(std::wstring_view tag, std::wstring_view addresses) {
     return TagDocument::MakeElement(tag, addresses) +

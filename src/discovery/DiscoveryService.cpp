@@ -6,6 +6,7 @@
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
+#include "discovery/LibraryExports.h"
 #include "framework/SystemLibrary.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
@@ -13,12 +14,6 @@
 #include "wizard/CountedWorker.h"
 
 namespace {
-
-// The exports of Sondrix.dll, and those of Quelmar.dll that bring it up and down.
-using LifeFunction = void (*)();
-using DiscoverFunction = std::uint32_t (*)(const wchar_t* searchDocument);
-using EnumerateFunction = std::uint32_t (*)(wchar_t* buffer, std::uint32_t capacity, std::uint32_t* required,
-                                            const wchar_t* enumerationDocument);
 
 // Room for the documents of more devices than any network holds.
 constexpr std::uint32_t largestListing = 1u << 26;
