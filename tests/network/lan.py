@@ -129,7 +129,7 @@ class Host:
         """The commands that lay the cable from the bridge."""
         end = f"cable{self.number}"
         return [f"link add name {end} type veth peer name {self.port} address {self.mac} netns {self.process}",
-                f"link set dev {end} master lan0", f"link set dev {end} up"]
+                f"link set dev {end} addrgenmode none master lan0", f"link set dev {end} up"]
 
     def wait_for(self, word):
         """Waits until the host has said a word; RuntimeError where it ended instead."""
