@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Lays the sample package out: the program, its library, settings, texts, and real packages built from their list.
 #
-# usage: scripts/build-package.sh [--silent] BUILD_FOLDER
+# usage: scripts/build-package.sh [--silent] [--scripted] BUILD_FOLDER
 #
+# With --scripted the devices of the network are played from a list; without it the package searches the real network.
 # The interactive package goes to out/package, the silent one, which installs a predefined list of printers, to
 # out/package-silent. What has not changed is not built again. The program itself is copied if it is built.
 set -euo pipefail
@@ -10,11 +11,18 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 variant=interactive
 target=$root/out/package
-if [ "${1:-}" = --silent ]; then
-    variant=silent
-    target=$root/out/package-silent
+network=real
+while [[ ${1:-} = --* ]]; do
+    case $1 in
+        --silent)
+            variant=silent
+            target=$root/out/package-silent
+            ;;
+        --scripted) network=scripted ;;
+        *) break ;;
+    esac
     shift
-fi
+done
 if [ $# -ne 1 ] || [ ! -f "$1/CMakeCache.txt" ]; then
     sed -n 's/^# \(usage: .*\)/\1/p' "$0" >&2
     exit 2
@@ -23,7 +31,7 @@ build=$(cd "$1" && pwd)
 sources=$root/package
 tree=$target.new
 
-cmake --build "$build" --target Brevanto PrinterQueue ScriptedSondrix ScriptedQuelmar sample_programs >"$build/sample-package.log" || {
+cmake --build "$build" --target Brevanto PrinterQueue Sondrix Quelmar ScriptedSondrix ScriptedQuelmar sample_programs >"$build/sample-package.log" || {
     cat "$build/sample-package.log" >&2
     exit 1
 }
@@ -67,9 +75,12 @@ for help in "$sources"/help/*; do
 done
 cp -p "$build/package/StartRecorder.exe" "$tree/DotNet/RuntimeSetup.exe"
 cp -p "$build/standins/Brevanto.dll" "$tree/Setup/x64/"
-# The network of the sample: two libraries that play the devices of the list.
-cp -p "$build"/tests/fakes/complete/{Sondrix,Quelmar}.dll "$tree/Setup/x64/"
-"$sources/network/make_network.py" "$sources/network/devices.toml" "$tree/Setup/x64/Network.script"
+if [ "$network" = scripted ]; then
+    cp -p "$build"/tests/fakes/complete/{Sondrix,Quelmar}.dll "$tree/Setup/x64/"
+    "$sources/network/make_network.py" "$sources/network/devices.toml" "$tree/Setup/x64/Network.script"
+else
+    cp -p "$build"/standins/{Sondrix,Quelmar}.dll "$sources/network/OemBytes.txt" "$tree/Setup/x64/"
+fi
 program=$(find "$build" -maxdepth 2 -name Kestrune.exe -print -quit)
 if [ -n "$program" ]; then
     cp -p "$program" "$tree/Setup/x64/"
@@ -79,4 +90,4 @@ fi
 
 rm -rf "$target"
 mv "$tree" "$target"
-echo "$variant package: ${target#"$root"/}"
+echo "$variant package, $network network: ${target#"$root"/}"

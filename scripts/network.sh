@@ -28,5 +28,9 @@ prepare_network() {
 # in_network [--loss PERCENT] [--browser] FORM COMMAND...: runs a command in a simulated network, after prepare_network.
 in_network() { python3 tests/network/in_network.py "$@"; }
 
+# network_prefix NAME: the Wine prefix of that name in this network. One that a server outside of it serves must not be used
+# inside, since a prefix's server holds all its sockets.
+network_prefix() { echo "$wine_home/${NETWORK_FOLDER:+simulated-}$1"; }
+
 # network_tool PROGRAM ARGUMENTS...: runs one of the unpacked programs.
 network_tool() { LD_LIBRARY_PATH=$NETWORK_LIBRARIES MIBS='' "$@"; }

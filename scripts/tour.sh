@@ -3,16 +3,17 @@
 #
 # usage: scripts/tour.sh PICTURES [LANGUAGE [DPI]]
 #
-# Run from demo, on a machine that has been prepared; the program and the interactive package are built already. The
-# settings are those of the sample, with several brands, the page for the connection and a restart switched on.
+# Run from demo, on a display and in the network of its choice; the program and the interactive package are built already.
+# The settings are those of the sample, with several brands, the page for the connection and a restart switched on.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 source scripts/wine.sh
+source scripts/network.sh
 
 pictures=$(mkdir -p "$1" && cd "$1" && pwd)
 language=${2:-en}
 dpi=${3:-96}
-prefix=$wine_home/tour
+prefix=$(network_prefix tour)
 package=$prefix/drive_c/Package
 settings=$package/Setup/defaultInstallSettings.xml
 
@@ -33,10 +34,11 @@ remote() {
     timeout 90 wine "$package/Setup/x64/WizardRemote.exe" "$verb" "${control[@]}" "${@:2}" < /dev/null
 }
 
-# page NAME WORDS: takes the picture of what is shown, and says what was done there.
+# page NAME WORDS: takes the picture of the wizard's windows, and says what was done there.
 page() {
     sleep "${3:-0.5}"
-    import -window root "$pictures/$1.png"
+    remote place > "$prefix/place"
+    import -window root -crop "$(tr -d '\r' < "$prefix/place")" +repage "$pictures/$1.png"
     echo "$1: $2"
 }
 
@@ -101,7 +103,7 @@ network_walk() {
     remote click IDC_BYPASS_REINSTALL
     remote click IDOK
     remote wait IDC_DISCOVERY_LIST && page 12-searching 'the network is searched' 0.3
-    remote rows IDC_DISCOVERY_LIST 6 && page 13-devices 'devices are found, and a driver is proposed'
+    remote rows IDC_DISCOVERY_LIST 4 && page 13-devices 'devices are found, and a driver is proposed'
     remote click IDC_DISCOVERY_MODIFY_SEARCH
     remote wait IDC_MODIFY_SEARCH_LOCAL
     remote click IDC_MODIFY_SEARCH_BY_HOST && page 14-change-search 'the search can be changed'
@@ -113,9 +115,9 @@ network_walk() {
     wait "$wizard"
 }
 
-start_display
 wine_new_prefix "$prefix"
-trap 'wine_stop "$prefix"; kill $display_process 2> /dev/null || true' EXIT
+trap 'wine_stop "$prefix"' EXIT
+add_title_fonts "$prefix"
 wine_add_printing
 cp -r out/package "$package"
 cp build/windows/WizardRemote.exe "$package/Setup/x64/"

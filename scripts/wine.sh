@@ -58,6 +58,23 @@ wine_new_prefix() {
     wineserver -p > /dev/null 2>&1 < /dev/null
 }
 
+# Brings the fonts of title bars: their signs, and letters of every script. Installed, they and what comes with them would
+# change the size of every dialog, so they are unpacked.
+prepare_title_fonts() { unpack_packages "$wine_home/fonts" fonts-dejavu-core fonts-wine; }
+
+# add_title_fonts PREFIX: lets the title bars of a prefix have them, and nothing else.
+add_title_fonts() {
+    local fonts=$wine_home/fonts/usr/share
+    [ -d "$fonts" ] || return 0
+    cp "$fonts/wine/fonts/marlett.ttf" "$fonts/fonts/truetype/dejavu/DejaVuSans-Bold.ttf" "$1/drive_c/windows/Fonts/"
+    # The structure that the system keeps a font in: eleven pixels high, bold, and its name in 32 characters.
+    local face structure
+    face=$(printf 'DejaVu Sans' | iconv -t UTF-16LE | od -An -tx1 | tr -d ' \n')
+    structure=f5ffffff$(printf '0%.0s' {1..24})bc0200000000000000000000
+    printf -v structure '%s%-128s' "$structure" "$face"
+    wine reg add 'HKCU\Control Panel\Desktop\WindowMetrics' /v CaptionFont /t REG_BINARY /d "${structure// /0}" /f > /dev/null
+}
+
 # wine_add_printing: gives the prefix what printers are made of and Wine lacks, a driver of Windows and a monitor for TCP/IP
 # ports. The program that does so is built already.
 wine_add_printing() { timeout 60 wine "$root/build/windows/tests/fakes/PrintSystem.exe" prepare < /dev/null; }

@@ -6,12 +6,14 @@
 //   WizardRemote scroll ID    scrolls the control to its end
 //   WizardRemote rows ID N    waits until the list has at least so many rows
 //   WizardRemote answer ID    presses a button of the message box that is open
+//   WizardRemote place        prints where the wizard's windows are, as WIDTHxHEIGHT+LEFT+TOP
 //   WizardRemote quit         waits until the wizard has gone
 
 #include <windows.h>
 
 #include <commctrl.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <cwchar>
 #include <functional>
@@ -77,6 +79,26 @@ bool ScrollToEnd(int id) {
     return control != nullptr && PostMessageW(control, WM_VSCROLL, SB_BOTTOM, 0) != FALSE;
 }
 
+// Widens the area by each window of the wizard that is shown: pages, and what opened over them.
+BOOL CALLBACK AddToArea(HWND window, LPARAM parameter) {
+    wchar_t name[32] = {};
+    GetClassNameW(window, name, 32);
+    if (std::wcscmp(name, L"#32770") != 0 || IsWindowVisible(window) == FALSE) return TRUE;
+    RECT own{};
+    GetWindowRect(window, &own);
+    RECT& area = *reinterpret_cast<RECT*>(parameter);
+    const RECT before = area;
+    UnionRect(&area, &before, &own);
+    return TRUE;
+}
+
+bool PrintPlace() {
+    RECT area{};
+    EnumWindows(&AddToArea, reinterpret_cast<LPARAM>(&area));
+    std::printf("%ldx%ld+%ld+%ld\n", area.right - area.left, area.bottom - area.top, area.left, area.top);
+    return IsRectEmpty(&area) == FALSE;
+}
+
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
@@ -87,6 +109,7 @@ int wmain(int count, wchar_t** arguments) {
     if (verb == L"click" || verb == L"answer") done = Click(id);
     if (verb == L"scroll") done = ScrollToEnd(id);
     if (verb == L"rows" && count > 3) done = WaitFor([=] { return HasRows(id, _wtoi(arguments[3])); });
+    if (verb == L"place") done = PrintPlace();
     if (verb == L"quit") done = WaitFor([] { return FindWindowW(L"#32770", nullptr) == nullptr; });
     return done ? EXIT_SUCCESS : EXIT_FAILURE;
 }
