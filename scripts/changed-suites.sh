@@ -30,8 +30,8 @@ of_source() {
 suites_of() {
     case $1 in
         docs/folders.txt | docs/architecture.md) echo lint ;;
-        *.md | docs/* | demo) ;;
-        tests/network/* | scripts/network.sh | scripts/in-network.sh | scripts/run-network-tests.sh) echo network ;;
+        *.md | docs/*) ;;
+        demo | tests/network/* | scripts/network.sh | scripts/in-network.sh | scripts/run-network-tests.sh) echo network ;;
         tests/unit/ReferenceForms.*) echo unit fuzz lint ;;
         tests/unit/*.cpp | tests/unit/*.h) echo unit lint ;;
         tests/fuzz/*) echo fuzz lint ;;

@@ -24,6 +24,7 @@ esac
 tests=tests/network
 failed=0
 $tests/outside_test.py || failed=1
+in_network few $tests/demo_test.py || failed=1
 in_network --browser office $tests/office_test.py || failed=1
 in_network liars $tests/liars_test.py || failed=1
 in_network wide $tests/wide_test.py || failed=1
