@@ -103,7 +103,8 @@ network_walk() {
     remote click IDC_BYPASS_REINSTALL
     remote click IDOK
     remote wait IDC_DISCOVERY_LIST && page 12-searching 'the network is searched' 0.3
-    remote rows IDC_DISCOVERY_LIST 4 && page 13-devices 'devices are found, and a driver is proposed'
+    remote rows IDC_DISCOVERY_LIST 4
+    remote pick IDC_DISCOVERY_LIST 'Loom 3' && page 13-devices 'devices are found; one is picked, and a driver is proposed'
     remote click IDC_DISCOVERY_MODIFY_SEARCH
     remote wait IDC_MODIFY_SEARCH_LOCAL
     remote click IDC_MODIFY_SEARCH_BY_HOST && page 14-change-search 'the search can be changed'
@@ -113,6 +114,33 @@ network_walk() {
     remote click IDC_FINISH
     remote quit
     wait "$wizard"
+}
+
+# The printer of the last walk in the system's list, and a page printed to it. Wine hands a job for a port of the network to
+# no monitor, so a program sends it to the device as the system's monitor would. The scripted devices take no jobs.
+print_page() {
+    local system=build/windows/tests/fakes/PrintSystem.exe line name port kept
+    [ -x "$system" ] || return 0
+    wine "$system" show < /dev/null > "$prefix/printers"
+    sed -i 's/\r$//' "$prefix/printers"
+    say 'Printers that Windows now lists'
+    cat "$prefix/printers"
+    line=$(grep -m1 -F ' | port ' "$prefix/printers") || return 1
+    name=${line%% | port *}
+    port=${line##* | port }
+    port=${port%% | *}
+    [ -n "${NETWORK_FOLDER:-}" ] || return 0
+    wine reg add 'HKCU\Software\Wine\Printing\Spooler' /v "$port" /d "|exec bash -c 'cat > /dev/tcp/$port/9100'" /f > /dev/null
+    wine "$system" print "$name" "A page for $name" < /dev/null
+    say "What arrived at $port"
+    for _ in {1..100}; do
+        kept=$(find "$NETWORK_FOLDER/received" -name '*.prn' -print -quit)
+        [ -z "$kept" ] || break
+        sleep 0.1
+    done
+    echo "${kept##*/}: $(stat -c %s "$kept") bytes"
+    head -c 200 "$kept"
+    echo
 }
 
 wine_new_prefix "$prefix"
@@ -129,3 +157,4 @@ add_setting REBOOT true
 first_walk
 second_walk
 network_walk
+print_page

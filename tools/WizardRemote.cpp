@@ -4,6 +4,7 @@
 //   WizardRemote wait ID      waits until a shown page has a shown control of that id
 //   WizardRemote click ID     clicks the control of the shown page, as soon as it is enabled
 //   WizardRemote scroll ID    scrolls the control to its end
+//   WizardRemote pick ID TEXT picks the first row of the list that begins with the text
 //   WizardRemote rows ID N    waits until the list has at least so many rows
 //   WizardRemote answer ID    presses a button of the message box that is open
 //   WizardRemote place        prints where the wizard's windows are, as WIDTHxHEIGHT+LEFT+TOP
@@ -17,7 +18,10 @@
 #include <cstdlib>
 #include <cwchar>
 #include <functional>
+#include <string>
 #include <string_view>
+
+#include "framework/Handles.h"
 
 namespace {
 
@@ -74,6 +78,53 @@ bool HasRows(int id, LRESULT count) {
     return list != nullptr && SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) >= count;
 }
 
+// Memory of the wizard's process, in which a message of a list points at what it is about.
+class RemoteMemory {
+public:
+    RemoteMemory(HWND window, SIZE_T size) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(window, &id);
+        process.reset(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id));
+        if (process) place = VirtualAllocEx(process.get(), nullptr, size, MEM_COMMIT, PAGE_READWRITE);
+    }
+    RemoteMemory(const RemoteMemory&) = delete;
+    RemoteMemory& operator=(const RemoteMemory&) = delete;
+    ~RemoteMemory() {
+        if (place != nullptr) VirtualFreeEx(process.get(), place, 0, MEM_RELEASE);
+    }
+
+    BYTE* Place() const { return static_cast<BYTE*>(place); }
+    bool Write(SIZE_T offset, const void* data, SIZE_T size) const {
+        return place != nullptr &&
+               WriteProcessMemory(process.get(), Place() + offset, data, size, nullptr) != FALSE;
+    }
+
+private:
+    KernelHandle process;
+    void* place = nullptr;
+};
+
+bool PickRow(int id, const std::wstring& text) {
+    if (!WaitFor([id] { return FindShownControl(id) != nullptr; })) return false;
+    const HWND list = FindShownControl(id);
+    const SIZE_T textSize = (text.size() + 1) * sizeof(wchar_t);
+    const RemoteMemory memory(list, sizeof(LVITEMW) + textSize);
+    LVFINDINFOW wanted{};
+    wanted.flags = LVFI_PARTIAL;
+    wanted.psz = reinterpret_cast<const wchar_t*>(memory.Place() + sizeof(LVITEMW));
+    if (!memory.Write(0, &wanted, sizeof(wanted)) || !memory.Write(sizeof(LVITEMW), text.c_str(), textSize)) {
+        return false;
+    }
+    const auto place = reinterpret_cast<LPARAM>(memory.Place());
+    const LRESULT row = SendMessageW(list, LVM_FINDITEMW, static_cast<WPARAM>(-1), place);
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = item.stateMask;
+    return row >= 0 && memory.Write(0, &item, sizeof(item)) &&
+           SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), place) != FALSE &&
+           SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE) != FALSE;
+}
+
 bool ScrollToEnd(int id) {
     const HWND control = FindShownControl(id);
     return control != nullptr && PostMessageW(control, WM_VSCROLL, SB_BOTTOM, 0) != FALSE;
@@ -108,6 +159,7 @@ int wmain(int count, wchar_t** arguments) {
     if (verb == L"wait") done = WaitFor([id] { return FindShownControl(id) != nullptr; });
     if (verb == L"click" || verb == L"answer") done = Click(id);
     if (verb == L"scroll") done = ScrollToEnd(id);
+    if (verb == L"pick" && count > 3) done = PickRow(id, arguments[3]);
     if (verb == L"rows" && count > 3) done = WaitFor([=] { return HasRows(id, _wtoi(arguments[3])); });
     if (verb == L"place") done = PrintPlace();
     if (verb == L"quit") done = WaitFor([] { return FindWindowW(L"#32770", nullptr) == nullptr; });
