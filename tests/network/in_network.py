@@ -145,9 +145,10 @@ def namespace_command():
     return None
 
 
-def end_with_parent():
+def end_with_parent(number):
+    """Lets this process get a signal when the one that started it ends."""
     set_parent_death_signal = 1
-    ctypes.CDLL(None).prctl(set_parent_death_signal, signal.SIGKILL)
+    ctypes.CDLL(None).prctl(set_parent_death_signal, number)
 
 
 def outside(options):
@@ -156,7 +157,7 @@ def outside(options):
         return NO_NAMESPACE
     folder = tempfile.mkdtemp(prefix="network-")
     own = [sys.executable, __file__, f"--inside={folder}", f"--away-from={lan.namespace()}", *sys.argv[1:]]
-    process = subprocess.Popen([*command, *own], preexec_fn=end_with_parent)
+    process = subprocess.Popen([*command, *own], preexec_fn=lambda: end_with_parent(signal.SIGKILL))
 
     def end(number, _):
         process.kill()
@@ -164,6 +165,7 @@ def outside(options):
 
     for number in signal.SIGTERM, signal.SIGINT, signal.SIGHUP:
         signal.signal(number, end)
+    end_with_parent(signal.SIGTERM)
     try:
         return process.wait()
     finally:
