@@ -120,7 +120,6 @@ network_walk() {
 # no monitor, so a program sends it to the device as the system's monitor would. The scripted devices take no jobs.
 print_page() {
     local system=build/windows/tests/fakes/PrintSystem.exe line name port kept
-    [ -x "$system" ] || return 0
     wine "$system" show < /dev/null > "$prefix/printers"
     sed -i 's/\r$//' "$prefix/printers"
     say 'Printers that Windows now lists'
