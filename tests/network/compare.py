@@ -23,7 +23,10 @@ OFFICE = devices.read("office")
 
 def names(device):
     """The words by which a program may name a device in what it prints; each belongs to one device alone."""
-    own = [f"{device.host.lower()}.local", device.instance, str(device.address_v6), device.link_local]
+    v6 = [str(device.address_v6), device.link_local]
+    own = [f"{device.host.lower()}.local", device.instance, *v6]
+    # A host's name for an address of version 6, as Windows writes it.
+    own += [address.replace(":", "-") + ".ipv6-literal.net" for address in v6]
     return own if device.ipv6 else [*own, device.address]
 
 
