@@ -47,9 +47,16 @@ std::wstring HardwareText(const Bytes& bytes) {
     return text;
 }
 
+// The model becomes the printer's name, which cannot hold everything.
+std::string WithoutForbidden(std::string text) {
+    std::ranges::replace_if(
+        text, [](char letter) { return letter == '\\' || letter == ',' || letter == '!'; }, ' ');
+    return text;
+}
+
 // A device that does not name itself is still there to be picked, by its address.
 std::wstring ModelOf(const DeviceFacts& device) {
-    const std::wstring model = PlainText(device.name.model);
+    const std::wstring model = PlainText(WithoutForbidden(device.name.model));
     return model.empty() ? Widen(MainAddress(device).ToHostText()) : model;
 }
 

@@ -70,6 +70,12 @@ TEST(DocumentsTest, CleansWhatADeviceSays) {
                 HasSubstr(L"<SERIESSTRID>Loom /1284STRID IPADDRESS 192.0.2.66</SERIESSTRID>"));
 }
 
+TEST(DocumentsTest, NamesAModelAsAPrinterCanBeCalled) {
+    DeviceFacts device = Loom();
+    device.name.model = "Loom\\310, colour!";
+    EXPECT_THAT(MakeDeviceDocument(device, true), HasSubstr(L"<SERIESSTRID>Loom 310 colour</SERIESSTRID>"));
+}
+
 TEST(DocumentsTest, ListsTheDevicesThatAreWanted) {
     DeviceFacts other = Loom();
     other.name = {.witness = discovery::Witness::DeviceId, .maker = "Norrlund", .model = "Fjell 12"};
