@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# Tests the simulated network itself, each form of it in namespaces of its own; the machine's network is not used.
+# Tests the simulated network itself, each form of it in namespaces of its own, and what the package's libraries find in
+# it; the machine's network is not used.
 #
 # usage: scripts/run-network-tests.sh
 # Where no namespace can be had, or the programs that play the devices cannot be fetched, it says so and tests nothing.
 set -uo pipefail
 source "$(dirname "$0")/common.sh"
+source scripts/wine.sh
 source scripts/network.sh
 
 prepare_network || {
@@ -29,4 +31,16 @@ in_network --browser office $tests/office_test.py || failed=1
 in_network liars $tests/liars_test.py || failed=1
 in_network wide $tests/wide_test.py || failed=1
 in_network --loss 20 few $tests/loss_test.py || failed=1
+
+if [ -z "${BUILD_DIR:-}" ]; then
+    build windows Sondrix Quelmar AskNetwork || exit 1
+fi
+wine_make_template
+start_display
+# find_in FORM... TEST: what the package's libraries find in that network.
+find_in() { in_network "${@:1:$#-1}" $tests/with_libraries.sh "$tests/${!#}" || failed=1; }
+find_in office find_office_test.py
+find_in --loss 20 office find_lost_test.py
+find_in wide find_far_test.py
+find_in liars find_liars_test.py
 exit "$failed"

@@ -166,6 +166,10 @@ Time Search::NextPass() const {
     return passBegan + passGaps[std::min(static_cast<std::size_t>(pass), passGaps.size() - 1)];
 }
 
+bool Search::HasNobodyToAsk() const {
+    return !plan.asksNeighbours && plan.sweeps.empty() && plan.hosts.empty() && plan.localName.empty();
+}
+
 // Nobody but these hosts was asked, and each has said something.
 bool Search::HaveHostsAnswered() const {
     const bool asksOthers = plan.asksNeighbours || !plan.sweeps.empty() || plan.hosts.empty();
@@ -188,7 +192,7 @@ bool Search::IsTalking(Time now) const {
 }
 
 bool Search::IsOver(Time now) const {
-    if (now >= plan.limit) return true;
+    if (now >= plan.limit || HasNobodyToAsk()) return true;
     return pass >= 0 && !IsSweeping() && !NeedsAnotherPass() && !IsTalking(now) && now >= DriedUp();
 }
 

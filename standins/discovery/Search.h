@@ -78,6 +78,7 @@ private:
     bool NeedsAnotherPass() const;
     Time NextPass() const;
     Time DriedUp() const;
+    bool HasNobodyToAsk() const;
     bool HaveHostsAnswered() const;
     bool IsTalking(Time now) const;
     void AskNewNeighbours(std::vector<Datagram>& out);

@@ -125,6 +125,12 @@ TEST_F(SearchTest, GivesSilentNeighboursTimeToWakeUp) {
     EXPECT_LE(network.now, Time(5000));
 }
 
+TEST_F(SearchTest, IsOverAtOnceWhereThereIsNobodyToAsk) {
+    Search search(SearchPlan{});
+    EXPECT_THAT(network.Run(search), IsEmpty());
+    EXPECT_EQ(network.now, Time(0));
+}
+
 TEST_F(SearchTest, WaitsForThoseWhoAnswerSlowly) {
     network.Add({.address = "192.0.2.10", .answersSnmp = true, .delay = Time(3)});
     network.Add({.address = "192.0.2.11", .answersSnmp = true, .delay = Time(400)});

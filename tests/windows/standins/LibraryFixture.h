@@ -13,7 +13,7 @@
 #include "standins/Brevanto/Brevanto.h"
 
 // The library as a program loads it: from its file, each export by name.
-struct Library {
+struct BrevantoLibrary {
     decltype(&MsiInitialize) initialize;
     decltype(&MsiEnableInstallLog) enableInstallLog;
     decltype(&MsiInstallApp) installApp;
@@ -58,5 +58,5 @@ protected:
     static std::vector<std::wstring> Messages();
     static std::vector<int> Percentages();
 
-    Library library{};
+    BrevantoLibrary library{};
 };

@@ -1,0 +1,20 @@
+#!/usr/bin/env python3
+"""What the package's libraries find in a subnet of 4,094 addresses. Runs in the network "wide"."""
+import unittest
+
+import devices
+import finding
+
+FAR = devices.far_devices()
+
+
+class FindFarTest(unittest.TestCase):
+    def test_finds_every_device_with_its_colour(self):
+        found = finding.search(finding.subnet(devices.FAR))
+        self.assertEqual({address: "color" if device.colour else "mono" for address, device in FAR.items()},
+                         {each.address: each.colour for each in found.devices})
+        print(f"{len(found.devices)} devices of a /20 in {found.milliseconds} ms")
+
+
+if __name__ == "__main__":
+    unittest.main()
