@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <type_traits>
+
+#include "discovery/LibraryExports.h"
 #include "standins/Sondrix/DeviceFinder.h"
 #include "standins/network/Shielded.h"
 
@@ -10,6 +13,11 @@ namespace {
 using discovery::CopyOut;
 using discovery::Shielded;
 using discovery::TextOf;
+
+// What the program looks up.
+static_assert(std::is_same_v<decltype(&Initialize), LifeFunction> &&
+              std::is_same_v<decltype(&DiscoverW), DiscoverFunction> &&
+              std::is_same_v<decltype(&EnumerateW), EnumerateFunction>);
 
 sondrix::DeviceFinder& Finder() {
     static sondrix::DeviceFinder finder;

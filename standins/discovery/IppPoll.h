@@ -28,7 +28,6 @@ struct StreamQuestion {
 class IppPoll {
 public:
     void Ask(const NetworkAddress& host, const std::optional<IppPlace>& place);
-    bool HasAsked(const NetworkAddress& host) const { return asked.contains(host); }
     bool HasAnswered(const NetworkAddress& host) const { return answered.contains(host); }
     // The connections to open by now.
     void TakeDue(std::vector<StreamQuestion>& out);

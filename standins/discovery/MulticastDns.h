@@ -32,7 +32,6 @@ public:
     void Resolve(const std::string& localName, std::vector<Datagram>& out) const;
     // Asks once more, for what is still missing of what was announced.
     void AskForMissing(std::vector<Datagram>& out);
-    bool IsMissingAnything() const { return !missing.empty(); }
 
     // Returns true if the answer told of a service or an address that was not known.
     bool Receive(const Datagram& answer);

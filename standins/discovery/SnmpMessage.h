@@ -12,7 +12,7 @@
 namespace discovery {
 
 enum class SnmpVersion : std::uint8_t { V1 = 0, V2c = 1 };
-enum class SnmpPdu : std::uint8_t { Get = 0xA0, GetNext = 0xA1, Response = 0xA2 };
+enum class SnmpPdu : std::uint8_t { GetNext = 0xA1, Response = 0xA2 };
 
 // A number, a text of bytes, an object identifier, or nothing (also for what the device does not have).
 using SnmpValue = std::variant<std::monostate, std::int64_t, Bytes, Oid>;

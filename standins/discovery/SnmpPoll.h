@@ -40,7 +40,6 @@ public:
     std::optional<Time> NextDue() const;
     bool IsIdle() const { return openConversations == 0; }
     bool HasAnswered(const NetworkAddress& address) const { return conversations.contains(address); }
-    std::size_t AnswerCount() const { return order.size(); }
 
     // All that is known of those who answered.
     void Collect(FoundDevices& devices) const;

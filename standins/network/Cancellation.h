@@ -16,7 +16,6 @@ public:
     void Cancel() const { SetEvent(event.get()); }
     // Set from Cancel on until the next Begin.
     HANDLE Event() const { return event.get(); }
-    bool IsCancelled() const { return WaitForSingleObject(event.get(), 0) == WAIT_OBJECT_0; }
 
 private:
     KernelHandle event;

@@ -72,12 +72,11 @@ protected:
         OpenConfiguration(IDC_DISCOVERY_NIMBOJET);
     }
     // Presses New until the tool is there, and waits for what it makes.
-    void MakeConfiguration() const {
-        EXPECT_TRUE(WaitUntil([this] {
-            wizard.Press(IDC_DRIVER_CONFIG_NEW);
-            return WaitUntil([this] { return !TextOf(IDC_DRIVER_CONFIG_PATH).empty(); },
-                             std::chrono::milliseconds(500));
-        }));
+    // New does nothing until the tool is unpacked, and each press after that makes one more file.
+    void MakeConfiguration(const fs::path& tool) const {
+        EXPECT_TRUE(WaitUntil([&] { return CanBeReadAlone(tool.wstring()); }));
+        wizard.Press(IDC_DRIVER_CONFIG_NEW);
+        EXPECT_TRUE(WaitUntil([this] { return !TextOf(IDC_DRIVER_CONFIG_PATH).empty(); }));
     }
     void EnterPath(const std::wstring& path) const {
         SendMessageW(wizard.FindControl(IDC_DRIVER_CONFIG_PATH), WM_SETTEXT, 0,
@@ -124,7 +123,7 @@ TEST_F(DriverConfigPageTest, HandsWhatTheOlderToolHasMadeToTheDriver) {
     SetEnvironmentVariableW(quietSwitch, L"1");
     AddKit(olderKit);
     OpenOlder();
-    MakeConfiguration();
+    MakeConfiguration(OlderTool());
     EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), MadeFile(L"Halvenny.zdc").wstring());
     AcceptAndInstall();
     EXPECT_EQ(Told(L"CONFIG_EXE_PATH"), OlderTool().wstring());
@@ -138,7 +137,7 @@ TEST_F(DriverConfigPageTest, HandsWhatTheNewerToolHasMadeToTheDriver) {
     AddKit(olderKit);
     AddKit(newerKit);
     OpenNewer();
-    MakeConfiguration();
+    MakeConfiguration(NewerTool());
     EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), MadeFile(L"Halvenny.xdc").wstring());
     AcceptAndInstall();
     EXPECT_EQ(Told(L"CONFIG_EXE_PATH", L"monov4.msi"), NewerTool().wstring());
@@ -179,9 +178,9 @@ TEST_F(DriverConfigPageTest, CountsTheNamesOfFilesUp) {
     SetEnvironmentVariableW(quietSwitch, L"1");
     AddKit(olderKit);
     OpenOlder();
-    MakeConfiguration();
+    MakeConfiguration(OlderTool());
     EnterPath({});
-    MakeConfiguration();
+    MakeConfiguration(OlderTool());
     EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), MadeFile(L"Halvenny_1.zdc").wstring());
 }
 
@@ -346,7 +345,7 @@ TEST_F(UserWithBlankTest, ConfiguresADriver) {
     SetEnvironmentVariableW(quietSwitch, L"1");
     AddKit(olderKit);
     OpenOlder();
-    MakeConfiguration();
+    MakeConfiguration(OlderTool());
     EXPECT_EQ(TextOf(IDC_DRIVER_CONFIG_PATH), MadeFile(L"Halvenny.zdc").wstring());
 }
 
