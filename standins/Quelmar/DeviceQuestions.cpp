@@ -39,6 +39,7 @@ std::vector<DeviceFacts> DeviceQuestions::Ask(const std::vector<std::wstring>& a
     }
     if (!silent.empty()) AskNetwork(silent, limit);
     std::vector<DeviceFacts> told;
+    told.reserve(addresses.size());
     for (const std::wstring& address : addresses) told.push_back(known[address]);
     return told;
 }

@@ -12,7 +12,7 @@ namespace sondrix {
 namespace {
 
 // Longer files hold nothing that is wanted here.
-constexpr std::size_t longestFile = 64 * 1024;
+constexpr std::size_t longestFile = std::size_t{64} * 1024;
 
 // The file of that name beside this library.
 std::wstring PathBeside(const std::wstring& name) {

@@ -146,9 +146,9 @@ DeviceFacts ReadRecallDocument(std::wstring_view document) {
     if (TagDocument::FindValue(document, colourElement, value)) device.isColour = value == colourWord;
     if (TagDocument::FindValue(document, faxElement, value)) device.hasFax = value == L"1";
     if (TagDocument::FindValue(document, ippPortElement, value)) {
-        const std::wstring path = ValueOf(document, ippPathElement);
+        const std::wstring text = ValueOf(document, ippPathElement);
         device.ipp = {.port = static_cast<std::uint16_t>(LeadingInteger(value)),
-                      .path = {path.begin(), path.end()}};
+                      .path = std::string(text.begin(), text.end())};
     }
     return device;
 }

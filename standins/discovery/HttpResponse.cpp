@@ -10,8 +10,8 @@ namespace discovery {
 namespace {
 
 // The answer of a printer has some hundred kilobytes at most.
-constexpr std::size_t longestResponse = 1024 * 1024;
-constexpr std::size_t longestHead = 16 * 1024;
+constexpr std::size_t longestResponse = std::size_t{1024} * 1024;
+constexpr std::size_t longestHead = std::size_t{16} * 1024;
 constexpr std::size_t longestChunkLine = 256;
 constexpr std::string_view lineEnd = "\r\n";
 constexpr std::string_view headEnd = "\r\n\r\n";

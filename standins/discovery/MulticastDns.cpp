@@ -28,6 +28,7 @@ constexpr auto serviceTypes =
 
 std::vector<DnsQuestion> BrowseQuestions() {
     std::vector<DnsQuestion> questions;
+    questions.reserve(serviceTypes.size());
     for (const std::string_view type : serviceTypes) questions.push_back({DnsNameOf(type), DnsType::Ptr});
     return questions;
 }

@@ -2,13 +2,13 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "standins/discovery/Bytes.h"
@@ -42,7 +42,11 @@ public:
     // stand.
     std::string ToHostText() const;
 
-    auto operator<=>(const NetworkAddress&) const = default;
+    friend bool operator==(const NetworkAddress&, const NetworkAddress&) = default;
+    friend bool operator<(const NetworkAddress& left, const NetworkAddress& right) {
+        return std::tie(left.isIpV6, left.octets, left.zone) <
+               std::tie(right.isIpV6, right.octets, right.zone);
+    }
 
 private:
     bool isIpV6 = false;

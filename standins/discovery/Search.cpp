@@ -35,6 +35,7 @@ SnmpVersion VersionOf(int pass) {
 
 std::vector<std::uint32_t> ZonesOf(const std::vector<Link>& links) {
     std::vector<std::uint32_t> zones;
+    zones.reserve(links.size());
     for (const Link& link : links) zones.push_back(link.zone);
     return zones;
 }
