@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 #include "CommonLib/TextUtilities.h"
 #include "settings/TagDocument.h"
@@ -60,6 +61,13 @@ std::wstring ModelOf(const DeviceFacts& device) {
     return model.empty() ? Widen(MainAddress(device).ToHostText()) : model;
 }
 
+// What tells the device from another of the same model.
+std::wstring ShortNameOf(const DeviceFacts& device) {
+    const std::wstring label =
+        PlainText(WithoutForbidden(device.localName.substr(0, device.localName.find('.'))));
+    return label.empty() ? Widen(MainAddress(device).ToHostText()) : label;
+}
+
 std::wstring FullModelOf(const DeviceFacts& device) {
     const std::wstring maker = PlainText(device.name.maker);
     return maker.empty() ? ModelOf(device) : maker + L" " + ModelOf(device);
@@ -107,13 +115,14 @@ const NetworkAddress& MainAddress(const DeviceFacts& device) {
     return *std::ranges::max_element(device.addresses, {}, RankOf);
 }
 
-std::wstring MakeDeviceDocument(const DeviceFacts& device, bool resolvesLocalNames) {
+std::wstring MakeDeviceDocument(const DeviceFacts& device, std::wstring_view series,
+                                bool resolvesLocalNames) {
     const std::wstring address = Widen(MainAddress(device).ToHostText());
     const std::wstring localName = resolvesLocalNames ? PlainText(device.localName) : std::wstring();
-    std::wstring document =
-        MakeElement(ipAddress, address) + MakeElement(ipName, localName.empty() ? address : localName) +
-        MakeElement(hardwareAddress, HardwareText(device.hardwareAddress)) +
-        MakeElement(modelText, FullModelOf(device)) + MakeElement(seriesText, ModelOf(device));
+    std::wstring document = MakeElement(ipAddress, address) +
+                            MakeElement(ipName, localName.empty() ? address : localName) +
+                            MakeElement(hardwareAddress, HardwareText(device.hardwareAddress)) +
+                            MakeElement(modelText, FullModelOf(device)) + MakeElement(seriesText, series);
     if (device.canScan.value_or(false) || device.hasFax.value_or(false)) {
         document += MakeElement(multiFunctionModel, FullModelOf(device));
     }
@@ -122,9 +131,14 @@ std::wstring MakeDeviceDocument(const DeviceFacts& device, bool resolvesLocalNam
 
 std::wstring MakeListing(const std::vector<DeviceFacts>& devices, const DeviceFilter& filter,
                          bool resolvesLocalNames) {
+    std::map<std::wstring, int> models;
+    for (const DeviceFacts& device : devices) models[ModelOf(device)] += filter.Wants(device) ? 1 : 0;
     std::wstring listing;
     for (const DeviceFacts& device : devices) {
-        if (filter.Wants(device)) listing += MakeDeviceDocument(device, resolvesLocalNames) + L'\0';
+        if (!filter.Wants(device)) continue;
+        const std::wstring model = ModelOf(device);
+        const std::wstring series = models[model] > 1 ? model + L" (" + ShortNameOf(device) + L")" : model;
+        listing += MakeDeviceDocument(device, series, resolvesLocalNames) + L'\0';
     }
     return listing;
 }

@@ -41,13 +41,16 @@ DeviceFilter ReadEnumerationDocument(std::wstring_view document, const OemTable&
 // The document of a device. Names are those that this system can reach it by: the one of multicast DNS where
 // the system resolves such names, else the address. An IPv6 address stands in the form without colons, since
 // a colon ends the address in the answer about colours.
-std::wstring MakeDeviceDocument(const DeviceFacts& device, bool resolvesLocalNames);
+// The series is what tells the device from others, see MakeListing.
+std::wstring MakeDeviceDocument(const DeviceFacts& device, std::wstring_view series, bool resolvesLocalNames);
 
 // The address by which a device goes: its first of IPv4, else of IPv6, one that is not link-local before
 // others.
 const NetworkAddress& MainAddress(const DeviceFacts& device);
 
-// The documents one after the other, each ended by a NUL character.
+// The documents one after the other, each ended by a NUL character. A series is the model without the maker.
+// Of devices of one model each has its name or address after it, since the program finds the port of the
+// picked one by its series.
 std::wstring MakeListing(const std::vector<DeviceFacts>& devices, const DeviceFilter& filter,
                          bool resolvesLocalNames);
 

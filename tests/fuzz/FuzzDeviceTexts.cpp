@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         {discovery::Bytes(bytes.substr(0, size / 2)), discovery::Bytes(bytes.substr(size / 2))});
     Require(discovery::PlainText(bytes).size() <= discovery::longestPlainText);
     device.localName = bytes;
-    const std::wstring document = discovery::MakeDeviceDocument(device, true);
+    const std::wstring document = discovery::MakeListing({device}, {}, true);
     Require(TagDocument::ValueOf(document, L"IPADDRESS") == L"192.0.2.7");
     Require(TagDocument::ValueOf(document, L"IPNAME").find(L'<') == std::wstring::npos);
     Require(document.find(L';') == std::wstring::npos);

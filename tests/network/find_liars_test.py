@@ -16,7 +16,7 @@ class FindLiarsTest(unittest.TestCase):
         for host in "honest", "broadcast", "flood":
             device = LIARS[host]
             self.assertIn(device.address, found, host)
-            self.assertEqual(device.model, found[device.address].series)
+            self.assertEqual(f"{device.maker} {device.model}", found[device.address].model)
         for host in NOBODY:
             self.assertNotIn(LIARS[host].address, found, host)
         self.assertEqual(len(found), len({each.address for each in found.values()}))

@@ -13,6 +13,13 @@ def address_of(device):
     return device.address.replace(":", "-") + ".ipv6-literal.net" if device.ipv6 else device.address
 
 
+def series_of(device, listed):
+    """The model, with what tells the device from others of that model that are listed."""
+    if [each.model for each in listed].count(device.model) == 1:
+        return device.model
+    return f"{device.model} ({device.host.lower() if 'dns-sd' in device.answers else address_of(device)})"
+
+
 BY_ADDRESS = {address_of(device): device for device in OFFICE}
 
 
@@ -23,7 +30,7 @@ class FindOfficeTest(unittest.TestCase):
         for each in found:
             device = BY_ADDRESS[each.address]
             announced = "dns-sd" in device.answers
-            expected = (device.model, f"{device.maker} {device.model}", "color" if device.colour else "mono", device.fax,
+            expected = (series_of(device, OFFICE), f"{device.maker} {device.model}", "color" if device.colour else "mono", device.fax,
                         f"{device.host.lower()}.local" if announced else each.address)
             self.assertEqual(expected, (each.series, each.model, each.colour, each.fax, each.host))
             self.assertEqual(device.fax or (announced and device.scan), each.more)

@@ -7,6 +7,7 @@
 namespace {
 
 using discovery::DeviceFacts;
+using discovery::MakeListing;
 using discovery::NetworkAddress;
 using discovery::ReadEnumerationDocument;
 using discovery::ReadSearchDocument;
@@ -21,6 +22,13 @@ DeviceFacts Loom() {
             .name = {.witness = discovery::Witness::DeviceId, .maker = "Halvenny", .model = "Loom 310"}};
 }
 
+// The document of a device that is listed alone.
+std::wstring DocumentOf(const DeviceFacts& device, bool resolvesLocalNames) {
+    std::wstring document = MakeListing({device}, {}, resolvesLocalNames);
+    document.pop_back();
+    return document;
+}
+
 TEST(DocumentsTest, ReadsWhatASearchAsksFor) {
     EXPECT_TRUE(std::holds_alternative<discovery::LocalNetworks>(ReadSearchDocument(L"")));
     const auto host = ReadSearchDocument(L"<UnicastAddress>loom.local</UnicastAddress>");
@@ -31,49 +39,46 @@ TEST(DocumentsTest, ReadsWhatASearchAsksFor) {
 }
 
 TEST(DocumentsTest, DescribesADevice) {
-    EXPECT_EQ(MakeDeviceDocument(Loom(), true),
+    EXPECT_EQ(DocumentOf(Loom(), true),
               L"<IPADDRESS>192.0.2.7</IPADDRESS><IPNAME>loom.local</IPNAME><MACUAA>02005E00001F</MACUAA>"
               L"<1284STRID>Halvenny Loom 310</1284STRID><SERIESSTRID>Loom 310</SERIESSTRID>");
-    EXPECT_THAT(MakeDeviceDocument(Loom(), false), HasSubstr(L"<IPNAME>192.0.2.7</IPNAME>"));
+    EXPECT_THAT(DocumentOf(Loom(), false), HasSubstr(L"<IPNAME>192.0.2.7</IPNAME>"));
 }
 
 TEST(DocumentsTest, SaysOfADeviceThatItDoesMoreThanPrint) {
     DeviceFacts device = Loom();
     device.canScan = true;
-    EXPECT_THAT(MakeDeviceDocument(device, true),
-                HasSubstr(L"<aioModelName>Halvenny Loom 310</aioModelName>"));
+    EXPECT_THAT(DocumentOf(device, true), HasSubstr(L"<aioModelName>Halvenny Loom 310</aioModelName>"));
     device = Loom();
     device.hasFax = false;
-    EXPECT_THAT(MakeDeviceDocument(device, true), Not(HasSubstr(L"aioModelName")));
+    EXPECT_THAT(DocumentOf(device, true), Not(HasSubstr(L"aioModelName")));
 }
 
 TEST(DocumentsTest, WritesAnAddressWithoutColons) {
     DeviceFacts device = Loom();
     device.addresses.pop_back();
-    EXPECT_THAT(MakeDeviceDocument(device, true),
-                HasSubstr(L"<IPADDRESS>fe80--1s3.ipv6-literal.net</IPADDRESS>"));
+    EXPECT_THAT(DocumentOf(device, true), HasSubstr(L"<IPADDRESS>fe80--1s3.ipv6-literal.net</IPADDRESS>"));
     device.addresses.push_back(NetworkAddress::FromText(L"2001:db8::7").value());
-    EXPECT_THAT(MakeDeviceDocument(device, true),
-                HasSubstr(L"<IPADDRESS>2001-db8--7.ipv6-literal.net</IPADDRESS>"));
+    EXPECT_THAT(DocumentOf(device, true), HasSubstr(L"<IPADDRESS>2001-db8--7.ipv6-literal.net</IPADDRESS>"));
 }
 
 TEST(DocumentsTest, NamesADeviceThatDoesNotNameItselfByItsAddress) {
     DeviceFacts device = Loom();
     device.name = {};
-    EXPECT_THAT(MakeDeviceDocument(device, true), HasSubstr(L"<SERIESSTRID>192.0.2.7</SERIESSTRID>"));
+    EXPECT_THAT(DocumentOf(device, true), HasSubstr(L"<SERIESSTRID>192.0.2.7</SERIESSTRID>"));
 }
 
 TEST(DocumentsTest, CleansWhatADeviceSays) {
     DeviceFacts device = Loom();
     device.name.model = "Loom</1284STRID><IPADDRESS>192.0.2.66;";
-    EXPECT_THAT(MakeDeviceDocument(device, true),
+    EXPECT_THAT(DocumentOf(device, true),
                 HasSubstr(L"<SERIESSTRID>Loom /1284STRID IPADDRESS 192.0.2.66</SERIESSTRID>"));
 }
 
 TEST(DocumentsTest, NamesAModelAsAPrinterCanBeCalled) {
     DeviceFacts device = Loom();
     device.name.model = "Loom\\310, colour!";
-    EXPECT_THAT(MakeDeviceDocument(device, true), HasSubstr(L"<SERIESSTRID>Loom 310 colour</SERIESSTRID>"));
+    EXPECT_THAT(DocumentOf(device, true), HasSubstr(L"<SERIESSTRID>Loom 310 colour</SERIESSTRID>"));
 }
 
 TEST(DocumentsTest, ListsTheDevicesThatAreWanted) {
@@ -91,6 +96,18 @@ TEST(DocumentsTest, ListsTheDevicesThatAreWanted) {
     EXPECT_EQ(count(L"<SERIESSTRID>Loom 310;Spindle;</SERIESSTRID>"), 1);
     EXPECT_EQ(count(L"<SERIESSTRID>halvenny loom 310;Fjell 12;</SERIESSTRID>"), 2);
     EXPECT_EQ(count(L"<OEMBYTE>7</OEMBYTE><SERIESSTRID>Loom 310;</SERIESSTRID>"), 0);
+}
+
+TEST(DocumentsTest, TellsDevicesOfOneModelApartByTheirSeries) {
+    DeviceFacts other = Loom();
+    other.localName.clear();
+    other.addresses = {NetworkAddress::FromText(L"192.0.2.8").value()};
+    DeviceFacts third = other;
+    third.name.model = "Loom 320";
+    const std::wstring listing = MakeListing({Loom(), other, third}, {}, true);
+    EXPECT_THAT(listing, HasSubstr(L"<SERIESSTRID>Loom 310 (loom)</SERIESSTRID>"));
+    EXPECT_THAT(listing, HasSubstr(L"<SERIESSTRID>Loom 310 (192.0.2.8)</SERIESSTRID>"));
+    EXPECT_THAT(listing, HasSubstr(L"<SERIESSTRID>Loom 320</SERIESSTRID>"));
 }
 
 TEST(DocumentsTest, RecallsWhatTheDocumentDoesNotSay) {
