@@ -24,7 +24,7 @@ program=$build_folder/tests/wizard/kestrune_wizard_tests.exe
 shards=3
 [[ " $* " != *--gtest_filter* ]] || shards=1
 
-# The user's language is the process's, so the test that follows it runs once in each of these: the locale, the
+# The user's language is the process's, so the tests that follow it run once in each of these: the locale, the
 # identifier that the system gives it, and the code of the language file.
 languages='de_DE 1031 de
 pt_BR 1046 pt_br
@@ -39,11 +39,13 @@ nb_NO 1044 nb
 id_ID 1057 id_ID
 he_IL 1037 en'
 
+language_tests=LanguageTest.FollowsTheLanguageOfTheUser:HelpTest.OpensThePagesTopicInTheLanguageOfTheUser
+
 run_languages() {
     local locale identifier language_code code=0
     while read -r locale identifier language_code; do
         LC_ALL=$locale KESTRUNE_USER_LANGUAGE=$identifier KESTRUNE_LANGUAGE_CODE=$language_code \
-            wine "$program" --gtest_brief=1 --gtest_filter=LanguageTest.FollowsTheLanguageOfTheUser \
+            wine "$program" --gtest_brief=1 --gtest_filter="$language_tests" \
             < /dev/null > "$prefix/language.log" 2>&1 || {
             cat "$prefix/language.log"
             echo "failed in the language $locale"

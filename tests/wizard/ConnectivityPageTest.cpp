@@ -1,6 +1,7 @@
 // How the printer is attached, and what follows from it.
 
 #include "resources/resource.h"
+#include "settings/TagDocument.h"
 #include "tests/wizard/PageTest.h"
 
 using testing::ElementsAre;
@@ -27,6 +28,14 @@ protected:
     void AddDriver(const std::wstring& identifier) {
         tree.Add({.path = L"Drivers\\x64\\" + identifier + L".msi",
                   .properties = Element(L"ProductName", identifier) + Element(L"DRIVERID", identifier)});
+    }
+
+    // The types of the ports in a command document, divided by commas.
+    static std::wstring PortTypes(const std::wstring& command) {
+        std::wstring types;
+        for (const std::wstring& device : TagDocument::ListValues(command, L"DEVICE"))
+            types += (types.empty() ? L"" : L",") + TagDocument::ValueOf(device, L"PORT_TYPE");
+        return types;
     }
 
     void ExpectHidden() {
@@ -84,6 +93,25 @@ TEST_F(ConnectivityPageTest, HandsTheUsbPortToTheDriver) {
     CloseOnFinishPage();
     EXPECT_THAT(CommandOf(L"X.msi"), HasSubstr(L"<PORT_TYPE>USB</PORT_TYPE>"));
     EXPECT_THAT(Installs(), ElementsAre(L"X.msi"));
+}
+
+TEST_F(ConnectivityPageTest, PutsEveryPredefinedPrinterOnUsbWhateverPortItHad) {
+    tree.SetUserSettings(
+        L"<DEVICE><DRIVER_ID>X</DRIVER_ID><PORT_NAME>a</PORT_NAME>"
+        L"<PORT_TYPE>Standard TCP/IP Port</PORT_TYPE></DEVICE>\r\n"
+        L"<DEVICE><DRIVER_ID>Y</DRIVER_ID><PORT_NAME>b</PORT_NAME><PORT_TYPE>Local "
+        L"Port</PORT_TYPE></DEVICE>\r\n"
+        L"<DEVICE><DRIVER_ID>X</DRIVER_ID><PORT_NAME>c</PORT_NAME></DEVICE>\r\n");
+    UseSettings(
+        L"<HIDE_START>true</HIDE_START><HIDE_EULA>true</HIDE_EULA><AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>"
+        L"<WIN8_DRVTYPES>X;Y</WIN8_DRVTYPES>");
+    for (const wchar_t* const identifier : {L"X", L"Y"}) AddDriver(identifier);
+    StartOn(IDC_CONNECTIVITY_NETWORK);
+    wizard.Press(IDC_CONNECTIVITY_USB);
+    wizard.Press(IDOK);
+    CloseOnFinishPage();
+    EXPECT_EQ(PortTypes(CommandOf(L"X.msi")), L"USB,USB");
+    EXPECT_EQ(PortTypes(CommandOf(L"Y.msi")), L"USB");
 }
 
 TEST_F(ConnectivityPageTest, InstallsTheDefaultDriverAloneWhereThePackageSaysSo) {

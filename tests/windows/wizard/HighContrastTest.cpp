@@ -1,7 +1,9 @@
 // High contrast: what follows the user's setting at once and what keeps to the one it was made under.
 
 #include "CommonLib/Files.h"
+#include "framework/CImage.h"
 #include "framework/Handles.h"
+#include "framework/Resolution.h"
 #include "pages/ManufacturerDlg.h"
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
@@ -187,6 +189,49 @@ TEST_F(HighContrastTest, HasASignForALinkWhosePictureIsMissing) {
     EXPECT_TRUE(sheet.HasInk(20, 40));
     EXPECT_FALSE(sheet.HasInk(2, 20) || sheet.HasInk(40, 58));
 }
+
+// Whether anything stands on the face of a flat button right of its icon.
+class ButtonIconTest : public HighContrastTest, public testing::WithParamInterface<const wchar_t*> {
+protected:
+    static constexpr int iconWidth = 16;
+
+    ButtonIconTest() {
+        SetWindowLongPtrW(window.GetDlgItem(IDC_TEST_BUTTON), GWL_STYLE, WS_CHILD | BS_FLAT);
+        button.SubclassDlgItem(IDC_TEST_BUTTON, window);
+        ATL::CImage picture;
+        EXPECT_TRUE(picture.Load(GetPicturePath(L"help.png"), plainResolution));
+        icon = picture.ToIcon();
+    }
+    void PutIcon() { button.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get())); }
+    bool HasTextOnFace() const {
+        const COLORREF face = sheet.At(Sheet::area.right - 3, 3);
+        for (int x = iconWidth; x < Sheet::area.right - 3; ++x) {
+            for (int y = 3; y < Sheet::area.bottom - 3; ++y) {
+                if (sheet.At(x, y) != face) return true;
+            }
+        }
+        return false;
+    }
+
+    CQorFlatButton button;
+    Icon icon;
+};
+
+TEST_P(ButtonIconTest, StandsInPlaceOfTheText) {
+    button.SetWindowText(GetParam());
+    button.DrawItem(ItemIn(0));
+    EXPECT_EQ(HasTextOnFace(), *GetParam() != L'\0');
+    PutIcon();
+    for (const bool highContrast : {false, true}) {
+        setting.Switch(highContrast);
+        sheet.Clear();
+        button.DrawItem(ItemIn(0));
+        EXPECT_EQ(sheet.At(4, 4), plainPicture);
+        EXPECT_FALSE(HasTextOnFace());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(WithAndWithoutText, ButtonIconTest, testing::Values(L"WWWW", L""));
 
 std::wstring helpFile;
 

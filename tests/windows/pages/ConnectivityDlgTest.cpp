@@ -1,0 +1,72 @@
+// What the choice of USB makes of the records. No page is behind it here, so that the walk ends with it.
+
+#include "pages/ConnectivityDlg.h"
+#include "resources/resource.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/CatalogueWorld.h"
+#include "tests/windows/world/TestApp.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+class ConnectivityDlgTest : public CatalogueWorld {
+protected:
+    ConnectivityDlgTest() {
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+        app.SetMainWnd(&window);
+        Settings().SetString(TextTag(L"AMAZON_SUPPORTED"), L"TRUE");
+        for (const wchar_t* const kind : {L"PRINTER", L"SCANNER", L"FAX", L"OTHER"}) {
+            AddPackage(L"Common\\x64", std::wstring(kind) + L".msi").properties[L"DEVICETYPE"] = kind;
+        }
+        AddDriver(L"x.msi", L"X").properties[L"DRIVERNAME"] = L"Driver X";
+        BuildCatalogues();
+    }
+    // The message that ends the program must not reach the next test.
+    ~ConnectivityDlgTest() override { PumpMessages(); }
+
+    void UseConfiguration() const {
+        Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);
+        Settings().SetDevices({L"<DRIVER_ID>X</DRIVER_ID>", L"<PORT_TYPE>Local Port</PORT_TYPE>"});
+    }
+    void Press(int control) {
+        page.SendMessage(WM_COMMAND, static_cast<WPARAM>(control),
+                         reinterpret_cast<LPARAM>(page.GetDlgItem(control)));
+    }
+    void GoOnWith(int choice) {
+        EXPECT_TRUE(page.Create(page.TemplateId(), &window));
+        Press(choice);
+        Press(IDOK);
+    }
+    static std::vector<std::wstring> StillOptional() {
+        std::vector<std::wstring> names;
+        for (const MSI_APP& record : AppRecords().Select(L"<ISOPTIONAL>true</ISOPTIONAL>"))
+            names.push_back(record.productName);
+        return names;
+    }
+
+    TestApp app;
+    CDialogEx window;
+    ConnectivityDlg page{context, AppRecords(), DriverRecords()};
+};
+
+TEST_F(ConnectivityDlgTest, MakesThePartsOfPredefinedPrintersCoreSoftwareOnUsb) {
+    UseConfiguration();
+    GoOnWith(IDC_CONNECTIVITY_USB);
+    EXPECT_THAT(StillOptional(), ElementsAre(L"OTHER"));
+    EXPECT_THAT(Settings().GetDeviceValues(L"PORT_TYPE"), ElementsAre(L"USB", L"USB"));
+}
+
+TEST_F(ConnectivityDlgTest, LeavesThePartsOfThePrinterOptionalOnUsbWithoutAPredefinedOne) {
+    GoOnWith(IDC_CONNECTIVITY_USB);
+    EXPECT_THAT(StillOptional(), ElementsAre(L"OTHER", L"PRINTER"));
+}
+
+TEST_F(ConnectivityDlgTest, LeavesPredefinedPrintersAloneOnTheNetwork) {
+    UseConfiguration();
+    GoOnWith(IDC_CONNECTIVITY_NETWORK);
+    EXPECT_THAT(StillOptional(), ElementsAre(L"OTHER", L"PRINTER"));
+    EXPECT_THAT(Settings().GetDeviceValues(L"PORT_TYPE"), ElementsAre(L"Local Port"));
+}
+
+}  // namespace
