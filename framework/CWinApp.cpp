@@ -10,7 +10,12 @@
 
 namespace {
 
-CWinApp* application = nullptr;
+// A worker may outlive the application object.
+std::atomic<CWinApp*> application = nullptr;
+
+bool IsOfThisThread(HWND window) {
+    return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+}
 
 bool IsSwitchCharacter(wchar_t character) {
     return character == L'-' || character == L'/';
@@ -47,7 +52,8 @@ int CWinApp::ExitInstance() {
 }
 
 bool CWinApp::PreTranslateMessage(MSG* message) {
-    for (HWND window = message->hwnd; window != nullptr; window = GetParent(window)) {
+    for (HWND window = message->hwnd; window != nullptr && IsOfThisThread(window);
+         window = GetParent(window)) {
         CWnd* const object = CWnd::FromHandle(window);
         if (object != nullptr && object->PreTranslateMessage(message)) return true;
         if (object != nullptr && object == mainWindow) return false;
@@ -69,13 +75,14 @@ void CWinApp::ParseCommandLine(CCommandLineInfo& receiver) const {
 }
 
 void CWinApp::ReportUnhandledException(const std::wstring& where) noexcept {
-    if (application == nullptr) return;
+    CWinApp* const app = application;
+    if (app == nullptr) return;
     try {
         std::rethrow_exception(std::current_exception());
     } catch (const std::exception& exception) {
-        application->OnUnhandledException(where, exception.what());
+        app->OnUnhandledException(where, exception.what());
     } catch (...) {
-        application->OnUnhandledException(where, "unknown exception");
+        app->OnUnhandledException(where, "unknown exception");
     }
 }
 
@@ -84,7 +91,8 @@ CWinApp* AfxGetApp() {
 }
 
 CWnd* AfxGetMainWnd() {
-    return application == nullptr ? nullptr : application->GetMainWnd();
+    const CWinApp* const app = application;
+    return app == nullptr ? nullptr : app->GetMainWnd();
 }
 
 void EndMessageLoop() {

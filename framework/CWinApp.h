@@ -1,6 +1,7 @@
 // The application object, its command line and its message loop.
 #pragma once
 
+#include <atomic>
 #include <string>
 
 #include "framework/CWnd.h"
@@ -27,7 +28,8 @@ public:
     virtual int Run();
     // Runs last, also when InitInstance has returned false. Returns the exit code of the process.
     virtual int ExitInstance();
-    // Offers a posted message to the windows between the one it is for and the main window.
+    // Offers a posted message to the windows between the one it is for and the main window, as far as they
+    // are this thread's own.
     virtual bool PreTranslateMessage(MSG* message);
     // Called for an exception that reached the edge of the program's own frames; never throws.
     virtual void OnUnhandledException(const std::wstring& where, const std::string& what) noexcept;
@@ -47,7 +49,8 @@ protected:
     unsigned restartManagerSupportFlags = 0;
 
 private:
-    CWnd* mainWindow = nullptr;
+    // Set by the main thread, asked for by workers.
+    std::atomic<CWnd*> mainWindow = nullptr;
     int exitCode = 0;
 };
 

@@ -68,7 +68,8 @@ std::wstring CWnd::GetWindowText() const {
 }
 
 bool CWnd::DestroyWindow() {
-    return handle != nullptr && ::DestroyWindow(handle) != FALSE;
+    const HWND window = handle;
+    return window != nullptr && ::DestroyWindow(window) != FALSE;
 }
 
 void CWnd::DrawItem(const DRAWITEMSTRUCT&) {}

@@ -1,13 +1,15 @@
 // The base of all windows: a C++ object bound to a window handle, whose messages it sees first.
 #pragma once
 
+#include <atomic>
 #include <string>
 
 #include "framework/MessageMap.h"
 
 // A window is destroyed by its parent or by DestroyWindow; the object outlives it and is then unbound. The
-// handle map is locked, since the install thread opens windows too; everything else belongs to the thread
-// that made the window.
+// handle map is locked, since workers open windows too, and any thread may ask for the handle and send to the
+// window. Everything else, with the fonts, icons and brushes of derived classes, belongs to the thread that
+// made the window.
 class CWnd {
 public:
     CWnd() = default;
@@ -76,7 +78,8 @@ private:
     void Bind(HWND window);
     void Unbind();
 
-    HWND handle = nullptr;
+    // Bound and unbound by the window's thread, and read by any.
+    std::atomic<HWND> handle = nullptr;
     WNDPROC formerProcedure = nullptr;
     WindowMessage current{};
 };

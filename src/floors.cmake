@@ -34,8 +34,8 @@ floor(wizard
     Help InstallDialogEx KestruneDlg LocalizedMessage PaintedWait RegisteredMessages)
 
 floor(catalogue
-  LOGIC MSI_APP PackageProperties
-  SYSTEM AppCatalogue DriverInfo MsiInfoService MsiInterface PackageReader)
+  LOGIC AppCatalogue MSI_APP PackageProperties
+  SYSTEM DriverInfo MsiInfoService MsiInterface PackageReader)
 
 floor(printer
   LOGIC ConfigTool DerivedNames PrinterChoice PrinterDescription

@@ -120,16 +120,19 @@ void CKestruneApp::CreateMainWindow(const Collaborators& shared, bool silent) {
 
 int CKestruneApp::ExitInstance() {
     // The pages go first: they refer to what follows. So does a worker that is still at work, as after a walk
-    // that broke off; everything then stays until the process is gone.
+    // that broke off; everything but the windows then stays until the process is gone.
     SetMainWnd(nullptr);
-    mainDialog.reset();
+    if (mainDialog) mainDialog->DestroyWindow();
     // A walk that broke off has not come to the place where this is done.
     Controller::GetInstance().CloseServices();
     if (Controller::GetInstance().ThreadCount() == 0) {
+        mainDialog.reset();
         InstallSettings::DestroyInstance();
         Localizer::DestroyInstance();
         Logger::DestroyInstance();
         CmdLineHelper::DestroyInstance();
+    } else {
+        static_cast<void>(mainDialog.release());
     }
     apartment.reset();
     return CWinApp::ExitInstance();

@@ -13,7 +13,8 @@
 #include "wizard/PageContext.h"
 
 // A page is created once, hidden, and lives until the process ends; a sub-dialog is shown by DoModal. The
-// windows belong to the thread that made them.
+// windows belong to the thread that made them, and so do the fonts and icons, which no two dialogs share: a
+// dialog that a library's thread asks with has its own.
 class InstallDialogEx : public CDialogEx {
 public:
     // The topic is the page's context number in the help file.

@@ -1,10 +1,14 @@
 #include <gmock/gmock.h>
 
+#include <atomic>
+#include <thread>
+
 #include "framework/CDialogEx.h"
 #include "framework/CWinApp.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/ChildProcess.h"
 #include "tests/windows/world/TestApp.h"
+#include "tests/wizard/Waiting.h"
 
 namespace {
 
@@ -88,6 +92,32 @@ TEST(CWinAppTest, OffersAMessageToNoWindowAroundTheMainOne) {
     EXPECT_FALSE(app.PreTranslateMessage(&message));
     EXPECT_EQ(main.seen, 1);
     EXPECT_EQ(outer.seen, 0);
+}
+
+// As for a dialog that a library's thread opens over the main window.
+TEST(CWinAppTest, OffersAMessageToNoWindowOfAnotherThread) {
+    TestApp app;
+    Filter main;
+    EXPECT_TRUE(main.Create(IDD_TEST, nullptr));
+    app.SetMainWnd(&main);
+    std::atomic<bool> isDone = false;
+    std::thread other([&] {
+        {
+            Filter dialog;
+            EXPECT_TRUE(dialog.Create(IDD_TEST, &main));
+            EXPECT_EQ(GetParent(dialog.GetSafeHwnd()), main.GetSafeHwnd());
+            MSG message{.hwnd = dialog.GetSafeHwnd(), .message = WM_KEYDOWN};
+            EXPECT_FALSE(app.PreTranslateMessage(&message));
+            EXPECT_EQ(dialog.seen, 1);
+        }
+        isDone = true;
+    });
+    EXPECT_TRUE(WaitUntil([&] {
+        PumpMessages();
+        return isDone.load();
+    }));
+    other.join();
+    EXPECT_EQ(main.seen, 0);
 }
 
 TEST(CWinAppTest, OffersAMessageOfTheThreadToNobody) {
