@@ -28,6 +28,21 @@ protected:
         return IsMirrored(dialog->GetSafeHwnd());
     }
 
+    // Looks at the texts of a dialog, which must be mirrored and nothing else: the layout brings the reading
+    // order, and a style that asks for it once more turns it round.
+    void ExpectMirroredTexts() {
+        const std::unique_ptr<InstallDialogEx> dialog =
+            GetParam().make({context, window, applications, drivers, configuration});
+        EXPECT_TRUE(dialog->Create(dialog->TemplateId(), &window));
+        int texts = 0;
+        for (HWND text = nullptr;
+             (text = FindWindowExW(dialog->GetSafeHwnd(), text, L"STATIC", nullptr)) != nullptr; ++texts) {
+            EXPECT_EQ(GetWindowLongPtrW(text, GWL_EXSTYLE) & (WS_EX_LAYOUTRTL | WS_EX_RTLREADING),
+                      WS_EX_LAYOUTRTL);
+        }
+        EXPECT_GT(texts, 0);
+    }
+
     AppCatalogue applications;
     DriverInfo drivers;
     DriverConfiguration configuration{Settings(), applications, drivers};
@@ -40,6 +55,11 @@ TEST_P(MirroredDialogsTest, FollowTheDirectionOfTheTexts) {
     EXPECT_FALSE(IsMirroredNow());
     Read("RTL");
     EXPECT_TRUE(IsMirroredNow());
+}
+
+TEST_P(MirroredDialogsTest, LeaveTheReadingOrderOfTextsToTheLayout) {
+    Read("RTL");
+    ExpectMirroredTexts();
 }
 
 INSTANTIATE_TEST_SUITE_P(All, MirroredDialogsTest, testing::ValuesIn(EveryDialog()),
