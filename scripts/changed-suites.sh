@@ -34,6 +34,7 @@ suites_of() {
         demo | tests/network/* | scripts/network.sh | scripts/in-network.sh | scripts/run-network-tests.sh) echo network ;;
         tests/unit/ReferenceForms.*) echo unit fuzz lint ;;
         tests/unit/*.cpp | tests/unit/*.h) echo unit lint ;;
+        tests/threads/*) echo unit lint ;;
         tests/fuzz/*) echo fuzz lint ;;
         tests/windows/standins/*) echo standins lint ;;
         tests/windows/*) echo windows lint ;;
