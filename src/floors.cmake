@@ -56,7 +56,7 @@ floor(ports
   SYSTEM AddPortDlg AddPortService DriverConfigDlg SharedPrinter)
 
 floor(discovery
-  LOGIC DeviceChoice DeviceDocuments DiscoveredDevices DriverMatch NpaReply RowOrder SearchCheck
+  LOGIC DeviceChoice DeviceDocuments DiscoveredDevices DiscoveryState DriverMatch NpaReply RowOrder SearchCheck
   SYSTEM DeviceExchanges DiscoveryDlg DiscoveryListCtrl DiscoveryService FirewallRules ModifySearchDlg
     ReplyMemory)
 

@@ -116,41 +116,23 @@ void DiscoveryDlg::SetUpButtons() {
 }
 
 LRESULT DiscoveryDlg::OnShowWindow(WPARAM shown, LPARAM) {
-    ShowControl(IDC_DISCOVERY_FIRST_NOTE, false);
-    ShowControl(IDC_HELP_BUTTON, false);
+    ReadPackage();
     deviceList.SelectRow(deviceList.SelectedRow());
     if (shown != FALSE && proposalDue) ProposeDevice();
-    if (driverList.IsEmpty()) HideDriverChoice();
-    HideUnsupportedRadios();
+    state.hasDrivers = !driverList.IsEmpty();
+    // Without drivers there is no tool either, until one comes that has it.
+    state.hasConfigTool = state.hasConfigTool && state.hasDrivers;
+    ApplyState();
     KeepTabStop(IDC_DISCOVERY_USB, IDC_DISCOVERY_NIMBOJET);
-    if (settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
-        ShowControl(IDC_DISCOVERY_DRIVER_LIST, false);
-        ShowControl(IDC_DISCOVERY_CONFIGURE, false);
-    }
-    if (settings.IsAmazonSupported()) HideDriverChoice();
     settings.SetBool(Tag::DISCOVERY_DONE, true);
     return Default();
 }
 
-void DiscoveryDlg::HideDriverChoice() {
-    ShowDriverList(false);
-    ShowControl(IDC_DISCOVERY_CONFIGURE, false);
-}
-
-void DiscoveryDlg::ShowDriverList(bool shown) {
-    for (const int id : {IDC_DISCOVERY_DRIVER_LIST, IDC_DISCOVERY_DRIVER_FRAME, IDC_DISCOVERY_DRIVER_LABEL})
-        ShowControl(id, shown);
-    EnableControl(IDC_DISCOVERY_DRIVER_LABEL, shown);
-}
-
-void DiscoveryDlg::HideUnsupportedRadios() {
-    const auto hide = [this](int id) {
-        ShowControl(id, false);
-        EnableControl(id, false);
-    };
-    const bool isAmazon = settings.IsAmazonSupported();
-    if (isAmazon || !applications.FirstOfType(nimbojetType)) hide(IDC_DISCOVERY_NIMBOJET);
-    if (isAmazon || !settings.IsSet(Tag::USB_SUPPORTED)) hide(IDC_DISCOVERY_USB);
+void DiscoveryDlg::ReadPackage() {
+    state.isAmazon = settings.IsAmazonSupported();
+    state.fromConfig = settings.GetBool(Tag::INSTALL_FROM_CONFIG);
+    state.hasNimbojet = applications.FirstOfType(nimbojetType).has_value();
+    state.supportsUsb = settings.IsSet(Tag::USB_SUPPORTED);
 }
 
 LRESULT DiscoveryDlg::OnWindowDestroyed(WPARAM, LPARAM) {
@@ -163,13 +145,12 @@ void DiscoveryDlg::ClearDrivers() {
 }
 
 void DiscoveryDlg::AddDriver(const MSI_APP& driver) {
-    const bool isAmazon = settings.IsAmazonSupported();
-    if (isAmazon || driverList.IsEmpty()) ShowDriverList(!isAmazon);
-    if (!isAmazon && IsWindowVisible(GetDlgItem(IDC_DISCOVERY_CONFIGURE)) == FALSE &&
-        configuration.IsConfigToolAvailable(driver.driverName)) {
-        ShowControl(IDC_DISCOVERY_CONFIGURE, true);
+    state.hasDrivers = true;
+    if (!state.hasConfigTool && configuration.IsConfigToolAvailable(driver.driverName)) {
+        state.hasConfigTool = true;
         SetLocalizedText(IDC_DISCOVERY_CONFIGURE, TextKey::CONFIG_SETTINGS_BUTTON);
     }
+    ApplyState();
     driverList.Add(driver.driverId, driver.driverName);
 }
 
@@ -224,12 +205,9 @@ LRESULT DiscoveryDlg::OnNothingFound(WPARAM, LPARAM) {
 }
 
 LRESULT DiscoveryDlg::OnSelectionChanged(NMHDR&) {
-    if (deviceList.SelectedRow() < 0) {
-        EnableControl(IDOK, false);
-        return 0;
-    }
+    AllowNext(deviceList.SelectedRow() >= 0);
+    if (!state.canGoOn) return 0;
     SelectDriver(GetDriverForSelection());
-    EnableControl(IDOK, true);
     ShowControl(IDC_DISCOVERY_SELECTION_TEXT, false);
     ShowControl(IDC_DISCOVERY_SELECTION_TEXT, true);
     SetSelectionText();
@@ -237,7 +215,7 @@ LRESULT DiscoveryDlg::OnSelectionChanged(NMHDR&) {
 }
 
 LRESULT DiscoveryDlg::OnRowsDeleted(NMHDR&) {
-    if (IsWindowEnabled(deviceList.GetSafeHwnd()) != FALSE) EnableControl(IDOK, false);
+    if (!state.isSearchOver) AllowNext(false);
     return 0;
 }
 
@@ -269,13 +247,14 @@ void DiscoveryDlg::SelectDriver(const std::wstring& driverId) {
 void DiscoveryDlg::OnDriverChanged() {
     const std::wstring driverId = driverList.SelectedId();
     configuration.Follow(driverId);
-    const bool isV4OnUsb =
-        IsV4Driver(driverId) && IsDlgButtonChecked(GetSafeHwnd(), IDC_DISCOVERY_USB) == BST_CHECKED;
-    EnableControl(IDC_DISCOVERY_CONFIGURE, configuration.CanConfigureDriver(driverId) && !isV4OnUsb);
+    state.takesConfiguration = configuration.CanConfigureDriver(driverId);
+    state.isV4Driver = IsV4Driver(driverId);
+    state.isUsb = IsDlgButtonChecked(GetSafeHwnd(), IDC_DISCOVERY_USB) == BST_CHECKED;
+    ApplyState();
 }
 
 void DiscoveryDlg::OnRefresh() {
-    if (IsWindowEnabled(GetDlgItem(IDC_DISCOVERY_REFRESH)) == FALSE) return;
+    if (state.isSearchOver) return;
     deviceList.ShowMessage(GetLocalizedText(TextKey::DISCOVERED_LIST_COLUMN_SEARCHING));
     controller.RunCurrentService();
 }
@@ -300,7 +279,6 @@ void DiscoveryDlg::OnConfigureDriver() {
 }
 
 void DiscoveryDlg::OnUsb() {
-    if (IsV4Driver(driverList.SelectedId())) EnableControl(IDC_DISCOVERY_CONFIGURE, false);
     PickConnection();
 }
 
@@ -309,24 +287,21 @@ void DiscoveryDlg::OnNimbojet() {
 }
 
 void DiscoveryDlg::PickConnection() {
-    EnableControl(IDOK, true);
-    EnableSearch(false);
+    state.canGoOn = true;
+    state.isSearchOver = true;
     SelectDriver(GetDefaultDriver(settings, {}));
 }
 
-void DiscoveryDlg::EnableSearch(bool enabled) {
-    for (const int id :
-         {IDC_DISCOVERY_LIST, IDC_DISCOVERY_REFRESH, IDC_DISCOVERY_MODIFY_SEARCH, IDC_DISCOVERY_ADD_PORT})
-        EnableControl(id, enabled);
+void DiscoveryDlg::AllowNext(bool allowed) {
+    state.canGoOn = allowed;
+    ApplyState();
 }
 
 void DiscoveryDlg::OnBackToList() {
-    EnableSearch(true);
     const int row = deviceList.SelectedRow();
-    if (row < 0) {
-        EnableControl(IDOK, false);
-        return;
-    }
+    state.isSearchOver = false;
+    AllowNext(row >= 0 && state.canGoOn);
+    if (row < 0) return;
     deviceList.SelectRow(row);
     deviceList.SetFocus();
     SelectDriver(GetDriverForSelection());

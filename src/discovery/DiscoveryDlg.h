@@ -12,6 +12,7 @@
 #include "catalogue/DriverInfo.h"
 #include "discovery/DiscoveredDevices.h"
 #include "discovery/DiscoveryListCtrl.h"
+#include "discovery/DiscoveryState.h"
 #include "discovery/IDiscoveryDialog.h"
 #include "framework/Handles.h"
 #include "printer/DriverConfiguration.h"
@@ -67,11 +68,10 @@ private:
     void OnNimbojet();
     void OnBackToList();
 
-    void HideDriverChoice();
-    void ShowDriverList(bool shown);
-    void HideUnsupportedRadios();
+    void ReadPackage();
     void PickConnection();
-    void EnableSearch(bool enabled);
+    void AllowNext(bool allowed);
+    void ApplyState() { Apply(ControlsFor(state)); }
     void SelectDriver(const std::wstring& driverId);
     bool IsConnectionPicked() const;
     void ProposeDevice();
@@ -95,6 +95,8 @@ private:
     std::unique_ptr<ModifySearchDlg> modifySearchDlg;
     std::unique_ptr<DriverConfigDlg> driverConfigDlg;
 
+    // What the controls that come and go depend on; a handler changes it and applies it.
+    DiscoveryState state;
     // Devices have arrived and none of them has been proposed to the user yet.
     bool proposalDue = false;
     // The window that the worker posts to; null before it is made and when it is gone.

@@ -163,6 +163,18 @@ void InstallDialogEx::EnableControl(int controlId, bool enabled) {
     ::EnableWindow(control, enabled ? TRUE : FALSE);
 }
 
+void InstallDialogEx::Apply(const std::vector<ControlState>& states) {
+    const auto styleOf = [this](int id) { return GetWindowLongPtrW(GetDlgItem(id), GWL_STYLE); };
+    // What appears comes first, so that what goes can hand the focus to it.
+    for (const bool appears : {true, false}) {
+        for (const auto& [id, shown, enabled] : states) {
+            const LONG_PTR style = styleOf(id);
+            if (enabled == appears && ((style & WS_DISABLED) == 0) != enabled) EnableControl(id, enabled);
+            if (shown == appears && ((style & WS_VISIBLE) != 0) != shown) ShowControl(id, shown);
+        }
+    }
+}
+
 void InstallDialogEx::KeepTabStop(int firstRadio, int lastRadio) {
     HWND reachable = nullptr;
     for (int id = lastRadio; id >= firstRadio; --id) {

@@ -4,12 +4,14 @@
 #include <atomic>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "framework/CDialogEx.h"
 #include "framework/CToolTipCtrl.h"
 #include "framework/Handles.h"
 #include "resources/resource.h"
 #include "settings/TextKeys.h"
+#include "wizard/ControlState.h"
 #include "wizard/PageContext.h"
 
 // A page is created once, hidden, and lives until the process ends; a sub-dialog is shown by DoModal. The
@@ -68,6 +70,8 @@ protected:
     // A control that has the focus and is hidden or disabled hands it on.
     void ShowControl(int controlId, bool shown);
     void EnableControl(int controlId, bool enabled);
+    // Puts the controls as they are to stand, and leaves alone what stands so already.
+    void Apply(const std::vector<ControlState>& states);
     // Leaves the group of radio buttons, given by its first and last, within reach of the Tab key where none
     // of it is checked.
     void KeepTabStop(int firstRadio, int lastRadio);
