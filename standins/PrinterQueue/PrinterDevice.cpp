@@ -8,6 +8,7 @@
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "standins/PrinterQueue/DeviceTags.h"
+#include "standins/discovery/NetworkAddress.h"
 
 namespace printerqueue {
 namespace {
@@ -114,6 +115,15 @@ std::uint32_t ReadPortNumber(const PrinterDevice& device, const std::wstring& te
     return static_cast<std::uint32_t>(number);
 }
 
+// The name that Windows has for an address of IPv6 can be too long for a port, and only Windows resolves it.
+std::wstring WithPlainAddress(const std::wstring& host) {
+    const bool isPlain = host.find(L':') != std::wstring::npos;
+    const auto address = discovery::NetworkAddress::FromText(host);
+    if (isPlain || !address || !address->IsIpV6()) return host;
+    const std::string plain = address->ToText();
+    return {plain.begin(), plain.end()};
+}
+
 void ReadNetworkPort(std::wstring_view text, const PackageWishes& wishes, PrinterDevice& device) {
     PrinterPort& port = device.port;
     const bool isLpr = EqualsIgnoringCase(TextOr(text, DeviceTag::PROTOCOL, wishes.protocol), DeviceTag::LPR);
@@ -121,6 +131,7 @@ void ReadNetworkPort(std::wstring_view text, const PackageWishes& wishes, Printe
     port.host = TextOr(text, Tag::HOST_NAME, Text(text, Tag::IPADDRESS));
     if (port.name.empty()) port.name = port.host;
     if (port.host.empty()) port.host = port.name;
+    port.host = WithPlainAddress(port.host);
     port.number = ReadPortNumber(device, TextOr(text, DeviceTag::PORT_NUMBER, wishes.portNumber), port.kind);
     if (isLpr) port.lprQueue = TextOr(text, DeviceTag::LPR_QUEUE, wishes.lprQueue);
     if (isLpr && port.lprQueue.empty()) port.lprQueue = DeviceTag::usualLprQueue;

@@ -76,6 +76,24 @@ TEST(PrinterDeviceTest, TakesTheHostForTheNameOfItsPortAndTheOtherWayRound) {
               L"10.0.0.1");
 }
 
+TEST(PrinterDeviceTest, IsReachedByTheAddressThatANameOfWindowsSpells) {
+    const auto hostOf = [](const std::wstring& host) {
+        return ReadOne(onNetwork + MakeElement(L"HOST_NAME", host)).port.host;
+    };
+    EXPECT_EQ(hostOf(L"2001-db8-77--f.ipv6-literal.net"), L"2001:db8:77::f");
+    EXPECT_EQ(hostOf(L"FE80--1s4.IPv6-Literal.net"), L"fe80::1%4");
+    EXPECT_EQ(hostOf(L"2001-db8-1111-2222-3333-4444-5555-6666.ipv6-literal.net"),
+              L"2001:db8:1111:2222:3333:4444:5555:6666");
+    EXPECT_EQ(hostOf(L"loom-1.ipv6-literal.net"), L"loom-1.ipv6-literal.net");
+    EXPECT_EQ(hostOf(L"2001:DB8::F"), L"2001:DB8::F");
+}
+
+TEST(PrinterDeviceTest, NamesItsPortAsItsHostIsNamed) {
+    const std::wstring name = L"2001-db8-77--f.ipv6-literal.net";
+    EXPECT_EQ(ReadOne(onNetwork + MakeElement(L"HOST_NAME", name)).port.name, name);
+    EXPECT_EQ(ReadOne(onNetwork + MakeElement(L"PORT_NAME", name)).port.host, L"2001:db8:77::f");
+}
+
 TEST(PrinterDeviceTest, SpeaksLprWhereThePackageOrTheDeviceSaysSo) {
     const std::wstring fields = onNetwork + L"<HOST_NAME>loom-1</HOST_NAME>";
     EXPECT_EQ(ReadOne(fields, {.protocol = L"lpr", .lprQueue = L"raw1"}).port,
