@@ -6,6 +6,8 @@
 //   WizardRemote scroll ID    scrolls the control to its end
 //   WizardRemote pick ID TEXT picks the first row of the list that begins with the text
 //   WizardRemote rows ID N    waits until the list has at least so many rows
+//   WizardRemote list ID      prints the rows of the list, their cells divided by tabs
+//   WizardRemote type ID TEXT puts the text into the field, as soon as it is enabled
 //   WizardRemote answer ID    presses a button of the message box that is open
 //   WizardRemote place        prints where the wizard's windows are, as WIDTHxHEIGHT+LEFT+TOP
 //   WizardRemote quit         waits until the wizard has gone
@@ -22,11 +24,13 @@
 #include <string_view>
 
 #include "framework/Handles.h"
+#include "tools/PrintLine.h"
 
 namespace {
 
 constexpr DWORD pollInMilliseconds = 20;
 constexpr DWORD limitInMilliseconds = 60000;
+constexpr int longestCell = 260;
 
 bool WaitFor(const std::function<bool()>& condition) {
     for (DWORD waited = 0; waited < limitInMilliseconds; waited += pollInMilliseconds) {
@@ -63,14 +67,20 @@ HWND FindShownControl(int id) {
     return search.found;
 }
 
-bool Click(int id) {
-    const auto clickable = [id] {
+bool WaitUntilEnabled(int id) {
+    return WaitFor([id] {
         const HWND control = FindShownControl(id);
         return control != nullptr && IsWindowEnabled(control) != FALSE;
-    };
-    if (!WaitFor(clickable)) return false;
-    const HWND control = FindShownControl(id);
-    return PostMessageW(control, BM_CLICK, 0, 0) != FALSE;
+    });
+}
+
+bool Click(int id) {
+    return WaitUntilEnabled(id) && PostMessageW(FindShownControl(id), BM_CLICK, 0, 0) != FALSE;
+}
+
+bool Type(int id, const wchar_t* text) {
+    return WaitUntilEnabled(id) &&
+           SendMessageW(FindShownControl(id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)) != FALSE;
 }
 
 bool HasRows(int id, LRESULT count) {
@@ -84,7 +94,7 @@ public:
     RemoteMemory(HWND window, SIZE_T size) {
         DWORD id = 0;
         GetWindowThreadProcessId(window, &id);
-        process.reset(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id));
+        process.reset(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id));
         if (process) place = VirtualAllocEx(process.get(), nullptr, size, MEM_COMMIT, PAGE_READWRITE);
     }
     RemoteMemory(const RemoteMemory&) = delete;
@@ -97,6 +107,10 @@ public:
     bool Write(SIZE_T offset, const void* data, SIZE_T size) const {
         return place != nullptr &&
                WriteProcessMemory(process.get(), Place() + offset, data, size, nullptr) != FALSE;
+    }
+    bool Read(SIZE_T offset, void* data, SIZE_T size) const {
+        return place != nullptr &&
+               ReadProcessMemory(process.get(), Place() + offset, data, size, nullptr) != FALSE;
     }
 
 private:
@@ -123,6 +137,41 @@ bool PickRow(int id, const std::wstring& text) {
     return row >= 0 && memory.Write(0, &item, sizeof(item)) &&
            SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), place) != FALSE &&
            SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE) != FALSE;
+}
+
+// The text of a cell, which the list writes after the structure in the memory.
+bool ReadCell(HWND list, const RemoteMemory& memory, LRESULT row, int column, std::wstring& text) {
+    wchar_t cell[longestCell] = {};
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = reinterpret_cast<wchar_t*>(memory.Place() + sizeof(item));
+    item.cchTextMax = longestCell;
+    if (!memory.Write(0, &item, sizeof(item)) || !memory.Write(sizeof(item), cell, sizeof(cell)))
+        return false;
+    const auto place = reinterpret_cast<LPARAM>(memory.Place());
+    SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), place);
+    if (!memory.Read(sizeof(item), cell, sizeof(cell))) return false;
+    text.assign(cell, wcsnlen(cell, longestCell));
+    return true;
+}
+
+bool PrintRows(int id) {
+    const HWND list = FindShownControl(id);
+    if (list == nullptr) return false;
+    const RemoteMemory memory(list, sizeof(LVITEMW) + longestCell * sizeof(wchar_t));
+    const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    const LRESULT columns = SendMessageW(header, HDM_GETITEMCOUNT, 0, 0);
+    const LRESULT rows = SendMessageW(list, LVM_GETITEMCOUNT, 0, 0);
+    for (LRESULT row = 0; row < rows; ++row) {
+        std::wstring line;
+        for (int column = 0; column < columns; ++column) {
+            std::wstring cell;
+            if (!ReadCell(list, memory, row, column, cell)) return false;
+            line += (column == 0 ? L"" : L"\t") + cell;
+        }
+        PrintLine(line);
+    }
+    return true;
 }
 
 bool ScrollToEnd(int id) {
@@ -161,6 +210,8 @@ int wmain(int count, wchar_t** arguments) {
     if (verb == L"scroll") done = ScrollToEnd(id);
     if (verb == L"pick" && count > 3) done = PickRow(id, arguments[3]);
     if (verb == L"rows" && count > 3) done = WaitFor([=] { return HasRows(id, _wtoi(arguments[3])); });
+    if (verb == L"list") done = PrintRows(id);
+    if (verb == L"type" && count > 3) done = Type(id, arguments[3]);
     if (verb == L"place") done = PrintPlace();
     if (verb == L"quit") done = WaitFor([] { return FindWindowW(L"#32770", nullptr) == nullptr; });
     return done ? EXIT_SUCCESS : EXIT_FAILURE;
