@@ -4,6 +4,7 @@
 
 #include <winspool.h>
 
+#include <cstring>
 #include <fstream>
 
 #include "tests/fakes/Spooler/MonitorPlaces.h"
@@ -55,6 +56,21 @@ void RemoveTestDriver(const std::wstring& name) {
     DeletePrinterDriverExW(nullptr, environment, Lent(name), 0, 0);
 }
 
+unsigned long AddTestPrinter(const std::wstring& name, const std::wstring& port, const std::wstring& driver) {
+    std::wstring processor = L"winprint";
+    std::wstring comment = L"by hand";
+    PRINTER_INFO_2W info{.pPrinterName = Lent(name),
+                         .pPortName = Lent(port),
+                         .pDriverName = Lent(driver),
+                         .pComment = comment.data(),
+                         .pPrintProcessor = processor.data(),
+                         .pDatatype = rawData};
+    const HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+    if (printer == nullptr) return GetLastError();
+    ClosePrinter(printer);
+    return 0;
+}
+
 unsigned long AddTestMonitor(const std::wstring& libraryPath) {
     std::wstring file = libraryPath.substr(libraryPath.rfind(L'\\') + 1);
     if (CopyFileW(libraryPath.c_str(), (SystemFolder() + L"\\" + file).c_str(), FALSE) == FALSE &&
@@ -91,4 +107,15 @@ std::vector<unsigned char> ToldOfPort(const std::wstring& port) {
     RegGetValueW(HKEY_LOCAL_MACHINE, key.c_str(), port.c_str(), RRF_RT_REG_BINARY, nullptr, data.data(),
                  &size);
     return data;
+}
+
+std::wstring HostOfPort(const std::wstring& port) {
+    // Where the structure of the TCP/IP port monitor has it.
+    constexpr std::size_t offset = 144;
+    constexpr std::size_t length = 49;
+    const std::vector<unsigned char> data = ToldOfPort(port);
+    if (data.size() < offset + length * sizeof(wchar_t)) return {};
+    wchar_t host[length] = {};
+    std::memcpy(host, data.data() + offset, sizeof(host));
+    return {host, wcsnlen(host, length)};
 }

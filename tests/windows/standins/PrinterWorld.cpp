@@ -166,16 +166,7 @@ std::wstring PrinterWorldTest::DefaultPrinter() {
 }
 
 void PrinterWorldTest::MakeQueue(const std::wstring& name, const std::wstring& portOfQueue) {
-    std::wstring texts[] = {name, portOfQueue, firstDriver, L"winprint", L"RAW", L"by hand"};
-    PRINTER_INFO_2W info{.pPrinterName = texts[0].data(),
-                         .pPortName = texts[1].data(),
-                         .pDriverName = texts[2].data(),
-                         .pComment = texts[5].data(),
-                         .pPrintProcessor = texts[3].data(),
-                         .pDatatype = texts[4].data()};
-    const HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
-    ASSERT_NE(printer, nullptr) << GetLastError();
-    ClosePrinter(printer);
+    ASSERT_EQ(AddTestPrinter(name, portOfQueue, firstDriver), 0U);
 }
 
 std::string PrinterWorldTest::Printed(const std::wstring& name, const std::string& bytes,
