@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Tests the simulated network itself, each form of it in namespaces of its own, and what the package's libraries find in
-# it; the machine's network is not used.
+# Tests the simulated network itself, each form of it in namespaces of its own, what the package's libraries find in it,
+# and whole walks of the wizard in it; the machine's network is not used.
 #
 # usage: scripts/run-network-tests.sh
 # Where no namespace can be had, or the programs that play the devices cannot be fetched, it says so and tests nothing.
@@ -32,8 +32,9 @@ in_network liars $tests/liars_test.py || failed=1
 in_network wide $tests/wide_test.py || failed=1
 in_network --loss 20 few $tests/loss_test.py || failed=1
 
+build_folder=${BUILD_DIR:-build/windows}
 if [ -z "${BUILD_DIR:-}" ]; then
-    build windows Sondrix Quelmar AskNetwork || exit 1
+    build windows AskNetwork Kestrune PrintSystem PrinterQueue Quelmar Sondrix TestActions WizardRemote || exit 1
 fi
 wine_make_template
 start_display
@@ -43,4 +44,9 @@ find_in office find_office_test.py
 find_in --loss 20 office find_lost_test.py
 find_in wide find_far_test.py
 find_in liars find_liars_test.py
+
+scripts/build-package.sh "$build_folder" || exit 1
+package/make_packages.py $tests/packages/packages.toml build/network/packages package/packages \
+    "$build_folder/tests/windows/standins" "$build_folder/standins/PrinterQueue" || exit 1
+in_network --browser few $tests/with_package.sh $tests/walk_test.py || failed=1
 exit "$failed"

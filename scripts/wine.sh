@@ -77,7 +77,7 @@ add_title_fonts() {
 
 # wine_add_printing: gives the prefix what printers are made of and Wine lacks, a driver of Windows and a monitor for TCP/IP
 # ports. The program that does so is built already.
-wine_add_printing() { timeout 60 wine "$root/build/windows/tests/fakes/PrintSystem.exe" prepare < /dev/null; }
+wine_add_printing() { timeout 60 wine "${BUILD_DIR:-build/windows}/tests/fakes/PrintSystem.exe" prepare < /dev/null; }
 
 # Starts a virtual display for this shell and ends it with the shell. Windows has a desktop in every session, and
 # without a display Wine creates no window at all.

@@ -61,8 +61,8 @@ def has_no_agent(address):
         return False
 
 
-def wait_until(condition, what):
-    end = time.monotonic() + LIMIT_IN_SECONDS
+def wait_until(condition, what, limit=LIMIT_IN_SECONDS):
+    end = time.monotonic() + limit
     while not condition():
         if time.monotonic() > end:
             raise AssertionError(f"waited in vain until {what}")
