@@ -40,14 +40,15 @@ suites_of() {
         tests/windows/*) echo windows lint ;;
         tests/wizard/BitmapFile.* | tests/wizard/LibraryCalls.* | tests/wizard/Logs.*) echo windows wizard lint ;;
         tests/wizard/*) echo wizard lint ;;
-        tests/fakes/Spooler/*) echo standins lint ;;
+        tests/fakes/Spooler/*) echo standins network lint ;;
         tests/fakes/NpaPacket.*) echo unit windows wizard lint ;;
         tests/fakes/*) echo windows wizard lint ;;
         src/*.cpp | src/*.h) of_source "$1" ;;
-        standins/PrinterQueue/*) echo unit fuzz standins wizard lint ;;
+        standins/PrinterQueue/*) echo unit fuzz standins network wizard lint ;;
         standins/*) echo standins lint ;;
         framework/* | resources/*) echo windows wizard lint ;;
         package/*) echo standins wizard lint ;;
+        tools/WizardRemote.cpp) echo network lint ;;
         tools/* | tests/bench/*) echo lint ;;
         scripts/run-windows-tests.sh) echo windows ;;
         scripts/run-standin-tests.sh) echo standins ;;
