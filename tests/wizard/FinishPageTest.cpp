@@ -161,7 +161,7 @@ TEST_F(FinishPageTest, ShowsAGoodHeaderWithABadPictureWhereTheLastLineIsNotSuppo
     wizard.WaitForControl(IDC_FINISH_ERROR_LINK);
     EXPECT_EQ(TextOf(IDC_OUTCOME_TITLE), L"DRIVER_INSTALL_COMPLETE_TEXT");
     EXPECT_TRUE(ShowsColour(PicturePlace(), failureColour));
-    RegDeleteKeyW(HKEY_CURRENT_USER, versionKey);
+    RegDeleteTreeW(HKEY_CURRENT_USER, versionKey);
 }
 
 TEST_F(FinishPageTest, LooksAtAHundredLinesAndNoMore) {

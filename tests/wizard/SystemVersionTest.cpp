@@ -23,7 +23,7 @@ protected:
     }
 
     void TearDown() override {
-        RegDeleteKeyW(HKEY_CURRENT_USER, versionKey);
+        RegDeleteTreeW(HKEY_CURRENT_USER, versionKey);
         ShownRunTest::TearDown();
     }
 
