@@ -1,4 +1,4 @@
-# The program and its tools.
+# The program.
 
 # The icon is drawn as a vector picture and rendered in the sizes that the system asks for.
 set(ICON ${CMAKE_BINARY_DIR}/resources/Kestrune.ico)
@@ -20,18 +20,3 @@ target_link_options(Kestrune PRIVATE -municode -s)
 set_source_files_properties(resources/Kestrune.rc PROPERTIES
   INCLUDE_DIRECTORIES ${CMAKE_BINARY_DIR}/resources
   OBJECT_DEPENDS "${ICON};${FONT};${CMAKE_SOURCE_DIR}/resources/Kestrune.manifest;${CMAKE_SOURCE_DIR}/resources/resource.h")
-
-# For package builders and the demo: prints what a run would do.
-add_executable(PackagePlan tools/PackagePlan.cpp)
-target_link_libraries(PackagePlan PRIVATE kestrune_app)
-target_link_options(PackagePlan PRIVATE -municode -s)
-
-# For the tour: moves the wizard from outside.
-add_executable(WizardRemote tools/WizardRemote.cpp)
-target_link_libraries(WizardRemote PRIVATE kestrune_options user32)
-target_link_options(WizardRemote PRIVATE -municode -s)
-
-# For package builders and the tests: asks a network what the wizard asks.
-add_executable(AskNetwork tools/AskNetwork.cpp)
-target_link_libraries(AskNetwork PRIVATE kestrune_app)
-target_link_options(AskNetwork PRIVATE -municode -s)
