@@ -1,4 +1,4 @@
-#include "tests/unit/ScriptedSpooler.h"
+#include "tests/unit/printerqueue/ScriptedSpooler.h"
 
 #include <algorithm>
 
