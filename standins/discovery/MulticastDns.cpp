@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t mostServices = 4096;
 constexpr std::size_t mostAddressesOfHost = 16;
-constexpr int mostTriesForRecord = 3;
+constexpr int mostTriesForRecord = 6;
 // Questions that fit into a packet of any link.
 constexpr std::size_t questionsPerPacket = 8;
 
@@ -147,10 +147,9 @@ bool MulticastDns::TakeService(const DnsRecord& record) {
     found->second.host = KeyOf(target.host);
     found->second.port = target.port;
     Obtain(instance, DnsType::Srv);
-    if (!hosts.contains(found->second.host)) {
-        Miss(target.host, DnsType::A);
-        Miss(target.host, DnsType::Aaaa);
-    }
+    const std::vector<NetworkAddress> known = AddressesOfHost(found->second.host);
+    if (known.empty()) Miss(target.host, DnsType::Aaaa);
+    if (std::ranges::all_of(known, &NetworkAddress::IsIpV6)) Miss(target.host, DnsType::A);
     return true;
 }
 
@@ -170,8 +169,8 @@ bool MulticastDns::TakeAddress(const DnsRecord& record, const Datagram& answer) 
     if (!address || !address->IsHost() || hosts.size() >= mostServices) return false;
     const std::string host = KeyOf(record.name);
     std::vector<NetworkAddress>& known = hosts[host];
-    // One of the two kinds is enough to reach it.
-    Obtain(host, DnsType::A);
+    // An address of IPv4 is enough; one of IPv6 alone does not tell that the device is the one that SNMP knows.
+    if (!address->IsIpV6()) Obtain(host, DnsType::A);
     Obtain(host, DnsType::Aaaa);
     if (known.size() == mostAddressesOfHost || std::ranges::find(known, *address) != known.end())
         return false;
@@ -189,7 +188,11 @@ void MulticastDns::Obtain(const std::string& key, DnsType type) {
 }
 
 std::vector<NetworkAddress> MulticastDns::AddressesOf(const std::string& localName) const {
-    const auto found = hosts.find(KeyOf(DnsNameOf(localName)));
+    return AddressesOfHost(KeyOf(DnsNameOf(localName)));
+}
+
+std::vector<NetworkAddress> MulticastDns::AddressesOfHost(const std::string& key) const {
+    const auto found = hosts.find(key);
     return found == hosts.end() ? std::vector<NetworkAddress>() : found->second;
 }
 

@@ -56,6 +56,7 @@ private:
         int tries = 0;
     };
 
+    std::vector<NetworkAddress> AddressesOfHost(const std::string& key) const;
     void AskEverywhere(const std::vector<DnsQuestion>& questions, std::vector<Datagram>& out) const;
     bool TakeRecord(const DnsRecord& record, const Datagram& answer);
     bool TakePointer(const DnsRecord& record);

@@ -15,10 +15,14 @@ constexpr Time sweepInterval{5};
 constexpr std::size_t mostNeighbours = 4096;
 
 constexpr int fewestPasses = 2;
-constexpr int mostPasses = 6;
+constexpr int mostPasses = 8;
 // As long as nobody answers, those that sleep get the time to wake up.
 constexpr int passesIntoSilence = 4;
-constexpr auto passGaps = std::to_array<Time>({Time(250), Time(500), Time(750), Time(1000)});
+// So many passes in a row bring nobody new to the end. Where a second pass finds whom the first did not,
+// packets get lost, and one pass without news is no evidence.
+constexpr int quietPasses = 1;
+constexpr int quietPassesUnderLoss = 2;
+constexpr auto passGaps = std::to_array<Time>({Time(250), Time(500)});
 
 // How long nothing new must come; longer where answers are slow.
 constexpr Time shortestQuiet{450};
@@ -75,8 +79,8 @@ std::vector<StreamQuestion> Search::TakeStreams() {
 
 void Search::BeginPass(Time now) {
     ++pass;
+    ++passesWithoutNews;
     passBegan = now;
-    passBroughtNews = false;
     sweptSubnets = 0;
     sweptHosts = 0;
 }
@@ -135,7 +139,7 @@ void Search::Sweep(Time now, std::vector<Datagram>& out) {
         }
         const NetworkAddress host = subnet.Host(sweptHosts++);
         if (snmp.HasAnswered(host)) continue;
-        out.push_back(snmp.FirstQuestion(host, VersionOf(pass)));
+        out.push_back(snmp.FirstQuestion(host, VersionOf(pass), sweepLink));
         ++packets;
         --left;
     }
@@ -160,7 +164,7 @@ bool Search::NeedsAnotherPass() const {
     if (IsSweeping() || pass + 1 >= mostPasses) return false;
     if (HaveHostsAnswered()) return false;
     if (pass + 1 < (hasFound ? fewestPasses : passesIntoSilence)) return true;
-    return passBroughtNews;
+    return passesWithoutNews < (losesPackets ? quietPassesUnderLoss : quietPasses);
 }
 
 Time Search::NextPass() const {
@@ -226,8 +230,9 @@ void Search::CloseStream(std::size_t number, Time now) {
 void Search::TakeNews(Time now) {
     slowestAnswer = std::max(slowestAnswer, now - lastSent);
     lastNews = now;
+    losesPackets = losesPackets || pass > 0;
     hasFound = true;
-    passBroughtNews = true;
+    passesWithoutNews = 0;
 }
 
 // Multicast DNS is spoken with neighbours only, and with hosts that are asked by themselves.

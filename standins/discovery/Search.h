@@ -100,7 +100,9 @@ private:
     // The longest that an answer came after the last packet had gone.
     Time slowestAnswer{};
     bool hasFound = false;
-    bool passBroughtNews = false;
+    // Somebody was found by a repeated question alone.
+    bool losesPackets = false;
+    int passesWithoutNews = 0;
     std::size_t packets = 0;
     // Subnets of this pass that are done, and hosts of the next one.
     std::size_t sweptSubnets = 0;

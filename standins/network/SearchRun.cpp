@@ -14,6 +14,8 @@ constexpr int packetsPerTurn = 1000;
 constexpr int piecesPerTurn = 16;
 // Neighbours are not to be asked beyond the link (RFC 6762 wants this number both ways).
 constexpr DWORD hopLimit = 255;
+// Room for the questions of a sweep that wait for neighbours, where the system grants as much.
+constexpr DWORD sweepRoom = 1024 * 1024;
 constexpr DWORD yes = 1;
 
 template <typename Value>
@@ -42,6 +44,9 @@ SearchRun::SearchRun(const std::vector<LocalLink>& localLinks)
     for (const int family : {AF_INET, AF_INET6}) {
         Keep(OpenDatagramSocket(Unspecified(family), family), anyLink, family == AF_INET6);
     }
+    Socket sweep = OpenDatagramSocket(Unspecified(AF_INET), AF_INET);
+    SetOption(sweep.get(), SOL_SOCKET, SO_SNDBUF, sweepRoom);
+    Keep(std::move(sweep), sweepLink, false);
 }
 
 void SearchRun::OpenForLink(const LocalLink& link, std::size_t index) {
@@ -93,7 +98,7 @@ void SearchRun::Send(const Datagram& datagram) const {
         sendto(each.socket.get(), datagram.bytes.data(), static_cast<int>(datagram.bytes.size()), 0,
                peer.get(), peer.length);
         // A broadcast goes out of each address that the link has, so that each of its subnets is asked.
-        if (datagram.link == anyLink) return;
+        if (datagram.link == anyLink || datagram.link == sweepLink) return;
     }
 }
 

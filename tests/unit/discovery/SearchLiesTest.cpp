@@ -52,6 +52,15 @@ TEST_F(SearchLiesTest, OtherPeoplesRequestIdsCountForNothing) {
                 IsEmpty());
 }
 
+TEST_F(SearchLiesTest, AnotherCommunityCountsForNothing) {
+    EXPECT_THAT(SearchWith([](const Datagram& answer) {
+                    Datagram other = answer;
+                    other.bytes.replace(other.bytes.find("public"), 6, "secret");
+                    return Answers{other};
+                }),
+                IsEmpty());
+}
+
 TEST_F(SearchLiesTest, AnotherAddressCountsForNothing) {
     EXPECT_THAT(SearchWith([](const Datagram& answer) {
                     Datagram other = answer;

@@ -138,22 +138,64 @@ TEST_F(SearchTest, WaitsForThoseWhoAnswerSlowly) {
 }
 
 TEST_F(SearchTest, FindsNearlyAllInANetworkThatLosesAFifth) {
-    AddOffice(8);
-    network.Lose(0.2);
-    EXPECT_GE(SearchNeighbours().size(), 23U);
+    for (std::uint32_t seed = 1; seed <= 20; ++seed) {
+        network = {};
+        AddOffice(8);
+        network.Lose(0.2, seed);
+        EXPECT_GE(SearchNeighbours().size(), 23U) << "with the losses of " << seed;
+    }
+}
+
+// Answers from that number on; the answers before it are lost.
+std::function<std::vector<Datagram>(const Datagram&)> FromAnswer(int number) {
+    return [number, count = 0](const Datagram& answer) mutable {
+        return ++count < number ? std::vector<Datagram>{} : std::vector{answer};
+    };
+}
+
+TEST_F(SearchTest, OnePassWithoutNewsIsNoEvidenceWhereAnswersGetLost) {
+    network.Add({.address = "192.0.2.10", .host = "a", .announcesItself = true});
+    network.Add({.address = "192.0.2.11", .host = "b", .announcesItself = true, .lie = FromAnswer(2)});
+    network.Add({.address = "192.0.2.12", .host = "c", .announcesItself = true, .lie = FromAnswer(4)});
+    EXPECT_THAT(SearchNeighbours(), SizeIs(3));
+}
+
+TEST_F(SearchTest, RepeatsAQuestionOfAConversation) {
+    // The first answer begins the conversation, and the next ones to its second question are lost.
+    int count = 0;
+    network.Add({.address = "192.0.2.10",
+                 .answersSnmp = true,
+                 .hasModem = true,
+                 .lie = [&count](const Datagram& answer) {
+                     ++count;
+                     return count > 1 && count < 8 ? std::vector<Datagram>{} : std::vector{answer};
+                 }});
+    const auto devices = AskHost("192.0.2.10");
+    ASSERT_THAT(devices, SizeIs(1));
+    EXPECT_EQ(devices[0].hasFax, true);
+}
+
+TEST_F(SearchTest, ConversesThoughItsQuestionsToNobodyWait) {
+    network.Add({.address = "192.0.2.10", .answersSnmp = true, .hasModem = true, .delay = Time(250)});
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.asksNeighbours = false;
+    Search search(plan);
+    const auto devices = network.Run(search);
+    ASSERT_THAT(devices, SizeIs(1));
+    EXPECT_EQ(devices[0].hasFax, true);
 }
 
 TEST_F(SearchTest, SweepsALargeSubnetWithinItsPace) {
     for (int number = 0; number < 200; ++number) {
         network.Add(
-            {.address = "192.0." + std::to_string(number / 20) + "." + std::to_string(number % 20 + 1),
+            {.address = "198.18." + std::to_string(number / 20) + "." + std::to_string(number % 20 + 1),
              .answersSnmp = true});
     }
     SearchPlan plan;
-    plan.sweeps = {Subnet(NetworkAddress(0xC0000000), 20)};
+    plan.sweeps = {Subnet(NetworkAddress(0xC6120000), 20)};
     plan.limit = Time(30000);
     Search search(plan);
-    EXPECT_THAT(network.Run(search), SizeIs(200));
+    EXPECT_EQ(network.Run(search).size(), 200U);
     EXPECT_LE(network.mostPerSecond(), 1100U);
     EXPECT_LE(network.now, Time(12000));
 }

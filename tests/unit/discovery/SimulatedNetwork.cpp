@@ -95,10 +95,22 @@ bool SimulatedNetwork::IsLost() {
     return std::uniform_real_distribution<double>(0, 1)(random) < loss;
 }
 
+// A packet to an address of the own network where nobody is waits for a neighbour and takes up room of its
+// socket. Where there is no room left, nothing more leaves that socket.
+bool SimulatedNetwork::IsHeld(const Datagram& sent) {
+    constexpr std::size_t room = 200;
+    static const Subnet own = NeighbourPlan().sweeps.front();
+    if (waiting[sent.link] == room) return true;
+    const bool isNeighbour = own.Contains(sent.peer) && sent.peer != own.Broadcast();
+    if (isNeighbour && !devices.contains(sent.peer)) ++waiting[sent.link];
+    return false;
+}
+
 void SimulatedNetwork::Take(const Datagram& sent) {
     ++packetsSent;
     ++sentPerSecond[now.count() / 1000];
     ++sentTo[sent.peer];
+    if (IsHeld(sent)) return;
     static const NetworkAddress broadcast = AddressFrom("192.0.2.255");
     static const NetworkAddress group = AddressFrom("224.0.0.251");
     static const NetworkAddress group6 = AddressFrom("ff02::fb");

@@ -1,6 +1,7 @@
 // A network in memory, with a clock of its own, in which a search finds what tests put there.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <random>
@@ -38,8 +39,11 @@ struct SimulatedDevice {
 class SimulatedNetwork {
 public:
     void Add(const SimulatedDevice& device);
-    // Loses that share of the packets of both ways.
-    void Lose(double share) { loss = share; }
+    // Loses that share of the packets of both ways, others with each seed.
+    void Lose(double share, std::uint32_t seed) {
+        loss = share;
+        random.seed(seed);
+    }
 
     // Carries the search out and returns what it found. The clock is at the end of the search afterwards.
     std::vector<discovery::DeviceFacts> Run(discovery::Search& search);
@@ -62,10 +66,13 @@ private:
     discovery::Bytes DnsAnswerOf(const SimulatedDevice& device, const discovery::Bytes& question) const;
     void Serve(discovery::Search& search, const discovery::StreamQuestion& question);
     bool IsLost();
+    bool IsHeld(const discovery::Datagram& sent);
 
     std::map<discovery::NetworkAddress, SimulatedDevice> devices;
     std::multimap<discovery::Time, discovery::Datagram> underWay;
     std::map<std::int64_t, std::size_t> sentPerSecond;
+    // Packets that wait for neighbours, by the socket that holds them; nothing is given up during a search.
+    std::map<std::size_t, std::size_t> waiting;
     double loss = 0;
-    std::mt19937 random{1};
+    std::mt19937 random;
 };

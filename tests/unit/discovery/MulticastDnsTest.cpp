@@ -1,0 +1,78 @@
+// What is asked for again of what devices announce.
+
+#include <gmock/gmock.h>
+
+#include "standins/discovery/MulticastDns.h"
+#include "tests/unit/discovery/WirePackets.h"
+
+namespace {
+
+using discovery::Bytes;
+using discovery::Datagram;
+using discovery::DnsName;
+using discovery::DnsQuestion;
+using discovery::DnsType;
+using discovery::MulticastDns;
+using testing::Field;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+using testing::UnorderedElementsAre;
+
+const DnsName serviceOfIpp{"_ipp", "_tcp", "local"};
+const DnsName loom{"Loom 310", "_ipp", "_tcp", "local"};
+const DnsName loomHost{"Loom", "local"};
+const Bytes ipV4("\xC0\0\2\7", 4);
+const Bytes ipV6("\x20\1\x0D\xB8\0\0\0\0\0\0\0\0\0\0\0\7", 16);
+
+auto Asks(DnsType wanted) {
+    return Field(&DnsQuestion::type, wanted);
+}
+
+class MulticastDnsTest : public testing::Test {
+protected:
+    void Hear(const wire::DnsPacket& packet) {
+        dns.Receive({.peer = discovery::NetworkAddress(0xC0000207),
+                     .port = discovery::multicastDnsPort,
+                     .link = 0,
+                     .bytes = packet.Packet()});
+    }
+
+    // The questions for what is missing, of one of the packets by which they go out.
+    std::vector<DnsQuestion> Questions() {
+        std::vector<Datagram> sent;
+        dns.AskForMissing(sent);
+        return sent.empty() ? std::vector<DnsQuestion>() : wire::DnsQuestions(sent.front().bytes);
+    }
+
+    MulticastDns dns{7, {2}};
+};
+
+TEST_F(MulticastDnsTest, AsksForWhatDidNotComeAlong) {
+    Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom));
+    EXPECT_THAT(Questions(), UnorderedElementsAre(Asks(DnsType::Srv), Asks(DnsType::Txt)));
+    Hear(wire::DnsPacket(7).Service(loom, loomHost, 631).Texts(loom, {"rp=ipp/print"}));
+    EXPECT_THAT(Questions(), UnorderedElementsAre(Asks(DnsType::A), Asks(DnsType::Aaaa)));
+    Hear(wire::DnsPacket(7).Address(loomHost, ipV4));
+    EXPECT_THAT(Questions(), IsEmpty());
+}
+
+TEST_F(MulticastDnsTest, AsksForTheOtherAddressOfWhomItKnowsByIpV6) {
+    Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom).Service(loom, loomHost, 631).Address(loomHost, ipV6));
+    EXPECT_THAT(Questions(), UnorderedElementsAre(Asks(DnsType::Txt), Asks(DnsType::A)));
+    Hear(wire::DnsPacket(7).Address(loomHost, ipV4));
+    EXPECT_THAT(Questions(), UnorderedElementsAre(Asks(DnsType::Txt)));
+}
+
+TEST_F(MulticastDnsTest, AsksForTheOtherAddressWhereThatOfIpV6CameFirst) {
+    Hear(wire::DnsPacket(7).Address(loomHost, ipV6));
+    Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom).Service(loom, loomHost, 631));
+    EXPECT_THAT(Questions(), UnorderedElementsAre(Asks(DnsType::Txt), Asks(DnsType::A)));
+}
+
+TEST_F(MulticastDnsTest, GivesUpWhatDoesNotComeAfterSixTimes) {
+    Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom));
+    for (int time = 0; time < 6; ++time) EXPECT_THAT(Questions(), IsSupersetOf({Asks(DnsType::Srv)})) << time;
+    EXPECT_THAT(Questions(), IsEmpty());
+}
+
+}  // namespace
