@@ -71,11 +71,13 @@ protected:
         UseMaker(maker, L"MONOV4");
         OpenConfiguration(IDC_DISCOVERY_NIMBOJET);
     }
-    // Presses New until the tool is there, and waits for what it makes.
-    // New does nothing until the tool is unpacked, and each press after that makes one more file.
-    void MakeConfiguration(const fs::path& tool) const {
+    // New does nothing until the tool is unpacked, and each press after that starts the tool once more.
+    void PressNew(const fs::path& tool) const {
         EXPECT_TRUE(WaitUntil([&] { return CanBeReadAlone(tool.wstring()); }));
         wizard.Press(IDC_DRIVER_CONFIG_NEW);
+    }
+    void MakeConfiguration(const fs::path& tool) const {
+        PressNew(tool);
         EXPECT_TRUE(WaitUntil([this] { return !TextOf(IDC_DRIVER_CONFIG_PATH).empty(); }));
     }
     void EnterPath(const std::wstring& path) const {
@@ -199,10 +201,8 @@ protected:
     HWND OpenTool() {
         AddKit(olderKit);
         OpenOlder();
-        EXPECT_TRUE(WaitUntil([this] {
-            wizard.Press(IDC_DRIVER_CONFIG_NEW);
-            return WaitUntil([] { return FindTool() != nullptr; }, std::chrono::milliseconds(500));
-        }));
+        PressNew(OlderTool());
+        EXPECT_TRUE(WaitUntil([] { return FindTool() != nullptr; }));
         return FindTool();
     }
     static void Click(HWND tool, int button) {
