@@ -25,8 +25,8 @@ floor(CommonLib
 
 floor(settings
   LOGIC DeviceDocument ElementNames FilterDocument IndexedDocument InstallSettings KeyedValues LanguageTable
-    SettingsMerge StartMarker TagDocument TagSearch TextExpansion
-  SYSTEM Localizer SettingsFiles)
+    Localizer SettingsMerge StartMarker TagDocument TagSearch TextExpansion
+  SYSTEM SettingsFiles SystemLocalizer)
 
 floor(wizard
   LOGIC ButtonFace
@@ -34,16 +34,15 @@ floor(wizard
     Help InstallDialogEx KestruneDlg LocalizedMessage PaintedWait RegisteredMessages)
 
 floor(catalogue
-  LOGIC AppCatalogue MSI_APP PackageProperties
-  SYSTEM DriverInfo MsiInfoService MsiInterface PackageReader)
+  LOGIC AppCatalogue ApplicationScan DriverInfo MSI_APP PackageProperties PackageReader
+  SYSTEM MsiInfoService MsiInterface)
 
 floor(printer
-  LOGIC ConfigTool DerivedNames PrinterChoice PrinterDescription
-  SYSTEM ApplyChoice DefaultDriver DetectedNames DriverConfigPaths DriverConfiguration InfoCenterLinks
-    MSIExtractService SystemPorts)
+  LOGIC ApplyChoice ConfigTool DerivedNames DetectedNames InfoCenterLinks PrinterChoice PrinterDescription
+  SYSTEM DefaultDriver DriverConfigPaths DriverConfiguration MSIExtractService SystemPorts)
 
 floor(install
-  LOGIC CommandDocument FinishTexts InstallDecision OutcomeList ProgressPosition StatusDocument
+  LOGIC CommandDocument FinishTexts InstallDecision InstallSelection OutcomeList ProgressPosition StatusDocument
   SYSTEM CDisplayAppsListDlg DotNetPrerequisite FileInUseDlg FinishDlg FinishService InstallMessages
     InstallService ProgressDialog RMFileInUseDlg RebootDlg RebootService StatusListView)
 
@@ -61,10 +60,17 @@ floor(discovery
     ReplyMemory)
 
 floor(app
+  LOGIC PageRules
   SYSTEM CKestruneApp StartUp WizardChain)
 
 add_library(kestrune_logic STATIC ${KESTRUNE_LOGIC_SOURCES})
 target_link_libraries(kestrune_logic PUBLIC kestrune_options)
+# The records of the logic go to the logs of the program, and nowhere in a program that has none.
+add_library(kestrune_quiet_log STATIC tools/QuietLog.cpp)
+target_link_libraries(kestrune_quiet_log PUBLIC kestrune_options)
+if(NOT WIN32)
+  target_link_libraries(kestrune_logic PUBLIC kestrune_quiet_log)
+endif()
 if(KESTRUNE_FUZZ)
   target_compile_options(kestrune_logic PRIVATE -fsanitize=fuzzer-no-link)
 endif()

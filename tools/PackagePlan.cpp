@@ -11,7 +11,7 @@
 #include "catalogue/MsiInterface.h"
 #include "framework/SystemLibrary.h"
 #include "install/InstallDecision.h"
-#include "install/InstallService.h"
+#include "install/InstallSelection.h"
 #include "settings/SettingsFiles.h"
 #include "settings/TagNames.h"
 #include "tools/PrintLine.h"
@@ -61,8 +61,7 @@ int wmain() {
     }
     MsiInterface& msi = *MsiInterface::GetInstance();
     MsiInfoService(msi, shared.settings, shared.localizer, shared.applications, shared.drivers).DoRun();
-    const InstallService service(nullptr, &msi, shared.ForPages(), shared.applications, shared.drivers);
-    Print(service.SelectApps(), L"");
-    Print(service.SelectDrivers(), L"");
+    Print(SelectApps(settings, shared.applications), L"");
+    Print(SelectDrivers(settings, shared.drivers), L"");
     return 0;
 }

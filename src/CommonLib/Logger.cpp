@@ -122,3 +122,11 @@ void Logger::AppendToFile(const std::wstring& path, const std::wstring& text) {
     DWORD written = 0;
     WriteFile(file.get(), text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written, nullptr);
 }
+
+void LogBasic(std::wstring_view message, std::wstring_view level) {
+    Logger::GetInstance().WriteBasic(level, LogApplication::Kestrune, message);
+}
+
+void LogAdvanced(std::wstring_view message, std::wstring_view level) {
+    Logger::GetInstance().WriteAdvanced(level, LogApplication::Kestrune, message);
+}

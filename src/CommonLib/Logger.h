@@ -7,13 +7,8 @@
 #include <string_view>
 
 #include "CommonLib/InterProcessLock.h"
+#include "CommonLib/Log.h"
 #include "CommonLib/Singleton.h"
-
-namespace LogLevel {
-inline constexpr std::wstring_view None;
-inline constexpr std::wstring_view Error = L"ERROR";
-inline constexpr std::wstring_view Success = L"SUCCESS";
-}  // namespace LogLevel
 
 namespace LogApplication {
 inline constexpr std::wstring_view Kestrune = L"Kestrune";
@@ -55,11 +50,3 @@ private:
     std::wstring vendor;
     std::unique_ptr<InterProcessLock> lock;
 };
-
-// Records of the installer itself.
-inline void LogBasic(std::wstring_view message, std::wstring_view level = LogLevel::None) {
-    Logger::GetInstance().WriteBasic(level, LogApplication::Kestrune, message);
-}
-inline void LogAdvanced(std::wstring_view message, std::wstring_view level = LogLevel::None) {
-    Logger::GetInstance().WriteAdvanced(level, LogApplication::Kestrune, message);
-}

@@ -2,6 +2,7 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
+#include "app/PageRules.h"
 #include "catalogue/MsiInfoService.h"
 #include "catalogue/MsiInterface.h"
 #include "printer/ApplyChoice.h"
@@ -27,14 +28,6 @@ void TakePrinterFromCommandLine(const Collaborators& shared) {
     if (address.empty()) return;
     ApplyChoice(ChooseAddress({address, shared.commandLine.GetValue(CmdLineHelper::Option::Port)}),
                 {shared.settings, shared.applications, shared.drivers, shared.localizer});
-}
-
-void SettleChainTags(InstallSettings& settings, const DriverInfo& drivers) {
-    settings.SetBool(settings.IsAmazonSupported() ? Tag::HIDE_SECURITY : Tag::HIDE_CONNECTIVITY, true);
-    settings.SetBool(Tag::APPS_ONLY_PACKAGE, false);
-    if (drivers.GetDrivers().empty() && !settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
-        settings.SetBool(Tag::APPS_ONLY_PACKAGE, true);
-    }
 }
 
 void BuildCatalogues(const Collaborators& shared) {

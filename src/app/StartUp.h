@@ -6,6 +6,6 @@
 // Merges the user's settings, builds the catalogues and settles the tags that the chain reads. Returns
 // whether the run is silent.
 //
-// Reads AMAZON_SUPPORTED, DEVICE, HIDE_DISCOVERY, INSTALL_FROM_CONFIG and SILENT_INSTALL; writes
-// APPS_ONLY_PACKAGE, HIDE_CONNECTIVITY, HIDE_SECURITY, INSTALL_FROM_CONFIG and OPTIONAL_INSTALL.
+// Reads DEVICE, HIDE_DISCOVERY, INSTALL_FROM_CONFIG and SILENT_INSTALL; writes INSTALL_FROM_CONFIG and
+// OPTIONAL_INSTALL.
 bool InitializeWizard(const Collaborators& shared);

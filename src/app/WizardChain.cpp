@@ -1,12 +1,12 @@
 #include "app/WizardChain.h"
 
+#include <algorithm>
 #include <memory>
-#include <optional>
-#include <string_view>
 
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/TextUtilities.h"
+#include "app/PageRules.h"
 #include "catalogue/MsiInterface.h"
 #include "catalogue/PackageFilters.h"
 #include "discovery/DiscoveryDlg.h"
@@ -24,33 +24,12 @@
 #include "pages/StartDlg.h"
 #include "ports/AddPortDlg.h"
 #include "ports/AddPortService.h"
-#include "settings/TagNames.h"
 #include "wizard/PageNames.h"
 
 namespace {
 
 using PagePointer = std::unique_ptr<InstallDialogEx>;
 using ServicePointer = std::unique_ptr<Service>;
-
-// When a page is hidden: by a flag of the settings, or always where there is no flag.
-struct Condition {
-    std::optional<FlagTag> flag;
-    bool hidingValue = true;
-};
-
-constexpr Condition When(FlagTag flag) {
-    return {.flag = flag, .hidingValue = true};
-}
-
-constexpr Condition Unless(FlagTag flag) {
-    return {.flag = flag, .hidingValue = false};
-}
-
-constexpr Condition always{};
-
-bool Holds(const Condition& condition, const InstallSettings& settings) {
-    return !condition.flag || settings.GetBool(*condition.flag) == condition.hidingValue;
-}
 
 template <class Page>
 PagePointer Make(const Collaborators& shared) {
@@ -103,52 +82,46 @@ ServicePointer MakeInstallService(const Collaborators& shared, InstallDialogEx& 
 }
 
 struct PageEntry {
-    PageRole role;
+    PageRule rule;
     PagePointer (*makePage)(const Collaborators& shared);
     ServicePointer (*makeService)(const Collaborators& shared, InstallDialogEx& page);
-    Condition hiddenAtFirst;
-    std::optional<Condition> hiddenLater;  // nothing where the page stays as it was at first
     const wchar_t* failure;
 };
 
-constexpr std::nullopt_t asAtFirst = std::nullopt;
-
 constexpr PageEntry entries[] = {
-    {PageRole::Ordinary, &Make<StartDlg>, nullptr, When(Tag::HIDE_START), asAtFirst,
-     L"Add Start dialog failed."},
-    {PageRole::Ordinary, &Make<EULADlg>, nullptr, When(Tag::HIDE_EULA), asAtFirst,
-     L"Add Eula dialog failed."},
-    {PageRole::Ordinary, &Make<ManufacturerDlg>, nullptr, always, Unless(Tag::SHOW_MANUFACTURERS),
-     L"Add Manufacturer dialog failed."},
-    {PageRole::Ordinary, &MakeBypass, nullptr, always, Unless(Tag::TAG_DIALOG_SHOW_BYPASS),
-     L"Add Optional Software Bypass dialog failed."},
-    {PageRole::Ordinary, &MakeChoice<ConnectivityDlg>, nullptr, When(Tag::HIDE_CONNECTIVITY),
-     When(Tag::HIDE_CONNECTIVITY), L"Add Connectivity dialog failed."},
-    {PageRole::Discovery, &MakeDiscovery, &MakeDiscoveryService, always, When(Tag::HIDE_DISCOVERY),
-     L"Add Disocovery dialog failed."},
-    {PageRole::Ordinary, &MakeAddPort, &MakeAddPortService, always, Unless(Tag::DIALOG_ADD_PORT),
-     L"Add AddPort dialog failed."},
-    {PageRole::Progress, &Make<ProgressDialog>, &MakeInstallService, When(Tag::HIDE_PROGRESS), asAtFirst,
-     L"Add Progress dialog failed."},
-    {PageRole::CoreFinish, &MakeCoreFinish, nullptr, When(Tag::HIDE_FINAL), asAtFirst,
-     L"Add Core Finish dialog failed."},
-    {PageRole::CoreReboot, &Make<RebootDlg>, nullptr, always, Unless(Tag::REBOOT),
-     L"Add Core Reboot dialog failed."},
-    {PageRole::Finish, &MakeFinish, nullptr, When(Tag::HIDE_FINAL), asAtFirst,
-     L"Add Optional software Finish dialog failed."},
-    {PageRole::Reboot, &Make<RebootDlg>, nullptr, always, Unless(Tag::REBOOT), L"Add Reboot dialog failed."},
+    {PageRules::start, &Make<StartDlg>, nullptr, L"Add Start dialog failed."},
+    {PageRules::licence, &Make<EULADlg>, nullptr, L"Add Eula dialog failed."},
+    {PageRules::manufacturer, &Make<ManufacturerDlg>, nullptr, L"Add Manufacturer dialog failed."},
+    {PageRules::optionalSoftware, &MakeBypass, nullptr, L"Add Optional Software Bypass dialog failed."},
+    {PageRules::connectivity, &MakeChoice<ConnectivityDlg>, nullptr, L"Add Connectivity dialog failed."},
+    {PageRules::discovery, &MakeDiscovery, &MakeDiscoveryService, L"Add Disocovery dialog failed."},
+    {PageRules::addPort, &MakeAddPort, &MakeAddPortService, L"Add AddPort dialog failed."},
+    {PageRules::progress, &Make<ProgressDialog>, &MakeInstallService, L"Add Progress dialog failed."},
+    {PageRules::coreFinish, &MakeCoreFinish, nullptr, L"Add Core Finish dialog failed."},
+    {PageRules::coreRestart, &Make<RebootDlg>, nullptr, L"Add Core Reboot dialog failed."},
+    {PageRules::finish, &MakeFinish, nullptr, L"Add Optional software Finish dialog failed."},
+    {PageRules::restart, &Make<RebootDlg>, nullptr, L"Add Reboot dialog failed."},
 };
 
+constexpr bool StandInTheirOrder() {
+    return std::ranges::equal(
+        entries, PageRules::inOrder, {}, [](const PageEntry& entry) { return entry.rule.title; },
+        [](const PageRule* rule) { return rule->title; });
+}
+static_assert(StandInTheirOrder());
+
 ChainRow RowOf(const PageEntry& entry, const Collaborators& shared) {
-    ChainRow row{.role = entry.role,
+    ChainRow row{.role = entry.rule.role,
                  .makePage = [&entry, shared] { return entry.makePage(shared); },
-                 .hiddenAtFirst = Holds(entry.hiddenAtFirst, shared.settings),
+                 .hiddenAtFirst = entry.rule.hiddenAtFirst.Holds(shared.settings),
                  .failure = entry.failure};
     if (entry.makeService != nullptr) {
         row.makeService = [&entry, shared](InstallDialogEx& page) { return entry.makeService(shared, page); };
     }
-    if (entry.hiddenLater) {
-        row.isHidden = [&entry, &settings = shared.settings] { return Holds(*entry.hiddenLater, settings); };
+    if (entry.rule.hiddenLater) {
+        row.isHidden = [&entry, &settings = shared.settings] {
+            return entry.rule.hiddenLater->Holds(settings);
+        };
     }
     return row;
 }

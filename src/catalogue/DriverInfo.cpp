@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "CommonLib/Files.h"
-#include "CommonLib/Logger.h"
+#include "CommonLib/Log.h"
 #include "CommonLib/MsiCodes.h"
 #include "CommonLib/Singleton.h"
-#include "CommonLib/SystemVersion.h"
 #include "CommonLib/TextUtilities.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PackageReader.h"
@@ -19,11 +17,10 @@ namespace {
 
 Singleton<DriverInfo> theDrivers;
 
-std::vector<std::wstring> FindDriverFiles() {
-    const std::wstring root = GetExeDirectory() + L"\\..\\..\\Drivers\\";
-    std::vector<std::wstring> paths;
-    FindFiles(root + L"x64\\", paths, L"msi");
-    FindFiles(root + L"x86_x64\\", paths, L"msi");
+std::vector<std::wstring> FindDriverFiles(const CatalogueSource& source) {
+    std::vector<std::wstring> paths = source.listPackages(L"Drivers\\x64\\", {});
+    const std::vector<std::wstring> more = source.listPackages(L"Drivers\\x86_x64\\", {});
+    paths.insert(paths.end(), more.begin(), more.end());
     return paths;
 }
 
@@ -47,21 +44,20 @@ DriverInfo& DriverInfo::GetInstance() {
     return theDrivers.Get();
 }
 
-void DriverInfo::PopulateDriverList(IMsiInterface& msi, const InstallSettings& settings,
-                                    const Localizer& localizer) {
+void DriverInfo::PopulateDriverList(const CatalogueSource& source) {
     LogAdvanced(L"DriverInfo::PopulateDriverList()");
-    const std::vector<std::wstring> paths = FindDriverFiles();
-    LoadAcceptedDriverTypes(settings);
-    const std::wstring language = localizer.GetString(TextKey::LANGUAGE_ID);
+    const std::vector<std::wstring> paths = FindDriverFiles(source);
+    LoadAcceptedDriverTypes(source);
+    const std::wstring language = source.localizer.GetString(TextKey::LANGUAGE_ID);
     for (const std::wstring& path : paths) {
         MSI_APP record;
         record.isSelected = true;
         record.isSupportedDriver = true;
         record.msiPath = path;
         LogAdvanced(L"Getting Properties for: " + path);
-        if (!ReadDriverProperties(msi, language, record)) continue;
-        ReadInstalledState(msi, record);
-        ReadCommonProperties(msi, language, record);
+        if (!ReadDriverProperties(source.msi, language, record)) continue;
+        ReadInstalledState(source.msi, record);
+        ReadCommonProperties(source.msi, language, record);
         Append(std::move(record));
     }
 }
@@ -74,9 +70,9 @@ void DriverInfo::Append(MSI_APP record) {
     byPath.emplace(stored.msiPath, &stored);
 }
 
-void DriverInfo::LoadAcceptedDriverTypes(const InstallSettings& settings) {
-    const bool newer = IsWindowsVersionOrGreater(WindowsVersion::Windows8);
-    const std::wstring types = settings.GetString(newer ? Tag::WIN8_DRVTYPES : Tag::WINXP_DRVTYPES);
+void DriverInfo::LoadAcceptedDriverTypes(const CatalogueSource& source) {
+    const bool newer = source.system.isWindows8OrLater;
+    const std::wstring types = source.settings.GetString(newer ? Tag::WIN8_DRVTYPES : Tag::WINXP_DRVTYPES);
     LogAdvanced((newer ? L"Using WIN8_DRVTYPES: " : L"Using WINXP_DRVTYPES: ") + types);
     const std::vector<std::wstring> accepted = AcceptedDriverTypes(types);
     acceptedDriverTypes.insert(acceptedDriverTypes.end(), accepted.begin(), accepted.end());

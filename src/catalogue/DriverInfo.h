@@ -7,10 +7,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "catalogue/CatalogueSource.h"
 #include "catalogue/IMsiInterface.h"
 #include "catalogue/MSI_APP.h"
-#include "settings/InstallSettings.h"
-#include "settings/Localizer.h"
 
 // Several records may share an identifier. Filled once at start; afterwards only flags and the status of
 // records change. Safe on any thread.
@@ -21,7 +20,7 @@ public:
     DriverInfo() = default;
 
     // Reads the Drivers folders and adds what this system accepts, by WIN8_DRVTYPES or WINXP_DRVTYPES.
-    void PopulateDriverList(IMsiInterface& msi, const InstallSettings& settings, const Localizer& localizer);
+    void PopulateDriverList(const CatalogueSource& source);
     // Drops the records; the accepted driver types stay.
     void Clear();
 
@@ -44,7 +43,7 @@ public:
 
 private:
     void Append(MSI_APP record);
-    void LoadAcceptedDriverTypes(const InstallSettings& settings);
+    void LoadAcceptedDriverTypes(const CatalogueSource& source);
     bool ReadDriverProperties(IMsiInterface& msi, const std::wstring& language, MSI_APP& record) const;
 
     // Guards the list; the accepted types are settled before other threads exist.

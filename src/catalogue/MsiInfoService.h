@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "catalogue/AppCatalogue.h"
+#include "catalogue/CatalogueSource.h"
 #include "catalogue/DriverInfo.h"
 #include "catalogue/IMsiInterface.h"
 #include "settings/InstallSettings.h"
@@ -14,12 +15,7 @@ class MsiInfoService : public Service {
 public:
     // All of them must outlive the service.
     MsiInfoService(IMsiInterface& gateway, const InstallSettings& store, const Localizer& texts,
-                   AppCatalogue& appCatalogue, DriverInfo& driverCatalogue)
-        : msi(gateway),
-          settings(store),
-          localizer(texts),
-          applications(appCatalogue),
-          drivers(driverCatalogue) {}
+                   AppCatalogue& appCatalogue, DriverInfo& driverCatalogue);
 
     // Reads the drivers, then the applications, on the caller's thread. Returns 0.
     std::uint32_t DoRun() override;
@@ -31,13 +27,7 @@ public:
     std::uint32_t buildAppInfo();
 
 private:
-    void ScanApplications();
-    void ScanCommon();
-    void ScanOptional();
-
-    IMsiInterface& msi;
-    const InstallSettings& settings;
-    const Localizer& localizer;
+    CatalogueSource source;
     AppCatalogue& applications;
     DriverInfo& drivers;
     std::atomic<bool> cancelled = false;

@@ -4,8 +4,7 @@
 #include <set>
 #include <vector>
 
-#include "CommonLib/Files.h"
-#include "CommonLib/Logger.h"
+#include "CommonLib/Log.h"
 #include "CommonLib/MsiCodes.h"
 #include "CommonLib/TextUtilities.h"
 #include "catalogue/PackageProperties.h"
@@ -17,8 +16,8 @@ namespace {
 // Reads one package with all that it takes along.
 class Reader {
 public:
-    Reader(IMsiInterface& gateway, const Localizer& texts)
-        : msi(gateway), localizer(texts), language(texts.GetString(TextKey::LANGUAGE_ID)) {}
+    explicit Reader(const CatalogueSource& catalogueSource)
+        : source(catalogueSource), language(source.localizer.GetString(TextKey::LANGUAGE_ID)) {}
 
     MSI_APP Read(const std::wstring& path) {
         MSI_APP root = ReadPackage(path);
@@ -41,7 +40,7 @@ private:
         ReadTexts(record);
         ClassifyDriver(record);
         record.installSizeMb = InstallSizeInMb(TextOf(path, Property::INSTALLSIZE));
-        ReadInstalledState(msi, record);
+        ReadInstalledState(source.msi, record);
         // An application is no printer driver, even where it names one.
         record.isPrinterDriver = false;
         record.supportedOs = TextOf(path, Property::SUPPORTEDOS);
@@ -53,7 +52,7 @@ private:
 
     std::wstring TextOf(const std::wstring& path, const wchar_t* name) {
         std::wstring value;
-        ReadProperty(msi, path, language, name, value);
+        ReadProperty(source.msi, path, language, name, value);
         return value;
     }
 
@@ -83,15 +82,15 @@ private:
             record.dependents.push_back(ReadPackage(path));
             names.push_back(record.dependents.back().productName);
         }
-        record.dependentNames = JoinDependentNames(names, localizer.GetString(TextKey::LBL_LOCALIZED_AND));
+        record.dependentNames =
+            JoinDependentNames(names, source.localizer.GetString(TextKey::LBL_LOCALIZED_AND));
         for (MSI_APP& dependent : record.dependents) lines.push_back({.record = &dependent, .parent = &line});
     }
 
-    static std::vector<std::wstring> FindDependents(const std::wstring& fileNames) {
-        std::vector<std::wstring> paths;
-        const std::wstring root = GetExeDirectory() + L"\\..\\..\\Dependents\\";
-        FindFiles(root + L"x86_x64\\", paths, L"msi", fileNames);
-        FindFiles(root + L"x64\\", paths, L"msi", fileNames);
+    std::vector<std::wstring> FindDependents(const std::wstring& fileNames) const {
+        std::vector<std::wstring> paths = source.listPackages(L"Dependents\\x86_x64\\", fileNames);
+        const std::vector<std::wstring> more = source.listPackages(L"Dependents\\x64\\", fileNames);
+        paths.insert(paths.end(), more.begin(), more.end());
         return paths;
     }
 
@@ -104,8 +103,7 @@ private:
         return true;
     }
 
-    IMsiInterface& msi;
-    const Localizer& localizer;
+    const CatalogueSource& source;
     std::wstring language;
     // The nearest to the root first.
     std::list<Line> lines;
@@ -128,6 +126,6 @@ void ReadInstalledState(IMsiInterface& msi, MSI_APP& record) {
     record.newerInstalled = record.installed && !record.upgradable && !record.upToDate;
 }
 
-MSI_APP ReadProperties(IMsiInterface& msi, const Localizer& localizer, const std::wstring& path) {
-    return Reader(msi, localizer).Read(path);
+MSI_APP ReadProperties(const CatalogueSource& source, const std::wstring& path) {
+    return Reader(source).Read(path);
 }

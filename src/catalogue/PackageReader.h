@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <string>
 
+#include "catalogue/CatalogueSource.h"
 #include "catalogue/IMsiInterface.h"
 #include "catalogue/MSI_APP.h"
-#include "settings/Localizer.h"
 
 // Reads a property of a package into the field; a non-zero code, which it returns, leaves the field as it
 // was.
@@ -18,4 +18,4 @@ void ReadInstalledState(IMsiInterface& msi, MSI_APP& record);
 
 // The record of one application package, with the packages that it takes along. A property that the package
 // lacks leaves its field empty.
-MSI_APP ReadProperties(IMsiInterface& msi, const Localizer& localizer, const std::wstring& path);
+MSI_APP ReadProperties(const CatalogueSource& source, const std::wstring& path);

@@ -7,21 +7,19 @@
 
 #include <algorithm>
 #include <array>
-#include <list>
 
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
 #include "CommonLib/SystemVersion.h"
 #include "CommonLib/TextUtilities.h"
 #include "CommonLib/Vendor.h"
-#include "catalogue/PackageFilters.h"
 #include "framework/CWinApp.h"
 #include "install/CommandDocument.h"
 #include "install/InstallMessages.h"
+#include "install/InstallSelection.h"
 #include "install/StatusDocument.h"
 #include "printer/SystemPorts.h"
 #include "settings/InstallStatus.h"
-#include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
 #include "wizard/Controller.h"
@@ -75,8 +73,8 @@ std::uint32_t InstallService::DoRun() {
     reachedPackages.Clear();
     settings.SetBools({{Tag::DOTNET_INSTALLED, false}, {Tag::DOTNET_FAILED, false}});
     // Applications always run before drivers.
-    installList = SelectApps();
-    const std::vector<MSI_APP> selectedDrivers = SelectDrivers();
+    installList = SelectApps(settings, applications);
+    const std::vector<MSI_APP> selectedDrivers = SelectDrivers(settings, drivers);
     installList.insert(installList.end(), selectedDrivers.begin(), selectedDrivers.end());
     if (NeedsDotNet(installList) && InstallDotNet() == MsiCode::InstallFailure) return FailRun();
 
@@ -109,21 +107,6 @@ void InstallService::Cancel() {
     msi->Cancel();
 }
 
-std::vector<MSI_APP> InstallService::SelectApps() const {
-    std::wstring_view filter = PackageFilter::selectedForCoreRun;
-    if (settings.GetBool(Tag::OPTIONAL_INSTALL)) filter = PackageFilter::selectedForOptionalRun;
-    if (settings.IsAmazonSupported()) filter = PackageFilter::selected;
-    const std::list<MSI_APP> selected = applications.Select(filter);
-    return {selected.begin(), selected.end()};
-}
-
-std::vector<MSI_APP> InstallService::SelectDrivers() const {
-    if (settings.GetBool(Tag::OPTIONAL_INSTALL)) return {};
-    std::vector<MSI_APP> selected = drivers.GetDrivers();
-    std::erase_if(selected, [](const MSI_APP& driver) { return !driver.isSelected; });
-    return selected;
-}
-
 unsigned InstallService::InstallThread() {
     try {
         RunToTheEnd();
@@ -151,9 +134,9 @@ void InstallService::RunInstalls() {
     LogAdvanced(settings.StripMarker());
     LogBasic(L"Installing Applications");
     if (!installList.empty()) {
-        targetDir = TargetFolder(settings.GetString(Tag::OEM));
-        settings.SetString(Tag::TARGET_DIR, targetDir);
-        language = localizer.GetString(TextKey::LANGUAGE_ID);
+        place.targetDir = TargetFolder(settings.GetString(Tag::OEM));
+        settings.SetString(Tag::TARGET_DIR, place.targetDir);
+        place.language = localizer.GetString(TextKey::LANGUAGE_ID);
     }
     InstallList(installList);
 }
@@ -186,7 +169,8 @@ void InstallService::RunRecord(MSI_APP& record) {
         return;
     }
     // Made also for a record that is left out below: what one driver sets stays for the next.
-    const std::wstring command = CommandDocumentFor(record, action == InstallAction::MinorUpgrade);
+    const std::wstring command = BuildCommandDocument(
+        MakeCommandValues(record, printers, settings, place, action == InstallAction::MinorUpgrade));
     if (action == InstallAction::RunDependentsOnly) {
         LogAdvanced(L"Only dependent applications selected, no parent application will be installed");
         InstallList(record.dependents);
@@ -195,21 +179,6 @@ void InstallService::RunRecord(MSI_APP& record) {
     LogAction(action);
     if (action == InstallAction::AskAgain && IsUpToDateByNow(record)) return;
     Install(record, command);
-}
-
-std::wstring InstallService::CommandDocumentFor(const MSI_APP& record, bool reinstall) {
-    const std::wstring printerInfo = printers.BuildPrinterInfo(record);
-    // Of several predefined printers a driver goes by the one that it gets.
-    const bool hasOwnPrinter = settings.GetBool(Tag::INSTALL_FROM_CONFIG) && !record.driverId.empty();
-    return BuildCommandDocument({.printerInfo = printerInfo,
-                                 .targetDir = targetDir,
-                                 .language = language,
-                                 .friendlyName = hasOwnPrinter
-                                                     ? TagDocument::ValueOf(printerInfo, Tag::PRINTER_NAME)
-                                                     : settings.GetString(Tag::PRINTER_NAME),
-                                 .infocenterShortcut = settings.GetString(Tag::INFOCENTER_SHORTCUT),
-                                 .infocenterLink = settings.GetString(Tag::EXACT_INFOCENTER_LINK),
-                                 .reinstall = reinstall});
 }
 
 // A package may have come onto the system since the catalogue was built, as the dependent of another one.

@@ -10,6 +10,7 @@
 #include "catalogue/DriverInfo.h"
 #include "catalogue/IMsiInterface.h"
 #include "catalogue/MSI_APP.h"
+#include "install/CommandDocument.h"
 #include "install/IInstallProgress.h"
 #include "install/InstallDecision.h"
 #include "install/OutcomeList.h"
@@ -17,10 +18,9 @@
 #include "wizard/PageContext.h"
 #include "wizard/Service.h"
 
-// Reads AMAZON_SUPPORTED, DOTNET_FAILED, DOTNET_INSTALLED, EXACT_INFOCENTER_LINK, INFOCENTER_SHORTCUT,
-// INSTALL_FROM_CONFIG, OEM, OPTIONAL_INSTALL, PRINTER_NAME, SILENT_INSTALL and what describes a printer;
-// writes APP_INSTALLATION_STATUS, DOTNET_FAILED, DOTNET_INSTALLED, INSTALL_STATUS, REBOOT, STARTAPP and
-// TARGET_DIR.
+// Reads DOTNET_FAILED, DOTNET_INSTALLED, OEM, OPTIONAL_INSTALL, SILENT_INSTALL and what selects the packages
+// and makes their documents; writes APP_INSTALLATION_STATUS, DOTNET_FAILED, DOTNET_INSTALLED, INSTALL_STATUS,
+// REBOOT, STARTAPP and TARGET_DIR.
 //
 // DoRun and Cancel belong to the main thread (a forced cancel comes from the install thread), everything else
 // to the install thread that DoRun starts.
@@ -35,11 +35,6 @@ public:
     std::uint32_t DoRun() override;
     void Cancel() override;
     bool IsAtWork() const override { return atWork; }
-
-    // What a run would take on now: copies of the chosen applications, and of the chosen drivers, each in the
-    // order in which they would run.
-    std::vector<MSI_APP> SelectApps() const;
-    std::vector<MSI_APP> SelectDrivers() const;
 
 private:
     bool StartThread();
@@ -58,7 +53,6 @@ private:
     // Runs the records in order. Dependents come through here too, inside their parent's turn.
     void InstallList(std::vector<MSI_APP>& list);
     void RunRecord(MSI_APP& record);
-    std::wstring CommandDocumentFor(const MSI_APP& record, bool reinstall);
     bool IsUpToDateByNow(const MSI_APP& record) const;
     void Install(MSI_APP& record, const std::wstring& command);
     // Returns whether the outcome stops the run.
@@ -79,9 +73,7 @@ private:
     AppCatalogue& applications;
     DriverInfo& drivers;
     PrinterDescription printers;
-    // Of this run, for every command document.
-    std::wstring targetDir;
-    std::wstring language;
+    RunPlace place;
     std::atomic<bool> cancelled = false;
     // The install thread has not yet come to the point from which it only moves the walk on.
     std::atomic<bool> atWork = false;

@@ -1,6 +1,6 @@
 #include "printer/ApplyChoice.h"
 
-#include "CommonLib/Logger.h"
+#include "CommonLib/Log.h"
 #include "catalogue/PackageProperties.h"
 #include "printer/DetectedNames.h"
 #include "printer/InfoCenterLinks.h"

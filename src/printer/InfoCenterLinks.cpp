@@ -1,6 +1,6 @@
 #include "printer/InfoCenterLinks.h"
 
-#include "CommonLib/Logger.h"
+#include "CommonLib/Log.h"
 #include "printer/DerivedNames.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
@@ -40,10 +40,10 @@ void BuildInfoCenterLinks(InstallSettings& settings, const Localizer& localizer,
     std::wstring label;
     if (model.empty()) {
         label = localizer.GetString(TextKey::INFOCENTER_LINK_LABEL);
-        link += L"?loc=" + GetLanguageCode();
+        link += L"?loc=" + localizer.GetSystemLanguageCode();
     } else {
         const std::wstring code = GetProductCode(settings, model, series);
-        link += L"?productCode=" + CodeForLink(settings, code) + L"&loc=" + GetLanguageCode();
+        link += L"?productCode=" + CodeForLink(settings, code) + L"&loc=" + localizer.GetSystemLanguageCode();
         label = FormatWithArgument(localizer.GetString(TextKey::DISCOVERY_INFOCENTER_LINK_LABEL), code);
     }
     settings.SetString(Tag::INFOCENTER_SHORTCUT, label);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -11,15 +12,25 @@
 #include "settings/InstallSettings.h"
 #include "settings/TextKeys.h"
 
+// Where texts come from.
+struct LanguageSource {
+    // The identifier of the language of the user's system.
+    std::uint16_t languageId = 0;
+    // Returns the text of the language file of that name, or of the English one where it is missing.
+    std::function<std::wstring(const std::wstring& fileName)> readFile;
+};
+
 // The language is settled at the first question for a text. Any thread may ask for texts; the option belongs
 // to the start of the program, before that question.
 class Localizer {
 public:
+    // The texts of the package around this program, for its user.
     static Localizer& GetInstance();
     static void DestroyInstance();
 
     // Texts name tags of these settings, which must outlive the object.
-    explicit Localizer(const InstallSettings& store) : settings(store) {}
+    Localizer(const InstallSettings& store, LanguageSource languageSource)
+        : settings(store), source(std::move(languageSource)) {}
 
     // The code of the language whose texts are wanted; empty for the user's own.
     void SetLanguageOption(std::wstring code) { languageOption = std::move(code); }
@@ -30,18 +41,24 @@ public:
     // The name of the language file for a system language, which the option overrules.
     std::wstring GetXmlFileName(std::uint16_t languageId) const;
 
+    // The code of the system's language. The option "lang" plays no part in it.
+    std::wstring GetSystemLanguageCode() const;
+
 private:
     friend class Singleton<Localizer>;
     Localizer();
-    void Load() const;
 
     const InstallSettings& settings;
+    LanguageSource source;
     std::wstring languageOption;
     mutable std::once_flag loaded;
     mutable std::wstring text;
 };
 
-// The code of the system's language. The option "lang" plays no part in it.
+// The language of this system, and the files of the package around this program.
+LanguageSource SystemLanguageSource();
+
+// The code of the language of the user's system.
 std::wstring GetLanguageCode();
 
 // Whether the texts read from right to left.

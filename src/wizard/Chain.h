@@ -6,18 +6,8 @@
 #include <vector>
 
 #include "wizard/InstallDialogEx.h"
+#include "wizard/PageRole.h"
 #include "wizard/Service.h"
-
-// What the walk must know of a page beside its place.
-enum class PageRole {
-    Ordinary,
-    Discovery,   // Its service is left out where the page is.
-    Progress,    // The install thread moves on from here by itself.
-    CoreFinish,  // Closes the core run; an optional run may follow.
-    CoreReboot,  // Passed over where an optional run follows.
-    Finish,
-    Reboot,
-};
 
 // One page of the chain. The makers are called once, in the order of the chain, on the main thread.
 struct ChainRow {

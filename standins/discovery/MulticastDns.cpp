@@ -169,7 +169,8 @@ bool MulticastDns::TakeAddress(const DnsRecord& record, const Datagram& answer) 
     if (!address || !address->IsHost() || hosts.size() >= mostServices) return false;
     const std::string host = KeyOf(record.name);
     std::vector<NetworkAddress>& known = hosts[host];
-    // An address of IPv4 is enough; one of IPv6 alone does not tell that the device is the one that SNMP knows.
+    // An address of IPv4 is enough; one of IPv6 alone does not tell that the device is the one that SNMP
+    // knows.
     if (!address->IsIpV6()) Obtain(host, DnsType::A);
     Obtain(host, DnsType::Aaaa);
     if (known.size() == mostAddressesOfHost || std::ranges::find(known, *address) != known.end())

@@ -18,8 +18,8 @@ using Time = std::chrono::milliseconds;
 // anyLink where the system chooses.
 inline constexpr std::size_t anyLink = static_cast<std::size_t>(-1);
 // The same for questions to addresses where mostly nobody is. The system holds such packets until it gives up
-// looking for the neighbour, and what it holds fills the room of a socket: they have one of their own, so that
-// no conversation is held up.
+// looking for the neighbour, and what it holds fills the room of a socket: they have one of their own, so
+// that no conversation is held up.
 inline constexpr std::size_t sweepLink = static_cast<std::size_t>(-2);
 
 struct Datagram {

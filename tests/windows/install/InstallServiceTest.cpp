@@ -1,6 +1,7 @@
 #include "CommonLib/SystemText.h"
 #include "catalogue/AppCatalogue.h"
 #include "catalogue/DriverInfo.h"
+#include "install/InstallSelection.h"
 #include "install/InstallService.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
@@ -56,9 +57,9 @@ TEST_F(InstallServiceTest, TakesTheOptionalPackagesAndNoDriverInAnOptionalRun) {
     Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
     BuildCatalogues();
     AppCatalogue::GetInstance().Update([](MSI_APP& app) { app.isSelected = true; });
-    EXPECT_EQ(service.SelectApps().size(), 1U);
-    EXPECT_EQ(service.SelectApps().front().productName, L"common");
-    EXPECT_THAT(service.SelectDrivers(), IsEmpty());
+    EXPECT_EQ(SelectApps(Settings(), AppRecords()).size(), 1U);
+    EXPECT_EQ(SelectApps(Settings(), AppRecords()).front().productName, L"common");
+    EXPECT_THAT(SelectDrivers(Settings(), DriverRecords()), IsEmpty());
 }
 
 TEST_F(InstallServiceTest, TakesEverythingSelectedInThePackagesSecondVariant) {
@@ -67,7 +68,7 @@ TEST_F(InstallServiceTest, TakesEverythingSelectedInThePackagesSecondVariant) {
     Settings().SetString(Tag::AMAZON_SUPPORTED, L"TRUE");
     BuildCatalogues();
     AppCatalogue::GetInstance().Update([](MSI_APP& app) { app.isSelected = true; });
-    EXPECT_EQ(service.SelectApps().size(), 2U);
+    EXPECT_EQ(SelectApps(Settings(), AppRecords()).size(), 2U);
 }
 
 TEST_F(InstallServiceTest, HandsTheCommandDocumentOver) {

@@ -20,5 +20,5 @@ void SettingsWorld::AddOption(const std::wstring& nameAndValue) {
 void SettingsWorld::ReadTextsAnew() {
     Localizer& texts = Texts();
     std::destroy_at(&texts);
-    std::construct_at(&texts, Settings());
+    std::construct_at(&texts, Settings(), SystemLanguageSource());
 }
