@@ -30,9 +30,9 @@ auto Asks(DnsType wanted) {
 
 class MulticastDnsTest : public testing::Test {
 protected:
-    void Hear(const wire::DnsPacket& packet) {
+    void Hear(const wire::DnsPacket& packet, std::uint16_t port = discovery::multicastDnsPort) {
         dns.Receive({.peer = discovery::NetworkAddress(0xC0000207),
-                     .port = discovery::multicastDnsPort,
+                     .port = port,
                      .link = 0,
                      .bytes = packet.Packet()});
     }
@@ -67,6 +67,11 @@ TEST_F(MulticastDnsTest, AsksForTheOtherAddressWhereThatOfIpV6CameFirst) {
     Hear(wire::DnsPacket(7).Address(loomHost, ipV6));
     Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom).Service(loom, loomHost, 631));
     EXPECT_THAT(Questions(), UnorderedElementsAre(Asks(DnsType::Txt), Asks(DnsType::A)));
+}
+
+TEST_F(MulticastDnsTest, AnotherPortCountsForNothing) {
+    Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom), 4711);
+    EXPECT_THAT(Questions(), IsEmpty());
 }
 
 TEST_F(MulticastDnsTest, GivesUpWhatDoesNotComeAfterSixTimes) {
