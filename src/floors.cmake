@@ -51,7 +51,7 @@ floor(pages
   SYSTEM ConnectivityDlg EULADlg ManufacturerDlg OptionalSoftwareBypassDlg StartDlg)
 
 floor(ports
-  LOGIC PortText
+  LOGIC AddPortState PortText
   SYSTEM AddPortDlg AddPortService DriverConfigDlg SharedPrinter)
 
 floor(discovery

@@ -30,12 +30,6 @@ constexpr std::size_t portNameRead = 63;
 constexpr std::size_t addressRead = 255;
 constexpr std::size_t pathRead = 255;
 
-// Which controls describe a port of each kind.
-constexpr int existingControls[] = {IDC_ADD_PORT_LIST};
-constexpr int networkControls[] = {IDC_ADD_PORT_NAME_LABEL, IDC_ADD_PORT_NAME, IDC_ADD_PORT_ADDRESS_LABEL,
-                                   IDC_ADD_PORT_ADDRESS};
-constexpr int sharedControls[] = {IDC_ADD_PORT_PATH_LABEL, IDC_ADD_PORT_PATH};
-
 std::wstring WithoutMnemonic(std::wstring text) {
     const std::size_t place = text.find(L'&');
     if (place != std::wstring::npos) text.erase(place, 1);
@@ -51,9 +45,9 @@ const MessageMap& AddPortDlg::GetMessageMap() const {
                        On::Message(WM_SHOWWINDOW, &AddPortDlg::OnShowWindow),
                        On::Control(IDC_ADD_PORT_KIND, CBN_SELCHANGE, &AddPortDlg::OnKindChanged),
                        On::Notify(IDC_ADD_PORT_LIST, LVN_ITEMCHANGED, &AddPortDlg::OnPortChanged),
-                       On::Control(IDC_ADD_PORT_NAME, EN_CHANGE, &AddPortDlg::UpdateNext),
-                       On::Control(IDC_ADD_PORT_ADDRESS, EN_CHANGE, &AddPortDlg::UpdateNext),
-                       On::Control(IDC_ADD_PORT_PATH, EN_CHANGE, &AddPortDlg::UpdateNext),
+                       On::Control(IDC_ADD_PORT_NAME, EN_CHANGE, &AddPortDlg::Update),
+                       On::Control(IDC_ADD_PORT_ADDRESS, EN_CHANGE, &AddPortDlg::Update),
+                       On::Control(IDC_ADD_PORT_PATH, EN_CHANGE, &AddPortDlg::Update),
                        On::Control(IDC_ADD_PORT_DRIVER_LIST, CBN_SELCHANGE, &AddPortDlg::OnDriverChanged),
                        On::Click(IDC_ADD_PORT_CONFIGURE, &AddPortDlg::OnConfigureDriver),
                        On::Click(IDC_ADD_PORT_BACK, &AddPortDlg::OnBack),
@@ -150,7 +144,7 @@ void AddPortDlg::FitColumns() {
     portList.FitColumnToHeading(1);
 }
 
-std::optional<AddPortDlg::PortKind> AddPortDlg::SelectedKind() const {
+std::optional<PortKind> AddPortDlg::SelectedKind() const {
     if (kindList.GetCurSel() < 0) return std::nullopt;
     constexpr std::size_t longestText = 400;
     const std::wstring shown = TextOf(IDC_ADD_PORT_KIND, longestText);
@@ -163,14 +157,23 @@ std::optional<AddPortDlg::PortKind> AddPortDlg::SelectedKind() const {
 void AddPortDlg::OnKindChanged() {
     const std::optional<PortKind> kind = SelectedKind();
     if (!kind) return;
-    for (const int id : existingControls) ShowControl(id, kind == PortKind::Existing);
-    for (const int id : networkControls) ShowControl(id, kind == PortKind::Network);
-    for (const int id : sharedControls) ShowControl(id, kind == PortKind::Shared);
-    UpdateNext();
+    shownKind = *kind;
+    Update();
 }
 
-void AddPortDlg::UpdateNext() {
-    EnableControl(IDOK, IsComplete());
+AddPortState AddPortDlg::State() const {
+    return {.kind = shownKind,
+            .isComplete = IsComplete(),
+            .appsOnly = settings.GetBool(Tag::APPS_ONLY_PACKAGE),
+            .isAmazon = settings.IsAmazonSupported(),
+            .fromConfig = settings.GetBool(Tag::INSTALL_FROM_CONFIG),
+            .hasDrivers = !driverList.IsEmpty(),
+            .withoutDriverList = Received(Tag::SHOW_DRIVER_LIST) == L"false",
+            .hasConfigTool = configuration.CanConfigureDriver(driverList.SelectedId())};
+}
+
+void AddPortDlg::Update() {
+    Apply(ControlsFor(State()));
 }
 
 bool AddPortDlg::IsComplete() const {
@@ -189,71 +192,37 @@ bool AddPortDlg::IsComplete() const {
 }
 
 LRESULT AddPortDlg::OnPortChanged(NMHDR&) {
-    UpdateNext();
+    Update();
     return 0;
 }
 
 LRESULT AddPortDlg::OnShowWindow(WPARAM shown, LPARAM) {
     if (shown == FALSE) return Default();
-    ShowControl(IDC_HELP_BUTTON, false);
-    if (settings.GetBool(Tag::APPS_ONLY_PACKAGE)) EnableControl(IDC_ADD_PORT_TITLE, false);
-    ShowControl(IDC_ADD_PORT_TITLE, false);
-    if (driverList.IsEmpty()) {
-        for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_CONFIGURE, IDC_ADD_PORT_DRIVER_FRAME,
-                             IDC_ADD_PORT_DRIVER_LABEL})
-            ShowControl(id, false);
-    }
-    if (!receivedMessage.empty()) ObeyMessage();
+    if (Received(Tag::SHOW_UNC) == L"false") kindList.DeleteString(sharedKindIndex);
     FocusControl(IDC_ADD_PORT_KIND);
     if (SelectedKind() == PortKind::Existing)
         ListView_SetItemState(portList.GetSafeHwnd(), -1, 0, LVIS_SELECTED);
-    if (settings.GetBool(Tag::INSTALL_FROM_CONFIG)) {
-        for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_CONFIGURE}) ShowControl(id, false);
-    }
-    if (settings.IsAmazonSupported()) {
-        EnableControl(IDC_ADD_PORT_DRIVER_LABEL, false);
-        for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_DRIVER_LABEL, IDC_ADD_PORT_CONFIGURE})
-            ShowControl(id, false);
-    }
+    Update();
     return Default();
-}
-
-void AddPortDlg::ObeyMessage() {
-    if (Received(Tag::SHOW_UNC) == L"false") {
-        kindList.DeleteString(sharedKindIndex);
-    }
-    if (Received(Tag::SHOW_DRIVER_LIST) == L"false") {
-        for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_CONFIGURE, IDC_ADD_PORT_DRIVER_FRAME})
-            ShowControl(id, false);
-    }
 }
 
 void AddPortDlg::ClearDrivers() {
     driverList.Clear();
+    Update();
 }
 
 void AddPortDlg::AddDriver(const MSI_APP& driver) {
     if (Received(Tag::SHOW_DRIVER_LIST) == L"false") return;
-    if (driverList.IsEmpty() && !settings.IsAmazonSupported()) {
-        for (const int id : {IDC_ADD_PORT_DRIVER_FRAME, IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_DRIVER_LABEL})
-            ShowControl(id, true);
-    }
     driverList.Add(driver.driverId, driver.driverName);
     driverList.Select(GetDefaultDriver(settings, {}));
     // A page that the walk only passes by chooses no driver.
-    if (IsWindowVisible(GetSafeHwnd()) != FALSE) OnDriverChanged();
+    if (IsWindowVisible(GetSafeHwnd()) != FALSE) configuration.Follow(driverList.SelectedId());
+    Update();
 }
 
 void AddPortDlg::OnDriverChanged() {
-    const std::wstring driverId = driverList.SelectedId();
-    configuration.Follow(driverId);
-    const bool hasTool = configuration.CanConfigureDriver(driverId);
-    EnableControl(IDC_ADD_PORT_CONFIGURE, hasTool);
-    ShowControl(IDC_ADD_PORT_CONFIGURE, hasTool && IsDriverOffered());
-}
-
-bool AddPortDlg::IsDriverOffered() const {
-    return !settings.GetBool(Tag::INSTALL_FROM_CONFIG) && !settings.IsAmazonSupported();
+    configuration.Follow(driverList.SelectedId());
+    Update();
 }
 
 void AddPortDlg::OnConfigureDriver() {
@@ -331,7 +300,7 @@ std::nullopt_t AddPortDlg::Refuse(TextId textKey, int field) {
     SelectAll(field);
     ::SendMessageW(GetDlgItem(field), WM_CLEAR, 0, 0);
     FocusControl(field);
-    EnableControl(IDOK, false);
+    Update();
     return std::nullopt;
 }
 

@@ -11,6 +11,7 @@
 #include "catalogue/DriverInfo.h"
 #include "framework/CComboBox.h"
 #include "framework/CListCtrl.h"
+#include "ports/AddPortState.h"
 #include "ports/IAddPortDialog.h"
 #include "printer/DriverConfiguration.h"
 #include "printer/PrinterChoice.h"
@@ -46,23 +47,20 @@ protected:
     const MessageMap& GetMessageMap() const override;
 
 private:
-    enum class PortKind { Existing, Network, Shared };
-
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     LRESULT OnPortChanged(NMHDR& header);
     void OnKindChanged();
     void OnDriverChanged();
     void OnConfigureDriver();
     void OnBack();
-    void UpdateNext();
-    // Whether the user chooses the driver here.
-    bool IsDriverOffered() const;
+    // Shows and enables the controls by what the page knows.
+    void Update();
+    AddPortState State() const;
 
     void SetUpTexts();
     void SetUpButtons();
     void MakeColumns();
     void FitColumns();
-    void ObeyMessage();
     std::wstring Received(std::wstring_view tag) const;
 
     std::optional<PortKind> SelectedKind() const;
@@ -81,6 +79,8 @@ private:
     DriverConfiguration& configuration;
     std::wstring receivedMessage;
     CComboBox kindList;
+    // The last kind that was selected: the list can be without a selection.
+    PortKind shownKind = PortKind::Existing;
     // What the list shows, without the marks of a language that reads from right to left.
     std::vector<PortEntry> systemPorts;
     CListCtrl portList;
