@@ -9,9 +9,11 @@ namespace {
 
 using discovery::Bytes;
 using discovery::Datagram;
+using discovery::DeviceFacts;
 using discovery::DnsName;
 using discovery::DnsQuestion;
 using discovery::DnsType;
+using discovery::FoundDevices;
 using discovery::MulticastDns;
 using testing::Field;
 using testing::IsEmpty;
@@ -44,6 +46,12 @@ protected:
         return sent.empty() ? std::vector<DnsQuestion>() : wire::DnsQuestions(sent.front().bytes);
     }
 
+    std::vector<DeviceFacts> Printers() const {
+        FoundDevices found;
+        dns.Collect(found);
+        return found.Printers();
+    }
+
     MulticastDns dns{7, {2}};
 };
 
@@ -72,6 +80,36 @@ TEST_F(MulticastDnsTest, AsksForTheOtherAddressWhereThatOfIpV6CameFirst) {
 TEST_F(MulticastDnsTest, AnotherPortCountsForNothing) {
     Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom), 4711);
     EXPECT_THAT(Questions(), IsEmpty());
+}
+
+TEST_F(MulticastDnsTest, AnAddressThatIsNoHostsCountsForNothing) {
+    Hear(wire::DnsPacket(7).Address(loomHost, Bytes("\xE0\0\0\xFB", 4)).Address(loomHost, Bytes(4, '\0')));
+    EXPECT_THAT(dns.AddressesOf("loom.local"), IsEmpty());
+    Hear(wire::DnsPacket(7).Address(loomHost, ipV4));
+    EXPECT_EQ(dns.AddressesOf("loom.local").size(), 1U);
+}
+
+TEST_F(MulticastDnsTest, WhatScansAloneIsNoPrinter) {
+    const DnsName scanner{"Loom 310", "_uscan", "_tcp", "local"};
+    Hear(wire::DnsPacket(7)
+             .Pointer({"_uscan", "_tcp", "local"}, scanner)
+             .Service(scanner, loomHost, 8080)
+             .Address(loomHost, ipV4));
+    EXPECT_THAT(Printers(), IsEmpty());
+    Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom).Service(loom, loomHost, 631));
+    ASSERT_EQ(Printers().size(), 1U);
+    EXPECT_EQ(Printers().front().canScan, true);
+}
+
+TEST_F(MulticastDnsTest, KeepsNoMoreServicesThanANetworkCanHave) {
+    for (int number = 0; number < 5000; ++number) {
+        Hear(wire::DnsPacket(7).Pointer(serviceOfIpp,
+                                        {"Queue " + std::to_string(number), "_ipp", "_tcp", "local"}));
+    }
+    std::vector<Datagram> sent;
+    dns.AskForMissing(sent);
+    // Two records of each service are missing; eight questions go into a packet, by both protocols.
+    EXPECT_EQ(sent.size(), 2U * 2 * 4096 / 8);
 }
 
 TEST_F(MulticastDnsTest, GivesUpWhatDoesNotComeAfterSixTimes) {
