@@ -14,10 +14,11 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/MsiCodes.h"
+#include "CommonLib/PackageLibraries.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/TextUtilities.h"
 #include "discovery/DeviceDocuments.h"
-#include "discovery/LibraryExports.h"
+#include "discovery/NpaQuestions.h"
 #include "discovery/NpaReply.h"
 #include "discovery/ReplyMemory.h"
 #include "framework/Handles.h"
@@ -55,15 +56,15 @@ public:
         : sondrix(LoadPackageLibrary(GetExeDirectory() + L"\\Sondrix.dll")),
           quelmar(LoadPackageLibrary(GetExeDirectory() + L"\\Quelmar.dll")) {
         if (!AreComplete()) return;
-        FindExport<LifeFunction>(sondrix.get(), "Initialize")();
-        FindExport<LifeFunction>(quelmar.get(), "BidiInitialize")();
+        FindExport<decltype(&Initialize)>(sondrix.get(), "Initialize")();
+        FindExport<decltype(&Initialize)>(quelmar.get(), "BidiInitialize")();
     }
     Libraries(const Libraries&) = delete;
     Libraries& operator=(const Libraries&) = delete;
     ~Libraries() {
         if (!AreComplete()) return;
-        FindExport<LifeFunction>(sondrix.get(), "Uninitialize")();
-        FindExport<LifeFunction>(quelmar.get(), "BidiUninitialize")();
+        FindExport<decltype(&Initialize)>(sondrix.get(), "Uninitialize")();
+        FindExport<decltype(&Initialize)>(quelmar.get(), "BidiUninitialize")();
     }
 
     bool AreComplete() const {
@@ -71,7 +72,7 @@ public:
                Has(quelmar, {"BidiInitialize", "BidiUninitialize", "BidiExchangeNpaAll", "BidiExchangeNpaW"});
     }
     std::uint32_t Discover(const std::wstring& search) const {
-        return FindExport<DiscoverFunction>(sondrix.get(), "DiscoverW")(search.c_str());
+        return FindExport<decltype(&DiscoverW)>(sondrix.get(), "DiscoverW")(search.c_str());
     }
     std::uint32_t Enumerate(std::vector<std::wstring>& documents) const;
     std::uint32_t AskColours(std::vector<std::wstring>& documents) const;
@@ -80,7 +81,7 @@ public:
 private:
     static bool Has(const Library& library, const std::vector<const char*>& names) {
         for (const char* name : names) {
-            if (!library || FindExport<LifeFunction>(library.get(), name) == nullptr) return false;
+            if (!library || FindExport<decltype(&Initialize)>(library.get(), name) == nullptr) return false;
         }
         return true;
     }
@@ -90,7 +91,7 @@ private:
 };
 
 std::uint32_t Libraries::Enumerate(std::vector<std::wstring>& documents) const {
-    const auto enumerate = FindExport<EnumerateFunction>(sondrix.get(), "EnumerateW");
+    const auto enumerate = FindExport<decltype(&EnumerateW)>(sondrix.get(), "EnumerateW");
     const std::wstring request = EnumerationDocument(L"", L"");
     std::wstring listing(1, L'\0');
     std::uint32_t required = 0;
@@ -108,7 +109,7 @@ std::uint32_t Libraries::AskColours(std::vector<std::wstring>& documents) const 
                                  TagDocument::MakeElement(Tag::TIMEOUT, timeout);
     wchar_t* reply = nullptr;
     std::uint32_t length = 0;
-    const std::uint32_t code = FindExport<ExchangeAllFunction>(quelmar.get(), "BidiExchangeNpaAll")(
+    const std::uint32_t code = FindExport<decltype(&BidiExchangeNpaAll)>(quelmar.get(), "BidiExchangeNpaAll")(
         request.c_str(), colourQuestion.data(), static_cast<std::uint32_t>(colourQuestion.size()), &reply,
         &length, &ReplyMemory::Allocate);
     if (code == MsiCode::Success) {
@@ -120,7 +121,7 @@ std::uint32_t Libraries::AskColours(std::vector<std::wstring>& documents) const 
 }
 
 bool Libraries::HasFax(const std::wstring& address) const {
-    const auto exchange = FindExport<ExchangeFunction>(quelmar.get(), "BidiExchangeNpaW");
+    const auto exchange = FindExport<decltype(&BidiExchangeNpaW)>(quelmar.get(), "BidiExchangeNpaW");
     const std::wstring request =
         TagDocument::MakeElement(Tag::IPADDRESS, address) + TagDocument::MakeElement(Tag::TIMEOUT, timeout);
     std::vector<std::uint8_t> reply;

@@ -4,9 +4,7 @@
 #include <cstdint>
 #include <string>
 
-// Called by the library, on a thread of its choosing, with a message document while it installs or removes;
-// the answer is that message's.
-using InstallProgressCallback = std::int32_t (*)(const wchar_t* message);
+#include "CommonLib/PackageLibraries.h"
 
 class IMsiInterface {
 public:

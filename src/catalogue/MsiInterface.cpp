@@ -9,6 +9,7 @@
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
+#include "CommonLib/PackageLibraries.h"
 #include "CommonLib/Vendor.h"
 #include "framework/SystemLibrary.h"
 #include "settings/TagDocument.h"
@@ -16,21 +17,6 @@
 #include "settings/TextKeys.h"
 
 namespace {
-
-// The exports of the library. Lengths count UTF-16 code units without the terminator.
-using InitializeFunction = void (*)();
-using EnableInstallLogFunction = void (*)(const wchar_t* name, std::uint64_t nameLength);
-using InstallAppFunction = std::uint32_t (*)(const wchar_t* path, std::uint32_t pathLength,
-                                             InstallProgressCallback callback, const wchar_t* command,
-                                             std::uint32_t commandLength);
-using UninstallAppFunction = std::uint32_t (*)(const wchar_t* path, std::uint32_t pathLength,
-                                               InstallProgressCallback callback);
-using CancelFunction = void (*)();
-using GetPropertiesFunction = std::uint32_t (*)(const wchar_t* path, const wchar_t* language, wchar_t* buffer,
-                                                std::uint32_t capacity, std::uint32_t* needed);
-using IsAppInstalledFunction = std::uint8_t (*)(const wchar_t* path, std::uint32_t pathLength,
-                                                std::uint8_t* upToDate, std::uint8_t* upgradable,
-                                                std::uint8_t* minorUpgrade, const wchar_t* language);
 
 constexpr std::uint32_t firstCapacity = 2048;
 // In characters: far more than the properties of any package.
@@ -65,14 +51,15 @@ MsiInterface::MsiInterface(const std::wstring& libraryPath, const InstallSetting
         LogBasic(L"Failed to load Brevanto.dll!", LogLevel::Error);
         return;
     }
-    const auto initialize = Find<InitializeFunction>("MsiInitialize", L"Failed to find MsiInitialize method");
+    const auto initialize =
+        Find<decltype(&MsiInitialize)>("MsiInitialize", L"Failed to find MsiInitialize method");
     if (initialize != nullptr) initialize();
 }
 
 MsiInterface::~MsiInterface() {
     if (!library) return;
     const auto uninitialize =
-        Find<InitializeFunction>("MsiUninitialize", L"Failed to find MsiUninitialize method");
+        Find<decltype(&MsiUninitialize)>("MsiUninitialize", L"Failed to find MsiUninitialize method");
     if (uninitialize != nullptr) uninitialize();
 }
 
@@ -84,8 +71,8 @@ Function MsiInterface::Find(const char* name, const wchar_t* failure) const {
 }
 
 void MsiInterface::EnableInstallLog() const {
-    const auto enable =
-        Find<EnableInstallLogFunction>("MsiEnableInstallLog", L"Failed to find MsiEnableInstallLog method");
+    const auto enable = Find<decltype(&MsiEnableInstallLog)>("MsiEnableInstallLog",
+                                                             L"Failed to find MsiEnableInstallLog method");
     if (enable == nullptr) return;
     std::wstring name = settings.GetString(Tag::OEM);
     if (name.empty()) name = unnamedVendor;
@@ -96,7 +83,8 @@ std::uint32_t MsiInterface::InstallApp(std::wstring packagePath, InstallProgress
                                        std::wstring commandDocument) {
     if (!library) return MsiCode::Success;
     EnableInstallLog();
-    const auto install = Find<InstallAppFunction>("MsiInstallApp", L"Failed to find MsiInstallApp method");
+    const auto install =
+        Find<decltype(&MsiInstallApp)>("MsiInstallApp", L"Failed to find MsiInstallApp method");
     if (install == nullptr) return MsiCode::Success;
     return install(packagePath.c_str(), Length(packagePath), callback, commandDocument.c_str(),
                    Length(commandDocument));
@@ -106,7 +94,7 @@ std::uint32_t MsiInterface::UninstallApp(std::wstring packagePath, InstallProgre
     if (!library) return MsiCode::Success;
     EnableInstallLog();
     const auto uninstall =
-        Find<UninstallAppFunction>("MsiUninstallApp", L"Failed to find MsiUninstallApp method");
+        Find<decltype(&MsiUninstallApp)>("MsiUninstallApp", L"Failed to find MsiUninstallApp method");
     if (uninstall == nullptr) return MsiCode::Success;
     return uninstall(packagePath.c_str(), Length(packagePath), callback);
 }
@@ -114,7 +102,7 @@ std::uint32_t MsiInterface::UninstallApp(std::wstring packagePath, InstallProgre
 void MsiInterface::Cancel() {
     if (!library) return;
     EnableInstallLog();
-    const auto cancel = Find<CancelFunction>("MsiCancel", L"Failed to find MsiCancel method");
+    const auto cancel = Find<decltype(&MsiCancel)>("MsiCancel", L"Failed to find MsiCancel method");
     if (cancel != nullptr) cancel();
 }
 
@@ -124,7 +112,7 @@ std::uint32_t MsiInterface::FetchDocument(const std::wstring& packagePath, const
     EnableInstallLog();
     // By design: the text names another export than the one that is missing.
     const auto getProperties =
-        Find<GetPropertiesFunction>("MsiGetProperties", L"Failed to find MsiGetPropertyValue method");
+        Find<decltype(&MsiGetProperties)>("MsiGetProperties", L"Failed to find MsiGetPropertyValue method");
     if (getProperties == nullptr) return MsiCode::Success;
 
     std::wstring buffer(firstCapacity, L'\0');
@@ -165,8 +153,8 @@ bool MsiInterface::IsAppInstalled(std::wstring packagePath, bool& upToDate, bool
     if (!library) return false;
     const std::wstring language = localizer.GetString(TextKey::LANGUAGE_ID);
     EnableInstallLog();
-    const auto isInstalled =
-        Find<IsAppInstalledFunction>("MsiIsAppInstalledByLang", L"Failed to find MsiIsAppInstalled method");
+    const auto isInstalled = Find<decltype(&MsiIsAppInstalledByLang)>(
+        "MsiIsAppInstalledByLang", L"Failed to find MsiIsAppInstalled method");
     if (isInstalled == nullptr) return false;
     std::uint8_t upToDateByte = upToDate ? 1 : 0;
     std::uint8_t upgradableByte = upgradable ? 1 : 0;

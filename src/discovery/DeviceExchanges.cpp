@@ -6,10 +6,11 @@
 
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
+#include "CommonLib/PackageLibraries.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/TextUtilities.h"
 #include "discovery/DiscoveryService.h"
-#include "discovery/LibraryExports.h"
+#include "discovery/NpaQuestions.h"
 #include "discovery/NpaReply.h"
 #include "discovery/ReplyMemory.h"
 #include "settings/TagDocument.h"
@@ -30,7 +31,8 @@ std::wstring Request(std::wstring_view tag, std::wstring_view addresses) {
 // The reply packet of one device; nothing if the exchange fails.
 // By design: the first call says a size of 0, whatever the buffer holds, so it normally only learns the
 // length.
-std::optional<std::vector<std::uint8_t>> Exchange(ExchangeFunction exchange, const std::wstring& address) {
+std::optional<std::vector<std::uint8_t>> Exchange(decltype(&BidiExchangeNpaW) exchange,
+                                                  const std::wstring& address) {
     const std::wstring request = Request(Tag::IPADDRESS, address);
     std::vector<std::uint8_t> reply(firstReplySize);
     std::uint32_t length = 0;
@@ -58,7 +60,8 @@ std::optional<std::vector<std::uint8_t>> Exchange(ExchangeFunction exchange, con
 
 void DiscoveryService::ExchangeColours(const std::wstring& addresses, DeviceIndex& index) const {
     if (!quelmarModule || cancelled) return;
-    const auto exchange = FindExport<ExchangeAllFunction>(quelmarModule.get(), "BidiExchangeNpaAll");
+    const auto exchange =
+        FindExport<decltype(&BidiExchangeNpaAll)>(quelmarModule.get(), "BidiExchangeNpaAll");
     if (exchange == nullptr) return;
     wchar_t* reply = nullptr;
     std::uint32_t length = 0;
@@ -77,7 +80,7 @@ void DiscoveryService::ExchangeColours(const std::wstring& addresses, DeviceInde
 
 void DiscoveryService::ExchangeFax(const std::wstring& addresses, DeviceIndex& index) const {
     if (!quelmarModule || cancelled) return;
-    const auto exchange = FindExport<ExchangeFunction>(quelmarModule.get(), "BidiExchangeNpaW");
+    const auto exchange = FindExport<decltype(&BidiExchangeNpaW)>(quelmarModule.get(), "BidiExchangeNpaW");
     if (exchange == nullptr) return;
     for (const std::wstring& address : SplitClosed(addresses, L';')) {
         // What is found out after a cancel goes nowhere, and each device can take seconds.

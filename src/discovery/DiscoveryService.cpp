@@ -6,7 +6,7 @@
 #include "CommonLib/Files.h"
 #include "CommonLib/Logger.h"
 #include "CommonLib/MsiCodes.h"
-#include "discovery/LibraryExports.h"
+#include "CommonLib/PackageLibraries.h"
 #include "framework/SystemLibrary.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
@@ -22,7 +22,7 @@ constexpr std::uint32_t largestListing = 1u << 26;
 std::mutex discoveryLock;
 
 void CallIfExported(const Library& library, const char* name) {
-    const auto function = library ? FindExport<LifeFunction>(library.get(), name) : nullptr;
+    const auto function = library ? FindExport<decltype(&Initialize)>(library.get(), name) : nullptr;
     if (function != nullptr) function();
 }
 
@@ -125,7 +125,7 @@ std::uint32_t DiscoveryService::DoDiscovery() {
 
 std::uint32_t DiscoveryService::Discover() {
     const auto discover =
-        sondrixModule ? FindExport<DiscoverFunction>(sondrixModule.get(), "DiscoverW") : nullptr;
+        sondrixModule ? FindExport<decltype(&DiscoverW)>(sondrixModule.get(), "DiscoverW") : nullptr;
     if (discover == nullptr) return MsiCode::Success;
     const std::wstring search = BuildSearchDocument(settings);
     // A preset stays the search until the user chooses another.
@@ -137,7 +137,7 @@ std::uint32_t DiscoveryService::Discover() {
 
 // The first call has room for the terminator alone and learns what the listing needs.
 std::uint32_t DiscoveryService::Enumerate() {
-    const auto enumerate = FindExport<EnumerateFunction>(sondrixModule.get(), "EnumerateW");
+    const auto enumerate = FindExport<decltype(&EnumerateW)>(sondrixModule.get(), "EnumerateW");
     if (enumerate == nullptr) return MsiCode::Success;
     const std::wstring document = EnumerationDocument(settings.GetString(Tag::OEMBYTE), SeriesList(settings));
     std::wstring listing(1, L'\0');

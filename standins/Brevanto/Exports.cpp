@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "standins/Brevanto/Brevanto.h"
+#include "CommonLib/PackageLibraries.h"
 #include "standins/Brevanto/CommandLine.h"
 #include "standins/Brevanto/InstallLog.h"
 #include "standins/Brevanto/InstallRun.h"

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "standins/Brevanto/Brevanto.h"
+#include "CommonLib/PackageLibraries.h"
 
 namespace brevanto {
 

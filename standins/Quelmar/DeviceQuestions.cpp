@@ -4,8 +4,9 @@
 #include <random>
 #include <utility>
 
+#include "CommonLib/PackageLibraries.h"
 #include "standins/discovery/Documents.h"
-#include "standins/network/Exports.h"
+#include "standins/network/Recall.h"
 #include "standins/network/SearchRun.h"
 
 namespace quelmar {

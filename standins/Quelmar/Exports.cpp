@@ -1,13 +1,10 @@
-#include "standins/network/Exports.h"
-
 #include <windows.h>
 
 #include <span>
 #include <string>
-#include <type_traits>
 
+#include "CommonLib/PackageLibraries.h"
 #include "CommonLib/TextUtilities.h"
-#include "discovery/LibraryExports.h"
 #include "settings/TagDocument.h"
 #include "standins/Quelmar/DeviceQuestions.h"
 #include "standins/discovery/Documents.h"
@@ -22,11 +19,6 @@ using discovery::Time;
 
 constexpr std::uint8_t packetStart = 0xA5;
 constexpr std::int32_t longestTimeout = 30000;
-
-// What the program looks up.
-static_assert(std::is_same_v<decltype(&BidiInitialize), LifeFunction> &&
-              std::is_same_v<decltype(&BidiExchangeNpaAll), ExchangeAllFunction> &&
-              std::is_same_v<decltype(&BidiExchangeNpaW), ExchangeFunction>);
 
 quelmar::DeviceQuestions& Questions() {
     static quelmar::DeviceQuestions questions;

@@ -1,11 +1,8 @@
-#include "standins/network/Exports.h"
-
 #include <windows.h>
 
-#include <type_traits>
-
-#include "discovery/LibraryExports.h"
+#include "CommonLib/PackageLibraries.h"
 #include "standins/Sondrix/DeviceFinder.h"
+#include "standins/network/Recall.h"
 #include "standins/network/Shielded.h"
 
 namespace {
@@ -13,11 +10,6 @@ namespace {
 using discovery::CopyOut;
 using discovery::Shielded;
 using discovery::TextOf;
-
-// What the program looks up.
-static_assert(std::is_same_v<decltype(&Initialize), LifeFunction> &&
-              std::is_same_v<decltype(&DiscoverW), DiscoverFunction> &&
-              std::is_same_v<decltype(&EnumerateW), EnumerateFunction>);
 
 sondrix::DeviceFinder& Finder() {
     static sondrix::DeviceFinder finder;

@@ -27,6 +27,7 @@
 #include "CommonLib/InterProcessLock.h"
 #include "CommonLib/LogRecord.h"
 #include "CommonLib/Logger.h"
+#include "CommonLib/PackageLibraries.h"
 #include "app/Collaborators.h"
 #include "catalogue/MsiInfoService.h"
 #include "catalogue/MsiInterface.h"
@@ -36,7 +37,6 @@
 #include "settings/Localizer.h"
 #include "settings/SettingsFiles.h"
 #include "settings/TextKeys.h"
-#include "standins/Brevanto/Brevanto.h"
 
 namespace {
 

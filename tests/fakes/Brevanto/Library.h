@@ -5,7 +5,7 @@
 #include <map>
 #include <mutex>
 
-#include "standins/Brevanto/Brevanto.h"
+#include "CommonLib/PackageLibraries.h"
 #include "tests/fakes/Brevanto/Script.h"
 
 // Callable from any thread. Every call is recorded before it is answered.

@@ -6,13 +6,12 @@
 #include <cstdio>
 #include <string>
 
+#include "CommonLib/PackageLibraries.h"
 #include "settings/TagDocument.h"
 #include "tests/fakes/LibraryFolder.h"
 #include "tests/fakes/Network/Network.h"
 
 namespace {
-
-using AllocateFunction = wchar_t* (*)(std::uint32_t count, wchar_t** memory);
 
 constexpr std::uint32_t bufferTooSmall = 122;
 constexpr std::uint32_t noAnswer = 1460;
@@ -45,7 +44,7 @@ void BidiUninitialize() {
 
 std::uint32_t BidiExchangeNpaAll(const wchar_t* request, const std::uint8_t* packet,
                                  std::uint32_t packetLength, wchar_t** reply, std::uint32_t* replyLength,
-                                 AllocateFunction allocate) {
+                                 wchar_t* (*allocate)(std::uint32_t count, wchar_t** memory)) {
     Network().Record(
         {L"BidiExchangeNpaAll", Field(L"request", request), Field(L"packet", Hex(packet, packetLength))});
     const NetworkRun& run = Network().CurrentRun();

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "CommonLib/PackageLibraries.h"
 #include "tests/fakes/LibraryFolder.h"
 #include "tests/fakes/Network/Network.h"
 

@@ -7,9 +7,10 @@
 #include <thread>
 
 #include "CommonLib/Files.h"
+#include "CommonLib/PackageLibraries.h"
 #include "discovery/NpaReply.h"
 #include "framework/SystemLibrary.h"
-#include "standins/network/Exports.h"
+#include "standins/network/Recall.h"
 
 namespace {
 

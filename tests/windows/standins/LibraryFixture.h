@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "standins/Brevanto/Brevanto.h"
+#include "CommonLib/PackageLibraries.h"
 
 // The library as a program loads it: from its file, each export by name.
 struct BrevantoLibrary {
