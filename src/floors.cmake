@@ -21,7 +21,7 @@ endfunction()
 floor(CommonLib
   LOGIC AddressText Exception LogRecord TextUtilities
   SYSTEM Application DotNetSetup Files InterProcessLock IpAddress Logger Mutex ProcessStart ProcessWait Security
-    SecurityEveryone SystemText SystemVersion TextFile Win32Exception XmlAttributeReader)
+    SecurityEveryone SystemText SystemVersion TextFile UserRights Win32Exception XmlAttributeReader)
 
 floor(settings
   LOGIC DeviceDocument ElementNames FilterDocument IndexedDocument InstallSettings KeyedValues LanguageTable

@@ -9,11 +9,12 @@
 #include "CommonLib/Logger.h"
 #include "CommonLib/Mutex.h"
 #include "CommonLib/SecurityEveryone.h"
+#include "CommonLib/SingleInstance.h"
 #include "CommonLib/SystemText.h"
+#include "CommonLib/UserRights.h"
 #include "CommonLib/Win32Exception.h"
 #include "app/StartUp.h"
 #include "app/WizardChain.h"
-#include "framework/Handles.h"
 #include "framework/SystemLibrary.h"
 #include "resources/resource.h"
 #include "settings/InstallSettings.h"
@@ -26,7 +27,6 @@
 
 namespace {
 
-constexpr wchar_t singleInstanceName[] = L"{BDC7F909-8703-4CB7-B19E-E64710BB1F1E}-kestrune";
 constexpr DWORD allControlClasses = 0xFF;
 
 // What other copies find; held until the process ends.
@@ -72,15 +72,6 @@ bool CKestruneApp::InitInstance() {
     }
     CreateMainWindow(shared, silent);
     return true;
-}
-
-bool CKestruneApp::IsUserAdministrator() {
-    SID_IDENTIFIER_AUTHORITY authority = {SECURITY_NT_AUTHORITY};
-    Sid administrators;
-    BOOL member = FALSE;
-    return AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0,
-                                    0, 0, 0, 0, administrators.put()) != FALSE &&
-           CheckTokenMembership(nullptr, administrators.get(), &member) != FALSE && member == TRUE;
 }
 
 // The mutex that is not there is the normal case, and it leaves its error in the log of every first start.

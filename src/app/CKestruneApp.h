@@ -23,7 +23,6 @@ public:
     void OnUnhandledException(const std::wstring& where, const std::string& what) noexcept override;
 
 private:
-    static bool IsUserAdministrator();
     static bool IsAnotherCopyRunning();
     void BringUpLibraries();
     void CreateMainWindow(const Collaborators& shared, bool silent);
