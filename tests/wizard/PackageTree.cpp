@@ -35,6 +35,7 @@ std::wstring ScriptOf(const TestPackage& package) {
         script += JoinFields({L"state", Flag(state.installed), Flag(state.upToDate), Flag(state.upgradable),
                               Flag(state.minorUpgrade)});
     }
+    if (package.keeps) script += JoinFields({L"keeps"});
     AppendCall(L"install", package.install, script);
     AppendCall(L"uninstall", package.uninstall, script);
     return script;

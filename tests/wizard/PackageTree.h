@@ -20,6 +20,8 @@ struct TestPackage {
     std::wstring properties;
     std::uint32_t propertiesCode = 0;
     std::vector<ScriptedState> states;
+    // Whether what is done to it lasts, also for other processes.
+    bool keeps = false;
     ScriptedCall install;
     ScriptedCall uninstall;
 };

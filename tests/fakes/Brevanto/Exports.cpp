@@ -42,7 +42,10 @@ std::uint32_t MsiInstallApp(const wchar_t* packagePath, std::uint32_t packagePat
     Library().Record({L"MsiInstallApp", Field(L"path", packagePath), Field(L"pathLength", packagePathLength),
                       Field(L"command", commandDocument), Field(L"commandLength", commandDocumentLength)});
     const ScriptedPackage* const package = Library().Find(packagePath);
-    return package == nullptr ? packageOpenFailed : Library().Run(package->install, callback);
+    if (package == nullptr) return packageOpenFailed;
+    const std::uint32_t code = Library().Run(package->install, callback);
+    Library().Keep(packagePath, code, true);
+    return code;
 }
 
 std::uint32_t MsiUninstallApp(const wchar_t* packagePath, std::uint32_t packagePathLength,
@@ -50,7 +53,10 @@ std::uint32_t MsiUninstallApp(const wchar_t* packagePath, std::uint32_t packageP
     Library().Record(
         {L"MsiUninstallApp", Field(L"path", packagePath), Field(L"pathLength", packagePathLength)});
     const ScriptedPackage* const package = Library().Find(packagePath);
-    return package == nullptr ? packageOpenFailed : Library().Run(package->uninstall, callback);
+    if (package == nullptr) return packageOpenFailed;
+    const std::uint32_t code = Library().Run(package->uninstall, callback);
+    Library().Keep(packagePath, code, false);
+    return code;
 }
 
 void MsiCancel() {

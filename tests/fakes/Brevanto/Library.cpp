@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "tests/fakes/LibraryFolder.h"
+#include "tests/fakes/TextLines.h"
 
 namespace {
 
@@ -36,8 +37,26 @@ const ScriptedPackage* ScriptedLibrary::Find(std::wstring_view path) const {
     return found == packages.end() ? nullptr : &found->second;
 }
 
+std::wstring ScriptedLibrary::KeptFile(std::wstring_view path) const {
+    return folder + FileName(path) + L".kept";
+}
+
+void ScriptedLibrary::Keep(std::wstring_view path, std::uint32_t code, bool installed) const {
+    const ScriptedPackage* const package = Find(path);
+    if (package == nullptr || !package->keeps) return;
+    if (code != ERROR_SUCCESS && code != ERROR_SUCCESS_REBOOT_REQUIRED) return;
+    AppendText(KeptFile(path), JoinFields({installed ? L"1" : L"0"}));
+}
+
 ScriptedState ScriptedLibrary::NextState(std::wstring_view path) {
     const ScriptedPackage* const package = Find(path);
+    if (package != nullptr && package->keeps) {
+        const auto kept = ReadLines(KeptFile(path));
+        if (!kept.empty()) {
+            const bool installed = kept.back().front() == L"1";
+            return {.installed = installed, .upToDate = installed};
+        }
+    }
     if (package == nullptr || package->states.empty()) return {};
     const std::lock_guard guard(lock);
     std::size_t& given = statesGiven[FileName(path)];

@@ -24,10 +24,13 @@ public:
     // Plays the steps of one run on a thread of the library's own and gives its return code; 1618 while
     // another run is on.
     std::uint32_t Run(const ScriptedCall& call, InstallProgressCallback callback);
+    // Writes down what a run with this code has made of a package that keeps what is done.
+    void Keep(std::wstring_view path, std::uint32_t code, bool installed) const;
     void Cancel();
 
 private:
     ScriptedLibrary();
+    std::wstring KeptFile(std::wstring_view path) const;
     void Play(const ScriptStep& step, InstallProgressCallback callback);
 
     std::wstring folder;

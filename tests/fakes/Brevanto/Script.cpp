@@ -34,6 +34,8 @@ void TakeLine(const Fields& fields, ScriptedPackage& package) {
                                   .upToDate = fields.at(2) == L"1",
                                   .upgradable = fields.at(3) == L"1",
                                   .minorUpgrade = fields.at(4) == L"1"});
+    } else if (verb == L"keeps") {
+        package.keeps = true;
     } else if (verb == L"install") {
         TakeStep(fields, package.install);
     } else if (verb == L"uninstall") {

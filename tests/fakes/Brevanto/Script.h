@@ -7,6 +7,9 @@
 //   state I U G M            one answer to the question whether it is installed: installed, up to date,
 //                            upgradable, minor upgrade, each 0 or 1; the last answer stands for all later
 //                            ones
+//   keeps                    what is done lasts, also for other processes: after an installation that
+//   succeeds the
+//                            package is installed and up to date, after a removal it is not installed
 //   install STEP...          one step of the installation, uninstall STEP... one of the removal:
 //       message DOCUMENT     calls back
 //       pause MILLISECONDS
@@ -47,6 +50,7 @@ struct ScriptedPackage {
     std::uint32_t propertiesCode = 0;
     std::optional<std::uint32_t> propertiesLength;
     std::vector<ScriptedState> states;
+    bool keeps = false;
     ScriptedCall install;
     ScriptedCall uninstall;
 };
