@@ -61,20 +61,6 @@ std::wstring CommandLine(const std::filesystem::path& program, const std::wstrin
     return L"\"" + program.wstring() + L"\" " + arguments;
 }
 
-// The token of this process without the right to act as an administrator.
-KernelHandle RestrictedToken() {
-    KernelHandle own;
-    OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, own.put());
-    SID_IDENTIFIER_AUTHORITY authority = {SECURITY_NT_AUTHORITY};
-    Sid administrators;
-    AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0,
-                             0, 0, administrators.put());
-    SID_AND_ATTRIBUTES disabled{.Sid = administrators.get(), .Attributes = 0};
-    KernelHandle restricted;
-    CreateRestrictedToken(own.get(), 0, 1, &disabled, 0, nullptr, 0, nullptr, restricted.put());
-    return restricted;
-}
-
 }  // namespace
 
 void WizardDriver::Start(const std::wstring& arguments, const std::filesystem::path& workingFolder) {
@@ -93,6 +79,19 @@ void WizardDriver::Start(const std::wstring& arguments, const std::filesystem::p
         started = start();
     ASSERT_TRUE(started) << "error " << GetLastError();
     KeepProcess(information);
+}
+
+KernelHandle RestrictedToken() {
+    KernelHandle own;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, own.put());
+    SID_IDENTIFIER_AUTHORITY authority = {SECURITY_NT_AUTHORITY};
+    Sid administrators;
+    AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0,
+                             0, 0, administrators.put());
+    SID_AND_ATTRIBUTES disabled{.Sid = administrators.get(), .Attributes = 0};
+    KernelHandle restricted;
+    CreateRestrictedToken(own.get(), 0, 1, &disabled, 0, nullptr, 0, nullptr, restricted.put());
+    return restricted;
 }
 
 void WizardDriver::StartRestricted() {

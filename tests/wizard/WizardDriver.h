@@ -16,6 +16,9 @@ struct MessageBoxOnScreen {
     std::wstring text;
 };
 
+// The token of this process without the right to act as an administrator.
+KernelHandle RestrictedToken();
+
 // Every wait has a limit; running into it fails the test. What is still running at the end is killed, since
 // the next test starts the program again.
 class WizardDriver {

@@ -1,0 +1,102 @@
+#include "tools/Rollout/Inquirer.h"
+
+#include <array>
+#include <utility>
+
+#include "CommonLib/Files.h"
+
+namespace rollout {
+namespace {
+
+// In bytes: more than the description of any package, and a library that prints without an end is not
+// listened to.
+constexpr std::size_t longestLine = 1u << 26;
+
+// Both ends of a pipe, of which the one that the copy gets can be inherited.
+struct Pipe {
+    KernelHandle readEnd;
+    KernelHandle writeEnd;
+};
+
+Pipe MakePipe() {
+    Pipe pipe;
+    SECURITY_ATTRIBUTES inheritable{.nLength = sizeof(SECURITY_ATTRIBUTES), .bInheritHandle = TRUE};
+    CreatePipe(pipe.readEnd.put(), pipe.writeEnd.put(), &inheritable, 0);
+    return pipe;
+}
+
+std::wstring ArgumentsOf(const Options& options) {
+    std::wstring arguments = L"--inquire";
+    for (const std::wstring& given : options.wizardSwitches) arguments += L" " + QuoteArgument(given);
+    return arguments;
+}
+
+}  // namespace
+
+Inquirer::Inquirer(const Options& options) {
+    Start(options);
+    if (*copy) {
+        reader = std::thread([this] { ReadLines(); });
+    } else {
+        ended = true;
+    }
+}
+
+void Inquirer::Start(const Options& options) {
+    Pipe questions = MakePipe();
+    Pipe answers = MakePipe();
+    SetHandleInformation(questions.writeEnd.get(), HANDLE_FLAG_INHERIT, 0);
+    SetHandleInformation(answers.readEnd.get(), HANDLE_FLAG_INHERIT, 0);
+    // Without this program's console, so that Ctrl+C does not end it.
+    copy.emplace(ProcessStart{.program = GetExePath(),
+                              .arguments = ArgumentsOf(options),
+                              .flags = CREATE_NO_WINDOW,
+                              .input = questions.readEnd.get(),
+                              .output = answers.writeEnd.get(),
+                              .endsWithOwner = true});
+    input = std::move(questions.writeEnd);
+    output = std::move(answers.readEnd);
+}
+
+Inquirer::~Inquirer() {
+    input.reset();
+    if (*copy) copy->Terminate();
+    if (reader.joinable()) reader.join();
+}
+
+void Inquirer::Send(std::string_view question) {
+    const std::string line = std::string(question) + "\n";
+    DWORD written = 0;
+    WriteFile(input.get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+}
+
+// The pipe breaks when the copy ends.
+void Inquirer::ReadLines() {
+    std::string text;
+    std::array<char, 4096> buffer{};
+    DWORD count = 0;
+    while (text.size() < longestLine &&
+           ReadFile(output.get(), buffer.data(), buffer.size(), &count, nullptr) != FALSE) {
+        text.append(buffer.data(), count);
+        const std::lock_guard guard(lock);
+        for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n')) {
+            lines.push_back(text.substr(0, end));
+            text.erase(0, end + 1);
+        }
+        change.notify_all();
+    }
+    const std::lock_guard guard(lock);
+    ended = true;
+    change.notify_all();
+}
+
+std::optional<std::string> Inquirer::TakeLine(std::chrono::steady_clock::time_point end) {
+    std::unique_lock guard(lock);
+    change.wait_until(guard, end, [this] { return ended || !lines.empty(); });
+    if (lines.empty()) return std::nullopt;
+    std::string line = std::move(lines.front());
+    lines.pop_front();
+    return line;
+}
+
+}  // namespace rollout
