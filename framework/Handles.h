@@ -70,6 +70,9 @@ struct FindHandleKind {
 struct RegistryKeyKind : NullInvalid<HKEY> {
     static void close(HKEY key) { RegCloseKey(key); }
 };
+struct EventSourceKind : NullInvalid<HANDLE> {
+    static void close(HANDLE source) { DeregisterEventSource(source); }
+};
 struct LibraryKind : NullInvalid<HMODULE> {
     static void close(HMODULE library) { FreeLibrary(library); }
 };
@@ -111,6 +114,7 @@ using KernelHandle = HandleOwner<KernelHandleKind>;
 using FileHandle = HandleOwner<FileHandleKind>;
 using FindHandle = HandleOwner<FindHandleKind>;
 using RegistryKey = HandleOwner<RegistryKeyKind>;
+using EventSource = HandleOwner<EventSourceKind>;
 using Library = HandleOwner<LibraryKind>;
 using LocalMemory = HandleOwner<LocalMemoryKind>;
 using Sid = HandleOwner<SidKind>;

@@ -52,7 +52,7 @@ build_packages() {
     need_packages cmake ninja-build ccache g++-mingw-w64-x86-64-posix lld wixl msitools librsvg2-bin icoutils netpbm fonttools fonts-noto-core \
         fonts-liberation fp-utils googletest \
         libglib2.0-dev libmsi-dev nlohmann-json3-dev pkg-config \
-        python3 wine wine64 xvfb xauth
+        python3 python3-jsonschema wine wine64 xvfb xauth
 }
 
 # The compiler cache is to serve sources with precompiled headers, and not to preprocess what it does not know.

@@ -50,16 +50,14 @@ void RolloutProcess::Start(const std::wstring& arguments, HANDLE token) {
     startup.hStdError = file.get();
     PROCESS_INFORMATION information{};
     const std::wstring folder = output.parent_path().wstring();
-    const BOOL started =
-        token == nullptr
-            ? CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NEW_PROCESS_GROUP,
-                             nullptr, folder.c_str(), &startup, &information)
-            : CreateProcessAsUserW(token, nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                                   folder.c_str(), &startup, &information);
+    const BOOL started = token == nullptr
+                             ? CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                                              folder.c_str(), &startup, &information)
+                             : CreateProcessAsUserW(token, nullptr, commandLine.data(), nullptr, nullptr,
+                                                    TRUE, 0, nullptr, folder.c_str(), &startup, &information);
     ASSERT_TRUE(started) << "error " << GetLastError();
     const KernelHandle thread(information.hThread);
     process.reset(information.hProcess);
-    processId = information.dwProcessId;
 }
 
 bool RolloutProcess::IsRunning() const {
@@ -74,8 +72,15 @@ std::uint32_t RolloutProcess::WaitForEnd() {
     return code;
 }
 
+// Keys reach only those who share a console, and the tests have none; so the process gets the thread that the
+// system starts in it for such a key.
 void RolloutProcess::Interrupt() const {
-    EXPECT_TRUE(GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, processId)) << "error " << GetLastError();
+    const FARPROC routine = GetProcAddress(GetModuleHandleW(L"kernelbase.dll"), "CtrlRoutine");
+    ASSERT_NE(routine, nullptr);
+    const auto start = reinterpret_cast<LPTHREAD_START_ROUTINE>(reinterpret_cast<void*>(routine));
+    auto* const signal = reinterpret_cast<void*>(static_cast<UINT_PTR>(CTRL_BREAK_EVENT));
+    const KernelHandle thread(CreateRemoteThread(process.get(), nullptr, 0, start, signal, 0, nullptr));
+    ASSERT_TRUE(thread) << "error " << GetLastError();
 }
 
 void RolloutProcess::Kill() {

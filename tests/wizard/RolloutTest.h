@@ -35,7 +35,6 @@ private:
     std::filesystem::path program;
     std::filesystem::path output;
     KernelHandle process;
-    DWORD processId = 0;
 };
 
 class RolloutTest : public WizardTest {

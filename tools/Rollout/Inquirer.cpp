@@ -1,5 +1,6 @@
 #include "tools/Rollout/Inquirer.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -11,6 +12,7 @@ namespace {
 // In bytes: more than the description of any package, and a library that prints without an end is not
 // listened to.
 constexpr std::size_t longestLine = 1u << 26;
+constexpr std::chrono::milliseconds signalInterval{200};
 
 // Both ends of a pipe, of which the one that the copy gets can be inherited.
 struct Pipe {
@@ -90,9 +92,15 @@ void Inquirer::ReadLines() {
     change.notify_all();
 }
 
-std::optional<std::string> Inquirer::TakeLine(std::chrono::steady_clock::time_point end) {
+std::optional<std::string> Inquirer::TakeLine(std::chrono::steady_clock::time_point end,
+                                              const StopSignal* stop) {
     std::unique_lock guard(lock);
-    change.wait_until(guard, end, [this] { return ended || !lines.empty(); });
+    const auto isOver = [&] { return ended || !lines.empty(); };
+    while (
+        !change.wait_until(guard, std::min(end, std::chrono::steady_clock::now() + signalInterval), isOver)) {
+        const bool isStopped = stop != nullptr && stop->IsGiven();
+        if (isStopped || std::chrono::steady_clock::now() >= end) return std::nullopt;
+    }
     if (lines.empty()) return std::nullopt;
     std::string line = std::move(lines.front());
     lines.pop_front();

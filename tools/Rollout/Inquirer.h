@@ -15,6 +15,7 @@
 #include "tools/Rollout/Inquiry.h"
 #include "tools/Rollout/Options.h"
 #include "tools/Rollout/ProcessTree.h"
+#include "tools/Rollout/StopSignal.h"
 
 namespace rollout {
 
@@ -29,27 +30,29 @@ public:
 
     void Send(std::string_view question);
 
-    // The next answer that the function reads from a line, if it is there or comes within the limit. Lines
-    // that it does not read are dropped.
+    // The next answer that the function reads from a line, if it is there or comes within the limit and
+    // before the signal. Lines that it does not read are dropped.
     template <class Read>
-    auto Take(Read read, std::chrono::milliseconds limit) -> decltype(read(std::string_view())) {
+    auto Take(Read read, std::chrono::milliseconds limit, const StopSignal* stop = nullptr)
+        -> decltype(read(std::string_view())) {
         const auto end = std::chrono::steady_clock::now() + limit;
-        while (const std::optional<std::string> line = TakeLine(end)) {
+        while (const std::optional<std::string> line = TakeLine(end, stop)) {
             if (auto answer = read(*line)) return answer;
         }
         return std::nullopt;
     }
 
     template <class Read>
-    auto Ask(std::string_view question, Read read, std::chrono::milliseconds limit) {
+    auto Ask(std::string_view question, Read read, std::chrono::milliseconds limit,
+             const StopSignal* stop = nullptr) {
         Send(question);
-        return Take(read, limit);
+        return Take(read, limit, stop);
     }
 
 private:
     void Start(const Options& options);
     void ReadLines();
-    std::optional<std::string> TakeLine(std::chrono::steady_clock::time_point end);
+    std::optional<std::string> TakeLine(std::chrono::steady_clock::time_point end, const StopSignal* stop);
 
     KernelHandle input;
     KernelHandle output;

@@ -78,6 +78,7 @@ RolloutLock::~RolloutLock() {
 }
 
 bool RolloutLock::Acquire(Clock::time_point end, const StopSignal& stop) {
+    if (isHeld) return true;
     const std::array<HANDLE, 2> handles = {mutex.get(), stop.Event()};
     const DWORD result =
         WaitForMultipleObjects(handles.size(), handles.data(), FALSE, MillisecondsUntil(end));

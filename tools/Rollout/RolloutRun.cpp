@@ -8,8 +8,11 @@
 #include <utility>
 
 #include "CommonLib/Files.h"
+#include "CommonLib/SystemText.h"
 #include "CommonLib/UserRights.h"
 #include "tools/PrintLine.h"
+#include "tools/Rollout/EventLog.h"
+#include "tools/Rollout/OutputFiles.h"
 #include "tools/Rollout/Utf8Text.h"
 
 namespace rollout {
@@ -35,22 +38,6 @@ std::wstring ComputerName() {
     return GetComputerNameW(name.data(), &size) != FALSE ? std::wstring(name.data(), size) : std::wstring();
 }
 
-// Whoever reads the file meanwhile sees all of it or nothing.
-bool WriteWholeFile(const std::wstring& path, const std::string& bytes) {
-    const std::wstring passing = path + L".new";
-    DWORD written = 0;
-    {
-        const FileHandle file(CreateFileW(passing.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                          FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!file || WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
-                               nullptr) == FALSE) {
-            return false;
-        }
-    }
-    return written == bytes.size() &&
-           MoveFileExW(passing.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
-}
-
 }  // namespace
 
 RolloutRun::RolloutRun(const Options& given)
@@ -61,18 +48,20 @@ RolloutRun::RolloutRun(const Options& given)
              .started = TimeInUtc()} {}
 
 std::uint32_t RolloutRun::Run() {
+    if (options.dryRun) return PrintPlan().code;
     if (!IsUserAdministrator()) {
         PrintLine(L"This needs the rights of an administrator.");
         return Code::NoAdministrator;
     }
-    if (options.dryRun) return PrintPlan().code;
+    WriteEvent(BeginningOf(report));
     report.verdict = CarryOut();
-    Conclude(report.verdict);
+    Conclude();
     return report.verdict.code;
 }
 
 Verdict RolloutRun::CarryOut() {
     if (const auto verdict = WaitForTurn()) return *verdict;
+    started = Clock::now();
     if (const auto obstacle = Describe()) return *obstacle;
     return options.uninstall ? Uninstall() : Install();
 }
@@ -80,7 +69,9 @@ Verdict RolloutRun::CarryOut() {
 // The package is looked at when nobody else changes the system any more.
 std::optional<Verdict> RolloutRun::WaitForTurn() {
     const auto end = Clock::now() + options.wait;
-    if (IsInstallationRunning()) PrintLine(L"Waiting for another installation to end.");
+    if (!lock.Acquire(Clock::now(), stop) || IsInstallationRunning()) {
+        PrintLine(L"Waiting for another installation to end.");
+    }
     if (lock.Acquire(end, stop) && WaitForOtherInstallations(end, stop)) return std::nullopt;
     if (stop.IsGiven()) return Verdict{Code::Cancelled, L"The run was cancelled."};
     return Verdict{Code::InstallerBusy, L"Another installation is running."};
@@ -88,7 +79,8 @@ std::optional<Verdict> RolloutRun::WaitForTurn() {
 
 std::optional<Verdict> RolloutRun::Describe() {
     inquirer = std::make_unique<Inquirer>(options);
-    const auto answer = inquirer->Ask(Question::describe, &ReadDescription, longestDescription);
+    const auto answer = inquirer->Ask(Question::describe, &ReadDescription, longestDescription, &stop);
+    if (stop.IsGiven()) return Verdict{Code::Cancelled, L"The run was cancelled."};
     if (!answer) return Verdict{Code::Failed, L"The library of the package does not answer."};
     description = *answer;
     report.vendor = description.vendor;
@@ -185,17 +177,24 @@ Verdict RolloutRun::Uninstall() {
     return JudgeRemoval(report.results, facts);
 }
 
-void RolloutRun::Conclude(const Verdict& verdict) {
-    const std::chrono::duration<double> passed = Clock::now() - started;
+void RolloutRun::Conclude() {
+    const std::chrono::duration<double> passed = Clock::now() - made;
     report.seconds = passed.count();
     for (std::size_t index = 0; index < report.results.size(); ++index) {
         const std::string_view outcome = NameOf(report.results[index].outcome);
         PrintLine(description.packages[index].product + L": " + std::wstring(outcome.begin(), outcome.end()));
     }
-    if (!options.reportPath.empty() && !WriteWholeFile(options.reportPath, WriteReport(report))) {
+    const std::string document = WriteReport(report);
+    if (!options.reportPath.empty() && !WriteWholeFile(options.reportPath, document)) {
         PrintLine(L"ERROR: The report cannot be written: " + options.reportPath);
     }
-    PrintLine(verdict.reason + L" (" + std::to_wstring(verdict.code) + L")");
+    if (!options.collectFolder.empty()) {
+        const std::wstring target = ExpandEnvironment(options.collectFolder);
+        const std::wstring failure = CollectFiles(target, description.logFolder, document);
+        if (!failure.empty()) PrintLine(L"ERROR: " + failure);
+    }
+    WriteEvent(EndOf(report));
+    PrintLine(report.verdict.reason + L" (" + std::to_wstring(report.verdict.code) + L")");
 }
 
 }  // namespace rollout

@@ -48,12 +48,15 @@ private:
     // Ends the copy that was asked before, which may hang. What a fresh copy says of each package; nothing
     // for each where it does not answer.
     std::vector<std::optional<PackageState>> AskAfterwards();
-    void Conclude(const Verdict& verdict);
+    // Says how it went: on the console, in the report, in the collection and in the log of events.
+    void Conclude();
 
     const Options& options;
     StopSignal stop;
     RolloutLock lock;
-    Clock::time_point started = Clock::now();
+    Clock::time_point made = Clock::now();
+    // When the turn of this rollout came.
+    Clock::time_point started = made;
     std::unique_ptr<Inquirer> inquirer;
     PackageDescription description;
     Report report;
