@@ -87,6 +87,7 @@ if [ -n "$program" ]; then
 else
     echo "build-package.sh: $build holds no Kestrune.exe; the package is laid out without it" >&2
 fi
+if [ -f "$build/Rollout.exe" ]; then cp -p "$build/Rollout.exe" "$tree/Setup/x64/"; fi
 
 rm -rf "$target"
 mv "$tree" "$target"

@@ -30,6 +30,7 @@ of_source() {
 suites_of() {
     case $1 in
         docs/folders.txt | docs/architecture.md) echo lint ;;
+        docs/rollout-report.schema.json) echo standins wizard ;;
         *.md | docs/*) ;;
         demo | tests/network/* | scripts/network.sh | scripts/in-network.sh | scripts/run-network-tests.sh) echo network ;;
         tests/unit/ReferenceForms.*) echo unit fuzz lint ;;
@@ -49,6 +50,8 @@ suites_of() {
         framework/* | resources/*) echo windows wizard lint ;;
         package/*) echo standins wizard lint ;;
         tools/WizardRemote.cpp) echo network lint ;;
+        tools/Rollout/* | tools/Intention.* | tools/OfferedPackages.*) echo unit standins wizard lint ;;
+        tests/rollout/* | scripts/check-reports.py) echo standins wizard ;;
         tools/* | tests/bench/*) echo lint ;;
         scripts/run-windows-tests.sh) echo windows ;;
         scripts/run-standin-tests.sh) echo standins ;;

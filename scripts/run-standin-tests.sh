@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the tests of the library that stands in for the installer library, on real packages under Wine and in a
-# fresh prefix.
+# fresh prefix, and then rolls such packages out to several machines at once.
 #
 # usage: scripts/run-standin-tests.sh [GoogleTest arguments]
 # The build folder of the preset "windows" is brought up to date first; BUILD_DIR names another one.
@@ -10,9 +10,9 @@ source scripts/wine.sh
 
 build_folder=${BUILD_DIR:-build/windows}
 if [ -n "${BUILD_DIR:-}" ]; then
-    cmake --build "$BUILD_DIR" --target standins_tests standins_world -- --quiet || exit 1
+    cmake --build "$BUILD_DIR" --target standins_tests standins_world Kestrune Rollout -- --quiet || exit 1
 else
-    build windows standins_tests standins_world || exit 1
+    build windows standins_tests standins_world Kestrune Rollout || exit 1
 fi
 
 prefix=$wine_home/standins
@@ -20,4 +20,6 @@ wine_new_prefix "$prefix"
 run_to_its_end timeout 600 wine "$build_folder/tests/windows/standins/standins_tests.exe" "$@"
 code=$?
 wine_stop "$prefix"
+# A filter names tests of the program above.
+[ $# -gt 0 ] || tests/rollout/machines.sh "$build_folder" || code=1
 exit $code
