@@ -134,6 +134,8 @@ TEST_F(RolloutCodeTest, Is740ForAUserWhoIsNoAdministrator) {
     tree.Add(Lasting(L"Applications\\a.msi"));
     rollout.Start({}, RestrictedToken().get());
     EXPECT_EQ(rollout.WaitForEnd(), 740U);
+    // The wizard, which would say so in a box, was not even started.
+    EXPECT_THAT(rollout.Output(), HasSubstr("needs the rights"));
     EXPECT_THAT(Installs(), IsEmpty());
 }
 

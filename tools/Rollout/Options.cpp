@@ -140,8 +140,7 @@ std::vector<std::wstring> HelpLines() {
             L"  --uninstall                remove the products of the package",
             L"  --wait SECONDS             how long to wait for another installation to end (300)",
             L"  --timeout SECONDS          how long the run may take (3600)",
-            L"  --on-question answer|fail  a box that comes up is answered; with fail the run has failed "
-            L"(answer)",
+            L"  --on-question answer|fail  answer a box that comes up, or count it as a failure too (answer)",
             L"  --report FILE              write a report as JSON",
             L"  --collect FOLDER           copy the logs and the report there",
             L"",

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <utility>
 
 #include "CommonLib/Files.h"
@@ -148,27 +147,26 @@ bool RolloutRun::TakeBack(const std::vector<std::optional<PackageState>>& states
         if (entry.before.installed || !states[index] || !states[index]->installed) continue;
         isAny = true;
         PrintLine(L"Removing again: " + entry.product);
-        if (!Remove(entry)) break;
+        if (!Remove(entry, longestAnswer)) break;
     }
     return isAny;
 }
 
-std::optional<std::uint32_t> RolloutRun::Remove(const PackageEntry& entry) {
-    return inquirer->Ask(std::string(Question::remove) + ToUtf8(entry.path), &ReadRemoval,
-                         std::max(TimeLeft(), std::chrono::milliseconds(longestAnswer)));
+std::optional<std::uint32_t> RolloutRun::Remove(const PackageEntry& entry, std::chrono::milliseconds limit) {
+    return inquirer->Ask(std::string(Question::remove) + ToUtf8(entry.path), &ReadRemoval, limit);
 }
 
 // The reverse of the order in which packages are installed.
 Verdict RolloutRun::Uninstall() {
     RunFacts facts;
-    for (const PackageEntry& entry : std::views::reverse(description.packages)) {
+    for (std::size_t left = description.packages.size(); left > 0; --left) {
+        const PackageEntry& entry = description.packages[left - 1];
         facts.cancelled = stop.IsGiven();
         facts.timeIsUp = !facts.cancelled && TimeLeft().count() == 0;
         if (facts.cancelled || facts.timeIsUp) break;
         if (!entry.before.installed || entry.before.IsNewer()) continue;
         PrintLine(L"Removing: " + entry.product);
-        const auto code =
-            inquirer->Ask(std::string(Question::remove) + ToUtf8(entry.path), &ReadRemoval, TimeLeft());
+        const auto code = Remove(entry, TimeLeft());
         facts.timeIsUp = !code && TimeLeft().count() == 0;
         if (!code) break;
         facts.removalCodes.push_back(*code);

@@ -43,7 +43,7 @@ private:
     bool TakeBack(const std::vector<std::optional<PackageState>>& states);
     // Has the library remove the product of a package. Returns the library's code, nothing where it does not
     // answer in time.
-    std::optional<std::uint32_t> Remove(const PackageEntry& entry);
+    std::optional<std::uint32_t> Remove(const PackageEntry& entry, std::chrono::milliseconds limit);
     std::chrono::milliseconds TimeLeft() const;
     // Ends the copy that was asked before, which may hang. What a fresh copy says of each package; nothing
     // for each where it does not answer.

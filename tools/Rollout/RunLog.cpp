@@ -1,6 +1,7 @@
 #include "tools/Rollout/RunLog.h"
 
 #include <optional>
+#include <utility>
 
 #include "CommonLib/TextUtilities.h"
 

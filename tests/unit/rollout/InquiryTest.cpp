@@ -59,7 +59,8 @@ TEST_P(ForeignLineTest, IsNoAnswer) {
 
 INSTANTIATE_TEST_SUITE_P(
     Lines, ForeignLineTest,
-    testing::Values("", "Loading...", "[1]", "7", "null", R"({"kind":"states"})",
+    testing::Values("", "Loading...", "[1]", "7", "null", R"({"kind":"states","states":[]})",
+                    R"({"kestruneRollout":2,"kind":"removal","code":0})",
                     R"({"kestruneRollout":"1","kind":"states"})", R"({"kestruneRollout":1,"kind":5})",
                     R"({"kestruneRollout":1,"kind":"states","states":[{"installed":1}]})",
                     R"({"kestruneRollout":1,"kind":"states","states":7})",

@@ -76,6 +76,7 @@ TEST(VerdictTest, IsAFailureOfARunThatDidNotComeToItsEnd) {
     RunFacts facts = Ended();
     facts.exitCode = 1;
     EXPECT_EQ(CodeOf(absent, upToDate, facts), Code::Failed);
+    facts = Ended();
     facts.exitCode.reset();
     EXPECT_EQ(CodeOf(absent, upToDate, facts), Code::Failed);
     facts = Ended();
