@@ -1,0 +1,23 @@
+// How a package breaks each rule, and how it just does not.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/unit/packagecheck/MemoryTree.h"
+
+// A case changes the clean tree.
+struct RuleCase {
+    std::string_view rule;
+    void (*breakIt)(MemoryTree& tree);
+    // What comes nearest to breaking it.
+    void (*keepIt)(MemoryTree& tree);
+};
+
+std::vector<RuleCase> TextRuleCases();
+std::vector<RuleCase> ElementRuleCases();
+std::vector<RuleCase> SettingsRuleCases();
+
+// All of the above.
+std::vector<RuleCase> AllRuleCases();

@@ -1,0 +1,85 @@
+#include <gmock/gmock.h>
+
+#include "tools/PackageCheck/SourceText.h"
+#include "tools/PackageCheck/Utf8.h"
+
+using namespace std::string_literals;
+using packagecheck::Decoding;
+using packagecheck::FlawKind;
+using packagecheck::Position;
+using packagecheck::SourceText;
+
+namespace {
+
+Position PlaceOf(const SourceText& source, std::wstring_view text) {
+    return source.PositionOf(source.Text().find(text));
+}
+
+TEST(SourceTextTest, ReadsLineEndsOfWindowsAsOneCharacter) {
+    const SourceText source("a\r\nb\rc\n", Decoding::Pieces);
+    EXPECT_EQ(source.Text(), L"a\nb\rc\n");
+}
+
+TEST(SourceTextTest, CountsCharactersAndNotBytes) {
+    const SourceText source(
+        "\xEF\xBB\xBF"
+        "first\r\n\xC3\xA4\xF0\x9F\x96\xA8<A>",
+        Decoding::Pieces);
+    EXPECT_EQ(PlaceOf(source, L"<A>"), (Position{.line = 2, .column = 3}));
+    EXPECT_EQ(PlaceOf(source, L"first"), (Position{.line = 1, .column = 2}));
+}
+
+TEST(SourceTextTest, LeavesTheByteOrderMarkOfALanguageOut) {
+    const SourceText source("\xEF\xBB\xBF<A>", Decoding::Whole);
+    EXPECT_EQ(source.Text(), L"<A>");
+    EXPECT_EQ(PlaceOf(source, L"<A>"), (Position{.line = 1, .column = 1}));
+}
+
+TEST(SourceTextTest, FindsPlacesInLongLines) {
+    const SourceText source(std::string(5000, 'x') + "<A>" + std::string(3000, 'y') + "\n<B>",
+                            Decoding::Pieces);
+    EXPECT_EQ(PlaceOf(source, L"<A>"), (Position{.line = 1, .column = 5001}));
+    EXPECT_EQ(PlaceOf(source, L"<B>"), (Position{.line = 2, .column = 1}));
+}
+
+TEST(SourceTextTest, LosesACharacterBetweenTwoPiecesOfSettings) {
+    const std::string bytes = std::string(2046, 'x') + "\xC3\xBC";
+    const SourceText settings(bytes, Decoding::Pieces);
+    ASSERT_EQ(settings.Flaws().size(), 1U);
+    EXPECT_EQ(settings.Flaws().front().kind, FlawKind::SplitCharacter);
+    EXPECT_EQ(settings.Flaws().front().position, (Position{.line = 1, .column = 2047}));
+    EXPECT_TRUE(SourceText(bytes, Decoding::Whole).Flaws().empty());
+}
+
+TEST(SourceTextTest, LosesTheRestOfAPieceWithANullCharacter) {
+    const SourceText source("ab\0cd\n<A>"s, Decoding::Pieces);
+    EXPECT_EQ(source.Text(), L"ab<A>");
+    EXPECT_EQ(PlaceOf(source, L"<A>"), (Position{.line = 2, .column = 1}));
+    EXPECT_EQ(source.Flaws().front().kind, FlawKind::NullCharacter);
+}
+
+TEST(SourceTextTest, EndsAtTheEndMark) {
+    const SourceText source("ab\x1A<A>", Decoding::Pieces);
+    EXPECT_EQ(source.Text(), L"ab");
+    EXPECT_EQ(source.Flaws().front().kind, FlawKind::EndMark);
+    EXPECT_EQ(source.Flaws().front().position, (Position{.line = 1, .column = 3}));
+}
+
+TEST(Utf8Test, ReadsWhatItWrites) {
+    const std::wstring text = packagecheck::FromUtf8("a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x96\xA8");
+    EXPECT_EQ(packagecheck::ToUtf8(text), "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x96\xA8");
+}
+
+TEST(Utf8Test, TakesNoOverlongFormsAndNoSurrogates) {
+    for (const std::string_view bytes :
+         {"\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF", "\xE2\x82"}) {
+        EXPECT_FALSE(packagecheck::FirstCharacter(bytes).isValid);
+    }
+}
+
+TEST(Utf8Test, QuotesWhatATerminalWouldObey) {
+    EXPECT_EQ(packagecheck::Quoted(L"a\x1b[31m\n\u202Eb"), "\"a\\u001B[31m\\u000A\\u202Eb\"");
+    EXPECT_EQ(packagecheck::Quoted(std::wstring(81, L'x')), "\"" + std::string(80, 'x') + "...\"");
+}
+
+}  // namespace

@@ -1,0 +1,23 @@
+// What the program is asked for.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace packagecheck {
+
+enum class Task { Check, Help, Explain };
+
+struct CommandLine {
+    Task task = Task::Check;
+    std::string folder;
+    std::string rule;     // to explain
+    std::string mistake;  // what cannot be understood; empty if all can
+};
+
+CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
+
+std::string_view HelpText();
+
+}  // namespace packagecheck

@@ -1,0 +1,67 @@
+#include "tools/PackageCheck/FolderTree.h"
+
+#include <algorithm>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+#include "tools/PackageCheck/MsiFile.h"
+#include "tools/PackageCheck/Utf8.h"
+
+namespace packagecheck {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// No package has more files; a folder that holds more is not one.
+constexpr std::size_t mostFiles = 500'000;
+
+std::string Utf8PathOf(const fs::path& path) {
+    const std::u8string text = path.generic_u8string();
+    return {text.begin(), text.end()};
+}
+
+}  // namespace
+
+std::vector<TreeFile> FolderTree::List() const {
+    std::vector<TreeFile> files;
+    std::error_code error;
+    fs::recursive_directory_iterator entry(root, fs::directory_options::skip_permission_denied, error);
+    const fs::recursive_directory_iterator end;
+    for (; !error && entry != end && files.size() < mostFiles; entry.increment(error)) {
+        std::error_code lost;
+        if (!entry->is_regular_file(lost)) continue;
+        files.push_back(
+            {.path = Utf8PathOf(entry->path().lexically_relative(root)), .size = entry->file_size(lost)});
+    }
+    return files;
+}
+
+fs::path FolderTree::PathOf(const std::string& path) const {
+    return root / fs::path(std::u8string(path.begin(), path.end()));
+}
+
+std::optional<std::string> FolderTree::Read(const std::string& path, std::size_t most) const {
+    std::ifstream file(PathOf(path), std::ios::binary);
+    if (!file) return std::nullopt;
+    std::string bytes;
+    constexpr std::size_t step = 1U << 16U;
+    while (file && bytes.size() < most) {
+        const std::size_t known = bytes.size();
+        bytes.resize(std::min(known + step, most));
+        file.read(bytes.data() + known, static_cast<std::streamsize>(bytes.size() - known));
+        bytes.resize(known + static_cast<std::size_t>(file.gcount()));
+    }
+    if (file.bad()) return std::nullopt;
+    return bytes;
+}
+
+MsiReading FolderTree::ReadMsi(const std::string& path) const {
+    MsiReading reading;
+    if (const auto database = OpenMsi(PathOf(path), reading.error))
+        reading.contents = ReadContents(*database);
+    return reading;
+}
+
+}  // namespace packagecheck

@@ -1,0 +1,114 @@
+#include "tools/PackageCheck/Program.h"
+
+#include <chrono>
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+#include "tools/PackageCheck/Checks.h"
+#include "tools/PackageCheck/CommandLine.h"
+#include "tools/PackageCheck/FolderTree.h"
+#include "tools/PackageCheck/Rule.h"
+#include "tools/PackageCheck/TextOutput.h"
+
+namespace packagecheck {
+
+namespace {
+
+constexpr int misused = 2;
+
+namespace fs = std::filesystem;
+
+fs::path PathOf(const std::string& text) {
+    return {std::u8string(text.begin(), text.end())};
+}
+
+// A line on the terminal that is written over again.
+class ProgressLine {
+public:
+    explicit ProgressLine(std::ostream& stream) : err(stream) {}
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+    ~ProgressLine() {
+        if (isShown) err << "\r\x1b[K" << std::flush;
+    }
+
+    void Show(std::size_t done, std::size_t all) {
+        using namespace std::chrono_literals;
+        const auto now = std::chrono::steady_clock::now();
+        if (now < next) return;
+        next = now + 100ms;
+        isShown = true;
+        err << "\r\x1b[KReading packages, " << done << " of " << all << std::flush;
+    }
+
+private:
+    std::ostream& err;
+    bool isShown = false;
+    // What is done soon needs no line.
+    std::chrono::steady_clock::time_point next =
+        std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
+};
+
+// Why the folder cannot be checked; empty if it can.
+std::string ReasonAgainst(const std::string& folder) {
+    std::error_code error;
+    if (!fs::is_directory(PathOf(folder), error)) return folder + " is no folder that can be read.";
+    for (const auto& entry : fs::directory_iterator(PathOf(folder), error)) {
+        const std::u8string name = entry.path().filename().u8string();
+        if (Folded(std::string(name.begin(), name.end())) == "setup" && entry.is_directory(error)) return {};
+    }
+    return folder + " is no package: it has no folder \"Setup\".";
+}
+
+int Explain(const std::string& id, const Surroundings& surroundings) {
+    const Rule* rule = FindRule(id);
+    if (rule == nullptr) {
+        surroundings.err << "PackageCheck: there is no rule " << id << "; --help says how to list them.\n";
+        return misused;
+    }
+    surroundings.out << rule->id << " (" << NameOf(rule->severity) << ")\n\n"
+                     << rule->effect << "\n\nTo fix it: " << rule->cure << "\n\n"
+                     << rule->explanation << "\n";
+    return 0;
+}
+
+int CheckFolder(const CommandLine& line, const Surroundings& surroundings) {
+    if (const std::string reason = ReasonAgainst(line.folder); !reason.empty()) {
+        surroundings.err << "PackageCheck: " << reason << "\n";
+        return misused;
+    }
+    const FolderTree tree(PathOf(line.folder));
+    std::vector<Finding> findings;
+    {
+        ProgressLine progress(surroundings.err);
+        const Package package(tree, [&](std::size_t done, std::size_t all) {
+            if (surroundings.isErrorTerminal) progress.Show(done, all);
+        });
+        findings = CheckPackage(package);
+    }
+    WriteText(surroundings.out, findings, line.folder, surroundings.isTerminal);
+    return ExitCodeFor(findings);
+}
+
+}  // namespace
+
+int RunPackageCheck(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+    const CommandLine line = ReadCommandLine(arguments);
+    if (!line.mistake.empty()) {
+        surroundings.err << "PackageCheck: " << line.mistake << "\n" << HelpText();
+        return misused;
+    }
+    switch (line.task) {
+        case Task::Help:
+            surroundings.out << HelpText();
+            return 0;
+        case Task::Explain:
+            return Explain(line.rule, surroundings);
+        case Task::Check:
+            break;
+    }
+    return CheckFolder(line, surroundings);
+}
+
+}  // namespace packagecheck
