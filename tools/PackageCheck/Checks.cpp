@@ -1,6 +1,12 @@
 #include "tools/PackageCheck/Checks.h"
 
+#include "tools/PackageCheck/CatalogueRules.h"
+#include "tools/PackageCheck/DependentRules.h"
+#include "tools/PackageCheck/DeviceRules.h"
+#include "tools/PackageCheck/DriverRules.h"
 #include "tools/PackageCheck/ElementRules.h"
+#include "tools/PackageCheck/FileRules.h"
+#include "tools/PackageCheck/LanguageRules.h"
 #include "tools/PackageCheck/SettingsRules.h"
 #include "tools/PackageCheck/TextRules.h"
 
@@ -11,9 +17,8 @@ namespace {
 using Check = void (*)(const Package& package, Report& report);
 
 constexpr Check checks[] = {
-    CheckTextFiles,
-    CheckElements,
-    CheckSettings,
+    CheckTextFiles, CheckElements,  CheckSettings,   CheckDevices, CheckDrivers,
+    CheckLanguages, CheckCatalogue, CheckDependents, CheckFiles,
 };
 
 }  // namespace

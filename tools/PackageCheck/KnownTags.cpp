@@ -126,22 +126,26 @@ constexpr std::size_t longestName = 64;
 // How many characters must be put in, left out, replaced or exchanged with their neighbours to come from one
 // text to the other, in any case of letters.
 std::size_t DistanceBetween(std::wstring_view left, std::wstring_view right) {
-    std::array<std::array<std::size_t, longestName + 1>, longestName + 1> steps{};
-    for (std::size_t i = 0; i <= left.size(); ++i) steps[i][0] = i;
-    for (std::size_t j = 0; j <= right.size(); ++j) steps[0][j] = j;
+    // The steps to each start of the right text, for the last three starts of the left one.
+    using Row = std::array<std::size_t, longestName + 1>;
+    Row beforeLast{};
+    Row last{};
+    Row steps{};
+    for (std::size_t j = 0; j <= right.size(); ++j) steps[j] = j;
     const auto same = [&](std::size_t i, std::size_t j) {
         return EqualsIgnoringCase(left.substr(i - 1, 1), right.substr(j - 1, 1));
     };
     for (std::size_t i = 1; i <= left.size(); ++i) {
+        beforeLast = last;
+        last = steps;
+        steps[0] = i;
         for (std::size_t j = 1; j <= right.size(); ++j) {
-            steps[i][j] = std::min(
-                {steps[i - 1][j] + 1, steps[i][j - 1] + 1, steps[i - 1][j - 1] + (same(i, j) ? 0 : 1)});
-            if (i > 1 && j > 1 && same(i, j - 1) && same(i - 1, j)) {
-                steps[i][j] = std::min(steps[i][j], steps[i - 2][j - 2] + 1);
-            }
+            steps[j] = std::min({last[j] + 1, steps[j - 1] + 1, last[j - 1] + (same(i, j) ? 0 : 1)});
+            const bool isExchanged = i > 1 && j > 1 && same(i, j - 1) && same(i - 1, j);
+            if (isExchanged) steps[j] = std::min(steps[j], beforeLast[j - 2] + 1);
         }
     }
-    return steps[left.size()][right.size()];
+    return steps[right.size()];
 }
 
 }  // namespace
@@ -170,11 +174,17 @@ std::vector<std::wstring_view> SettingsTagNames() {
 }
 
 std::wstring NearestName(std::wstring_view text, std::span<const std::wstring_view> names) {
+    return NearestName(text, names, text.size() / 3);
+}
+
+std::wstring NearestName(std::wstring_view text, std::span<const std::wstring_view> names,
+                         std::size_t mostSlips) {
     if (text.size() > longestName) return {};
     std::wstring nearest;
-    std::size_t least = text.size() / 3 + 1;
+    std::size_t least = mostSlips + 1;
     for (const std::wstring_view name : names) {
-        if (name.size() > longestName) continue;
+        const std::size_t longer = std::max(name.size(), text.size());
+        if (name.size() > longestName || longer - std::min(name.size(), text.size()) >= least) continue;
         const std::size_t distance = DistanceBetween(text, name);
         if (distance >= least) continue;
         least = distance;

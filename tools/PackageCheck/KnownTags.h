@@ -1,6 +1,7 @@
 // The tags of the settings files, by what the wizard does with them.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,10 +37,12 @@ std::span<const std::wstring_view> DeviceTags();
 std::vector<std::wstring_view> SettingsTagNames();
 
 // Returns the one of the names that the text is most probably meant to be, or the empty text where none is
-// near.
+// near: so many characters at most may differ, or a third of them.
+std::wstring NearestName(std::wstring_view text, std::span<const std::wstring_view> names,
+                         std::size_t mostSlips);
 std::wstring NearestName(std::wstring_view text, std::span<const std::wstring_view> names);
 
-// Returns " ... is meant, perhaps." for the nearest name, or the empty text.
+// Returns " Perhaps ... is meant." for the nearest name, or the empty text.
 std::string NearestHint(std::wstring_view text, std::span<const std::wstring_view> names);
 
 }  // namespace packagecheck

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/unit/packagecheck/BinaryFiles.h"
 #include "tools/PackageCheck/Checks.h"
+#include "tools/PackageCheck/KnownTexts.h"
 #include "tools/PackageCheck/Package.h"
+#include "tools/PackageCheck/Utf8.h"
 
 using packagecheck::Finding;
 using packagecheck::MsiContents;
@@ -25,6 +28,43 @@ constexpr const char* settingsText = R"(<?xml version="1.0" encoding="utf-8"?>
   <WIN8_NO_COMM_DEFAULT>HVMONO</WIN8_NO_COMM_DEFAULT>
 </SETTINGS>
 )";
+
+std::string TextOf(const std::string& key) {
+    static const std::map<std::string, std::string> special = {
+        {"LANGUAGE_ID", "1033"},      {"READING_ORDER", "LTR"},
+        {"CODE_PAGE", "1252"},        {"DISCOVERY_INFOCENTER_LINK_LABEL", "Help for {0}"},
+        {"HELP_BUTTON", "&amp;Help"}, {"WELCOME_TEXT", "Welcome to ^OEM^"}};
+    const auto found = special.find(key);
+    return found == special.end() ? "text" : found->second;
+}
+
+std::string LanguageText() {
+    std::string text = "<STRINGS>\n";
+    for (const std::wstring_view wideKey : packagecheck::TextKeys()) {
+        const std::string key = packagecheck::ToUtf8(wideKey);
+        text += "  <" + key + ">" + TextOf(key) + "</" + key + ">\n";
+    }
+    return text + "</STRINGS>\n";
+}
+
+void AddLibraries(std::map<std::string, std::string>& files) {
+    files["Setup/x64/Kestrune.exe"] = "MZ";
+    files["Setup/x64/Brevanto.dll"] =
+        MakeLibrary({"MsiInitialize", "MsiUninitialize", "MsiEnableInstallLog", "MsiInstallApp",
+                     "MsiUninstallApp", "MsiCancel", "MsiGetProperties", "MsiIsAppInstalledByLang"});
+    files["Setup/x64/Sondrix.dll"] = MakeLibrary({"Initialize", "Uninitialize", "DiscoverW", "EnumerateW"});
+    files["Setup/x64/Quelmar.dll"] =
+        MakeLibrary({"BidiInitialize", "BidiUninitialize", "BidiExchangeNpaAll", "BidiExchangeNpaW"});
+}
+
+void AddPictures(std::map<std::string, std::string>& files) {
+    for (const std::string name : {"help", "high_contrast_help", "refresh", "high_contrast_refresh",
+                                   "bullet_arrow_up", "bullet_arrow_down", "bullet_toggle_plus", "check", "x",
+                                   "installsuccess", "installerror", "usbconnect", "network", "usb"}) {
+        files["Setup/res/images/" + name + ".png"] = MakePng(32, 32);
+    }
+    files["Setup/res/images/logo.bmp"] = MakeBitmap(200, 40);
+}
 
 void ReplaceIn(std::string& text, const std::string& from, const std::string& to) {
     const std::size_t position = text.find(from);
@@ -53,6 +93,10 @@ MsiContents CleanMsi(const std::wstring& name) {
 
 MemoryTree::MemoryTree() {
     files[defaultsPath] = settingsText;
+    files[englishPath] = LanguageText();
+    files["Notices/EULA/EULA_en.txt"] = "Terms";
+    AddLibraries(files);
+    AddPictures(files);
     packages[applicationPath] = CleanMsi(L"Monitor");
     MsiContents driver = CleanMsi(L"Mono");
     driver.properties[L"DRIVERID"] = L"HVMONO";

@@ -18,6 +18,12 @@ struct RuleCase {
 std::vector<RuleCase> TextRuleCases();
 std::vector<RuleCase> ElementRuleCases();
 std::vector<RuleCase> SettingsRuleCases();
+std::vector<RuleCase> DeviceRuleCases();
+std::vector<RuleCase> DriverRuleCases();
+std::vector<RuleCase> LanguageRuleCases();
+std::vector<RuleCase> CatalogueRuleCases();
+std::vector<RuleCase> DependentRuleCases();
+std::vector<RuleCase> FileRuleCases();
 
 // All of the above.
 std::vector<RuleCase> AllRuleCases();

@@ -76,7 +76,9 @@ TEST(RuleTest, HasNothingToSayOfACleanPackage) {
 
 std::vector<RuleCase> AllRuleCases() {
     std::vector<RuleCase> all;
-    for (const auto& cases : {TextRuleCases(), ElementRuleCases(), SettingsRuleCases()}) {
+    for (const auto& cases :
+         {TextRuleCases(), ElementRuleCases(), SettingsRuleCases(), DeviceRuleCases(), DriverRuleCases(),
+          LanguageRuleCases(), CatalogueRuleCases(), DependentRuleCases(), FileRuleCases()}) {
         all.insert(all.end(), cases.begin(), cases.end());
     }
     return all;

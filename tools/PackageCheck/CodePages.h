@@ -1,0 +1,17 @@
+// The code pages of Windows, alike on every platform. Functions of their arguments, for any thread.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace packagecheck {
+
+// True for a code page that Windows can decode text of; 0 stands for that of the system.
+bool IsCodePage(unsigned page);
+
+// Returns where the first byte is that is no character of the code page, or nothing. Nothing is known of a
+// code page other than UTF-8, 874 and 1250 to 1258.
+std::optional<std::size_t> FirstForeignByte(unsigned page, std::string_view bytes);
+
+}  // namespace packagecheck
