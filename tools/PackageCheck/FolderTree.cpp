@@ -57,6 +57,25 @@ std::optional<std::string> FolderTree::Read(const std::string& path, std::size_t
     return bytes;
 }
 
+bool FolderTree::Write(const std::string& path, const std::string& bytes) const {
+    const fs::path target = PathOf(path);
+    fs::path unfinished = target;
+    unfinished += ".unfinished";
+    std::error_code error;
+    {
+        std::ofstream file(unfinished, std::ios::binary);
+        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        file.close();
+        if (!file) error = std::make_error_code(std::errc::io_error);
+    }
+    if (!error) fs::permissions(unfinished, fs::status(target, error).permissions(), error);
+    if (!error) fs::rename(unfinished, target, error);
+    if (!error) return true;
+    std::error_code lost;
+    fs::remove(unfinished, lost);
+    return false;
+}
+
 MsiReading FolderTree::ReadMsi(const std::string& path) const {
     MsiReading reading;
     if (const auto database = OpenMsi(PathOf(path), reading.error))

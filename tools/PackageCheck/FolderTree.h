@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/PackageCheck/PackageTree.h"
@@ -19,6 +20,10 @@ public:
     std::vector<TreeFile> List() const override;
     std::optional<std::string> Read(const std::string& path, std::size_t most) const override;
     MsiReading ReadMsi(const std::string& path) const override;
+
+    // Replaces a file by one of these bytes, as a whole or not at all. Returns false where it cannot be
+    // written.
+    bool Write(const std::string& path, const std::string& bytes) const;
 
     // The path on this machine of a file of the package.
     std::filesystem::path PathOf(const std::string& path) const;

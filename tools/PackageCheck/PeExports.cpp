@@ -83,9 +83,9 @@ private:
     }
 
     std::string_view NameAt(std::size_t position) const {
-        constexpr std::size_t longestName = 256;
+        constexpr std::size_t longestExport = 256;
         if (position >= bytes.size()) return {};
-        const std::string_view rest = bytes.substr(position, longestName);
+        const std::string_view rest = bytes.substr(position, longestExport);
         return rest.substr(0, rest.find('\0'));
     }
 

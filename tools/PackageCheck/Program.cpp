@@ -7,8 +7,12 @@
 
 #include "tools/PackageCheck/Checks.h"
 #include "tools/PackageCheck/CommandLine.h"
+#include "tools/PackageCheck/Fixes.h"
 #include "tools/PackageCheck/FolderTree.h"
+#include "tools/PackageCheck/JsonOutput.h"
 #include "tools/PackageCheck/Rule.h"
+#include "tools/PackageCheck/RuleTable.h"
+#include "tools/PackageCheck/TextDiff.h"
 #include "tools/PackageCheck/TextOutput.h"
 
 namespace packagecheck {
@@ -73,21 +77,60 @@ int Explain(const std::string& id, const Surroundings& surroundings) {
     return 0;
 }
 
-int CheckFolder(const CommandLine& line, const Surroundings& surroundings) {
+std::vector<Finding> FindingsIn(const FolderTree& tree, const Surroundings& surroundings) {
+    ProgressLine progress(surroundings.err);
+    const Package package(tree, [&](std::size_t done, std::size_t all) {
+        if (surroundings.isErrorTerminal) progress.Show(done, all);
+    });
+    return CheckPackage(package);
+}
+
+void WriteFindings(const CommandLine& line, const std::vector<Finding>& findings,
+                   const Surroundings& surroundings) {
+    switch (line.format) {
+        case Format::Text:
+            WriteText(surroundings.out, findings, line.folder, surroundings.isTerminal);
+            return;
+        case Format::Json:
+            WriteJson(surroundings.out, findings, line.folder);
+            return;
+        case Format::Sarif:
+            WriteSarif(surroundings.out, findings);
+            return;
+    }
+}
+
+// Shows what would change, and changes it where that is agreed to. Returns false where a file cannot be
+// written.
+bool FixFolder(const CommandLine& line, const FolderTree& tree, const Surroundings& surroundings) {
+    const std::vector<FileFix> fixes = FindFixes(Package(tree));
+    for (const FileFix& fix : fixes) surroundings.out << UnifiedDiff(fix.path, fix.before, fix.after);
+    if (fixes.empty()) {
+        surroundings.out << "There is nothing to fix by itself.\n";
+        return true;
+    }
+    const bool isAgreed = line.isAgreed || (surroundings.agree && surroundings.agree("Make these changes?"));
+    if (!isAgreed) {
+        surroundings.out << "Nothing was changed; --yes makes the changes.\n";
+        return true;
+    }
+    for (const FileFix& fix : fixes) {
+        if (tree.Write(fix.path, fix.after)) continue;
+        surroundings.err << "PackageCheck: " << fix.path << " cannot be written.\n";
+        return false;
+    }
+    return true;
+}
+
+int WorkOnFolder(const CommandLine& line, const Surroundings& surroundings) {
     if (const std::string reason = ReasonAgainst(line.folder); !reason.empty()) {
         surroundings.err << "PackageCheck: " << reason << "\n";
         return misused;
     }
     const FolderTree tree(PathOf(line.folder));
-    std::vector<Finding> findings;
-    {
-        ProgressLine progress(surroundings.err);
-        const Package package(tree, [&](std::size_t done, std::size_t all) {
-            if (surroundings.isErrorTerminal) progress.Show(done, all);
-        });
-        findings = CheckPackage(package);
-    }
-    WriteText(surroundings.out, findings, line.folder, surroundings.isTerminal);
+    if (line.task == Task::Fix && !FixFolder(line, tree, surroundings)) return misused;
+    const std::vector<Finding> findings = FindingsIn(tree, surroundings);
+    WriteFindings(line, findings, surroundings);
     return ExitCodeFor(findings);
 }
 
@@ -105,10 +148,14 @@ int RunPackageCheck(const std::vector<std::string>& arguments, const Surrounding
             return 0;
         case Task::Explain:
             return Explain(line.rule, surroundings);
+        case Task::Rules:
+            surroundings.out << RuleTable();
+            return 0;
         case Task::Check:
+        case Task::Fix:
             break;
     }
-    return CheckFolder(line, surroundings);
+    return WorkOnFolder(line, surroundings);
 }
 
 }  // namespace packagecheck

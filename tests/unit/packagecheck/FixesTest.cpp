@@ -1,0 +1,99 @@
+#include <gmock/gmock.h>
+
+#include "tests/unit/packagecheck/MemoryTree.h"
+#include "tools/PackageCheck/Fixes.h"
+#include "tools/PackageCheck/TextDiff.h"
+
+using namespace std::string_literals;
+using packagecheck::FixedBytes;
+using packagecheck::TextKind;
+using packagecheck::UnifiedDiff;
+
+namespace {
+
+TEST(FixesTest, LeaveACleanPackageAlone) {
+    const MemoryTree tree;
+    EXPECT_THAT(FindFixes(packagecheck::Package(tree)), testing::IsEmpty());
+}
+
+TEST(FixesTest, JoinADeviceThatStandsOnSeveralLines) {
+    EXPECT_EQ(FixedBytes("<DEVICE>\r\n  <DRIVER_ID>A B</DRIVER_ID>\r\n  <PORT_NAME>\r\n "
+                         "c\r\n</PORT_NAME>\r\n</DEVICE>\r\n",
+                         TextKind::User),
+              "<DEVICE><DRIVER_ID>A B</DRIVER_ID><PORT_NAME>c</PORT_NAME></DEVICE>\r\n");
+}
+
+TEST(FixesTest, LeaveAValueThatGoesOnOnTheNextLine) {
+    const std::string bytes = "<DEVICE>\n<COMMENT>one\ntwo</COMMENT>\n</DEVICE>";
+    EXPECT_EQ(FixedBytes(bytes, TextKind::User), bytes);
+}
+
+TEST(FixesTest, LeaveTheFrameOfTheFile) {
+    const std::string bytes = "<SETTINGS>\n  <UPD>1</UPD>\n</SETTINGS>\n";
+    EXPECT_EQ(FixedBytes(bytes, TextKind::User), bytes);
+}
+
+TEST(FixesTest, TakeBlanksAroundValuesOut) {
+    EXPECT_EQ(FixedBytes("<UPD> 1\n</UPD>", TextKind::Defaults), "<UPD>1</UPD>");
+    EXPECT_EQ(FixedBytes("<MINE> 1 </MINE>", TextKind::Defaults), "<MINE> 1 </MINE>");
+    EXPECT_EQ(FixedBytes("<NEXT_BUTTON> 1 </NEXT_BUTTON>", TextKind::Language),
+              "<NEXT_BUTTON> 1 </NEXT_BUTTON>");
+}
+
+TEST(FixesTest, WriteUtf16AsUtf8) {
+    EXPECT_EQ(FixedBytes("\xFF\xFE<\0\xE4\0\x3D\xD8\xA8\xDD"s, TextKind::Language),
+              "<\xC3\xA4\xF0\x9F\x96\xA8");
+    EXPECT_EQ(FixedBytes("\xFE\xFF\0<\0\xE4"s, TextKind::Language), "<\xC3\xA4");
+}
+
+TEST(FixesTest, LeaveWhatIsInACodePage) {
+    EXPECT_EQ(FixedBytes("<UPD> M\xFC</UPD>", TextKind::Defaults), "<UPD> M\xFC</UPD>");
+}
+
+TEST(FixesTest, TakeMarksOutWhereNothingIsLost) {
+    EXPECT_EQ(FixedBytes("\xC3\xAF\xC2\xBB\xC2\xBF<A>", TextKind::Language), "<A>");
+    EXPECT_EQ(FixedBytes("<A>\n\x1A\n", TextKind::Language), "<A>\n");
+    EXPECT_EQ(FixedBytes("<A>\x1A<B>", TextKind::Language), "<A>\x1A<B>");
+}
+
+TEST(FixesTest, LeaveNothingToFix) {
+    MemoryTree tree;
+    tree.AddUserElement(
+        "<DEVICE>\n  <DRIVER_ID>HVMONO</DRIVER_ID>\n  <PRINTER_NAME>a</PRINTER_NAME>\n</DEVICE>");
+    tree.AddSetting("<UPD> 1</UPD>");
+    for (const auto& fix : FindFixes(packagecheck::Package(tree))) tree.files[fix.path] = fix.after;
+    EXPECT_THAT(Described(FindingsOf(tree)), testing::IsEmpty());
+    EXPECT_THAT(FindFixes(packagecheck::Package(tree)), testing::IsEmpty());
+}
+
+TEST(TextDiffTest, ShowsWhatChangesWithLinesAroundIt) {
+    EXPECT_EQ(UnifiedDiff("a.xml", "1\n2\n3\n4\n5\n6\n7\n8\n9\n", "1\n2\n3\n4\nfive\n6\n7\n8\n9\n"),
+              "--- a/a.xml\n+++ b/a.xml\n@@ -2,7 +2,7 @@\n 2\n 3\n 4\n-5\n+five\n 6\n 7\n 8\n");
+}
+
+TEST(TextDiffTest, ShowsChangesFarApartByThemselves) {
+    std::string before;
+    for (int line = 1; line <= 30; ++line) before += std::to_string(line) + "\n";
+    std::string after = before;
+    after.replace(after.find("\n5\n") + 1, 1, "five");
+    after.erase(after.find("\n25\n"), 3);
+    const std::string diff = UnifiedDiff("a", before, after);
+    EXPECT_THAT(diff, testing::HasSubstr("@@ -2,7 +2,7 @@\n"));
+    EXPECT_THAT(diff, testing::HasSubstr("@@ -22,7 +22,6 @@\n"));
+}
+
+TEST(TextDiffTest, HasNothingToShowOfEqualTexts) {
+    EXPECT_EQ(UnifiedDiff("a", "1\n", "1\n"), "");
+}
+
+TEST(TextDiffTest, ReplacesAsAWholeWhatIsTooLongToCompare) {
+    std::string before;
+    std::string after;
+    for (int line = 0; line < 3000; ++line) {
+        before += "b" + std::to_string(line) + "\n";
+        after += "a" + std::to_string(line) + "\n";
+    }
+    EXPECT_THAT(UnifiedDiff("a", before, after), testing::HasSubstr("@@ -1,3000 +1,3000 @@\n-b0\n"));
+}
+
+}  // namespace

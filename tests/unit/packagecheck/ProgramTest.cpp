@@ -1,0 +1,134 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "tests/unit/packagecheck/MemoryTree.h"
+#include "tests/unit/packagecheck/TemporaryFolder.h"
+#include "tools/PackageCheck/Program.h"
+
+using packagecheck::RunPackageCheck;
+using testing::HasSubstr;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class ProgramTest : public testing::Test {
+protected:
+    int Run(const std::vector<std::string>& arguments, std::function<bool(const std::string&)> agree = {}) {
+        return RunPackageCheck(arguments, {.out = out, .err = err, .agree = std::move(agree)});
+    }
+
+    // A package that has no .msi file and does not speak of drivers.
+    class BareTree : public MemoryTree {
+    public:
+        BareTree() { files[defaultsPath] = "<SETTINGS>\n<OEM>Halvenny</OEM>\n</SETTINGS>\n"; }
+    };
+
+    void Lay(const MemoryTree& tree) {
+        for (const auto& [path, bytes] : tree.files) folder.Write(path, bytes);
+    }
+
+    TemporaryFolder folder;
+    std::ostringstream out;
+    std::ostringstream err;
+};
+
+TEST_F(ProgramTest, SaysHowItIsUsed) {
+    EXPECT_EQ(Run({"--help"}), 0);
+    EXPECT_THAT(out.str(), HasSubstr("usage: PackageCheck"));
+}
+
+TEST_F(ProgramTest, EndsWithTwoWhereItIsMisused) {
+    EXPECT_EQ(Run({}), 2);
+    EXPECT_EQ(Run({"--frobnicate", "a"}), 2);
+    EXPECT_EQ(Run({"a", "b"}), 2);
+    EXPECT_EQ(Run({"--explain"}), 2);
+    EXPECT_EQ(Run({"--explain", "no-such-rule"}), 2);
+    EXPECT_EQ(Run({"--fix", "--json", folder.Path()}), 2);
+    EXPECT_THAT(out.str(), testing::IsEmpty());
+}
+
+TEST_F(ProgramTest, ExplainsARule) {
+    EXPECT_EQ(Run({"--explain", "tag-unknown"}), 0);
+    EXPECT_THAT(out.str(), HasSubstr("tag-unknown (warning)"));
+}
+
+TEST_F(ProgramTest, TakesNoOtherFolderForAPackage) {
+    EXPECT_EQ(Run({folder.Path() + "/missing"}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("is no folder"));
+    EXPECT_EQ(Run({folder.Path()}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("has no folder \"Setup\""));
+}
+
+TEST_F(ProgramTest, FindsAFolderInAnyCase) {
+    MemoryTree tree;
+    for (const auto& [path, bytes] : tree.files) folder.Write("SETUP" + path.substr(path.find('/')), bytes);
+    Run({folder.Path()});
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("settings-missing")));
+}
+
+TEST_F(ProgramTest, EndsWithTheWorstOfItsFindings) {
+    BareTree tree;
+    Lay(tree);
+    EXPECT_EQ(Run({folder.Path()}), 1);
+    EXPECT_THAT(out.str(), HasSubstr("[msi-none]"));
+    tree.AddSetting("<HIDE_START>yes</HIDE_START>");
+    Lay(tree);
+    EXPECT_EQ(Run({folder.Path()}), 2);
+    EXPECT_THAT(out.str(), HasSubstr("defaultInstallSettings.xml:3:1: error: HIDE_START is \"yes\""));
+}
+
+TEST_F(ProgramTest, ChangesNothingWithoutAWord) {
+    MemoryTree tree;
+    tree.AddSetting("<UPD> 1</UPD>");
+    Lay(tree);
+    Run({"--fix", folder.Path()});
+    EXPECT_THAT(out.str(), HasSubstr("-<UPD> 1</UPD>\n+<UPD>1</UPD>\n"));
+    EXPECT_EQ(folder.Read(defaultsPath), tree.files[defaultsPath]);
+}
+
+TEST_F(ProgramTest, ChangesNothingWhereThePersonSaysNo) {
+    MemoryTree tree;
+    tree.AddSetting("<UPD> 1</UPD>");
+    Lay(tree);
+    Run({"--fix", folder.Path()}, [](const std::string&) { return false; });
+    EXPECT_EQ(folder.Read(defaultsPath), tree.files[defaultsPath]);
+}
+
+TEST_F(ProgramTest, ChangesWhatIsAgreedToAndNothingElse) {
+    MemoryTree tree;
+    tree.AddSetting("<UPD> 1</UPD>");
+    Lay(tree);
+    Run({"--fix", folder.Path()}, [](const std::string&) { return true; });
+    EXPECT_THAT(folder.Read(defaultsPath), HasSubstr("<UPD>1</UPD>"));
+    EXPECT_EQ(folder.Read(englishPath), tree.files[englishPath]);
+    EXPECT_FALSE(fs::exists(folder.Path() + "/" + defaultsPath + ".unfinished"));
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("value-edges")));
+}
+
+TEST_F(ProgramTest, ChangesWithoutAskingWhereItIsTold) {
+    MemoryTree tree;
+    tree.AddSetting("<UPD> 1</UPD>");
+    Lay(tree);
+    Run({"--fix", "--yes", folder.Path()});
+    EXPECT_THAT(folder.Read(defaultsPath), HasSubstr("<UPD>1</UPD>"));
+}
+
+TEST_F(ProgramTest, SaysWhereThereIsNothingToFix) {
+    Lay(BareTree());
+    EXPECT_EQ(Run({"--fix", folder.Path()}), 1);
+    EXPECT_THAT(out.str(), HasSubstr("There is nothing to fix by itself."));
+}
+
+TEST_F(ProgramTest, TakesAnythingCalledMsiForAPackage) {
+    Lay(BareTree());
+    folder.Write("Applications/x64/Broken.msi", std::string(5000, 'x'));
+    EXPECT_EQ(Run({folder.Path()}), 2);
+    EXPECT_THAT(out.str(), HasSubstr("Broken.msi: error: The file cannot be read as a package"));
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+#include <gmock/gmock.h>
+
+#include "tests/unit/packagecheck/BinaryFiles.h"
+#include "tests/unit/packagecheck/MemoryTree.h"
+#include "tools/PackageCheck/PeExports.h"
+
+using packagecheck::Finding;
+using packagecheck::ReadPeLibrary;
+
+namespace {
+
+TEST(WholePackageTest, FindsAHundredMistakes) {
+    MemoryTree tree;
+    std::string elements;
+    for (int i = 0; i < 40; ++i)
+        elements += "<MY_TAG_" + std::to_string(i) + ">1</MY_TAG_" + std::to_string(i) + ">\n";
+    for (int i = 0; i < 30; ++i) elements += "<MODEL_NAME>no key " + std::to_string(i) + "</MODEL_NAME>\n";
+    tree.AddSetting(elements);
+    for (int i = 0; i < 30; ++i)
+        tree.packages["Drivers/Lost" + std::to_string(i) + ".msi"] = CleanMsi(L"Lost");
+    EXPECT_EQ(FindingsOf(tree).size(), 100U) << testing::PrintToString(Described(FindingsOf(tree)));
+}
+
+TEST(WholePackageTest, NamesThePlaceInTheRightFile) {
+    MemoryTree tree;
+    tree.AddSetting("<HIDE_START>yes</HIDE_START>");
+    tree.AddUserElement(
+        "<DEVICE><DRIVER_ID>HVMONO</DRIVER_ID><PRINTER_NAME>\xC3\xA4</PRINTER_NAME><X>1</X></DEVICE>");
+    EXPECT_THAT(Described(FindingsOf(tree)),
+                testing::ElementsAre("device-tag-unknown Setup/PackageUserSettings.xml:2:68",
+                                     "flag-value Setup/defaultInstallSettings.xml:14:1"));
+}
+
+TEST(WholePackageTest, ChecksTheValueThatCounts) {
+    MemoryTree tree;
+    tree.AddSetting("<HIDE_START>yes</HIDE_START>");
+    tree.AddUserElement("<DEVICE><DRIVER_ID>HVMONO</DRIVER_ID><PRINTER_NAME>a</PRINTER_NAME></DEVICE>");
+    tree.AddUserElement("<HIDE_START>on</HIDE_START>");
+    EXPECT_THAT(Described(FindingsOf(tree)),
+                testing::ElementsAre("flag-value Setup/PackageUserSettings.xml:3:1"));
+}
+
+TEST(WholePackageTest, SurvivesAnEmptyTree) {
+    MemoryTree tree;
+    tree.files.clear();
+    tree.packages.clear();
+    EXPECT_FALSE(FindingsOf(tree).empty());
+}
+
+TEST(PeExportsTest, ReadsTheNames) {
+    const auto library = ReadPeLibrary(MakeLibrary({"DiscoverW", "EnumerateW"}));
+    ASSERT_TRUE(library);
+    EXPECT_TRUE(library->isFor64Bit);
+    EXPECT_TRUE(library->isLibrary);
+    EXPECT_THAT(library->exports, testing::ElementsAre("DiscoverW", "EnumerateW"));
+}
+
+TEST(PeExportsTest, TakesNoOtherFileForALibrary) {
+    EXPECT_FALSE(ReadPeLibrary(""));
+    EXPECT_FALSE(ReadPeLibrary("MZ"));
+    EXPECT_FALSE(ReadPeLibrary(std::string(1000, '\xFF')));
+}
+
+TEST(PeExportsTest, SurvivesALibraryThatIsCutAnywhere) {
+    const std::string whole = MakeLibrary({"DiscoverW"});
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const auto library = ReadPeLibrary(whole.substr(0, length));
+        if (library) EXPECT_LE(library->exports.size(), 1U);
+    }
+}
+
+}  // namespace
