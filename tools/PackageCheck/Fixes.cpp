@@ -143,6 +143,12 @@ void DropStartMarker(std::wstring& text) {
         text.erase(start, markerLength);
 }
 
+// Of tags that are nested crosswise one repair brings about the next; such a text is left to a person.
+std::wstring WithRepairedElements(const std::wstring& text, TextKind kind) {
+    std::wstring repaired = ElementRepair(text, kind).Run();
+    return ElementRepair(repaired, kind).Run() == repaired ? repaired : text;
+}
+
 }  // namespace
 
 std::string FixedBytes(const std::string& bytes, TextKind kind) {
@@ -151,7 +157,7 @@ std::string FixedBytes(const std::string& bytes, TextKind kind) {
     std::wstring text = isUtf16 ? FromUtf16(bytes) : FromUtf8(bytes);
     DropStartMarker(text);
     DropEndMark(text);
-    return ToUtf8(kind == TextKind::Language ? text : ElementRepair(text, kind).Run());
+    return ToUtf8(kind == TextKind::Language ? text : WithRepairedElements(text, kind));
 }
 
 std::vector<FileFix> FindFixes(const Package& package) {

@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# Checks the sample package in both variants by PackageCheck, and what PackageCheck writes by its schema.
+# usage: scripts/check-packages.sh
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+
+need_packages python3 python3-jsonschema
+build linux PackageCheck
+build windows Kestrune
+scripts/build-package.sh build/windows
+scripts/build-package.sh --silent build/windows
+
+# expect CODE FOLDER: the check must end with that code, and write what the schema describes.
+expect() {
+    local code=0 report
+    report=$(mktemp)
+    build/linux/PackageCheck --json "$2" > "$report" || code=$?
+    if [ "$code" != "$1" ]; then
+        echo "PackageCheck ended with $code instead of $1:"
+        build/linux/PackageCheck "$2" || true
+        rm -f "$report"
+        return 1
+    fi
+    python3 - "$report" docs/package-check.schema.json <<'PYTHON'
+import json
+import sys
+import jsonschema
+
+report, schema = (json.load(open(path, encoding='utf-8')) for path in sys.argv[1:])
+jsonschema.Draft202012Validator.check_schema(schema)
+jsonschema.Draft202012Validator(schema).validate(report)
+print(f"{report['package']}: {report['errors']} errors, {report['warnings']} warnings")
+PYTHON
+    rm -f "$report"
+}
+
+expect 0 out/package
+expect 0 out/package-silent
+
+broken=$(mktemp -d)
+trap 'rm -rf "$broken"' EXIT
+cp -r out/package-silent/. "$broken"
+sed -i 's/HIDE_DISCOVERY>true/HIDE_DISCOVERY>yes/; s/HVMONOV4/HVMONO5/' "$broken/Setup/PackageUserSettings.xml"
+echo broken > "$broken/Applications/x64/Broken.msi"
+expect 2 "$broken"
