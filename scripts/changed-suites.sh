@@ -48,10 +48,12 @@ suites_of() {
         standins/PrinterQueue/*) echo unit fuzz standins network wizard lint ;;
         standins/*) echo standins lint ;;
         framework/* | resources/*) echo windows wizard lint ;;
-        package/*) echo standins wizard lint ;;
+        package/*) echo standins wizard packages lint ;;
         tools/WizardRemote.cpp) echo network lint ;;
         tools/Rollout/* | tools/Intention.* | tools/OfferedPackages.*) echo unit standins wizard lint ;;
         tests/rollout/* | scripts/check-reports.py) echo standins wizard ;;
+        tools/PackageCheck/*) echo unit fuzz packages lint ;;
+        scripts/check-packages.sh | docs/package-check.*) echo unit packages ;;
         tools/* | tests/bench/*) echo lint ;;
         scripts/run-windows-tests.sh) echo windows ;;
         scripts/run-standin-tests.sh) echo standins ;;

@@ -154,33 +154,33 @@ constexpr auto textKeys = std::to_array<std::wstring_view>({
 
 std::vector<PageTexts> MakeTextsByPage() {
     using namespace TextKey;
-    const auto page = [](std::string_view name, std::initializer_list<TextId> texts) {
+    const auto onPage = [](std::string_view name, std::initializer_list<TextId> texts) {
         PageTexts made{.page = name};
         for (const TextId text : texts) made.keys.push_back(text.Name());
         return made;
     };
     return {
-        page("Start",
-             {INSTALL_BUTTON, CANCEL_BUTTON, INFOCENTER_LINK_LABEL, PRODUCT_REGISTRATION_LINK_LABEL}),
-        page("Licence", {AGREE_BUTTON, DISAGREE_BUTTON}),
-        page("Manufacturer", {NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON, MANUFACTURER_LABEL}),
-        page("Optional software",
-             {NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON, SW_BYPASS_REINSTALL, SW_BYPASS_OPTIONAL}),
-        page("Connection", {NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON, ETHERNETRADIO_TEXT, USBRADIO_TEXT}),
-        page("Printers", {DISCOVERED_DEVICES_LIST, MODIFY_SEARCH_TEXT, REFRESH_TEXT, ADVANCED_TEXT,
-                          CONNECT_WITH_USB_TEXT, CONNECT_WITH_NIMBOJET_TEXT, PRINT_DRIVER_TEXT,
-                          CONFIG_SETTINGS_BUTTON, HELP_BUTTON, NEXT_BUTTON, CANCEL_BUTTON}),
-        page("Search", {LOCAL_SUBNET_SEARCH, IP_HOSTNAME_SEARCH, SUBNET_SEARCH, IP_ADDRESS, SUBNET_MASK,
-                        OK_BUTTON, CANCEL_BUTTON, HELP_BUTTON}),
-        page("Port", {PORT_NAME_TEXT, IP_ADDRESS_TEXT, PRINT_DRIVER_TEXT, CONFIG_SETTINGS_BUTTON, BASIC_TEXT,
-                      NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON}),
-        page("Port of a shared printer", {NETWORK_PATH_TEXT, PRINT_DRIVER_TEXT, CONFIG_SETTINGS_BUTTON,
-                                          BASIC_TEXT, NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON}),
-        page("Driver configuration", {NEW_FILE, LOAD_FILE, RESET_TEXT, CONFIG_APPLY_FUTURE_TEXT, HELP_BUTTON,
-                                      OK_BUTTON, CANCEL_BUTTON}),
-        page("Files in use", {RETRY_BUTTON, CANCEL_BUTTON}),
-        page("Programs to close", {AUTO_RESTART_TEXT, DO_NOT_CLOSE_TEXT, OK_BUTTON}),
-        page("Restart", {REBOOT_NOW_TEXT, REBOOT_LATER_TEXT, FINISH_BUTTON, HELP_BUTTON}),
+        onPage("Start",
+               {INSTALL_BUTTON, CANCEL_BUTTON, INFOCENTER_LINK_LABEL, PRODUCT_REGISTRATION_LINK_LABEL}),
+        onPage("Licence", {AGREE_BUTTON, DISAGREE_BUTTON}),
+        onPage("Manufacturer", {NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON, MANUFACTURER_LABEL}),
+        onPage("Optional software",
+               {NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON, SW_BYPASS_REINSTALL, SW_BYPASS_OPTIONAL}),
+        onPage("Connection", {NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON, ETHERNETRADIO_TEXT, USBRADIO_TEXT}),
+        onPage("Printers", {DISCOVERED_DEVICES_LIST, MODIFY_SEARCH_TEXT, REFRESH_TEXT, ADVANCED_TEXT,
+                            CONNECT_WITH_USB_TEXT, CONNECT_WITH_NIMBOJET_TEXT, PRINT_DRIVER_TEXT,
+                            CONFIG_SETTINGS_BUTTON, HELP_BUTTON, NEXT_BUTTON, CANCEL_BUTTON}),
+        onPage("Search", {LOCAL_SUBNET_SEARCH, IP_HOSTNAME_SEARCH, SUBNET_SEARCH, IP_ADDRESS, SUBNET_MASK,
+                          OK_BUTTON, CANCEL_BUTTON, HELP_BUTTON}),
+        onPage("Port", {PORT_NAME_TEXT, IP_ADDRESS_TEXT, PRINT_DRIVER_TEXT, CONFIG_SETTINGS_BUTTON,
+                        BASIC_TEXT, NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON}),
+        onPage("Port of a shared printer", {NETWORK_PATH_TEXT, PRINT_DRIVER_TEXT, CONFIG_SETTINGS_BUTTON,
+                                            BASIC_TEXT, NEXT_BUTTON, CANCEL_BUTTON, HELP_BUTTON}),
+        onPage("Driver configuration", {NEW_FILE, LOAD_FILE, RESET_TEXT, CONFIG_APPLY_FUTURE_TEXT,
+                                        HELP_BUTTON, OK_BUTTON, CANCEL_BUTTON}),
+        onPage("Files in use", {RETRY_BUTTON, CANCEL_BUTTON}),
+        onPage("Programs to close", {AUTO_RESTART_TEXT, DO_NOT_CLOSE_TEXT, OK_BUTTON}),
+        onPage("Restart", {REBOOT_NOW_TEXT, REBOOT_LATER_TEXT, FINISH_BUTTON, HELP_BUTTON}),
     };
 }
 

@@ -38,10 +38,9 @@ public:
     }
 
     void Show(std::size_t done, std::size_t all) {
-        using namespace std::chrono_literals;
         const auto now = std::chrono::steady_clock::now();
         if (now < next) return;
-        next = now + 100ms;
+        next = now + std::chrono::milliseconds(100);
         isShown = true;
         err << "\r\x1b[KReading packages, " << done << " of " << all << std::flush;
     }
