@@ -4,9 +4,12 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "CommonLib/PackageLibraries.h"
 #include "CommonLib/TextUtilities.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
@@ -28,19 +31,14 @@ std::string PathIn(std::string_view folder, std::string_view name) {
 
 struct LibraryOfPackage {
     std::string_view name;
-    std::vector<std::string_view> exports;
+    std::span<const std::string_view> exports;
 };
 
-const std::array<LibraryOfPackage, 3>& Libraries() {
-    static const std::array<LibraryOfPackage, 3> libraries = {{
-        {"Brevanto.dll",
-         {"MsiInitialize", "MsiUninitialize", "MsiEnableInstallLog", "MsiInstallApp", "MsiUninstallApp",
-          "MsiCancel", "MsiGetProperties", "MsiIsAppInstalledByLang"}},
-        {"Sondrix.dll", {"Initialize", "Uninitialize", "DiscoverW", "EnumerateW"}},
-        {"Quelmar.dll", {"BidiInitialize", "BidiUninitialize", "BidiExchangeNpaAll", "BidiExchangeNpaW"}},
-    }};
-    return libraries;
-}
+constexpr std::array<LibraryOfPackage, 3> libraries = {{
+    {"Brevanto.dll", LibraryExports::Brevanto},
+    {"Sondrix.dll", LibraryExports::Sondrix},
+    {"Quelmar.dll", LibraryExports::Quelmar},
+}};
 
 void CheckExports(const Package& package, const TreeFile& file, const LibraryOfPackage& wanted,
                   Report& report) {
@@ -61,9 +59,9 @@ void CheckExports(const Package& package, const TreeFile& file, const LibraryOfP
 void CheckLibraries(const Package& package, Report& report) {
     const InstallSettings& settings = package.Settings();
     const bool searches = !settings.GetBool(Tag::HIDE_DISCOVERY) && !settings.GetBool(Tag::SILENT_INSTALL);
-    for (const LibraryOfPackage& library : Libraries()) {
+    for (const LibraryOfPackage& library : libraries) {
         const std::string path = PathIn(TreePath::program, library.name);
-        const bool isSearch = library.name != Libraries().front().name;
+        const bool isSearch = library.name != libraries.front().name;
         if (const TreeFile* file = package.Files().Find(path)) {
             CheckExports(package, *file, library, report);
         } else if (!isSearch || searches) {
