@@ -14,7 +14,6 @@ constexpr std::size_t burst = 64;
 constexpr Time sweepInterval{5};
 constexpr std::size_t mostNeighbours = 4096;
 
-constexpr int fewestPasses = 2;
 constexpr int mostPasses = 8;
 // As long as nobody answers, those that sleep get the time to wake up.
 constexpr int passesIntoSilence = 4;
@@ -163,7 +162,7 @@ void Search::AskByIpp(Time now) {
 bool Search::NeedsAnotherPass() const {
     if (IsSweeping() || pass + 1 >= mostPasses) return false;
     if (HaveHostsAnswered()) return false;
-    if (pass + 1 < (hasFound ? fewestPasses : passesIntoSilence)) return true;
+    if (!hasFound && pass + 1 < passesIntoSilence) return true;
     return passesWithoutNews < (losesPackets ? quietPassesUnderLoss : quietPasses);
 }
 

@@ -137,6 +137,30 @@ TEST_F(SearchTest, WaitsForThoseWhoAnswerSlowly) {
     EXPECT_THAT(SearchNeighbours(), SizeIs(2));
 }
 
+TEST_F(SearchTest, WaitsLongerWhereTheFirstAnswersAreSlow) {
+    network.Add({.address = "192.0.2.10", .answersSnmp = true, .delay = Time(3)});
+    network.Add({.address = "192.0.2.11", .host = "b", .announcesItself = true, .delay = Time(240)});
+    network.Add({.address = "192.0.2.12", .host = "c", .announcesItself = true, .delay = Time(900)});
+    EXPECT_THAT(SearchNeighbours(), SizeIs(3));
+}
+
+TEST_F(SearchTest, TellsOfTheHostThatWasAskedForAlone) {
+    const discovery::DnsName other{"Other", "_ipp", "_tcp", "local"};
+    network.Add({.address = "192.0.2.20",
+                 .host = "asked",
+                 .announcesItself = true,
+                 .lie = [&](const Datagram& answer) {
+                     Datagram more = answer;
+                     more.bytes = wire::DnsPacket(wire::DnsQueryId(answer.bytes))
+                                      .Pointer({"_ipp", "_tcp", "local"}, other)
+                                      .Service(other, {"other", "local"}, 631)
+                                      .Address({"other", "local"}, Bytes("\xC0\0\2\x15", 4))
+                                      .Packet();
+                     return std::vector{answer, more};
+                 }});
+    EXPECT_THAT(AddressesOf(AskHost("192.0.2.20")), ElementsAre("192.0.2.20"));
+}
+
 TEST_F(SearchTest, FindsNearlyAllInANetworkThatLosesAFifth) {
     for (std::uint32_t seed = 1; seed <= 20; ++seed) {
         network = {};
