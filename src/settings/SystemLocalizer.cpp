@@ -10,6 +10,7 @@
 #include "CommonLib/TextFile.h"
 #include "framework/Handles.h"
 #include "framework/SystemLibrary.h"
+#include "settings/LanguageTable.h"
 #include "settings/Localizer.h"
 
 namespace {
@@ -65,7 +66,8 @@ LanguageSource SystemLanguageSource() {
 Localizer::Localizer() : Localizer(InstallSettings::GetInstance(), SystemLanguageSource()) {}
 
 std::wstring GetLanguageCode() {
-    return Localizer::GetInstance().GetSystemLanguageCode();
+    const std::uint16_t languageId = GetUserDefaultUILanguage();
+    return MapLanguage(PRIMARYLANGID(languageId), languageId);
 }
 
 bool IsRightToLeftLocale() {
