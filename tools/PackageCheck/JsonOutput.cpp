@@ -64,7 +64,7 @@ Json SarifRules() {
 }
 
 Json SarifResult(const Finding& finding) {
-    const auto& rules = AllRules();
+    const auto rules = AllRules();
     const auto index = std::distance(rules.begin(), std::ranges::find(rules, finding.rule));
     Json result = {{"ruleId", finding.rule->id},
                    {"ruleIndex", index},

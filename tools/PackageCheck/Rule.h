@@ -1,8 +1,8 @@
 // What a rule says of a kind of mistake.
 #pragma once
 
+#include <span>
 #include <string_view>
-#include <vector>
 
 namespace packagecheck {
 
@@ -20,8 +20,8 @@ struct Rule {
     std::string_view explanation;  // what the wizard does, and why
 };
 
-// All rules, by subject. The pointers stay valid for the life of the process.
-const std::vector<const Rule*>& AllRules();
+// All rules, by subject.
+std::span<const Rule* const> AllRules();
 
 // Returns the rule of that id, or null.
 const Rule* FindRule(std::string_view id);
