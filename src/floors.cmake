@@ -25,7 +25,7 @@ floor(CommonLib
 
 floor(settings
   LOGIC DeviceDocument ElementNames FilterDocument IndexedDocument InstallSettings KeyedValues LanguageTable
-    Localizer SettingsMerge StartMarker TagDocument TagSearch TextExpansion
+    Localizer SettingsMerge StartMarker TagDocument TagSearch TextExpansion VendorName
   SYSTEM SettingsFiles SystemLocalizer)
 
 floor(wizard
@@ -47,7 +47,7 @@ floor(install
     InstallService ProgressDialog RMFileInUseDlg RebootDlg RebootService StatusListView)
 
 floor(pages
-  LOGIC ManufacturerList
+  LOGIC BypassOffer ManufacturerList
   SYSTEM ConnectivityDlg EULADlg ManufacturerDlg OptionalSoftwareBypassDlg StartDlg)
 
 floor(ports
@@ -60,7 +60,7 @@ floor(discovery
     ReplyMemory)
 
 floor(app
-  LOGIC PageRules
+  LOGIC PageRules Preparation
   SYSTEM CKestruneApp StartUp WizardChain)
 
 add_library(kestrune_logic STATIC ${KESTRUNE_LOGIC_SOURCES})

@@ -15,6 +15,4 @@ struct OfferedPackages {
 
 // Reads the settings and builds the catalogues. Returns nothing if there is no defaultInstallSettings.xml one
 // folder above this program. Once per process.
-//
-// Reads DEVICE; writes INSTALL_FROM_CONFIG.
 std::optional<OfferedPackages> ReadOfferedPackages(const Collaborators& shared);

@@ -13,6 +13,7 @@
 #include "CommonLib/SystemText.h"
 #include "CommonLib/UserRights.h"
 #include "CommonLib/Win32Exception.h"
+#include "app/Preparation.h"
 #include "app/StartUp.h"
 #include "app/WizardChain.h"
 #include "framework/SystemLibrary.h"
@@ -65,11 +66,7 @@ bool CKestruneApp::InitInstance() {
     shared.localizer.SetLanguageOption(shared.commandLine.GetValue(CmdLineHelper::Option::Language));
     const bool silent = InitializeWizard(shared);
 
-    // A silent run needs a printer from the command line, or discovery switched off.
-    if (!shared.settings.GetBool(Tag::HIDE_DISCOVERY) && shared.settings.GetBool(Tag::SILENT_INSTALL) &&
-        shared.commandLine.GetValue(CmdLineHelper::Option::Address).empty()) {
-        return false;
-    }
+    if (LacksPrinter(shared.settings, PrinterNamedIn(shared.commandLine))) return false;
     CreateMainWindow(shared, silent);
     return true;
 }

@@ -10,14 +10,6 @@
 #include "settings/TextKeys.h"
 #include "wizard/Controller.h"
 
-namespace {
-
-void ApplyBrand(InstallSettings& settings, const std::wstring& chosen) {
-    settings.SetString(Tag::OEM_NAME, BrandFor(settings.GetString(Tag::OEM), chosen));
-}
-
-}  // namespace
-
 const MessageMap& ManufacturerDlg::GetMessageMap() const {
     using On = EventsOf<ManufacturerDlg>;
     static const MessageMap map(
@@ -64,16 +56,8 @@ void ManufacturerDlg::GetManufacturers() {
 void ManufacturerDlg::BuildList() {
     GetManufacturers();
     list.ResetContent();
-    settings.SetBool(Tag::SHOW_MANUFACTURERS, manufacturers.size() > 1);
-    if (manufacturers.empty()) {
-        ApplyBrand(settings, {});
-        return;
-    }
-    if (manufacturers.size() == 1) {
-        ApplyBrand(settings, manufacturers.front().name);
-        settings.SetString(Tag::OEMBYTE, manufacturers.front().oemByte);
-        return;
-    }
+    SettleManufacturers(settings, manufacturers);
+    if (manufacturers.size() < 2) return;
     const bool rightToLeft = IsRightToLeftLocale();
     for (std::size_t index = 0; index < manufacturers.size(); ++index) {
         const std::wstring& name = manufacturers[index].name;

@@ -1,6 +1,7 @@
 #include "pages/ManufacturerList.h"
 
 #include "CommonLib/Vendor.h"
+#include "settings/TagNames.h"
 
 std::vector<Manufacturer> ParseManufacturers(std::wstring_view list) {
     std::vector<Manufacturer> manufacturers;
@@ -27,4 +28,16 @@ std::wstring MarkFinalPoint(std::wstring name) {
     constexpr wchar_t leftToRightMark = 0x200E;
     if (name.ends_with(L'.')) name += leftToRightMark;
     return name;
+}
+
+void ApplyBrand(InstallSettings& settings, std::wstring_view chosen) {
+    const std::wstring oem = settings.GetString(Tag::OEM);
+    settings.SetString(Tag::OEM_NAME, BrandFor(oem, chosen));
+}
+
+void SettleManufacturers(InstallSettings& settings, const std::vector<Manufacturer>& manufacturers) {
+    settings.SetBool(Tag::SHOW_MANUFACTURERS, manufacturers.size() > 1);
+    if (manufacturers.size() > 1) return;
+    ApplyBrand(settings, manufacturers.empty() ? std::wstring() : manufacturers.front().name);
+    if (!manufacturers.empty()) settings.SetString(Tag::OEMBYTE, manufacturers.front().oemByte);
 }

@@ -1,9 +1,11 @@
-// The list of brands that a package serves. Functions of their arguments, for any thread.
+// The list of brands that a package serves. All may run on any thread.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "settings/InstallSettings.h"
 
 struct Manufacturer {
     std::wstring oemByte;
@@ -20,3 +22,10 @@ std::wstring BrandFor(std::wstring_view oem, std::wstring_view chosen);
 
 // The name with a left-to-right mark after a final point.
 std::wstring MarkFinalPoint(std::wstring name);
+
+// Makes a brand count that is chosen, or that is the only one. Reads OEM; writes OEM_NAME.
+void ApplyBrand(InstallSettings& settings, std::wstring_view chosen);
+
+// Settles whether there is anything to choose, and the brand where there is not. Writes OEMBYTE and
+// SHOW_MANUFACTURERS.
+void SettleManufacturers(InstallSettings& settings, const std::vector<Manufacturer>& manufacturers);

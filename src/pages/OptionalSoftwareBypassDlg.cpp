@@ -1,26 +1,12 @@
 #include "pages/OptionalSoftwareBypassDlg.h"
 
 #include "CommonLib/Logger.h"
+#include "pages/BypassOffer.h"
 #include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
 #include "wizard/Controller.h"
-
-namespace {
-
-// One printer driver that the package upgrades rules the way out, whatever stands before or after it.
-bool IsPrinterSoftwareUpToDate(const DriverInfo& drivers) {
-    bool upToDate = false;
-    for (const MSI_APP& driver : drivers.GetDrivers()) {
-        if (!driver.isPrinterDriver) continue;
-        if (driver.upgradable) return false;
-        upToDate = upToDate || driver.upToDate || driver.newerInstalled;
-    }
-    return upToDate;
-}
-
-}  // namespace
 
 const MessageMap& OptionalSoftwareBypassDlg::GetMessageMap() const {
     using On = EventsOf<OptionalSoftwareBypassDlg>;

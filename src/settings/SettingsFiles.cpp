@@ -4,8 +4,8 @@
 #include "CommonLib/Logger.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/TextFile.h"
-#include "CommonLib/Vendor.h"
 #include "settings/TagNames.h"
+#include "settings/VendorName.h"
 
 namespace {
 
@@ -22,10 +22,9 @@ void LogTooLongPath() {
 
 // Puts the maker's name where the logger finds it, and the values as the file gave them into the log.
 void ApplyVendor(InstallSettings& settings) {
-    const bool isUnnamed = settings.GetString(Tag::OEM).empty();
-    if (isUnnamed) settings.SetString(Tag::OEM, unnamedVendor);
+    const bool isNamed = SettleVendor(settings);
     Logger::GetInstance().SetVendor(settings.GetString(Tag::OEM));
-    if (isUnnamed) {
+    if (!isNamed) {
         LogBasic(
             L"Default Settings file does not have Vendor name. Bad configuration found. Ensure UTF-8 file "
             L"format "

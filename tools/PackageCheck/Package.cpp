@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "CommonLib/TextUtilities.h"
+#include "app/Preparation.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PropertyNames.h"
 #include "settings/TagNames.h"
@@ -96,8 +97,7 @@ void Package::ReadSettings() {
     if (defaults) settings.Append(defaults->Text());
     if (!user) return;
     settings.Merge(user->Text());
-    settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
-    settings.SetDevices(settings.GetAllValues(Tag::DEVICE));
+    TakePredefinedPrinters(settings);
     userElements = TakenElements(*user);
     for (const TakenElement& element : userElements) {
         if (element.name == Tag::DEVICE)
