@@ -1,8 +1,24 @@
 #include "tools/PackageCheck/CommandLine.h"
 
+#include <array>
+
 namespace packagecheck {
 
 namespace {
+
+// What belongs to --plan: its beginning, and the place of its value.
+struct PlanOption {
+    std::string_view name;
+    std::string PlannedRun::*value;
+};
+
+constexpr std::array<PlanOption, 5> planOptions = {{
+    {"-ip=", &PlannedRun::address},
+    {"-p=", &PlannedRun::port},
+    {"-lang=", &PlannedRun::language},
+    {"--os=", &PlannedRun::system},
+    {"--installed=", &PlannedRun::installed},
+}};
 
 // Takes the arguments one after the other.
 class Reader {
@@ -11,16 +27,44 @@ public:
 
     CommandLine Read() {
         for (; next < arguments.size() && line.mistake.empty(); ++next) Take(arguments[next]);
-        const bool needsFolder = line.task == Task::Check || line.task == Task::Fix;
-        if (line.mistake.empty() && needsFolder && line.folder.empty())
-            line.mistake = "which folder is to be checked?";
-        if (line.task == Task::Fix && line.format != Format::Text)
-            line.mistake = "--fix shows its changes as text.";
+        if (line.mistake.empty()) line.mistake = Contradiction();
         return line;
     }
 
 private:
+    std::string Contradiction() const {
+        const bool needsFolder =
+            line.task == Task::Check || line.task == Task::Fix || line.task == Task::Plan;
+        if (needsFolder && line.folder.empty()) return "which folder is to be checked?";
+        if (line.task == Task::Fix && line.format != Format::Text) return "--fix shows its changes as text.";
+        if (line.task == Task::Plan && line.format == Format::Sarif)
+            return "a plan is written as text, as JSON or as an HTML page.";
+        if (isPlanned && line.task != Task::Plan) return "an option says how to plan a run, without --plan.";
+        return {};
+    }
+
+    // Returns false for an argument that has nothing to do with plans.
+    bool TakePlanOption(const std::string& argument) {
+        if (argument == "--plan") {
+            line.task = Task::Plan;
+            return true;
+        }
+        if (argument == "--html") {
+            isPlanned = true;
+            TakeValue(line.run.page, "--html needs the name of a file.");
+            return true;
+        }
+        for (const auto& [name, value] : planOptions) {
+            if (!argument.starts_with(name)) continue;
+            isPlanned = true;
+            line.run.*value = argument.substr(name.size());
+            return true;
+        }
+        return false;
+    }
+
     void Take(const std::string& argument) {
+        if (TakePlanOption(argument)) return;
         if (argument == "--help" || argument == "-h" || argument == "/?") {
             line.task = Task::Help;
         } else if (argument == "--explain") {
@@ -55,6 +99,7 @@ private:
 
     const std::vector<std::string>& arguments;
     std::size_t next = 0;
+    bool isPlanned = false;  // by an option that makes sense for a plan alone
     CommandLine line;
 };
 
@@ -67,6 +112,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
 std::string_view HelpText() {
     return "usage: PackageCheck [--json | --sarif] FOLDER\n"
            "       PackageCheck --fix [--yes] FOLDER\n"
+           "       PackageCheck --plan [options of a run] [--json] [--html FILE] FOLDER\n"
            "       PackageCheck --explain RULE\n"
            "       PackageCheck --rules\n"
            "\n"
@@ -76,11 +122,16 @@ std::string_view HelpText() {
            "  --sarif          writes them as SARIF 2.1.0, for build servers\n"
            "  --fix            repairs what has one safe cure; shows the changes and asks first\n"
            "  --yes            repairs without asking\n"
+           "  --plan           says what a run of the wizard would do: pages, packages, programs\n"
+           "    -ip=ADDRESS -p=PORT -lang=CODE   as the wizard takes them\n"
+           "    --os=SYSTEM                      7, 8, 8.1, 10 (as without it) or 11\n"
+           "    --installed=FILE                 a JSON file that says what is installed already\n"
+           "    --html FILE                      writes the plan as a page, too\n"
            "  --explain RULE   says what a rule is about, and how to fix what it finds\n"
            "  --rules          lists the rules, in Markdown\n"
            "  --help           prints this\n"
            "\n"
-           "Exit code: 0 without findings, 1 with warnings, 2 with errors.\n";
+           "Exit code: 0 without findings, 1 with warnings, 2 with errors. A plan ends with 0.\n";
 }
 
 }  // namespace packagecheck

@@ -7,16 +7,27 @@
 
 namespace packagecheck {
 
-enum class Task { Check, Help, Explain, Rules, Fix };
+enum class Task { Check, Help, Explain, Rules, Fix, Plan };
 
 enum class Format { Text, Json, Sarif };
+
+// The run that is to be planned, in the words of the command line.
+struct PlannedRun {
+    std::string address;
+    std::string port;
+    std::string language;
+    std::string system;     // 7, 8, 8.1, 10 or 11
+    std::string installed;  // the path of a JSON file; empty for a system with nothing on it
+    std::string page;       // the path of the HTML page to write, if any
+};
 
 struct CommandLine {
     Task task = Task::Check;
     Format format = Format::Text;
     bool isAgreed = false;  // to every change
     std::string folder;
-    std::string rule;     // to explain
+    std::string rule;  // to explain
+    PlannedRun run;
     std::string mistake;  // what cannot be understood; empty if all can
 };
 

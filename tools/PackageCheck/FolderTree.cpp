@@ -24,6 +24,10 @@ std::string Utf8PathOf(const fs::path& path) {
 
 }  // namespace
 
+fs::path PathOf(const std::string& text) {
+    return {std::u8string(text.begin(), text.end())};
+}
+
 std::vector<TreeFile> FolderTree::List() const {
     std::vector<TreeFile> files;
     std::error_code error;
@@ -39,7 +43,7 @@ std::vector<TreeFile> FolderTree::List() const {
 }
 
 fs::path FolderTree::PathOf(const std::string& path) const {
-    return root / fs::path(std::u8string(path.begin(), path.end()));
+    return root / packagecheck::PathOf(path);
 }
 
 std::optional<std::string> FolderTree::Read(const std::string& path, std::size_t most) const {

@@ -12,6 +12,9 @@
 
 namespace packagecheck {
 
+// Returns the path that a text in UTF-8 names.
+std::filesystem::path PathOf(const std::string& text);
+
 class FolderTree : public PackageTree {
 public:
     explicit FolderTree(std::filesystem::path folder) : root(std::move(folder)) {}

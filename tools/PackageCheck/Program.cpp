@@ -10,6 +10,7 @@
 #include "tools/PackageCheck/Fixes.h"
 #include "tools/PackageCheck/FolderTree.h"
 #include "tools/PackageCheck/JsonOutput.h"
+#include "tools/PackageCheck/PlanRun.h"
 #include "tools/PackageCheck/Rule.h"
 #include "tools/PackageCheck/RuleTable.h"
 #include "tools/PackageCheck/TextDiff.h"
@@ -19,13 +20,7 @@ namespace packagecheck {
 
 namespace {
 
-constexpr int misused = 2;
-
 namespace fs = std::filesystem;
-
-fs::path PathOf(const std::string& text) {
-    return {std::u8string(text.begin(), text.end())};
-}
 
 // A line on the terminal that is written over again.
 class ProgressLine {
@@ -127,6 +122,7 @@ int WorkOnFolder(const CommandLine& line, const Surroundings& surroundings) {
         return misused;
     }
     const FolderTree tree(PathOf(line.folder));
+    if (line.task == Task::Plan) return WritePlan(line, Package(tree), surroundings);
     if (line.task == Task::Fix && !FixFolder(line, tree, surroundings)) return misused;
     const std::vector<Finding> findings = FindingsIn(tree, surroundings);
     WriteFindings(line, findings, surroundings);
@@ -152,6 +148,7 @@ int RunPackageCheck(const std::vector<std::string>& arguments, const Surrounding
             return 0;
         case Task::Check:
         case Task::Fix:
+        case Task::Plan:
             break;
     }
     return WorkOnFolder(line, surroundings);

@@ -8,6 +8,9 @@
 
 namespace packagecheck {
 
+// The exit code where the program cannot do what it is asked for.
+inline constexpr int misused = 2;
+
 // Where the program runs.
 struct Surroundings {
     std::ostream& out;

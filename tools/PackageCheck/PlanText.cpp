@@ -1,0 +1,71 @@
+#include "tools/PackageCheck/PlanText.h"
+
+#include <string>
+#include <vector>
+
+#include "tools/PackageCheck/Utf8.h"
+
+namespace packagecheck {
+
+namespace {
+
+std::string Titled(const PlannedPage& page) {
+    constexpr std::size_t width = 38;
+    std::string title = ToUtf8(page.title);
+    title.resize(width, ' ');
+    return "  " + title;
+}
+
+void WritePage(std::ostream& out, const PlannedPage& page) {
+    out << Titled(page);
+    switch (page.state) {
+        case PageState::Shown:
+            out << "shown\n";
+            return;
+        case PageState::Hidden:
+            out << "hidden, since " << page.reason << "\n";
+            return;
+        case PageState::OnDemand:
+            out << "shown " << page.reason << "\n";
+            return;
+    }
+}
+
+void WritePackages(std::ostream& out, const std::vector<PlannedPackage>& packages,
+                   const std::string& indent) {
+    for (const PlannedPackage& package : packages) {
+        out << indent << package.file << "  " << ToUtf8(package.name) << " " << ToUtf8(package.version)
+            << "\n"
+            << indent << "    " << ToUtf8(WordsFor(package.intention)) << " (" << package.reason << ")\n";
+        if (!package.document.empty()) out << indent << "    " << ToUtf8(package.document) << "\n";
+        WritePackages(out, package.dependents, indent + "    ");
+    }
+}
+
+void WriteEnd(std::ostream& out, const Plan& plan) {
+    out << "\nLeft out\n";
+    for (const LeftOutPackage& package : plan.leftOut)
+        out << "  " << package.file << "  " << ToUtf8(package.name) << "\n      " << package.reason << "\n";
+    if (plan.leftOut.empty()) out << "  no package\n";
+    out << "\nPrograms at the end\n";
+    for (const std::wstring& program : plan.programs)
+        out << "  " << ToUtf8(plan.programFolder) << ToUtf8(program) << "\n";
+    if (plan.programs.empty()) out << "  none\n";
+}
+
+}  // namespace
+
+void WritePlanText(std::ostream& out, const Plan& plan) {
+    out << (plan.isSilent ? "A silent run" : "A run with pages") << "\n";
+    if (!plan.obstacles.empty()) out << "\nWhat stops a silent run\n";
+    for (const std::string& obstacle : plan.obstacles) out << "  " << obstacle << "\n";
+    out << "\nPages\n";
+    for (const PlannedPage& page : plan.pages) WritePage(out, page);
+    if (plan.endsAtOnce) return;
+    out << "\nPackages, in their order\n";
+    WritePackages(out, plan.packages, "  ");
+    if (plan.packages.empty()) out << "  none\n";
+    WriteEnd(out, plan);
+}
+
+}  // namespace packagecheck
