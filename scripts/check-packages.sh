@@ -34,8 +34,29 @@ PYTHON
     rm -f "$report"
 }
 
+# plan FOLDER [ARGUMENT...]: what is written as the plan must be what the schema describes.
+plan() {
+    local report
+    report=$(mktemp)
+    build/linux/PackageCheck --plan --json "$@" > "$report"
+    python3 - "$report" docs/package-plan.schema.json <<'PYTHON'
+import json
+import sys
+import jsonschema
+
+report, schema = (json.load(open(path, encoding='utf-8')) for path in sys.argv[1:])
+jsonschema.Draft202012Validator.check_schema(schema)
+jsonschema.Draft202012Validator(schema).validate(report)
+assert report['packages'], 'the plan of the sample has packages'
+print(f"{report['package']}: {len(report['packages'])} packages are planned")
+PYTHON
+    rm -f "$report"
+}
+
 expect 0 out/package
 expect 0 out/package-silent
+plan out/package
+plan out/package-silent -ip=192.0.2.7 --os=7
 
 broken=$(mktemp -d)
 trap 'rm -rf "$broken"' EXIT

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <iterator>
 
-#include <nlohmann/json.hpp>
+#include "tools/PackageCheck/JsonText.h"
 
 namespace packagecheck {
 
@@ -16,11 +16,6 @@ using Json = nlohmann::ordered_json;
 std::size_t CountOf(const std::vector<Finding>& findings, Severity severity) {
     return static_cast<std::size_t>(std::ranges::count_if(
         findings, [&](const Finding& finding) { return finding.rule->severity == severity; }));
-}
-
-void Write(std::ostream& out, const Json& document) {
-    // What is no UTF-8 comes from names of files, and must not end the program.
-    out << document.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 
 Json JsonOf(const Finding& finding) {
@@ -85,11 +80,11 @@ Json SarifResult(const Finding& finding) {
 void WriteJson(std::ostream& out, const std::vector<Finding>& findings, const std::string& folder) {
     Json list = Json::array();
     for (const Finding& finding : findings) list.push_back(JsonOf(finding));
-    Write(out, {{"version", 1},
-                {"package", folder},
-                {"errors", CountOf(findings, Severity::Error)},
-                {"warnings", CountOf(findings, Severity::Warning)},
-                {"findings", list}});
+    WriteDocument(out, {{"version", 1},
+                        {"package", folder},
+                        {"errors", CountOf(findings, Severity::Error)},
+                        {"warnings", CountOf(findings, Severity::Warning)},
+                        {"findings", list}});
 }
 
 void WriteSarif(std::ostream& out, const std::vector<Finding>& findings) {
@@ -98,9 +93,9 @@ void WriteSarif(std::ostream& out, const std::vector<Finding>& findings) {
     const Json run = {{"tool", {{"driver", {{"name", "PackageCheck"}, {"rules", SarifRules()}}}}},
                       {"columnKind", "unicodeCodePoints"},
                       {"results", results}};
-    Write(out, {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
-                {"version", "2.1.0"},
-                {"runs", Json::array({run})}});
+    WriteDocument(out, {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
+                        {"version", "2.1.0"},
+                        {"runs", Json::array({run})}});
 }
 
 }  // namespace packagecheck

@@ -8,6 +8,8 @@
 
 #include "tools/PackageCheck/FolderTree.h"
 #include "tools/PackageCheck/Plan.h"
+#include "tools/PackageCheck/PlanJson.h"
+#include "tools/PackageCheck/PlanPage.h"
 #include "tools/PackageCheck/PlanText.h"
 #include "tools/PackageCheck/Utf8.h"
 
@@ -74,6 +76,13 @@ std::optional<PlanOptions> OptionsOf(const PlannedRun& run, std::string& mistake
     return options;
 }
 
+bool WritePageFile(const std::string& path, const Plan& plan, const std::string& folder) {
+    std::ofstream file(PathOf(path), std::ios::binary);
+    WritePlanPage(file, plan, folder);
+    file.close();
+    return !file.fail();
+}
+
 }  // namespace
 
 int WritePlan(const CommandLine& line, const Package& package, const Surroundings& surroundings) {
@@ -84,8 +93,14 @@ int WritePlan(const CommandLine& line, const Package& package, const Surrounding
         return misused;
     }
     const Plan plan = MakePlan(package, *options);
-    WritePlanText(surroundings.out, plan);
-    return 0;
+    if (line.format == Format::Json) {
+        WritePlanJson(surroundings.out, plan, line.folder);
+    } else {
+        WritePlanText(surroundings.out, plan);
+    }
+    if (line.run.page.empty() || WritePageFile(line.run.page, plan, line.folder)) return 0;
+    surroundings.err << "PackageCheck: " << line.run.page << " cannot be written.\n";
+    return misused;
 }
 
 }  // namespace packagecheck

@@ -1,6 +1,5 @@
 #include "tools/PackageCheck/PlanText.h"
 
-#include <string>
 #include <vector>
 
 #include "tools/PackageCheck/Utf8.h"
@@ -17,18 +16,7 @@ std::string Titled(const PlannedPage& page) {
 }
 
 void WritePage(std::ostream& out, const PlannedPage& page) {
-    out << Titled(page);
-    switch (page.state) {
-        case PageState::Shown:
-            out << "shown\n";
-            return;
-        case PageState::Hidden:
-            out << "hidden, since " << page.reason << "\n";
-            return;
-        case PageState::OnDemand:
-            out << "shown " << page.reason << "\n";
-            return;
-    }
+    out << Titled(page) << WordsFor(page) << "\n";
 }
 
 void WritePackages(std::ostream& out, const std::vector<PlannedPackage>& packages,
@@ -54,6 +42,18 @@ void WriteEnd(std::ostream& out, const Plan& plan) {
 }
 
 }  // namespace
+
+std::string WordsFor(const PlannedPage& page) {
+    switch (page.state) {
+        case PageState::Hidden:
+            return "hidden, since " + page.reason;
+        case PageState::OnDemand:
+            return "shown " + page.reason;
+        case PageState::Shown:
+            break;
+    }
+    return "shown";
+}
 
 void WritePlanText(std::ostream& out, const Plan& plan) {
     out << (plan.isSilent ? "A silent run" : "A run with pages") << "\n";

@@ -4,7 +4,11 @@
 
 #include "tests/unit/packagecheck/MemoryTree.h"
 #include "tools/PackageCheck/Plan.h"
+#include "tools/PackageCheck/PlanJson.h"
+#include "tools/PackageCheck/PlanPage.h"
 #include "tools/PackageCheck/PlanText.h"
+
+#include <nlohmann/json.hpp>
 
 using packagecheck::InstalledState;
 using packagecheck::PageState;
@@ -234,6 +238,43 @@ TEST_F(PlanTest, IsWrittenAsText) {
     EXPECT_THAT(out.str(), HasSubstr("  Applications/x64/Monitor.msi  Halvenny Monitor 1.0.0\n"
                                      "      install (it is not installed)\n"));
     EXPECT_THAT(out.str(), HasSubstr("C:\\Program Files\\Halvenny\\Monitor.exe\n"));
+}
+
+TEST_F(PlanTest, IsWrittenAsJson) {
+    tree.packages[applicationPath].properties[L"DEPENDENTAPPS"] = L"Own.msi";
+    tree.packages[applicationPath].properties[L"STARTAPP"] = L"Monitor.exe;";
+    AddPackage("Dependents/x64/Own.msi", L"Own");
+    AddPackage("Common/x64/Extra.msi", L"Extra");
+    options.installed.Set("Mono.msi", InstalledState::Newer);
+    std::ostringstream out;
+    packagecheck::WritePlanJson(out, Make(), "folder");
+    const auto json = nlohmann::json::parse(out.str());
+    EXPECT_EQ(json["package"], "folder");
+    EXPECT_EQ(json["silent"], false);
+    EXPECT_EQ(json["pages"][2]["state"], "hidden");
+    EXPECT_FALSE(json["pages"][0].contains("reason"));
+    EXPECT_EQ(json["pages"][9]["state"], "onDemand");
+    EXPECT_EQ(json["packages"][0]["dependents"][0]["file"], "Dependents/x64/Own.msi");
+    EXPECT_THAT(json["packages"][0]["document"].get<std::string>(), testing::StartsWith("<PRINTER_INFO>"));
+    EXPECT_EQ(json["packages"][1]["kind"], "driver");
+    EXPECT_EQ(json["packages"][1]["action"], "leaveNewer");
+    EXPECT_FALSE(json["packages"][1].contains("document"));
+    EXPECT_EQ(json["leftOut"][0]["name"], "Halvenny Extra");
+    EXPECT_EQ(json["programs"][0], "C:\\Program Files\\Halvenny\\Monitor.exe");
+}
+
+TEST_F(PlanTest, IsWrittenAsAPageThatNeedsNothingElse) {
+    tree.packages[applicationPath].properties[L"ProductName"] = L"<script>\"R&D\"</script>";
+    std::ostringstream out;
+    packagecheck::WritePlanPage(out, Make(), "a<b");
+    const std::string page = out.str();
+    EXPECT_THAT(page, HasSubstr("&lt;script&gt;&quot;R&amp;D&quot;&lt;/script&gt;"));
+    EXPECT_THAT(page, HasSubstr("<p>a&lt;b</p>"));
+    EXPECT_THAT(page, Not(HasSubstr("<script")));
+    EXPECT_THAT(page, Not(HasSubstr("http:")));
+    EXPECT_THAT(page, HasSubstr("@media (prefers-color-scheme: dark)"));
+    EXPECT_THAT(page, HasSubstr("<strong>Welcome</strong><br><span class=\"quiet\">shown</span>"));
+    EXPECT_THAT(page, HasSubstr("<pre>&lt;PRINTER_INFO&gt;"));
 }
 
 TEST(InstalledStatesTest, AreReadFromAnObject) {

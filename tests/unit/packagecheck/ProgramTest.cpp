@@ -124,6 +124,48 @@ TEST_F(ProgramTest, SaysWhereThereIsNothingToFix) {
     EXPECT_THAT(out.str(), HasSubstr("There is nothing to fix by itself."));
 }
 
+TEST_F(ProgramTest, PlansTheRunThatItIsToldOf) {
+    MemoryTree tree;
+    tree.AddSetting("<SILENT_INSTALL>true</SILENT_INSTALL>");
+    Lay(tree);
+    EXPECT_EQ(Run({"--plan", folder.Path()}), 0);
+    EXPECT_THAT(out.str(), HasSubstr("the program ends at once"));
+    out.str({});
+    EXPECT_EQ(Run({"--plan", "-ip=192.0.2.7", "-p=Desk", "-lang=de", "--os=8.1", folder.Path()}), 0);
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("the program ends at once")));
+}
+
+TEST_F(ProgramTest, ReadsWhatIsInstalledForAPlan) {
+    Lay(MemoryTree());
+    folder.Write("state.json", R"({"Broken.msi": "newer"})");
+    folder.Write("Applications/x64/Broken.msi", "x");
+    const std::string state = folder.Path() + "/state.json";
+    EXPECT_EQ(Run({"--plan", "--json", "--installed=" + state, folder.Path()}), 0);
+    EXPECT_THAT(out.str(), HasSubstr("\"action\": \"leaveNewer\""));
+    folder.Write("state.json", R"({"Broken.msi": "maybe"})");
+    EXPECT_EQ(Run({"--plan", "--installed=" + state, folder.Path()}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("the state of \"Broken.msi\" is none of"));
+    EXPECT_EQ(Run({"--plan", "--installed=" + state + ".missing", folder.Path()}), 2);
+}
+
+TEST_F(ProgramTest, WritesThePageOfAPlan) {
+    Lay(MemoryTree());
+    EXPECT_EQ(Run({"--plan", "--html", folder.Path() + "/plan.html", folder.Path()}), 0);
+    EXPECT_THAT(folder.Read("plan.html"), testing::EndsWith("</html>\n"));
+    EXPECT_EQ(Run({"--plan", "--html", folder.Path() + "/missing/plan.html", folder.Path()}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("plan.html cannot be written"));
+}
+
+TEST_F(ProgramTest, PlansNoRunThatItDoesNotUnderstand) {
+    Lay(MemoryTree());
+    EXPECT_EQ(Run({"--plan", "--os=95", folder.Path()}), 2);
+    EXPECT_EQ(Run({"--plan", "--sarif", folder.Path()}), 2);
+    EXPECT_EQ(Run({"-ip=192.0.2.7", folder.Path()}), 2);
+    EXPECT_EQ(Run({"--plan", "--html"}), 2);
+    EXPECT_EQ(Run({"--plan"}), 2);
+    EXPECT_THAT(out.str(), testing::IsEmpty());
+}
+
 TEST_F(ProgramTest, TakesAnythingCalledMsiForAPackage) {
     Lay(BareTree());
     folder.Write("Applications/x64/Broken.msi", std::string(5000, 'x'));
