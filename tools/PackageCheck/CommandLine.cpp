@@ -72,6 +72,8 @@ private:
             TakeValue(line.rule, "--explain needs the name of a rule.");
         } else if (argument == "--rules") {
             line.task = Task::Rules;
+        } else if (argument == "--tables") {
+            line.task = Task::Tables;
         } else if (argument == "--fix") {
             line.task = Task::Fix;
         } else if (argument == "--yes") {
@@ -114,7 +116,7 @@ std::string_view HelpText() {
            "       PackageCheck --fix [--yes] FOLDER\n"
            "       PackageCheck --plan [options of a run] [--json] [--html FILE] FOLDER\n"
            "       PackageCheck --explain RULE\n"
-           "       PackageCheck --rules\n"
+           "       PackageCheck --rules | --tables\n"
            "\n"
            "Checks the data of a package: settings, languages, .msi files and what lies beside them.\n"
            "\n"
@@ -129,6 +131,7 @@ std::string_view HelpText() {
            "    --html FILE                      writes the plan as a page, too\n"
            "  --explain RULE   says what a rule is about, and how to fix what it finds\n"
            "  --rules          lists the rules, in Markdown\n"
+           "  --tables         lists tags, texts, languages and properties, in Markdown\n"
            "  --help           prints this\n"
            "\n"
            "Exit code: 0 without findings, 1 with warnings, 2 with errors. A plan ends with 0.\n";

@@ -7,7 +7,7 @@
 
 namespace packagecheck {
 
-enum class Task { Check, Help, Explain, Rules, Fix, Plan };
+enum class Task { Check, Help, Explain, Rules, Tables, Fix, Plan };
 
 enum class Format { Text, Json, Sarif };
 

@@ -9,6 +9,7 @@
 #include "tools/PackageCheck/CommandLine.h"
 #include "tools/PackageCheck/Fixes.h"
 #include "tools/PackageCheck/FolderTree.h"
+#include "tools/PackageCheck/FormatTables.h"
 #include "tools/PackageCheck/JsonOutput.h"
 #include "tools/PackageCheck/PlanRun.h"
 #include "tools/PackageCheck/Rule.h"
@@ -145,6 +146,9 @@ int RunPackageCheck(const std::vector<std::string>& arguments, const Surrounding
             return Explain(line.rule, surroundings);
         case Task::Rules:
             surroundings.out << RuleTable();
+            return 0;
+        case Task::Tables:
+            for (const FormatTable& table : FormatTables()) surroundings.out << MarkedTable(table) << "\n";
             return 0;
         case Task::Check:
         case Task::Fix:

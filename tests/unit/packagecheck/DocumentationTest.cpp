@@ -7,6 +7,9 @@
 #include <set>
 #include <string>
 
+#include "tests/unit/packagecheck/MemoryTree.h"
+#include "tools/PackageCheck/FormatEntries.h"
+#include "tools/PackageCheck/FormatTables.h"
 #include "tools/PackageCheck/KnownTags.h"
 #include "tools/PackageCheck/KnownTexts.h"
 #include "tools/PackageCheck/RuleTable.h"
@@ -40,6 +43,102 @@ TEST(PackageCheckDocumentationTest, ListsTheRulesAsTheyAre) {
     const std::size_t from = page.find(start) + start.size();
     const std::string table = page.substr(from, page.find("<!-- end of rules -->") - from);
     EXPECT_EQ(table, packagecheck::RuleTable()) << "to repair: put the output of PackageCheck --rules there";
+}
+
+// The block of code after a marker such as "<!-- example: user -->".
+std::string ExampleIn(const std::string& page, const std::string& name) {
+    const std::size_t marker = page.find("<!-- example: " + name + " -->\n```");
+    if (marker == std::string::npos) {
+        ADD_FAILURE() << "no example " << name;
+        return {};
+    }
+    const std::size_t from = page.find('\n', page.find("```", marker)) + 1;
+    return page.substr(from, page.find("```", from) - from);
+}
+
+// What a check finds in the examples of the page.
+std::vector<std::string> FindingsOfExamples(const std::string& page) {
+    MemoryTree tree;
+    packagecheck::MsiContents colour = CleanMsi(L"Colour");
+    colour.properties[L"DRIVERID"] = L"HVCOLOR";
+    colour.properties[L"DRIVERNAME"] = L"Halvenny Colour";
+    tree.packages["Drivers/x64/Colour.msi"] = colour;
+    tree.files[defaultsPath] = ExampleIn(page, "defaults");
+    tree.files[userPath] = ExampleIn(page, "user");
+    return Described(FindingsOf(tree));
+}
+
+TEST(FormatPageTest, HoldsTheTablesAsTheyAre) {
+    const std::string page = ReadSource("docs/package-format.md");
+    for (const auto& table : packagecheck::FormatTables()) {
+        EXPECT_THAT(page, testing::HasSubstr(packagecheck::MarkedTable(table)))
+            << "to repair: put the output of PackageCheck --tables there";
+    }
+}
+
+TEST(FormatPageTest, LeavesNoCellOfALanguageOrAValueEmpty) {
+    for (const auto& table : packagecheck::FormatTables()) {
+        if (table.name == "texts") continue;
+        EXPECT_THAT(table.text, testing::Not(testing::HasSubstr("|  |"))) << table.name;
+    }
+}
+
+TEST(FormatPageTest, ShowsSettingsThatTheCheckHasNothingToSayOf) {
+    EXPECT_THAT(FindingsOfExamples(ReadSource("docs/package-format.md")), testing::IsEmpty());
+}
+
+TEST(FormatPageTest, WouldSeeAMistakeInAnExample) {
+    std::string page = ReadSource("docs/package-format.md");
+    const std::size_t device = page.find("<DEVICE><DRIVER_ID>", page.find("<!-- example: user -->"));
+    ASSERT_NE(device, std::string::npos);
+    page.insert(device + 8, "\n");
+    EXPECT_THAT(FindingsOfExamples(page), testing::Contains(testing::StartsWith("element-over-lines")));
+}
+
+TEST(FormatPageTest, ShowsTextsThatTheCheckHasNothingToSayOf) {
+    const std::string example = ExampleIn(ReadSource("docs/package-format.md"), "texts");
+    const std::regex element("<(\\w+)>.*</\\1>");
+    MemoryTree tree;
+    int texts = 0;
+    for (std::sregex_iterator match(example.begin(), example.end(), element), end; match != end; ++match) {
+        const std::string key = (*match)[1];
+        std::string& file = tree.files[englishPath];
+        file = std::regex_replace(file, std::regex("<" + key + ">.*</" + key + ">"), match->str());
+        EXPECT_THAT(file, testing::HasSubstr(match->str()));
+        ++texts;
+    }
+    EXPECT_GT(texts, 5);
+    EXPECT_THAT(Described(FindingsOf(tree)), testing::IsEmpty());
+}
+
+TEST(FormatEntriesTest, DescribeEverySettingAndNothingElse) {
+    for (const auto& tag : packagecheck::SettingsTags()) {
+        const bool isSetting = tag.use != packagecheck::TagUse::Run;
+        EXPECT_EQ(packagecheck::FindEntry(packagecheck::SettingsEntries(), tag.name) != nullptr, isSetting)
+            << packagecheck::ToUtf8(tag.name);
+    }
+    for (const auto& entry : packagecheck::SettingsEntries())
+        EXPECT_NE(packagecheck::FindSettingsTag(entry.name), nullptr) << packagecheck::ToUtf8(entry.name);
+}
+
+TEST(FormatEntriesTest, DescribeEveryTagOfADevice) {
+    EXPECT_EQ(packagecheck::DeviceEntries().size(), packagecheck::DeviceTags().size());
+    for (const std::wstring_view tag : packagecheck::DeviceTags()) {
+        EXPECT_NE(packagecheck::FindEntry(packagecheck::DeviceEntries(), tag), nullptr)
+            << packagecheck::ToUtf8(tag);
+    }
+}
+
+TEST(FormatEntriesTest, DescribeEveryPropertyThatTheWizardReads) {
+    std::set<std::string> described;
+    for (const auto& entry : packagecheck::PropertyEntries())
+        described.insert(packagecheck::ToUtf8(entry.name));
+    const std::string text = ReadSource("src/catalogue/PropertyNames.h");
+    const std::regex form("inline constexpr wchar_t \\w+\\[\\] = L\"(\\w+)\"");
+    std::set<std::string> read;
+    for (std::sregex_iterator match(text.begin(), text.end(), form), end; match != end; ++match)
+        read.insert((*match)[1]);
+    EXPECT_EQ(described, read);
 }
 
 TEST(KnownTextsTest, HoldEveryTextOfTheWizard) {
