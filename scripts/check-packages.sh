@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Checks the sample package in both variants by PackageCheck, and what PackageCheck writes by its schema.
+# Checks the sample package in both variants by PackageCheck, and what PackageCheck writes by its schema or by parsers.
 # usage: scripts/check-packages.sh
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
-need_packages python3 python3-jsonschema
+need_packages python3 python3-jsonschema python3-yaml
 build linux PackageCheck
 build windows Kestrune
 scripts/build-package.sh build/windows
@@ -64,3 +64,20 @@ cp -r out/package-silent/. "$broken"
 sed -i 's/HIDE_DISCOVERY>true/HIDE_DISCOVERY>yes/; s/HVMONOV4/HVMONO5/' "$broken/Setup/PackageUserSettings.xml"
 echo broken > "$broken/Applications/x64/Broken.msi"
 expect 2 "$broken"
+
+# manifests FOLDER VENDOR: every kind of manifest is made, and read again.
+manifests() {
+    local made
+    made=$(mktemp -d)
+    for kind in winget chocolatey intune; do
+        build/linux/PackageCheck --manifest "$kind" --out "$made/$kind" "$1" > /dev/null
+    done
+    scripts/check-manifests.py "$made" "$2"
+    rm -rf "$made"
+}
+
+manifests out/package-silent Halvenny
+vendor='O'"'"'Neill "&" <b> $(calc): #{x}`'
+sed -i '/<OEM>/d' "$broken/Setup/defaultInstallSettings.xml"
+printf '<OEM>%s</OEM>\n' "$vendor" >> "$broken/Setup/defaultInstallSettings.xml"
+manifests "$broken" "$vendor"

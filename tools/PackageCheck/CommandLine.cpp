@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "tools/PackageCheck/Manifests.h"
+
 namespace packagecheck {
 
 namespace {
@@ -33,12 +35,14 @@ public:
 
 private:
     std::string Contradiction() const {
-        const bool needsFolder =
-            line.task == Task::Check || line.task == Task::Fix || line.task == Task::Plan;
+        const bool needsFolder = line.task == Task::Check || line.task == Task::Fix ||
+                                 line.task == Task::Plan || line.task == Task::Manifest;
         if (needsFolder && line.folder.empty()) return "which folder is to be checked?";
         if (line.task == Task::Fix && line.format != Format::Text) return "--fix shows its changes as text.";
         if (line.task == Task::Plan && line.format == Format::Sarif)
             return "a plan is written as text, as JSON or as an HTML page.";
+        if ((line.task == Task::Manifest) == line.out.empty())
+            return "--manifest and --out FOLDER go together.";
         if (isPlanned && line.task != Task::Plan) return "an option says how to plan a run, without --plan.";
         return {};
     }
@@ -76,6 +80,13 @@ private:
             line.task = Task::Tables;
         } else if (argument == "--fix") {
             line.task = Task::Fix;
+        } else if (argument == "--manifest") {
+            line.task = Task::Manifest;
+            TakeValue(line.manifest, "--manifest needs a kind.");
+            if (line.mistake.empty() && !IsManifestKind(line.manifest))
+                line.mistake = "--manifest makes winget, chocolatey or intune.";
+        } else if (argument == "--out") {
+            TakeValue(line.out, "--out needs a folder.");
         } else if (argument == "--yes") {
             line.isAgreed = true;
         } else if (argument == "--json") {
@@ -114,6 +125,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
 std::string_view HelpText() {
     return "usage: PackageCheck [--json | --sarif] FOLDER\n"
            "       PackageCheck --fix [--yes] FOLDER\n"
+           "       PackageCheck --manifest winget|chocolatey|intune --out FOLDER FOLDER\n"
            "       PackageCheck --plan [options of a run] [--json] [--html FILE] FOLDER\n"
            "       PackageCheck --explain RULE\n"
            "       PackageCheck --rules | --tables\n"
@@ -124,6 +136,8 @@ std::string_view HelpText() {
            "  --sarif          writes them as SARIF 2.1.0, for build servers\n"
            "  --fix            repairs what has one safe cure; shows the changes and asks first\n"
            "  --yes            repairs without asking\n"
+           "  --manifest KIND  writes the manifest of a management engine instead of checking\n"
+           "  --out FOLDER     where the manifest goes; no file there is overwritten\n"
            "  --plan           says what a run of the wizard would do: pages, packages, programs\n"
            "    -ip=ADDRESS -p=PORT -lang=CODE   as the wizard takes them\n"
            "    --os=SYSTEM                      7, 8, 8.1, 10 (as without it) or 11\n"

@@ -7,7 +7,7 @@
 
 namespace packagecheck {
 
-enum class Task { Check, Help, Explain, Rules, Tables, Fix, Plan };
+enum class Task { Check, Help, Explain, Rules, Tables, Fix, Manifest, Plan };
 
 enum class Format { Text, Json, Sarif };
 
@@ -26,7 +26,9 @@ struct CommandLine {
     Format format = Format::Text;
     bool isAgreed = false;  // to every change
     std::string folder;
-    std::string rule;  // to explain
+    std::string rule;      // to explain
+    std::string manifest;  // its kind
+    std::string out;       // the folder for it
     PlannedRun run;
     std::string mistake;  // what cannot be understood; empty if all can
 };

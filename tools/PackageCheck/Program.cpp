@@ -11,6 +11,7 @@
 #include "tools/PackageCheck/FolderTree.h"
 #include "tools/PackageCheck/FormatTables.h"
 #include "tools/PackageCheck/JsonOutput.h"
+#include "tools/PackageCheck/ManifestTask.h"
 #include "tools/PackageCheck/PlanRun.h"
 #include "tools/PackageCheck/Rule.h"
 #include "tools/PackageCheck/RuleTable.h"
@@ -117,6 +118,13 @@ bool FixFolder(const CommandLine& line, const FolderTree& tree, const Surroundin
     return true;
 }
 
+int MakeManifestOf(const CommandLine& line, const FolderTree& tree, const Surroundings& surroundings) {
+    std::string complaint;
+    if (WriteManifest(line.manifest, Package(tree), PathOf(line.out), surroundings.out, complaint)) return 0;
+    surroundings.err << "PackageCheck: " << complaint << "\n";
+    return misused;
+}
+
 int WorkOnFolder(const CommandLine& line, const Surroundings& surroundings) {
     if (const std::string reason = ReasonAgainst(line.folder); !reason.empty()) {
         surroundings.err << "PackageCheck: " << reason << "\n";
@@ -124,6 +132,7 @@ int WorkOnFolder(const CommandLine& line, const Surroundings& surroundings) {
     }
     const FolderTree tree(PathOf(line.folder));
     if (line.task == Task::Plan) return WritePlan(line, Package(tree), surroundings);
+    if (line.task == Task::Manifest) return MakeManifestOf(line, tree, surroundings);
     if (line.task == Task::Fix && !FixFolder(line, tree, surroundings)) return misused;
     const std::vector<Finding> findings = FindingsIn(tree, surroundings);
     WriteFindings(line, findings, surroundings);
@@ -153,6 +162,7 @@ int RunPackageCheck(const std::vector<std::string>& arguments, const Surrounding
         case Task::Check:
         case Task::Fix:
         case Task::Plan:
+        case Task::Manifest:
             break;
     }
     return WorkOnFolder(line, surroundings);

@@ -53,15 +53,14 @@ std::uint32_t CharacterAt(std::wstring_view text, std::size_t position, std::siz
     return 0x10000 + ((unit & 0x3FFU) << 10U) + (static_cast<std::uint32_t>(text[position + 1]) & 0x3FFU);
 }
 
-// What a terminal would obey instead of showing it.
+}  // namespace
+
 bool IsHidden(std::uint32_t code) {
     const bool isControl = code < 0x20 || (code >= 0x7F && code < 0xA0);
     const bool isDirection = (code >= 0x200E && code <= 0x200F) || (code >= 0x202A && code <= 0x202E) ||
                              (code >= 0x2066 && code <= 0x2069);
     return isControl || isDirection || code == 0xFEFF || code == 0x2028 || code == 0x2029;
 }
-
-}  // namespace
 
 Utf8Character FirstCharacter(std::string_view bytes) {
     const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };

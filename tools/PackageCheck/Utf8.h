@@ -27,6 +27,10 @@ std::wstring FromUtf8(std::string_view bytes);
 // Half of a surrogate pair becomes U+FFFD.
 std::string ToUtf8(std::wstring_view text);
 
+// Returns true for control characters and marks of direction: what a terminal would obey instead of showing
+// it.
+bool IsHidden(std::uint32_t code);
+
 // Returns true for the second unit of a character that takes two.
 constexpr bool IsSecondUnit(wchar_t unit) {
     return sizeof(wchar_t) == 2 && (static_cast<std::uint32_t>(unit) & 0xFC00U) == 0xDC00U;
