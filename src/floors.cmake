@@ -19,7 +19,7 @@ function(floor name)
 endfunction()
 
 floor(CommonLib
-  LOGIC AddressText Exception LogRecord TextUtilities
+  LOGIC AddressText Exception LogRecord TextUtilities Utf8
   SYSTEM Application DotNetSetup Files InterProcessLock IpAddress Logger Mutex ProcessStart ProcessWait Security
     SecurityEveryone SystemText SystemVersion TextFile UserRights Win32Exception XmlAttributeReader)
 

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string_view>
 
+#include "CommonLib/Utf8.h"
 #include "settings/TagDocument.h"
 #include "tests/fuzz/FuzzInput.h"
 #include "tools/PackageCheck/Checks.h"
@@ -10,7 +11,6 @@
 #include "tools/PackageCheck/Package.h"
 #include "tools/PackageCheck/PeExports.h"
 #include "tools/PackageCheck/TagFile.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ public:
         packagecheck::MsiContents contents;
         for (const wchar_t* name :
              {L"STARTAPP", L"DEPENDENTAPPS", L"SUPPORTEDOS", L"INSTALLSIZE", L"DRIVERID"}) {
-            contents.properties[name] = packagecheck::FromUtf8(files.at(path));
+            contents.properties[name] = FromUtf8(files.at(path));
         }
         return {.contents = std::move(contents), .error = {}};
     }

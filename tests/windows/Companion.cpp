@@ -14,6 +14,7 @@
 #include "CommonLib/Logger.h"
 #include "CommonLib/Mutex.h"
 #include "CommonLib/SystemVersion.h"
+#include "CommonLib/Utf8.h"
 #include "framework/CWinApp.h"
 #include "settings/Localizer.h"
 #include "tests/windows/world/ScratchFolder.h"

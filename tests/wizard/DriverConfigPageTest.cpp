@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "CommonLib/Files.h"
+#include "CommonLib/Utf8.h"
 #include "resources/resource.h"
 #include "settings/TagDocument.h"
 #include "tests/fakes/TextLines.h"

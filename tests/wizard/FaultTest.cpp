@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "CommonLib/Utf8.h"
 #include "tests/wizard/ShownRunTest.h"
 
 using testing::ElementsAre;

@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "CommonLib/Utf8.h"
 #include "tests/fakes/TextLines.h"
 #include "tests/wizard/PackageTree.h"
 

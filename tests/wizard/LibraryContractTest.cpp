@@ -1,5 +1,6 @@
 // How the program treats the installer library: order of the calls, buffers, lengths, missing exports.
 
+#include "CommonLib/Utf8.h"
 #include "tests/wizard/ShownRunTest.h"
 
 using testing::ElementsAre;

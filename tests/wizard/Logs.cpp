@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string_view>
 
+#include "CommonLib/Utf8.h"
 #include "tests/wizard/PackageTree.h"
 
 namespace {

@@ -1,5 +1,6 @@
 // The choice of a brand: when it is offered and what it settles.
 
+#include "CommonLib/Utf8.h"
 #include "resources/resource.h"
 #include "tests/wizard/PageTest.h"
 

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "CommonLib/Files.h"
+#include "CommonLib/Utf8.h"
 #include "settings/TagDocument.h"
 #include "tests/fakes/TextLines.h"
 #include "tests/wizard/Waiting.h"
@@ -71,15 +72,6 @@ const std::map<std::wstring, std::wstring> englishTexts = {
 
 fs::path BuildFolder() {
     return fs::path(GetExeDirectory()).parent_path().parent_path();
-}
-
-std::string ToUtf8(std::wstring_view text) {
-    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0,
-                                           nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(length), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(), length, nullptr,
-                        nullptr);
-    return bytes;
 }
 
 std::wstring Element(const std::wstring& name, const std::wstring& value) {

@@ -76,6 +76,5 @@ private:
 
 // The folder that holds the programs under test, as the test program finds them.
 std::filesystem::path BuildFolder();
-std::string ToUtf8(std::wstring_view text);
 // An element of a tag document.
 std::wstring Element(const std::wstring& name, const std::wstring& value);

@@ -1,6 +1,7 @@
 // What can happen to a rollout on its way: boxes, a library that hangs, other installations, somebody who
 // ends it.
 
+#include "CommonLib/Utf8.h"
 #include "tests/wizard/RolloutTest.h"
 
 using testing::Contains;

@@ -1,5 +1,6 @@
 // The two settings files as they take effect in a run.
 
+#include "CommonLib/Utf8.h"
 #include "tests/wizard/WizardTest.h"
 
 using testing::Contains;

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PropertyNames.h"
 #include "printer/ConfigTool.h"
@@ -21,7 +22,7 @@
 #include "settings/TagSearch.h"
 #include "settings/TextKeys.h"
 #include "tools/PackageCheck/KnownTags.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "tools/PackageCheck/Utf8.h"
+#include "CommonLib/Utf8.h"
 
 namespace packagecheck {
 
@@ -41,7 +41,7 @@ constexpr unsigned utf8 = 65001;
 
 std::optional<std::size_t> FirstNotUtf8(std::string_view bytes) {
     for (std::size_t position = 0; position < bytes.size();) {
-        const Utf8Character character = FirstCharacter(bytes.substr(position));
+        const TextCharacter character = FirstCharacter(bytes.substr(position));
         if (!character.isValid) return position;
         position += character.length;
     }

@@ -6,10 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "CommonLib/Utf8.h"
 #include "catalogue/PropertyNames.h"
 #include "settings/TagSearch.h"
 #include "tools/PackageCheck/KnownTags.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

@@ -7,13 +7,14 @@
 #include <vector>
 
 #include "CommonLib/AddressText.h"
+#include "CommonLib/Utf8.h"
 #include "printer/DerivedNames.h"
 #include "settings/DeviceDocument.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TagSearch.h"
 #include "tools/PackageCheck/KnownTags.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

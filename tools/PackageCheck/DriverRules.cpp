@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PropertyNames.h"
 #include "discovery/DriverMatch.h"
@@ -18,7 +19,7 @@
 #include "settings/TagNames.h"
 #include "settings/TagSearch.h"
 #include "tools/PackageCheck/KnownTags.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

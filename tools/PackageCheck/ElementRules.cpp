@@ -4,9 +4,10 @@
 #include <set>
 #include <string>
 
+#include "CommonLib/Utf8.h"
 #include "settings/TagNames.h"
 #include "tools/PackageCheck/KnownTags.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

@@ -11,12 +11,13 @@
 
 #include "CommonLib/PackageLibraries.h"
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
 #include "tools/PackageCheck/CodePages.h"
 #include "tools/PackageCheck/PeExports.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

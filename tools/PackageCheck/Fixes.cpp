@@ -7,13 +7,13 @@
 #include <string_view>
 #include <utility>
 
+#include "CommonLib/Utf8.h"
 #include "settings/StartMarker.h"
 #include "settings/TagNames.h"
 #include "settings/TagSearch.h"
 #include "tools/PackageCheck/CodePages.h"
 #include "tools/PackageCheck/KnownTags.h"
 #include "tools/PackageCheck/TagScan.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

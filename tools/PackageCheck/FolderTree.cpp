@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "tools/PackageCheck/MsiFile.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

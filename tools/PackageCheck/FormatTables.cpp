@@ -4,11 +4,11 @@
 #include <array>
 #include <map>
 
+#include "CommonLib/Utf8.h"
 #include "settings/LanguageTable.h"
 #include "tools/PackageCheck/FormatEntries.h"
 #include "tools/PackageCheck/KnownTags.h"
 #include "tools/PackageCheck/KnownTexts.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

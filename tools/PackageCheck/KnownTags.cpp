@@ -5,8 +5,8 @@
 #include <cstddef>
 
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "settings/TagNames.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "settings/IndexedDocument.h"
 #include "settings/LanguageTable.h"
 #include "settings/TagSearch.h"
@@ -17,7 +18,7 @@
 #include "tools/PackageCheck/CodePages.h"
 #include "tools/PackageCheck/KnownTags.h"
 #include "tools/PackageCheck/KnownTexts.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "CommonLib/Utf8.h"
 #include "tools/PackageCheck/Program.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ bool IsColourTerminal(DWORD stream) {
 
 int wmain(int count, wchar_t** values) {
     std::vector<std::string> arguments;
-    for (int i = 1; i < count; ++i) arguments.push_back(packagecheck::ToUtf8(values[i]));
+    for (int i = 1; i < count; ++i) arguments.push_back(ToUtf8(values[i]));
     SetConsoleOutputCP(CP_UTF8);
     return Run(arguments, IsColourTerminal(STD_OUTPUT_HANDLE), IsColourTerminal(STD_ERROR_HANDLE),
                _isatty(0) != 0);

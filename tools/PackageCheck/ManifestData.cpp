@@ -7,13 +7,13 @@
 #include <vector>
 
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "catalogue/PackageProperties.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextExpansion.h"
 #include "settings/TextKeys.h"
 #include "tools/PackageCheck/ManifestText.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

@@ -6,23 +6,24 @@
 #include <cstdio>
 #include <string>
 
-#include "tools/PackageCheck/Utf8.h"
+#include "CommonLib/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 
 namespace {
 
 std::string BytesOf(std::uint32_t code) {
-    std::wstring wide;
-    AppendCharacter(wide, code);
-    return ToUtf8(wide);
+    std::string bytes;
+    AppendCharacter(bytes, code);
+    return bytes;
 }
 
 // Calls with the code of each character, U+FFFD for what is none.
 template <typename Take>
 void ForEachCharacter(std::string_view text, Take take) {
     while (!text.empty()) {
-        const Utf8Character character = FirstCharacter(text);
+        const TextCharacter character = FirstCharacter(text);
         take(character.code);
         text.remove_prefix(character.length);
     }

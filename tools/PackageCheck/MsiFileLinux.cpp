@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "CommonLib/Utf8.h"
 #include "tools/PackageCheck/MsiFile.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "CommonLib/Utf8.h"
 #include "standins/Brevanto/MsiHandle.h"
 #include "tools/PackageCheck/MsiFile.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "app/Preparation.h"
 #include "catalogue/PackageProperties.h"
 #include "catalogue/PropertyNames.h"
 #include "settings/TagNames.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

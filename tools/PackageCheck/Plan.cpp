@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "app/PageRules.h"
 #include "app/Preparation.h"
 #include "catalogue/ApplicationScan.h"
@@ -18,7 +19,7 @@
 #include "settings/Localizer.h"
 #include "settings/VendorName.h"
 #include "tools/PackageCheck/PlannedInstaller.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

@@ -1,7 +1,7 @@
 #include "tools/PackageCheck/PlanJson.h"
 
+#include "CommonLib/Utf8.h"
 #include "tools/PackageCheck/JsonText.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

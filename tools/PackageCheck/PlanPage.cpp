@@ -3,8 +3,8 @@
 #include <string_view>
 #include <vector>
 
+#include "CommonLib/Utf8.h"
 #include "tools/PackageCheck/PlanText.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

@@ -6,12 +6,12 @@
 #include <optional>
 #include <ostream>
 
+#include "CommonLib/Utf8.h"
 #include "tools/PackageCheck/FolderTree.h"
 #include "tools/PackageCheck/Plan.h"
 #include "tools/PackageCheck/PlanJson.h"
 #include "tools/PackageCheck/PlanPage.h"
 #include "tools/PackageCheck/PlanText.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "tools/PackageCheck/Utf8.h"
+#include "CommonLib/Utf8.h"
 
 namespace packagecheck {
 

@@ -4,8 +4,8 @@
 
 #include "CommonLib/MsiCodes.h"
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "catalogue/PropertyNames.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace packagecheck {
 

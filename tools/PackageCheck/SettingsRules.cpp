@@ -8,12 +8,13 @@
 
 #include "CommonLib/AddressText.h"
 #include "CommonLib/TextUtilities.h"
+#include "CommonLib/Utf8.h"
 #include "pages/ManufacturerList.h"
 #include "printer/DerivedNames.h"
 #include "settings/TagNames.h"
 #include "settings/TagSearch.h"
 #include "tools/PackageCheck/KnownTags.h"
-#include "tools/PackageCheck/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 
 namespace packagecheck {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tools/PackageCheck/Utf8.h"
+#include "CommonLib/Utf8.h"
 
 namespace packagecheck {
 
@@ -90,7 +90,7 @@ void SourceText::Decode(std::string_view bytes, Position position, bool endsAtLi
             marks.push_back({.offset = text.size(), .position = position});
             sinceMark = 0;
         }
-        const Utf8Character character = FirstCharacter(bytes.substr(start));
+        const TextCharacter character = FirstCharacter(bytes.substr(start));
         if (!character.isValid) {
             const bool atEnd = isSplit && start + 3 >= bytes.size();
             Note(atEnd ? FlawKind::SplitCharacter : FlawKind::NotUtf8, position);

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "CommonLib/Logger.h"
+#include "CommonLib/Utf8.h"
 #include "app/Collaborators.h"
 #include "catalogue/MsiInterface.h"
 #include "settings/TagDocument.h"
@@ -20,7 +21,6 @@
 #include "tools/OfferedPackages.h"
 #include "tools/PlanLines.h"
 #include "tools/Rollout/Inquiry.h"
-#include "tools/Rollout/Utf8Text.h"
 
 namespace rollout {
 namespace {

@@ -1,6 +1,6 @@
 #include "tools/Rollout/Inquiry.h"
 
-#include "tools/Rollout/Utf8Text.h"
+#include "CommonLib/Utf8.h"
 
 #include <nlohmann/json.hpp>
 

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "CommonLib/TextUtilities.h"
-#include "tools/Rollout/Utf8Text.h"
+#include "CommonLib/Utf8.h"
 
 #include <nlohmann/json.hpp>
 

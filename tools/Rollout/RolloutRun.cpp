@@ -9,10 +9,10 @@
 #include "CommonLib/Files.h"
 #include "CommonLib/SystemText.h"
 #include "CommonLib/UserRights.h"
+#include "CommonLib/Utf8.h"
 #include "tools/PrintLine.h"
 #include "tools/Rollout/EventLog.h"
 #include "tools/Rollout/OutputFiles.h"
-#include "tools/Rollout/Utf8Text.h"
 
 namespace rollout {
 namespace {

@@ -7,13 +7,13 @@
 #include <set>
 #include <string>
 
+#include "CommonLib/Utf8.h"
 #include "tests/unit/packagecheck/MemoryTree.h"
 #include "tools/PackageCheck/FormatEntries.h"
 #include "tools/PackageCheck/FormatTables.h"
 #include "tools/PackageCheck/KnownTags.h"
 #include "tools/PackageCheck/KnownTexts.h"
 #include "tools/PackageCheck/RuleTable.h"
-#include "tools/PackageCheck/Utf8.h"
 
 namespace {
 
@@ -115,24 +115,22 @@ TEST(FormatEntriesTest, DescribeEverySettingAndNothingElse) {
     for (const auto& tag : packagecheck::SettingsTags()) {
         const bool isSetting = tag.use != packagecheck::TagUse::Run;
         EXPECT_EQ(packagecheck::FindEntry(packagecheck::SettingsEntries(), tag.name) != nullptr, isSetting)
-            << packagecheck::ToUtf8(tag.name);
+            << ToUtf8(tag.name);
     }
     for (const auto& entry : packagecheck::SettingsEntries())
-        EXPECT_NE(packagecheck::FindSettingsTag(entry.name), nullptr) << packagecheck::ToUtf8(entry.name);
+        EXPECT_NE(packagecheck::FindSettingsTag(entry.name), nullptr) << ToUtf8(entry.name);
 }
 
 TEST(FormatEntriesTest, DescribeEveryTagOfADevice) {
     EXPECT_EQ(packagecheck::DeviceEntries().size(), packagecheck::DeviceTags().size());
     for (const std::wstring_view tag : packagecheck::DeviceTags()) {
-        EXPECT_NE(packagecheck::FindEntry(packagecheck::DeviceEntries(), tag), nullptr)
-            << packagecheck::ToUtf8(tag);
+        EXPECT_NE(packagecheck::FindEntry(packagecheck::DeviceEntries(), tag), nullptr) << ToUtf8(tag);
     }
 }
 
 TEST(FormatEntriesTest, DescribeEveryPropertyThatTheWizardReads) {
     std::set<std::string> described;
-    for (const auto& entry : packagecheck::PropertyEntries())
-        described.insert(packagecheck::ToUtf8(entry.name));
+    for (const auto& entry : packagecheck::PropertyEntries()) described.insert(ToUtf8(entry.name));
     const std::string text = ReadSource("src/catalogue/PropertyNames.h");
     const std::regex form("inline constexpr wchar_t \\w+\\[\\] = L\"(\\w+)\"");
     std::set<std::string> read;
@@ -143,7 +141,7 @@ TEST(FormatEntriesTest, DescribeEveryPropertyThatTheWizardReads) {
 
 TEST(KnownTextsTest, HoldEveryTextOfTheWizard) {
     std::set<std::string> known;
-    for (const std::wstring_view key : packagecheck::TextKeys()) known.insert(packagecheck::ToUtf8(key));
+    for (const std::wstring_view key : packagecheck::TextKeys()) known.insert(ToUtf8(key));
     EXPECT_EQ(known, NamesIn("src/settings/TextKeys.h", "TextId"));
 }
 
@@ -156,7 +154,7 @@ TEST(KnownTextsTest, PutOnPagesOnlyTextsThatThereAre) {
 TEST(KnownTagsTest, HoldEverySettingOfTheWizard) {
     for (const std::string type : {"TextTag", "FlagTag", "StrictFlagTag", "ListTag"}) {
         for (const std::string& name : NamesIn("src/settings/TagNames.h", type)) {
-            const std::wstring wide = packagecheck::FromUtf8(name);
+            const std::wstring wide = FromUtf8(name);
             EXPECT_TRUE(packagecheck::FindSettingsTag(wide) != nullptr || packagecheck::IsDeviceTag(wide))
                 << name;
         }

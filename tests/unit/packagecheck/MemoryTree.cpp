@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "CommonLib/Utf8.h"
 #include "tests/unit/packagecheck/BinaryFiles.h"
 #include "tools/PackageCheck/Checks.h"
 #include "tools/PackageCheck/KnownTexts.h"
 #include "tools/PackageCheck/Package.h"
-#include "tools/PackageCheck/Utf8.h"
 
 using packagecheck::Finding;
 using packagecheck::MsiContents;
@@ -41,7 +41,7 @@ std::string TextOf(const std::string& key) {
 std::string LanguageText() {
     std::string text = "<STRINGS>\n";
     for (const std::wstring_view wideKey : packagecheck::TextKeys()) {
-        const std::string key = packagecheck::ToUtf8(wideKey);
+        const std::string key = ToUtf8(wideKey);
         text += "  <" + key + ">" + TextOf(key) + "</" + key + ">\n";
     }
     return text + "</STRINGS>\n";

@@ -1,7 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "CommonLib/Utf8.h"
+#include "tools/PackageCheck/Quoted.h"
 #include "tools/PackageCheck/SourceText.h"
-#include "tools/PackageCheck/Utf8.h"
 
 using namespace std::string_literals;
 using packagecheck::Decoding;
@@ -63,23 +64,6 @@ TEST(SourceTextTest, EndsAtTheEndMark) {
     EXPECT_EQ(source.Text(), L"ab");
     EXPECT_EQ(source.Flaws().front().kind, FlawKind::EndMark);
     EXPECT_EQ(source.Flaws().front().position, (Position{.line = 1, .column = 3}));
-}
-
-TEST(Utf8Test, ReadsWhatItWrites) {
-    const std::wstring text = packagecheck::FromUtf8("a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x96\xA8");
-    EXPECT_EQ(packagecheck::ToUtf8(text), "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x96\xA8");
-}
-
-TEST(Utf8Test, TakesNoOverlongFormsAndNoSurrogates) {
-    for (const std::string_view bytes :
-         {"\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF", "\xE2\x82"}) {
-        EXPECT_FALSE(packagecheck::FirstCharacter(bytes).isValid);
-    }
-}
-
-TEST(Utf8Test, QuotesWhatATerminalWouldObey) {
-    EXPECT_EQ(packagecheck::Quoted(L"a\x1b[31m\n\u202Eb"), "\"a\\u001B[31m\\u000A\\u202Eb\"");
-    EXPECT_EQ(packagecheck::Quoted(std::wstring(81, L'x')), "\"" + std::string(80, 'x') + "...\"");
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "CommonLib/Utf8.h"
 #include "settings/TagDocument.h"
 #include "tools/PackageCheck/TagFile.h"
-#include "tools/PackageCheck/Utf8.h"
 
 using packagecheck::Decoding;
 using packagecheck::FoundTag;
@@ -22,7 +22,7 @@ class TakenElementsTest : public testing::TestWithParam<const char*> {};
 
 // The names are the wizard's own; what could differ is that one of them is found nowhere.
 TEST_P(TakenElementsTest, HasAPlaceForEachElementThatTheWizardTakes) {
-    EXPECT_EQ(NamesTaken(GetParam()), TagDocument::ListElementNames(packagecheck::FromUtf8(GetParam())));
+    EXPECT_EQ(NamesTaken(GetParam()), TagDocument::ListElementNames(FromUtf8(GetParam())));
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, TakenElementsTest,

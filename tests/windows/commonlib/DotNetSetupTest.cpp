@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "CommonLib/DotNetSetup.h"
+#include "CommonLib/Utf8.h"
 #include "tests/windows/world/ChildProcess.h"
 #include "tests/windows/world/LogWorld.h"
 #include "tests/windows/world/ScratchFolder.h"

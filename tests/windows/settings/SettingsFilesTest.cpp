@@ -3,6 +3,7 @@
 #include <cerrno>
 
 #include "CommonLib/Files.h"
+#include "CommonLib/Utf8.h"
 #include "framework/Handles.h"
 #include "settings/SettingsFiles.h"
 #include "tests/windows/world/PatchedImport.h"

@@ -31,15 +31,6 @@ std::string ReadBytes(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string ToUtf8(std::wstring_view text) {
-    const auto length = static_cast<int>(text.size());
-    std::string bytes(text.size() * 3, '\0');
-    const int written = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
-                                            static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(written));
-    return bytes;
-}
-
 std::string ToUtf16Bytes(std::wstring_view text) {
     return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)};
 }

@@ -25,6 +25,5 @@ private:
 void WriteBytes(const std::filesystem::path& path, std::string_view bytes = {});
 std::string ReadBytes(const std::filesystem::path& path);
 
-std::string ToUtf8(std::wstring_view text);
 // The text as UTF-16 with the low byte first.
 std::string ToUtf16Bytes(std::wstring_view text);

@@ -1,5 +1,6 @@
 #include "tests/windows/world/TestApp.h"
 
+#include "CommonLib/Utf8.h"
 #include "tests/windows/world/ScratchFolder.h"
 
 void TestApp::OnUnhandledException(const std::wstring& where, const std::string& what) noexcept {
