@@ -32,5 +32,12 @@ in_network() { python3 tests/network/in_network.py "$@"; }
 # inside, since a prefix's server holds all its sockets.
 network_prefix() { echo "$wine_home/${NETWORK_FOLDER:+simulated-}$1"; }
 
+# network_windows NAME: a new Windows in this network, in $prefix, which stops with the script.
+network_windows() {
+    prefix=$(network_prefix "$1")
+    wine_new_prefix "$prefix"
+    trap 'wine_stop "$prefix"' EXIT
+}
+
 # network_tool PROGRAM ARGUMENTS...: runs one of the unpacked programs.
 network_tool() { LD_LIBRARY_PATH=$NETWORK_LIBRARIES MIBS='' "$@"; }

@@ -9,8 +9,6 @@ source scripts/wine.sh
 source scripts/network.sh
 
 build_folder=${BUILD_DIR:-build/windows}
-prefix=$(network_prefix finding)
-wine_new_prefix "$prefix"
-trap 'wine_stop "$prefix"' EXIT
+network_windows finding
 cp "$build_folder"/standins/{Sondrix,Quelmar}.dll "$build_folder/AskNetwork.exe" "$prefix/drive_c/"
 ASK_NETWORK='C:\AskNetwork.exe' "$@"

@@ -9,9 +9,7 @@ source scripts/wine.sh
 source scripts/network.sh
 
 build_folder=${BUILD_DIR:-build/windows}
-prefix=$(network_prefix walking)
-wine_new_prefix "$prefix"
-trap 'wine_stop "$prefix"' EXIT
+network_windows walking
 wine_add_printing
 cp -r out/package "$prefix/drive_c/Package"
 cp "$build_folder/WizardRemote.exe" "$prefix/drive_c/Package/Setup/x64/"
