@@ -50,7 +50,7 @@ for text in "$sources"/eula/EULA_*.txt; do
     language=$(basename "$text" .txt)
     language=${language#EULA_}
     page=$(sed -n 's:.*<CODE_PAGE>\(.*\)</CODE_PAGE>.*:\1:p' "$sources/strings/${language}_strings.xml")
-    sed 's/$/\r/' "$text" | iconv -f UTF-8 -t "WINDOWS-$page" >"$tree/Notices/EULA/EULA_$language.txt"
+    sed 's/$/\r/' "$text" | iconv -f UTF-8 -t "CP$page" >"$tree/Notices/EULA/EULA_$language.txt"
 done
 
 cp -p "$sources"/settings/interactive/*.xml "$tree/Setup/"
