@@ -12,6 +12,7 @@ prefix=$(network_prefix demo)
 wine_new_prefix "$prefix"
 trap 'wine_stop "$prefix"' EXIT
 add_title_fonts "$prefix"
+add_letters "$prefix"
 wine_add_printing
 cp -r out/package "$prefix/drive_c/Package"
 (cd "$prefix/drive_c/Package/Setup/x64" && wine Kestrune.exe < /dev/null)

@@ -15,8 +15,10 @@ else
 fi
 
 prefix=$wine_home/windows-tests
-wine_new_prefix "$prefix"
+prepare_fonts || exit 1
 start_display
+wine_new_prefix "$prefix"
+add_letters "$prefix"
 folder=$build_folder/tests/windows/tree/Setup/x64
 
 # A program cannot start another one in another language, so the companion is asked from here.
@@ -28,6 +30,34 @@ for locale in zh-SG sr-Latn-RS sr-Cyrl-RS; do
 done >> "$folder/UserLanguages.txt"
 
 run_tests() { run_to_its_end timeout 600 wine "$folder/kestrune_windows_tests.exe" "$@"; }
+
+# The tests lay packages out around their program, so a second program has a folder of its own.
+finer_folder=$build_folder/tests/windows-finer
+
+# Whether the texts fit on finer screens too, each in a Windows of its own, since the resolution is read when it starts.
+# On another display, where no window takes the focus from a test's.
+fit_finer_screens() {
+    local dots folder=$finer_folder/tree/Setup/x64
+    start_display
+    for dots in 120 144 192; do
+        wine_new_prefix "$prefix-$dots"
+        add_letters "$prefix-$dots"
+        wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dots" /f > /dev/null
+        echo "With $dots dots per inch:"
+        run_tests --gtest_brief=1 '--gtest_filter=*FittingTextsTest*' || return 1
+        wine_stop "$prefix-$dots"
+    done
+}
+
+finer_log=
+if [ $# = 0 ]; then
+    finer_log=$(mktemp)
+    rm -rf "$finer_folder"
+    mkdir "$finer_folder"
+    cp -r "$build_folder"/tests/windows/{strings,tree} "$finer_folder/"
+    fit_finer_screens > "$finer_log" 2>&1 &
+    finer_process=$!
+fi
 
 # What failed among hundreds of others in one process is tried once more in a fresh one: a thread of the system that ends
 # late is no fault of the program. A test that fails there as well has failed.
@@ -43,4 +73,9 @@ if [ "$code" != 0 ] && [ -n "$failed" ]; then
     code=$?
 fi
 wine_stop "$prefix"
+if [ -n "$finer_log" ]; then
+    wait "$finer_process" || code=1
+    cat "$finer_log"
+    rm -f "$finer_log"
+fi
 exit "$code"

@@ -145,6 +145,7 @@ print_page() {
 wine_new_prefix "$prefix"
 trap 'wine_stop "$prefix"' EXIT
 add_title_fonts "$prefix"
+add_letters "$prefix"
 wine_add_printing
 cp -r out/package "$package"
 cp build/windows/WizardRemote.exe "$package/Setup/x64/"

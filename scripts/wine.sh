@@ -58,11 +58,21 @@ wine_new_prefix() {
     wineserver -p > /dev/null 2>&1 < /dev/null
 }
 
-# Brings the fonts of title bars: their signs, and letters of every script. Installed, they and what comes with them would
-# change the size of every dialog, so they are unpacked.
-prepare_title_fonts() { unpack_packages "$wine_home/fonts" fonts-dejavu-core fonts-wine; }
+# Brings the fonts that a Windows has and Wine lacks. Installed, they and what comes with them would change the size of
+# every dialog, so they are unpacked.
+prepare_fonts() { unpack_packages "$wine_home/fonts" fonts-dejavu-core fonts-droid-fallback fonts-wine; }
 
-# add_title_fonts PREFIX: lets the title bars of a prefix have them, and nothing else.
+# add_letters PREFIX: gives the prefix the letters of Chinese, Japanese, Korean and Thai for the pages, whose own font leaves
+# them to the system. Before its first program that draws.
+add_letters() {
+    local fonts=$wine_home/fonts/usr/share/fonts/truetype/droid
+    [ -d "$fonts" ] || return 0
+    cp "$fonts/DroidSansFallbackFull.ttf" /usr/share/fonts/truetype/noto/NotoSansThai-Regular.ttf "$1/drive_c/windows/Fonts/"
+    wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink' /v Velmora /t REG_MULTI_SZ \
+        /d 'DroidSansFallbackFull.ttf,Droid Sans Fallback\0NotoSansThai-Regular.ttf,Noto Sans Thai' /f > /dev/null
+}
+
+# add_title_fonts PREFIX: gives the title bars of a prefix their signs, and letters of every script.
 add_title_fonts() {
     local fonts=$wine_home/fonts/usr/share
     [ -d "$fonts" ] || return 0

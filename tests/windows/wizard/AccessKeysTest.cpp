@@ -2,32 +2,25 @@
 
 #include <windows.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <tuple>
 
-#include "CommonLib/Files.h"
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/EveryDialog.h"
+#include "tests/windows/world/SampleLanguages.h"
 #include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
 
-using AccessKeysCase = std::tuple<DialogCase, const char*>;
+using AccessKeysCase = std::tuple<DialogCase, std::string>;
 
 class AccessKeysTest : public SettingsWorld, public testing::WithParamInterface<AccessKeysCase> {
 protected:
     AccessKeysTest() {
-        const auto texts = std::filesystem::path(GetExeDirectory()) / L".." / L".." / L".." / L"strings" /
-                           (std::string(std::get<1>(GetParam())) + "_strings.xml");
-        std::ifstream file(texts, std::ios::binary);
-        EXPECT_TRUE(file.is_open());
-        AddTexts(std::string(std::istreambuf_iterator(file), {}));
+        AddTexts(SampleTexts(std::get<1>(GetParam())));
         ReadTextsAnew();
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
         window.ShowWindow(SW_SHOW);
@@ -81,7 +74,7 @@ TEST_P(AccessKeysTest, LeadToOneControlEach) {
 
 INSTANTIATE_TEST_SUITE_P(All, AccessKeysTest,
                          testing::Combine(testing::ValuesIn(EveryDialog()),
-                                          testing::Values("en", "de", "ar")),
+                                          testing::ValuesIn(SampleLanguages())),
                          [](const testing::TestParamInfo<AccessKeysCase>& given) {
                              return std::get<0>(given.param).name + std::string("_") +
                                     std::get<1>(given.param);

@@ -8,15 +8,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <iterator>
 #include <optional>
 #include <set>
 #include <tuple>
 
-#include "CommonLib/Files.h"
 #include "framework/CMFCLinkCtrl.h"
 #include "resources/resource.h"
 #include "settings/TagNames.h"
@@ -25,6 +22,7 @@
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/EveryDialog.h"
 #include "tests/windows/world/FakeHighContrast.h"
+#include "tests/windows/world/SampleLanguages.h"
 #include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "wizard/CQorLinkButton.h"
@@ -162,10 +160,7 @@ using ContrastCase = std::tuple<DialogCase, ContrastTheme>;
 class ContrastPagesTest : public SettingsWorld, public testing::WithParamInterface<ContrastCase> {
 protected:
     ContrastPagesTest() {
-        const auto texts =
-            std::filesystem::path(GetExeDirectory()) / L".." / L".." / L".." / L"strings" / L"en_strings.xml";
-        std::ifstream file(texts, std::ios::binary);
-        AddTexts(std::string(std::istreambuf_iterator(file), {}));
+        AddTexts(SampleTexts("en"));
         ReadTextsAnew();
         tree.Add(L"Notices\\EULA\\eula_en.txt", "Be kind.\n");
         Settings().SetString(Tag::INFOCENTER_LINK, L"http://help.test");
