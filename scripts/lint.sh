@@ -26,10 +26,11 @@ check() {
 
 format() { clang-format --dry-run -Werror "${sources[@]}"; }
 
-# Who includes whom, the names of ids, the heads of headers, what headers say of tags, and the picture of the folders.
+# Who includes whom, the names of ids, the heads of headers, what headers say of tags, the picture of the folders, and the
+# texts of the languages.
 includes() {
     python3 scripts/check-includes.py && python3 scripts/check-resource-ids.py && python3 scripts/check-dialect.py &&
-        python3 scripts/check-tags.py && python3 scripts/draw-folders.py --check
+        python3 scripts/check-tags.py && python3 scripts/draw-folders.py --check && python3 scripts/check-languages.py
 }
 
 tidy() { python3 scripts/run-tidy.py build/windows src framework standins tools package; }
