@@ -21,6 +21,8 @@ MAJOR_UPGRADE = '    <MajorUpgrade DowngradeErrorMessage="A newer version is ins
 TEMPLATE = pathlib.Path(__file__).with_name("package.wxs.in")
 PRINTER_ACTIONS = pathlib.Path(__file__).parent.parent / "standins/PrinterQueue/PrinterQueue.wxi"
 PRINTER_LIBRARY = "PrinterQueue.dll"
+# Tells msibuild in which code page a package keeps its text: in UTF-8.
+CODE_PAGE = "\r\n\r\n65001\t_ForceCodepage\r\n"
 
 
 def code(*parts):
@@ -72,13 +74,36 @@ def further_elements(package):
     return package.get("extra", "") + actions
 
 
+def read_names(folder):
+    """The translated properties of each package, by its id, from one file for each language."""
+    names = {}
+    for path in sorted(folder.glob("*.toml")):
+        data = tomllib.loads(path.read_text(encoding="utf-8"))
+        language = data.pop("language")
+        for package, values in data.items():
+            names.setdefault(package, {}).update({f"{name}.{language}": value for name, value in values.items()})
+    return names
+
+
+def name_statements(package):
+    """wixl loses text beyond Latin-1, so what is not ASCII goes in afterwards."""
+    statements = []
+    for name, value in package.get("properties", {}).items():
+        if value.isascii():
+            continue
+        if "'" in value:
+            sys.exit(f"make_packages.py: {package['id']}: {name} holds ', which a statement cannot; write \u2019")
+        statements += ["-q", f"INSERT INTO `Property` (`Property`, `Value`) VALUES ('{name}', '{value}')"]
+    return statements
+
+
 def describe(package, manufacturer, payload):
     components = [file_component(index, package, target, source)
                   for index, (target, source) in enumerate(payload.items())]
     components.append(record_component(package, manufacturer))
     ids = [f"File{index}" for index in range(len(payload))] + ["Record"]
     properties = "".join(f"    <Property {attributes(Id=name, Value=value)}/>\n"
-                         for name, value in package.get("properties", {}).items())
+                         for name, value in package.get("properties", {}).items() if value.isascii())
     family = package.get("family", package["id"])
     return string.Template(TEMPLATE.read_text(encoding="utf-8")).substitute(
         product_code=code("product", package.get("product", package["id"] + package["version"])),
@@ -123,6 +148,12 @@ def action_statements(package):
     return statements
 
 
+def write_if_changed(path, text):
+    if not path.is_file() or path.read_text(encoding="utf-8") != text:
+        path.write_text(text, encoding="utf-8", newline="")
+    return path
+
+
 def is_current(msi, sources):
     return msi.is_file() and all(source.stat().st_mtime <= msi.stat().st_mtime for source in sources)
 
@@ -135,15 +166,16 @@ def build(package, manufacturer, output, folders):
     text = describe(package, manufacturer, {target: os.path.relpath(path, output) for target, path in payload.items()})
     for binary in binaries:
         text = text.replace(f'SourceFile="{binary.name}"', f"SourceFile={quoteattr(os.path.relpath(binary, output))}")
-    wxs = output / (package["file"] + ".wxs")
+    statements = ["-q", secure_statement(package), *action_statements(package), *name_statements(package)]
     msi = output / package["file"]
-    if not wxs.is_file() or wxs.read_text(encoding="utf-8") != text:
-        wxs.write_text(text, encoding="utf-8")
-    if is_current(msi, [pathlib.Path(__file__), PRINTER_ACTIONS, wxs, *payload.values(), *binaries]):
+    wxs = write_if_changed(output / (package["file"] + ".wxs"), text)
+    sql = write_if_changed(output / (package["file"] + ".sql"), "\n".join(statements))
+    if is_current(msi, [pathlib.Path(__file__), PRINTER_ACTIONS, wxs, sql, *payload.values(), *binaries]):
         return
+    code_page = write_if_changed(output / "code-page.idt", CODE_PAGE)
     unfinished = msi.with_suffix(".unfinished")
     subprocess.run(["wixl", "-a", "x64", "-o", unfinished.name, wxs.name], cwd=output, check=True)
-    subprocess.run(["msibuild", unfinished.name, "-q", secure_statement(package), *action_statements(package)], cwd=output, check=True)
+    subprocess.run(["msibuild", unfinished.name, "-i", code_page.name, *statements], cwd=output, check=True)
     unfinished.replace(msi)
     print(f"built {msi.name}")
 
@@ -169,7 +201,12 @@ def main():
     output.mkdir(parents=True, exist_ok=True)
     folders = [folder.resolve() for folder in [arguments.list.parent, *arguments.payload]]
     data = tomllib.loads(arguments.list.read_text(encoding="utf-8"))
+    names = read_names(arguments.list.parent / "names")
+    unknown = names.keys() - {package["id"] for package in data["package"]}
+    if unknown:
+        sys.exit(f"make_packages.py: names for {', '.join(sorted(unknown))}, which no package has as its id")
     for package in data["package"]:
+        package["properties"] = package.get("properties", {}) | names.get(package["id"], {})
         build(package, data["manufacturer"], output, folders)
         if arguments.tree:
             lay(package, output, arguments.tree)

@@ -3,13 +3,17 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <msi.h>
 
+#include "CommonLib/Files.h"
 #include "resources/resource.h"
 #include "tests/wizard/PageTest.h"
 
 using testing::Not;
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr COLORREF failureColour = RGB(255, 0, 0);
 constexpr COLORREF successColour = RGB(0, 255, 0);
@@ -143,6 +147,51 @@ TEST_F(FinishPageTest, ListsTheSoftwareWithItsOutcome) {
     wizard.Press(IDOK);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(list); }));
     EXPECT_TRUE(WaitUntilEnabled(IDC_FINISH));
+}
+
+// The names of the sample's packages, out of their real files by the library that reads them.
+class TranslatedNamesTest : public PageTest {
+protected:
+    void SetUp() override {
+        PageTest::SetUp();
+        const fs::path library = tree.ProgramFolder() / L"Brevanto.dll";
+        fs::remove(library);
+        fs::copy_file(BuildFolder() / L"standins" / L"Brevanto.dll", library);
+        fs::create_directories(package.parent_path());
+        fs::copy_file(fs::path(GetExeDirectory()) / L"packages" / package.filename(), package);
+        tree.SetSettings(
+            std::wstring(Settings::shownFromProgress) +
+            L"<HIDE_CONNECTIVITY>true</HIDE_CONNECTIVITY><AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>");
+    }
+    void TearDown() override {
+        MsiSetInternalUI(INSTALLUILEVEL_NONE, nullptr);
+        MsiInstallProductW(package.c_str(), L"REMOVE=ALL");
+        PageTest::TearDown();
+    }
+
+    // The name of the only package, in the list of what was installed.
+    std::wstring NameIn(const std::wstring& code, const std::wstring& languageId) {
+        tree.SetText(L"LANGUAGE_ID", languageId, code);
+        wizard.Start(L"-lang=" + code);
+        wizard.WaitForControl(IDC_OUTCOME_TITLE);
+        wizard.Press(IDC_FINISH_SOFTWARE_LIST_LINK);
+        return wizard.CellOf(wizard.WaitForControl(IDC_STATUS_LIST), 0, 1);
+    }
+
+private:
+    const fs::path package = tree.Root() / L"Applications" / L"x64" / L"HalvennyStatusCenter.msi";
+};
+
+TEST_F(TranslatedNamesTest, AreListedInJapanese) {
+    EXPECT_EQ(NameIn(L"ja", L"1041"), L"Halvenny \u30b9\u30c6\u30fc\u30bf\u30b9 \u30bb\u30f3\u30bf\u30fc");
+}
+
+TEST_F(TranslatedNamesTest, AreListedInVietnamese) {
+    EXPECT_EQ(NameIn(L"vi", L"1066"), L"Halvenny Trung t\u00e2m tr\u1ea1ng th\u00e1i");
+}
+
+TEST_F(TranslatedNamesTest, AreListedInEnglishWhereNobodyTranslatedThem) {
+    EXPECT_EQ(NameIn(L"en", L"1033"), L"Halvenny Status Center");
 }
 
 // A system that can be told to report another version shows what an old one says of a scanner's driver.

@@ -50,6 +50,13 @@ TEST_F(PropertiesTest, AreTakenForTheLanguage) {
     EXPECT_THAT(english, Not(HasSubstr(L"DRIVERNAME")));
 }
 
+TEST_F(PropertiesTest, AreReadInEveryScript) {
+    EXPECT_THAT(Ask(L"translated.msi", L"1041", 4096).text,
+                HasSubstr(L"<MSIDESCRIPTION>\u8aac\u660e\u3067\u3059</MSIDESCRIPTION>"));
+    EXPECT_THAT(Ask(L"translated.msi", L"1066", 4096).text,
+                HasSubstr(L"<MSIDESCRIPTION>M\u1ed9t l\u1eddi m\u00f4 t\u1ea3</MSIDESCRIPTION>"));
+}
+
 TEST_F(PropertiesTest, ThatDoNotFitTellTheirLengthAndLeaveTheBufferAlone) {
     const Answer first = Ask(L"long.msi", L"1033", 2048);
     EXPECT_EQ(first.code, static_cast<std::uint32_t>(ERROR_INSUFFICIENT_BUFFER));
