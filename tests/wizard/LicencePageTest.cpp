@@ -63,6 +63,24 @@ TEST_F(LicencePageTest, ReadsTheTextInTheLanguagesCodePage) {
     EXPECT_THAT(WizardDriver::TextOf(licence), HasSubstr(L"\x0414\x0430"));
 }
 
+TEST_F(LicencePageTest, ReadsLettersOfTwoBytes) {
+    tree.SetText(L"CODE_PAGE", L"932");
+    const HWND licence = StartWith("\x8C\x5F\x96\xF1\n");
+    EXPECT_THAT(WizardDriver::TextOf(licence), HasSubstr(L"\x5951\x7D04"));
+}
+
+// The page of Vietnamese keeps the tone apart from its letter, and whoever shows the text joins them.
+TEST_F(LicencePageTest, ReadsTonesThatFollowTheirLetters) {
+    tree.SetText(L"CODE_PAGE", L"1258");
+    const std::wstring shown = WizardDriver::TextOf(StartWith("Ti\xEA\xECng Vi\xEA\xF2t\n"));
+    std::wstring joined(shown.size() * 2, L'\0');
+    const int length = NormalizeString(NormalizationC, shown.c_str(), static_cast<int>(shown.size()),
+                                       joined.data(), static_cast<int>(joined.size()));
+    ASSERT_GT(length, 0);
+    joined.resize(static_cast<std::size_t>(length));
+    EXPECT_THAT(joined, HasSubstr(L"Ti\x1EBFng Vi\x1EC7t"));
+}
+
 TEST_F(LicencePageTest, LogsTheAgreement) {
     StartWith("Be kind.\n");
     wizard.Press(IDOK);
