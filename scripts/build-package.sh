@@ -45,12 +45,14 @@ done
 "$sources/make_packages.py" "$sources/packages/packages.toml" "$build/package/packages" "$build/package" \
     "$build/standins/PrinterQueue" --tree "$tree"
 
+# code_page LANGUAGE: the one that the language file of the language names.
+code_page() { sed -n 's:.*<CODE_PAGE>\(.*\)</CODE_PAGE>.*:\1:p' "$sources/strings/$1_strings.xml"; }
+
 # The licence texts are kept in UTF-8 and shipped in the code page that the language file of their language names.
 for text in "$sources"/eula/EULA_*.txt; do
     language=$(basename "$text" .txt)
     language=${language#EULA_}
-    page=$(sed -n 's:.*<CODE_PAGE>\(.*\)</CODE_PAGE>.*:\1:p' "$sources/strings/${language}_strings.xml")
-    sed 's/$/\r/' "$text" | iconv -f UTF-8 -t "CP$page" >"$tree/Notices/EULA/EULA_$language.txt"
+    sed 's/$/\r/' "$text" | iconv -f UTF-8 -t "CP$(code_page "$language")" >"$tree/Notices/EULA/EULA_$language.txt"
 done
 
 cp -p "$sources"/settings/interactive/*.xml "$tree/Setup/"
@@ -61,13 +63,17 @@ cp -rp "$build/package/images" "$tree/Setup/res/"
 # The licence of the font that the program holds.
 cp -p /usr/share/doc/fonts-noto-core/copyright "$tree/Notices/Velmora.txt"
 
-# The help of each language, compiled where its sources have changed.
-for help in "$sources"/help/*; do
+# The help of each language, compiled where its sources have changed. The pages say that they are in UTF-8; the viewer takes
+# the contents and the title to be in the code page of the language, so they are kept in UTF-8 and converted.
+for help in "$sources"/help/*/; do
     language=$(basename "$help")
     compiled=$build/package/help/$language
-    if [ ! -f "$compiled/install.chm" ] || [ -n "$(find "$help" -newer "$compiled/install.chm")" ]; then
+    if [ ! -f "$compiled/install.chm" ] || [ -n "$(find "$help" "$sources/help/style.css" -newer "$compiled/install.chm")" ]; then
         mkdir -p "$compiled"
-        cp "$help"/* "$compiled/"
+        cp "$sources/help/style.css" "$help"*.html "$compiled/"
+        for text in install.hhc install.hhp; do
+            iconv -f UTF-8 -t "CP$(code_page "$language")" "$help$text" > "$compiled/$text"
+        done
         (cd "$compiled" && chmcmd install.hhp) > "$build/help.log" 2>&1 || { cat "$build/help.log" >&2; exit 1; }
     fi
     mkdir -p "$tree/Setup/$language"

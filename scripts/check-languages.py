@@ -4,6 +4,7 @@
 Where an English text has a term, the translation has one of the forms that its language uses for it. A text that is the
 same in both is one that the glossary names. A language has its texts in the order of the English file, an access key
 wherever English has one, a licence text that its code page holds, and translated names that go to its own LANGUAGE_ID.
+Where a language has help of its own, that has the pages of the English one.
 
 usage: scripts/check-languages.py [FOLDER]
 The folder is that of the sample, unless another one is named.
@@ -17,8 +18,8 @@ import unicodedata
 TEXT = re.compile(r"<([A-Z_0-9]+)>(.*)</\1>")
 # What the head of a file says of its language is no text.
 HEAD = {"LANGUAGE_ID", "READING_ORDER", "CODE_PAGE"}
-# The licence texts are converted and read back by the tables that Windows has; those of two pages have other names here.
-CODECS = {"936": "gbk", "65001": "utf-8"}
+# Code pages that have another name here.
+CODECS = {"936": "gbk"}
 
 findings = []
 
@@ -101,6 +102,10 @@ def check_licence(language, folder):
     if not path.is_file():
         report(path, 1, "is missing")
         return
+    check_code_page(language, path)
+
+
+def check_code_page(language, path):
     page = language.texts["CODE_PAGE"]
     codec = CODECS.get(page, f"cp{page}")
     for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
@@ -111,6 +116,32 @@ def check_licence(language, folder):
                 letter.encode(codec)
             except UnicodeEncodeError:
                 report(path, number, f"\"{letter}\" (U+{ord(letter):04X}) is not in the code page {page}")
+
+
+def check_help(language, folder):
+    """The help of a language has the pages of the English one, and what the viewer asks of their encodings."""
+    own, model = folder / "help" / language.code, folder / "help/en"
+    if not own.is_dir():
+        return
+    for name in sorted({path.name for path in own.iterdir()} ^ {path.name for path in model.iterdir()}):
+        report(own / name, 1, "is in the help of one of English and this language")
+    project, contents = own / "install.hhp", own / "install.hhc"
+    head, lists = (project.read_text(encoding="utf-8").partition("[FILES]")[part] for part in (0, 2))
+    if lists != (model / "install.hhp").read_text(encoding="utf-8").partition("[FILES]")[2]:
+        report(project, 1, "has other files or topics than the English help")
+    number = re.search("^Language=(0x[0-9a-f]+)", head, re.MULTILINE)
+    if number is None or str(int(number[1], 16)) != language.texts["LANGUAGE_ID"]:
+        report(project, 1, "has another language than LANGUAGE_ID")
+    for path in (project, contents):
+        check_code_page(language, path)
+    names = dict(re.findall(r'value="([^"]*)"><param name="Local" value="([^"]*)"', contents.read_text(encoding="utf-8")))
+    root = f'<html lang="{language.code}"' + (' dir="rtl">' if language.texts["READING_ORDER"] == "RTL" else ">")
+    for title, name in names.items():
+        page = (own / name).read_text(encoding="utf-8") if (own / name).is_file() else ""
+        wanted = (root, '<meta charset="utf-8">', f"<title>{title}</title>", f"<h1>{title}</h1>")
+        for part in wanted:
+            if part not in page:
+                report(own / name, 1, f"has no {part}")
 
 
 def tone_apart(letter):
@@ -144,6 +175,7 @@ def main():
     for path in sorted((folder / "strings").glob("*_strings.xml")):
         language = Language(folder, path.name.removesuffix("_strings.xml"))
         check_licence(language, folder)
+        check_help(language, folder)
         if language.code == "en":
             continue
         check_keys(language, english)
