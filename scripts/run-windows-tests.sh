@@ -16,6 +16,7 @@ fi
 
 prefix=$wine_home/windows-tests
 prepare_fonts || exit 1
+scripts/make-pictures.sh "$build_folder/package/images"
 start_display
 wine_new_prefix "$prefix"
 add_letters "$prefix"
@@ -77,5 +78,6 @@ if [ -n "$finer_log" ]; then
     wait "$finer_process" || code=1
     cat "$finer_log"
     rm -f "$finer_log"
+    scripts/check-pictures.sh "$build_folder/tests/windows/pictures" || code=1
 fi
 exit "$code"

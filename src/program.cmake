@@ -12,6 +12,7 @@ set(NOTO /usr/share/fonts/truetype/noto)
 add_custom_command(OUTPUT ${FONT}
   COMMAND ${CMAKE_SOURCE_DIR}/scripts/make-font.py ${FONT}
           ${NOTO}/NotoSans-Regular.ttf ${NOTO}/NotoSansArabic-Regular.ttf ${NOTO}/NotoSansHebrew-Regular.ttf
+          ${NOTO}/NotoSansThai-Regular.ttf
   DEPENDS scripts/make-font.py VERBATIM)
 
 add_executable(Kestrune WIN32 src/app/Kestrune.cpp resources/Kestrune.rc)

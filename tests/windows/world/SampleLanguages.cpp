@@ -29,3 +29,7 @@ std::vector<std::string> SampleLanguages() {
 std::string SampleTexts(const std::string& language) {
     return ReadBytes(TextsFolder() / (language + fileEnd));
 }
+
+std::string SampleLicence(const std::string& language) {
+    return ReadBytes(TextsFolder() / ("EULA_" + language + ".txt"));
+}

@@ -9,3 +9,6 @@ std::vector<std::string> SampleLanguages();
 
 // The bytes of a language's file.
 std::string SampleTexts(const std::string& language);
+
+// The licence text of a language, in UTF-8.
+std::string SampleLicence(const std::string& language);
