@@ -65,6 +65,8 @@ void ModifySearchDlg::SetUpTexts() {
     SetUpControl(IDC_MODIFY_SEARCH_BY_SUBNET, TextKey::SUBNET_SEARCH, fontBody);
     SetUpControl(IDC_MODIFY_SEARCH_ADDRESS_LABEL, TextKey::IP_ADDRESS, fontBody);
     SetUpControl(IDC_MODIFY_SEARCH_MASK_LABEL, TextKey::SUBNET_MASK, fontBody);
+    ::SetWindowTextW(GetDlgItem(IDC_MODIFY_SEARCH_HOST_LABEL),
+                     GetPlainText(TextKey::IP_HOSTNAME_SEARCH).c_str());
     for (const int id : {IDC_MODIFY_SEARCH_HOST, IDC_MODIFY_SEARCH_ADDRESS, IDC_MODIFY_SEARCH_MASK})
         SetControlFont(id, fontBody);
     SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);

@@ -24,7 +24,7 @@ namespace {
 // Makes the control report every kind of scrolling.
 constexpr LPARAM scrollEvents = 0xBD;
 // Comes back to the page when the control has done what it reports.
-constexpr UINT scrollDone = WM_APP;
+constexpr UINT scrollDone = firstPageMessage;
 
 }  // namespace
 

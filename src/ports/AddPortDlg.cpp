@@ -30,12 +30,6 @@ constexpr std::size_t portNameRead = 63;
 constexpr std::size_t addressRead = 255;
 constexpr std::size_t pathRead = 255;
 
-std::wstring WithoutMnemonic(std::wstring text) {
-    const std::size_t place = text.find(L'&');
-    if (place != std::wstring::npos) text.erase(place, 1);
-    return text;
-}
-
 }  // namespace
 
 const MessageMap& AddPortDlg::GetMessageMap() const {
@@ -112,6 +106,7 @@ void AddPortDlg::SetUpButtons() {
 void AddPortDlg::SetUpTexts() {
     SetUpControl(IDC_ADD_PORT_TITLE, TextKey::DISCOVERY_TITLE, fontHeading);
     SetUpControl(IDC_ADD_PORT_HEADING, TextKey::SELECT_PORT_TITLE, fontHeading);
+    SetLocalizedText(IDC_ADD_PORT_LIST_LABEL, TextKey::DISCOVERED_PORTS);
     SetUpControl(IDC_ADD_PORT_NAME_LABEL, TextKey::PORT_NAME_TEXT, fontBody);
     SetUpControl(IDC_ADD_PORT_ADDRESS_LABEL, TextKey::IP_ADDRESS_TEXT, fontBody);
     SetUpControl(IDC_ADD_PORT_PATH_LABEL, TextKey::NETWORK_PATH_TEXT, fontBody);
@@ -128,14 +123,14 @@ void AddPortDlg::SetUpTexts() {
 }
 
 void AddPortDlg::MakeColumns() {
-    portList.InsertColumn(0, WithoutMnemonic(GetLocalizedText(TextKey::PORT_NAME_TEXT)));
+    portList.InsertColumn(0, GetPlainText(TextKey::PORT_NAME_TEXT));
     portList.InsertColumn(1, GetLocalizedText(TextKey::PORT_TYPE_TEXT));
     FitColumns();
 }
 
 // A heading needs more room than its text, which not every system reckons with.
 void AddPortDlg::FitColumns() {
-    const std::wstring heading = WithoutMnemonic(GetLocalizedText(TextKey::PORT_NAME_TEXT));
+    const std::wstring heading = GetPlainText(TextKey::PORT_NAME_TEXT);
     const auto textWidth = static_cast<int>(
         portList.SendMessage(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(heading.c_str())));
     const int needed = textWidth + GetSystemMetrics(SM_CXVSCROLL);

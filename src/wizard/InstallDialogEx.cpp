@@ -118,6 +118,7 @@ void InstallDialogEx::Disappear() {
 }
 
 LRESULT InstallDialogEx::OnTakeFocus(WPARAM, LPARAM) {
+    TakeName();
     TakeFocus();
     return 0;
 }
@@ -143,6 +144,13 @@ HWND InstallDialogEx::FirstText() const {
         text = FindWindowExW(GetSafeHwnd(), text, WC_STATICW, nullptr);
     } while (text != nullptr && !TakesInput(text));
     return text;
+}
+
+void InstallDialogEx::TakeName() {
+    constexpr int longest = 256;
+    wchar_t name[longest] = {};
+    ::GetWindowTextW(FirstText(), name, longest);
+    ::SetWindowTextW(GetSafeHwnd(), name);
 }
 
 void InstallDialogEx::HandFocusOn(HWND from) {
@@ -245,6 +253,13 @@ void InstallDialogEx::InsertLocalizedString(HWND comboBox, int index, TextId key
 
 std::wstring InstallDialogEx::GetLocalizedText(TextId key) const {
     return localizer.GetString(key);
+}
+
+std::wstring InstallDialogEx::GetPlainText(TextId key) const {
+    std::wstring text = GetLocalizedText(key);
+    const std::size_t mark = text.find(L'&');
+    if (mark != std::wstring::npos) text.erase(mark, 1);
+    return text;
 }
 
 void InstallDialogEx::SetControlFont(int controlId, const Font& font) {

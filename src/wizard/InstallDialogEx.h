@@ -14,6 +14,9 @@
 #include "wizard/ControlState.h"
 #include "wizard/PageContext.h"
 
+// The first message that a page may send itself; the one before is that of all pages.
+inline constexpr UINT firstPageMessage = WM_APP + 1;
+
 // A page is created once, hidden, and lives until the process ends; a sub-dialog is shown by DoModal. The
 // windows belong to the thread that made them, and so do the fonts and icons, which no two dialogs share: a
 // dialog that a library's thread asks with has its own.
@@ -26,8 +29,9 @@ public:
     // Creates the window as a child of the main window, at that place of it. Returns false if that fails.
     [[nodiscard]] bool CreateAsPage(const RECT& place);
 
-    // Shows the page with the focus where the user is to begin, and hides it. A hidden page is disabled: it
-    // takes no key, and nothing gives it the focus. Any thread.
+    // Shows the page with the focus where the user is to begin, and hides it. A page has its first text,
+    // which is its heading, as its name: a screen reader says it when the focus comes to the page. A hidden
+    // page is disabled: it takes no key, and nothing gives it the focus. Any thread.
     void Appear();
     void Disappear();
     // Gives the focus to the page, unless it has it. The window's thread.
@@ -59,6 +63,8 @@ protected:
     // Inserts the text of the key into a combo box at that index.
     virtual void InsertLocalizedString(HWND comboBox, int index, TextId key);
     virtual std::wstring GetLocalizedText(TextId key) const;
+    // The same without the mark of an access key.
+    std::wstring GetPlainText(TextId key) const;
     // Redraws the part of this page under a control, for controls that let it show through.
     virtual void RedrawControl(HWND control);
     // The background of a control, for WM_CTLCOLORSTATIC.
@@ -113,6 +119,7 @@ private:
     LRESULT OnTakeFocus(WPARAM, LPARAM);
     void HandFocusOn(HWND from);
     HWND FirstText() const;
+    void TakeName();
     void ShowHelp();
     void MakeFonts();
     Font MakeFont(const std::wstring& face, int points, int weight, bool underlined) const;

@@ -61,6 +61,13 @@ std::optional<int> TextColourOf(HWND control) {
     return isField ? COLOR_WINDOWTEXT : COLOR_BTNTEXT;
 }
 
+// Some labels are for who hears the page, and have no size.
+bool HasSize(HWND control) {
+    RECT area{};
+    GetClientRect(control, &area);
+    return IsRectEmpty(&area) == FALSE;
+}
+
 // Texts for what has none in this world.
 BOOL CALLBACK GiveText(HWND control, LPARAM) {
     const std::wstring kind = ClassOf(control);
@@ -210,7 +217,7 @@ protected:
         for (HWND control = GetWindow(dialog.GetSafeHwnd(), GW_CHILD); control != nullptr;
              control = GetWindow(control, GW_HWNDNEXT)) {
             const std::optional<int> text = TextColourOf(control);
-            if (IsWindowVisible(control) == FALSE || !text) continue;
+            if (IsWindowVisible(control) == FALSE || !HasSize(control) || !text) continue;
             if (ClassOf(control) == WC_LISTVIEWW) ShowNoFocus(control);
             const std::set<COLORREF> colours = ColoursIn(control);
             const int id = GetDlgCtrlID(control);

@@ -144,6 +144,8 @@ protected:
         const Manner manner = MannerOf(control);
         if (!manner.isShown || text.empty()) return;
         SIZE room = RoomOf(control);
+        const bool isOnlyHeard = room.cx == 0 && room.cy == 0;
+        if (isOnlyHeard) return;
         room.cx -= manner.beside;
         const SIZE size = manner.wraps && NeedsADictionary(Language())
                               ? SizeOfBrokenText(control, text, room.cx)
