@@ -88,10 +88,8 @@ void ManufacturerDlg::SelectDefault() {
 void ManufacturerDlg::OnSelectionChange() {
     const int selected = list.GetCurSel();
     if (selected < 0) return;
-    const std::wstring& name = manufacturers.at(static_cast<std::size_t>(list.GetItemData(selected))).name;
-    ApplyBrand(settings, name);
-    const auto match = std::ranges::find(manufacturers, name, &Manufacturer::name);
-    if (match != manufacturers.end()) settings.SetString(Tag::OEMBYTE, match->oemByte);
+    const std::wstring name = manufacturers.at(static_cast<std::size_t>(list.GetItemData(selected))).name;
+    ChooseManufacturer(settings, manufacturers, name);
     EnableControl(IDOK, true);
 }
 

@@ -1,5 +1,7 @@
 #include "pages/ManufacturerList.h"
 
+#include <algorithm>
+
 #include "CommonLib/Vendor.h"
 #include "settings/TagNames.h"
 
@@ -33,6 +35,24 @@ std::wstring MarkFinalPoint(std::wstring name) {
 void ApplyBrand(InstallSettings& settings, std::wstring_view chosen) {
     const std::wstring oem = settings.GetString(Tag::OEM);
     settings.SetString(Tag::OEM_NAME, BrandFor(oem, chosen));
+}
+
+void ChooseManufacturer(InstallSettings& settings, const std::vector<Manufacturer>& manufacturers,
+                        const std::wstring& name) {
+    ApplyBrand(settings, name);
+    const auto match = std::ranges::find(manufacturers, name, &Manufacturer::name);
+    if (match != manufacturers.end()) settings.SetString(Tag::OEMBYTE, match->oemByte);
+}
+
+std::optional<std::wstring> PreselectedManufacturer(const std::vector<Manufacturer>& manufacturers,
+                                                    std::wstring_view wanted) {
+    const auto match = std::ranges::find(manufacturers, wanted, &Manufacturer::name);
+    if (match == manufacturers.end()) return std::nullopt;
+    auto place = match - manufacturers.begin();
+    for (const Manufacturer& entry : manufacturers) {
+        if (!entry.name.empty() && place-- == 0) return entry.name;
+    }
+    return std::nullopt;
 }
 
 void SettleManufacturers(InstallSettings& settings, const std::vector<Manufacturer>& manufacturers) {

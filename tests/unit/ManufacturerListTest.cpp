@@ -58,6 +58,16 @@ TEST(BrandTest, StaysThePackagesOwnWhateverIsPicked) {
     EXPECT_EQ(BrandFor(L"Halvenny", L""), L"Halvenny");
 }
 
+TEST(PreselectedManufacturerTest, IsTheNamedEntry) {
+    EXPECT_EQ(PreselectedManufacturer(ParseManufacturers(L"Veldt:1|Corvish:2"), L"Corvish"), L"Corvish");
+    EXPECT_EQ(PreselectedManufacturer(ParseManufacturers(L"Veldt:1|Corvish:2"), L"corvish"), std::nullopt);
+}
+
+TEST(PreselectedManufacturerTest, IsALaterOneAfterAnEntryWithoutAName) {
+    EXPECT_EQ(PreselectedManufacturer(ParseManufacturers(L":9|Veldt:1|Corvish:2"), L"Veldt"), L"Corvish");
+    EXPECT_EQ(PreselectedManufacturer(ParseManufacturers(L":9|Veldt:1|Corvish:2"), L"Corvish"), std::nullopt);
+}
+
 TEST(MarkFinalPointTest, PutsTheMarkBehindAFinalPointOnly) {
     EXPECT_EQ(MarkFinalPoint(L"Veldt Inc."), std::wstring(L"Veldt Inc.") + static_cast<wchar_t>(0x200E));
     EXPECT_EQ(MarkFinalPoint(L"V.eldt"), L"V.eldt");

@@ -1,152 +1,159 @@
-// The plan of a silent run against the run itself, for packages that a seed makes up.
+// Plans against the silent and the shown runs that they are of, for packages that a seed makes up.
 
+#include <algorithm>
 #include <array>
-#include <random>
-#include <utility>
+#include <optional>
+#include <string_view>
+#include <vector>
 
-#include "settings/TagDocument.h"
-#include "tests/wizard/WizardTest.h"
-#include "tools/PackageCheck/FolderTree.h"
-#include "tools/PackageCheck/Plan.h"
-
-using packagecheck::InstalledState;
+#include "CommonLib/Utf8.h"
+#include "resources/resource.h"
+#include "tests/wizard/GeneratedPackage.h"
+#include "tests/wizard/NetworkPageTest.h"
 
 namespace {
 
-// The tree of the test, with what the script says of the packages in place of what their files hold.
-class ScriptedTree : public packagecheck::FolderTree {
-public:
-    explicit ScriptedTree(const ::PackageTree& packageTree)
-        : FolderTree(packageTree.Root()), packages(packageTree.Packages()) {}
-
-    packagecheck::MsiReading ReadMsi(const std::string& path) const override {
-        packagecheck::MsiContents contents;
-        for (const TestPackage& package : packages) {
-            if (std::filesystem::path(package.path).generic_u8string() !=
-                std::u8string(path.begin(), path.end()))
-                continue;
-            for (const std::wstring& name : TagDocument::ListElementNames(package.properties))
-                contents.properties[name] = TagDocument::ValueOf(package.properties, name);
-        }
-        return {.contents = std::move(contents), .error = {}};
-    }
-
-private:
-    const std::vector<TestPackage>& packages;
-};
-
-using Installations = std::vector<std::pair<std::wstring, std::wstring>>;
-
-void AppendInstallations(const std::vector<packagecheck::PlannedPackage>& packages,
-                         Installations& installations) {
-    for (const packagecheck::PlannedPackage& package : packages) {
-        const std::filesystem::path file(std::u8string(package.file.begin(), package.file.end()));
-        if (IsInstalled(package)) installations.emplace_back(file.filename().wstring(), package.document);
-        AppendInstallations(package.dependents, installations);
-    }
-}
-
 class PlannedRunTest : public WizardTest, public testing::WithParamInterface<unsigned> {
 protected:
-    // One of so many, from 0.
-    std::size_t Pick(std::size_t count) { return random() % count; }
-    bool Toss() { return Pick(2) == 0; }
-
-    template <std::size_t count>
-    std::wstring OneOf(const std::array<const wchar_t*, count>& words) {
-        return words.at(Pick(count));
-    }
-
-    void MakeSettings() {
-        std::wstring settings =
-            Element(L"SILENT_INSTALL", L"true") + L"\r\n" + Element(L"WIN8_DRVTYPES", L"X;Y");
-        if (!takesAddress) settings += Element(L"HIDE_DISCOVERY", L"true");
-        for (const wchar_t* tag :
-             {L"OEM_NAME", L"PRINTER_NAME", L"PORT_NAME", L"HOST_NAME", L"DEFAULT_PRINTER_NAME", L"UPD",
-              L"WEBDRIVERVER", L"STARTAPP", L"SET_DEFAULT", L"ADD_PORT", L"PO_NAME_FROM_DISCOVERY",
-              L"AMAZON_SUPPORTED", L"IPADDRESS"}) {
-            if (Toss()) settings += L"\r\n" + Element(tag, OneOf<4>({L"1", L"TRUE", L"A", L"Lab printer"}));
-        }
-        settings += L"\r\n" + Element(L"MODEL_NAME", L"A:Loom") + L"\r\n";
-        tree.SetSettings(settings);
-        if (Pick(3) == 0) MakeDevices();
-    }
-
-    void MakeDevices() {
-        std::wstring devices;
-        for (std::size_t count = 1 + Pick(3); count > 0; --count) {
-            devices += Element(L"DEVICE", Element(L"DRIVER_ID", OneOf<3>({L"X", L"Y", L"Fax"})) +
-                                              Element(L"PRINTER_NAME", L"Desk " + std::to_wstring(count)) +
-                                              Element(L"PORT_TYPE", OneOf<2>({L"USB", L"Local Port"})) +
-                                              Element(L"PORT_NAME", L"Port " + std::to_wstring(count))) +
-                       L"\r\n";
-        }
-        tree.SetUserSettings(devices);
-    }
-
-    void MakePackages() {
-        for (std::size_t number = 0; number < 8; ++number) MakePackage(number);
-    }
-
-    void MakePackage(std::size_t number) {
-        const std::wstring folder = OneOf<9>({L"Applications", L"Applications\\x64", L"Applications\\x86_x64",
-                                              L"Common\\x64", L"Optional\\x64", L"Dependents\\x64",
-                                              L"Dependents\\x86_x64", L"Drivers\\x64", L"Drivers\\x86_x64"});
-        const std::wstring name = OneOf<4>({L"a_", L"aB", L"Z", L"m-"}) + std::to_wstring(number);
-        std::wstring properties = Element(L"ProductName", L"Product " + name);
-        if (folder.starts_with(L"Drivers"))
-            properties += Element(L"DRIVERID", OneOf<5>({L"X", L"Y", L"Other", L"SCAN", L"Fax"}));
-        if (Toss()) properties += Element(L"STREAMDISPLAYNAME", OneOf<2>({L"PS3", L"V4"}));
-        if (Toss()) properties += Element(L"FORCEREINSTALL", L"true");
-        if (Toss())
-            properties += Element(L"SUPPORTEDOS", OneOf<2>({L"WINDOWS_7;", L"WINDOWS_7;WINDOWS_BLUE"}));
-        if (Toss() && !names.empty()) properties += Element(L"DEPENDENTAPPS", names);
-        names += name + L".msi;";
-        AddPackage(folder + L"\\" + name + L".msi", properties);
-    }
-
-    void AddPackage(const std::wstring& path, const std::wstring& properties) {
-        static const std::array<std::pair<ScriptedState, InstalledState>, 5> states = {{
-            {{}, InstalledState::NotInstalled},
-            {{.installed = true, .upToDate = true}, InstalledState::UpToDate},
-            {older, InstalledState::Upgradable},
-            {{.installed = true, .upgradable = true, .minorUpgrade = true}, InstalledState::MinorUpgrade},
-            {newer, InstalledState::Newer},
-        }};
-        const auto& [scripted, planned] = states.at(Toss() ? 0 : Pick(states.size()));
-        tree.Add({.path = path, .properties = properties, .states = {scripted}, .keeps = true});
-        const std::u8string file = std::filesystem::path(path).filename().u8string();
-        options.installed.Set(std::string(file.begin(), file.end()), planned);
-    }
-
-    Installations Planned() const {
-        const ScriptedTree files(tree);
-        Installations planned;
-        AppendInstallations(MakePlan(packagecheck::Package(files), options).packages, planned);
-        return planned;
-    }
-
-    Installations Recorded() const {
-        Installations recorded;
-        for (const LibraryCall& call : Calls(L"MsiInstallApp"))
-            recorded.emplace_back(call.Package(), call.Argument(L"command"));
-        return recorded;
-    }
-
-    std::mt19937 random{GetParam()};
-    const bool takesAddress = Toss();
-    std::wstring names;
-    packagecheck::PlanOptions options;
+    GeneratedPackage package{tree, GetParam()};
 };
 
 TEST_P(PlannedRunTest, InstallsInThatOrderWithThoseDocuments) {
-    MakePackages();
-    MakeSettings();
-    if (takesAddress) options.printer = {.address = L"192.0.2.7", .portName = L"Desk"};
+    const bool takesAddress = package.Toss();
+    package.AddPackages();
+    package.SetSettings(Element(L"SILENT_INSTALL", L"true") +
+                        (takesAddress ? std::wstring() : Element(L"HIDE_DISCOVERY", L"true")));
+    if (takesAddress) package.options.printer = {.address = L"192.0.2.7", .portName = L"Desk"};
     Run(takesAddress ? L"-ip=192.0.2.7 -p=Desk" : L"");
-    EXPECT_EQ(Recorded(), Planned());
+    EXPECT_EQ(InstallationsOf(Calls(L"MsiInstallApp")), InstallationsOf(package.MakePlan().packages));
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, PlannedRunTest, testing::Range(1U, 21U));
+INSTANTIATE_TEST_SUITE_P(Seeds, PlannedRunTest, testing::Range(1U, 1U + SeedCount()));
+
+struct KnownPage {
+    std::wstring_view title;
+    int control;  // that no other page has
+    int button;   // that leads on
+};
+
+constexpr std::array<KnownPage, 10> knownPages = {{
+    {L"Welcome", IDC_START_TITLE, IDOK},
+    {L"Licence", IDC_LICENCE_TEXT, IDOK},
+    {L"Manufacturer", IDC_MANUFACTURER_LIST, IDOK},
+    {L"Optional software", IDC_BYPASS_REINSTALL, IDOK},
+    {L"Connectivity", IDC_CONNECTIVITY_NETWORK, IDOK},
+    {L"Discovered printers", IDC_DISCOVERY_LIST, IDOK},
+    {L"Add port", IDC_ADD_PORT_LIST, IDOK},
+    {L"Progress", IDC_PROGRESS_BAR, IDOK},
+    {L"Finish", IDC_FINISH, IDC_FINISH},
+    {L"Restart", IDC_REBOOT_NOW, IDOK},
+}};
+
+// The pages that come up while packages are installed, or after it, step on by themselves until the end of
+// the installations.
+bool IsBeforeRun(std::wstring_view title) {
+    return title != L"Progress" && title != L"Finish" && title != L"Restart";
+}
+
+// The pages come up while the first package waits, so that none is over before it is seen.
+class PlannedWalkTest : public NetworkPageTest, public testing::WithParamInterface<unsigned> {
+protected:
+    void SetUp() override {
+        NetworkPageTest::SetUp();
+        AddFourDevices();
+        tree.Add({.path = L"Applications\\!first.msi",
+                  .keeps = true,
+                  .install = {.steps = {{L"untilFile", Gate(L"go on")}}}});
+        package.AddPackages();
+        package.SetSettings(package.PageSettings());
+    }
+
+    struct PageOnScreen {
+        const KnownPage* page = nullptr;
+        HWND control = nullptr;
+    };
+
+    PageOnScreen FindPage() const {
+        for (const KnownPage& page : knownPages) {
+            if (const HWND control = wizard.FindControl(page.control))
+                return {.page = &page, .control = control};
+        }
+        return {};
+    }
+
+    bool WasShown(std::wstring_view title) const { return std::ranges::find(shown, title) != shown.end(); }
+
+    // The second page of a kind is the one for the optional software.
+    std::wstring_view TitleOf(const KnownPage& page) const {
+        if (!WasShown(page.title)) return page.title;
+        return page.title == L"Finish" ? L"Finish of the optional software"
+                                       : L"Restart after the optional software";
+    }
+
+    void LeaveByButton(const KnownPage& page) const {
+        if (page.control == IDC_BYPASS_REINSTALL) wizard.Press(IDC_BYPASS_REINSTALL);
+        if (page.control == IDC_REBOOT_NOW) wizard.Press(IDC_REBOOT_LATER);
+        wizard.Press(page.button);
+    }
+
+    // A run that has shown its last page waits for the packages as well.
+    bool IsInstalling(const PageOnScreen& current) const {
+        return !Installs().empty() &&
+               (current.page != nullptr ||
+                testing::Value(BasicLog(), HasRecord(L"", L"Installation is Finished")));
+    }
+
+    void Walk() {
+        wizard.Start();
+        HWND seen = nullptr;
+        bool isOpen = false;
+        WaitUntil(
+            [&] {
+                const PageOnScreen current = FindPage();
+                const bool isNew = current.page != nullptr && current.control != seen;
+                if (isNew) shown.push_back(TitleOf(*current.page));
+                if (isNew) seen = current.control;
+                if (!isOpen && IsInstalling(current)) {
+                    Open(Gate(L"go on"));
+                    isOpen = true;
+                } else if (isNew && (isOpen || IsBeforeRun(current.page->title))) {
+                    LeaveByButton(*current.page);
+                }
+                return !wizard.IsRunning();
+            },
+            2 * patience);
+        wizard.WaitForEnd();
+    }
+
+    // In UTF-8, as a failure prints them in letters.
+    static std::vector<std::string> TitlesOf(const packagecheck::Plan& plan) {
+        std::vector<std::string> titles;
+        for (const packagecheck::PlannedPage& page : plan.pages) {
+            if (page.state == packagecheck::PageState::Shown) titles.push_back(ToUtf8(page.title));
+        }
+        return titles;
+    }
+
+    std::vector<std::string> ShownTitles() const {
+        std::vector<std::string> titles;
+        for (const std::wstring_view title : shown) titles.push_back(ToUtf8(title));
+        return titles;
+    }
+
+    GeneratedPackage package{tree, GetParam()};
+    std::vector<std::wstring_view> shown;
+};
+
+TEST_P(PlannedWalkTest, ShowsThosePagesAndInstallsAsPlanned) {
+    Walk();
+    const packagecheck::Plan plan = package.MakePlan();
+    EXPECT_EQ(ShownTitles(), TitlesOf(plan));
+    // The choice of a device is the user's.
+    if (!WasShown(L"Discovered printers")) {
+        EXPECT_EQ(InstallationsOf(Calls(L"MsiInstallApp")), InstallationsOf(plan.packages));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, PlannedWalkTest, testing::Range(1U, 1U + SeedCount()));
 
 }  // namespace

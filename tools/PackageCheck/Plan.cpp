@@ -123,7 +123,14 @@ private:
     // What the pages settle as they are made; in a silent run they settle nothing.
     void SettlePages() {
         if (plan.isSilent) return;
-        SettleManufacturers(settings, ParseManufacturers(settings.GetString(Tag::MANUFACTURERS)));
+        const std::vector<Manufacturer> manufacturers =
+            ParseManufacturers(settings.GetString(Tag::MANUFACTURERS));
+        SettleManufacturers(settings, manufacturers);
+        if (settings.GetBool(Tag::SHOW_MANUFACTURERS)) {
+            const auto name =
+                PreselectedManufacturer(manufacturers, settings.GetString(Tag::DEFAULT_MANUFACTURER));
+            if (name) ChooseManufacturer(settings, manufacturers, *name);
+        }
         if (IsPrinterSoftwareUpToDate(drivers)) settings.SetBool(Tag::TAG_DIALOG_SHOW_BYPASS, true);
     }
 
@@ -135,12 +142,23 @@ private:
         return rule.hiddenLater.value_or(rule.hiddenAtFirst).Holds(store);
     }
 
+    // By design: the end of the installations moves the walk on from the page that it is on. Where the
+    // Progress page is hidden, that is already the page after it.
+    bool IsReachedByItself(const PageRule& rule) const {
+        if (!IsHidden(PageRules::progress, settings) || IsHidden(rule, settings)) return false;
+        const bool isFinishShown = !IsHidden(PageRules::coreFinish, settings);
+        const bool isRestartShown = !IsHidden(PageRules::coreRestart, settings);
+        return (rule.role == PageRole::Finish && isFinishShown && !isRestartShown) ||
+               (rule.role == PageRole::Reboot && !isFinishShown && isRestartShown);
+    }
+
     PlannedPage PlanPage(const PageRule& rule) const {
         const auto page = [&](PageState state, std::string reason) {
             return PlannedPage{.title = rule.title, .state = state, .reason = std::move(reason)};
         };
         if (plan.isSilent) return page(PageState::Hidden, NameOf(Tag::SILENT_INSTALL) + " is true");
         const bool followsOptionalRun = rule.role == PageRole::Finish || rule.role == PageRole::Reboot;
+        if (IsReachedByItself(rule)) return page(PageState::Shown, {});
         if (followsOptionalRun && applications.Select(L"<ISOPTIONAL>true</ISOPTIONAL>").empty())
             return page(PageState::Hidden, "the package offers no optional software");
         const Condition& condition = rule.hiddenLater ? *rule.hiddenLater : rule.hiddenAtFirst;

@@ -193,6 +193,29 @@ TEST_F(PlanTest, ShowsThePagesThatFollowFromThePackage) {
               "where the user has installed optional software");
 }
 
+TEST_F(PlanTest, TakesTheBrandThatIsPreselected) {
+    std::string& settings = tree.files[defaultsPath];
+    settings.erase(settings.find("<OEM>"), std::string_view("<OEM>Halvenny</OEM>").size());
+    tree.AddSetting("<MANUFACTURERS>Corvish:2|Brevant:3</MANUFACTURERS>");
+    EXPECT_THAT(DocumentOf(1), HasSubstr(L"<OEM_NAME>Halvenny</OEM_NAME>"));
+    tree.AddSetting("<DEFAULT_MANUFACTURER>Brevant</DEFAULT_MANUFACTURER>");
+    EXPECT_THAT(DocumentOf(1), HasSubstr(L"<OEM_NAME>Brevant</OEM_NAME>"));
+}
+
+TEST_F(PlanTest, StepsOnFromThePageAfterAHiddenProgressPage) {
+    tree.AddSetting("<HIDE_PROGRESS>true</HIDE_PROGRESS>");
+    EXPECT_THAT(Titles(Make(), PageState::Shown),
+                ElementsAre(L"Welcome", L"Licence", L"Discovered printers", L"Finish",
+                            L"Finish of the optional software"));
+    tree.AddSetting("<REBOOT>true</REBOOT>");
+    EXPECT_THAT(Titles(Make(), PageState::Shown),
+                ElementsAre(L"Welcome", L"Licence", L"Discovered printers", L"Finish", L"Restart"));
+    tree.AddSetting("<HIDE_FINAL>true</HIDE_FINAL>");
+    EXPECT_THAT(Titles(Make(), PageState::Shown),
+                ElementsAre(L"Welcome", L"Licence", L"Discovered printers", L"Restart",
+                            L"Restart after the optional software"));
+}
+
 TEST_F(PlanTest, HidesAllPagesOfASilentRun) {
     tree.AddSetting("<SILENT_INSTALL>1</SILENT_INSTALL><HIDE_DISCOVERY>true</HIDE_DISCOVERY>");
     const Plan plan = Make();
