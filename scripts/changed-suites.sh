@@ -50,9 +50,9 @@ suites_of() {
         framework/* | resources/*) echo windows wizard lint ;;
         package/*) echo standins wizard packages lint ;;
         tools/WizardRemote.cpp) echo network lint ;;
-        tools/Rollout/* | tools/Intention.* | tools/OfferedPackages.*) echo unit standins wizard lint ;;
+        tools/Rollout/* | tools/Intention.*) echo unit standins wizard lint ;;
         tests/rollout/* | scripts/check-reports.py) echo standins wizard ;;
-        tools/PackageCheck/*) echo unit fuzz packages lint ;;
+        tools/PackageCheck/*) echo unit fuzz packages wizard lint ;;
         scripts/check-packages.sh | docs/package-check.*) echo unit packages ;;
         tools/* | tests/bench/*) echo lint ;;
         scripts/run-windows-tests.sh) echo windows ;;

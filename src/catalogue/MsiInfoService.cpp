@@ -16,13 +16,17 @@ std::vector<std::wstring> ListPackages(const std::wstring& folder, const std::ws
 
 }  // namespace
 
+TargetSystem ThisSystem() {
+    return {.name = GetWindowsVersionName(GetWindowsVersionId()),
+            .isWindows8OrLater = IsWindowsVersionOrGreater(WindowsVersion::Windows8)};
+}
+
 MsiInfoService::MsiInfoService(IMsiInterface& gateway, const InstallSettings& store, const Localizer& texts,
                                AppCatalogue& appCatalogue, DriverInfo& driverCatalogue)
     : source{.msi = gateway,
              .settings = store,
              .localizer = texts,
-             .system = {.name = GetWindowsVersionName(GetWindowsVersionId()),
-                        .isWindows8OrLater = IsWindowsVersionOrGreater(WindowsVersion::Windows8)},
+             .system = ThisSystem(),
              .listPackages = &ListPackages},
       applications(appCatalogue),
       drivers(driverCatalogue) {}

@@ -11,6 +11,9 @@
 #include "settings/Localizer.h"
 #include "wizard/Service.h"
 
+// The system that the program runs on.
+TargetSystem ThisSystem();
+
 class MsiInfoService : public Service {
 public:
     // All of them must outlive the service.

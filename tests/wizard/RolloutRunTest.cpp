@@ -218,15 +218,31 @@ TEST_F(RolloutRunTest, SaysSoWhereTheLibraryDoesNotAnswer) {
 TEST_F(RolloutRunTest, PrintsThePlanAndChangesNothing) {
     tree.Add(Lasting(L"Applications\\a.msi"));
     EXPECT_EQ(RunRollout(L"--dry-run"), 0U);
-    EXPECT_THAT(rollout.Output(), HasSubstr("install  (a.msi)"));
+    EXPECT_THAT(rollout.Output(), HasSubstr("Applications/a.msi  a \r\n      install (it is not installed)"));
     EXPECT_THAT(Installs(), IsEmpty());
+}
+
+TEST_F(RolloutRunTest, PrintsThePlanOfThatPrinterByWhatTheLibrarySays) {
+    tree.SetSettings(L"<SILENT_INSTALL>true</SILENT_INSTALL>\r\n<WIN8_DRVTYPES>X</WIN8_DRVTYPES>\r\n");
+    tree.Add({.path = L"Applications\\a.msi",
+              .properties = Element(L"ProductName", L"Reader") + Element(L"DEPENDENTAPPS", L"b.msi"),
+              .states = {older}});
+    tree.Add(Lasting(L"Dependents\\x64\\b.msi"));
+    tree.Add({.path = L"Drivers\\x64\\d.msi",
+              .properties = Element(L"ProductName", L"Driver") + Element(L"DRIVERID", L"X")});
+    EXPECT_EQ(RunRollout(L"--dry-run -ip=192.0.2.7 -p=Desk"), 0U);
+    EXPECT_THAT(rollout.Output(),
+                HasSubstr("Applications/a.msi  Reader \r\n      upgrade (an older version"));
+    EXPECT_THAT(rollout.Output(),
+                HasSubstr("      Dependents/x64/b.msi  b \r\n          install (it is not"));
+    EXPECT_THAT(rollout.Output(), HasSubstr("<PORT_NAME>Desk</PORT_NAME><HOST_NAME>192.0.2.7</HOST_NAME>"));
 }
 
 TEST_F(RolloutRunTest, PrintsThePlanOfAPackageThatCannotRunSilently) {
     tree.Add(Lasting(L"Applications\\a.msi"));
     tree.SetSettings(Settings::shownFromProgress);
     EXPECT_EQ(RunRollout(L"--dry-run"), 87U);
-    EXPECT_THAT(rollout.Output(), HasSubstr("install  (a.msi)"));
+    EXPECT_THAT(rollout.Output(), HasSubstr("SILENT_INSTALL is not true: the run shows its pages"));
     EXPECT_THAT(rollout.Output(), HasSubstr("cannot run silently"));
 }
 

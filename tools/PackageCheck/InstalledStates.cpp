@@ -28,8 +28,8 @@ std::optional<InstalledState> StateNamed(std::string_view word) {
 
 }  // namespace
 
-InstalledState InstalledStates::StateOf(std::string_view fileName, std::string_view productName) const {
-    for (const std::string_view name : {fileName, productName}) {
+InstalledState InstalledStates::StateOf(std::string_view path, std::string_view productName) const {
+    for (const std::string_view name : {path, FileNameOf(path), productName}) {
         const auto found = states.find(Folded(name));
         if (found != states.end()) return found->second;
     }

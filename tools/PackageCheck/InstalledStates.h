@@ -11,12 +11,13 @@ namespace packagecheck {
 // How a product on the system stands to the package that brings it.
 enum class InstalledState { NotInstalled, UpToDate, Upgradable, MinorUpgrade, Newer };
 
-// By the name of the product or of the file of its package, in any case of ASCII letters.
+// By the package's path in the tree, by the name of its file or by that of its product, in any case of ASCII
+// letters.
 class InstalledStates {
 public:
-    // Of the two names the file's counts before the product's. A package of which nothing is said is not
+    // Of the three the path counts first and the product last. A package of which nothing is said is not
     // installed.
-    InstalledState StateOf(std::string_view fileName, std::string_view productName) const;
+    InstalledState StateOf(std::string_view path, std::string_view productName) const;
     void Set(std::string_view name, InstalledState state);
 
 private:

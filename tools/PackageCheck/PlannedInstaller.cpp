@@ -86,8 +86,7 @@ bool PlannedInstaller::IsAppInstalled(std::wstring packagePath, bool& upToDate, 
     upToDate = upgradable = minorUpgrade = false;
     const PackageFile* const file = Find(packagePath);
     if (file == nullptr) return false;
-    InstalledState state =
-        states.StateOf(FileNameOf(file->path), ToUtf8(file->PropertyOf(Property::ProductName)));
+    InstalledState state = states.StateOf(file->path, ToUtf8(file->PropertyOf(Property::ProductName)));
     if (installed.contains(packagePath) || installed.contains(file->PropertyOf(L"ProductCode")))
         state = InstalledState::UpToDate;
     upToDate = state == InstalledState::UpToDate;

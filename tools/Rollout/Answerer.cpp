@@ -18,9 +18,9 @@
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
-#include "tools/OfferedPackages.h"
-#include "tools/PlanLines.h"
 #include "tools/Rollout/Inquiry.h"
+#include "tools/Rollout/OfferedPackages.h"
+#include "tools/Rollout/RunPlan.h"
 
 namespace rollout {
 namespace {
@@ -108,8 +108,7 @@ void Answerer::Describe() {
     description.boxTexts = TextsOfBoxes(shared.localizer);
     AppendEntries(offered->applications, {}, description.packages);
     AppendEntries(offered->drivers, {}, description.packages);
-    AppendPlan(offered->applications, {}, description.plan);
-    AppendPlan(offered->drivers, {}, description.plan);
+    if (options.dryRun) description.plan = PlanLines(*MsiInterface::GetInstance(), shared.localizer, options);
 }
 
 std::vector<PackageState> Answerer::States() const {

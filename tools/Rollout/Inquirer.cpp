@@ -28,7 +28,7 @@ Pipe MakePipe() {
 }
 
 std::wstring ArgumentsOf(const Options& options) {
-    std::wstring arguments = L"--inquire";
+    std::wstring arguments = options.dryRun ? L"--inquire --dry-run" : L"--inquire";
     for (const std::wstring& given : options.wizardSwitches) arguments += L" " + QuoteArgument(given);
     return arguments;
 }

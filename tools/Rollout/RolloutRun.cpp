@@ -8,6 +8,7 @@
 
 #include "CommonLib/Files.h"
 #include "CommonLib/SystemText.h"
+#include "CommonLib/TextUtilities.h"
 #include "CommonLib/UserRights.h"
 #include "CommonLib/Utf8.h"
 #include "tools/PrintLine.h"
@@ -35,6 +36,11 @@ std::wstring ComputerName() {
     std::array<wchar_t, MAX_COMPUTERNAME_LENGTH + 1> name{};
     auto size = static_cast<DWORD>(name.size());
     return GetComputerNameW(name.data(), &size) != FALSE ? std::wstring(name.data(), size) : std::wstring();
+}
+
+std::wstring LineOf(const PackageEntry& entry) {
+    return entry.product + L" " + entry.version + L"  " + std::wstring(WordsFor(entry.intention)) + L"  (" +
+           std::wstring(FileNameOf(entry.path)) + L")";
 }
 
 }  // namespace
@@ -110,7 +116,7 @@ Verdict RolloutRun::PrintPlan() {
 
 Verdict RolloutRun::Install() {
     PrintLine(L"Package of " + description.vendor + L":");
-    for (const std::wstring& line : description.plan) PrintLine(L"  " + line);
+    for (const PackageEntry& entry : description.packages) PrintLine(L"  " + LineOf(entry));
     WatchedRun run = WizardWatch(options, description, *inquirer, stop).Run();
     std::vector<std::optional<PackageState>> after = AskAfterwards();
     if (run.facts.cancelled && TakeBack(after)) after = AskAfterwards();

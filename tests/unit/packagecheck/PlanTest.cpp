@@ -204,9 +204,8 @@ TEST_F(PlanTest, TakesTheBrandThatIsPreselected) {
 
 TEST_F(PlanTest, StepsOnFromThePageAfterAHiddenProgressPage) {
     tree.AddSetting("<HIDE_PROGRESS>true</HIDE_PROGRESS>");
-    EXPECT_THAT(Titles(Make(), PageState::Shown),
-                ElementsAre(L"Welcome", L"Licence", L"Discovered printers", L"Finish",
-                            L"Finish of the optional software"));
+    EXPECT_THAT(Titles(Make(), PageState::Shown), ElementsAre(L"Welcome", L"Licence", L"Discovered printers",
+                                                              L"Finish", L"Finish of the optional software"));
     tree.AddSetting("<REBOOT>true</REBOOT>");
     EXPECT_THAT(Titles(Make(), PageState::Shown),
                 ElementsAre(L"Welcome", L"Licence", L"Discovered printers", L"Finish", L"Restart"));
@@ -307,6 +306,16 @@ TEST(InstalledStatesTest, AreReadFromAnObject) {
     EXPECT_EQ(states->StateOf("a.MSI", "Something"), InstalledState::Newer);
     EXPECT_EQ(states->StateOf("c.msi", "B"), InstalledState::UpToDate);
     EXPECT_EQ(states->StateOf("c.msi", "C"), InstalledState::NotInstalled);
+}
+
+TEST(InstalledStatesTest, GoByThePathBeforeTheNameOfTheFileAndByThatBeforeTheProduct) {
+    packagecheck::InstalledStates states;
+    states.Set("Common/x64/A.msi", InstalledState::Upgradable);
+    states.Set("A.msi", InstalledState::Newer);
+    states.Set("Halvenny A", InstalledState::UpToDate);
+    EXPECT_EQ(states.StateOf("common/X64/a.msi", "Halvenny A"), InstalledState::Upgradable);
+    EXPECT_EQ(states.StateOf("Applications/A.msi", "Halvenny A"), InstalledState::Newer);
+    EXPECT_EQ(states.StateOf("Applications/B.msi", "Halvenny A"), InstalledState::UpToDate);
 }
 
 TEST(InstalledStatesTest, AreNotReadFromAnythingElse) {

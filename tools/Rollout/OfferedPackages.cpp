@@ -1,4 +1,4 @@
-#include "tools/OfferedPackages.h"
+#include "tools/Rollout/OfferedPackages.h"
 
 #include "CommonLib/Files.h"
 #include "app/Preparation.h"
