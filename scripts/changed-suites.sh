@@ -52,6 +52,7 @@ suites_of() {
         tools/WizardRemote.cpp) echo network lint ;;
         tools/Rollout/* | tools/Intention.*) echo unit standins wizard lint ;;
         tests/rollout/* | scripts/check-reports.py) echo standins wizard ;;
+        tools/PackageCheck/starter/* | tools/PackageCheck/NewPackage.*) echo unit standins lint ;;
         tools/PackageCheck/*) echo unit fuzz packages wizard lint ;;
         scripts/check-packages.sh | docs/package-check.*) echo unit packages ;;
         tools/* | tests/bench/*) echo lint ;;

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the tests of the library that stands in for the installer library, on real packages under Wine and in a
-# fresh prefix, and then rolls such packages out to several machines at once.
+# fresh prefix, and then rolls such packages out to several machines at once, and the package that PackageCheck lays out.
 #
 # usage: scripts/run-standin-tests.sh [GoogleTest arguments]
 # The build folder of the preset "windows" is brought up to date first; BUILD_DIR names another one.
@@ -21,5 +21,8 @@ run_to_its_end timeout 600 wine "$build_folder/tests/windows/standins/standins_t
 code=$?
 wine_stop "$prefix"
 # A filter names tests of the program above.
-[ $# -gt 0 ] || tests/rollout/machines.sh "$build_folder" || code=1
+if [ $# = 0 ]; then
+    tests/rollout/machines.sh "$build_folder" || code=1
+    tests/rollout/new_package.sh "$build_folder" || code=1
+fi
 exit $code

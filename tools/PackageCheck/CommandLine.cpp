@@ -36,8 +36,9 @@ public:
 private:
     std::string Contradiction() const {
         const bool needsFolder = line.task == Task::Check || line.task == Task::Fix ||
-                                 line.task == Task::Plan || line.task == Task::Manifest;
-        if (needsFolder && line.folder.empty()) return "which folder is to be checked?";
+                                 line.task == Task::Plan || line.task == Task::Manifest ||
+                                 line.task == Task::New;
+        if (needsFolder && line.folder.empty()) return "which folder is it?";
         if (line.task == Task::Fix && line.format != Format::Text) return "--fix shows its changes as text.";
         if (line.task == Task::Plan && line.format == Format::Sarif)
             return "a plan is written as text, as JSON or as an HTML page.";
@@ -78,6 +79,8 @@ private:
             line.task = Task::Rules;
         } else if (argument == "--tables") {
             line.task = Task::Tables;
+        } else if (argument == "--new") {
+            line.task = Task::New;
         } else if (argument == "--fix") {
             line.task = Task::Fix;
         } else if (argument == "--manifest") {
@@ -126,6 +129,7 @@ std::string_view HelpText() {
     return "usage: PackageCheck [--json | --sarif] FOLDER\n"
            "       PackageCheck --fix [--yes] FOLDER\n"
            "       PackageCheck --manifest winget|chocolatey|intune --out FOLDER FOLDER\n"
+           "       PackageCheck --new FOLDER\n"
            "       PackageCheck --plan [options of a run] [--json] [--html FILE] FOLDER\n"
            "       PackageCheck --explain RULE\n"
            "       PackageCheck --rules | --tables\n"
@@ -138,6 +142,7 @@ std::string_view HelpText() {
            "  --yes            repairs without asking\n"
            "  --manifest KIND  writes the manifest of a management engine instead of checking\n"
            "  --out FOLDER     where the manifest goes; no file there is overwritten\n"
+           "  --new            lays out the sources of a package to begin with, in a new folder\n"
            "  --plan           says what a run of the wizard would do: pages, packages, programs\n"
            "    -ip=ADDRESS -p=PORT -lang=CODE   as the wizard takes them\n"
            "    --os=SYSTEM                      7, 8, 8.1, 10 (as without it) or 11\n"

@@ -7,7 +7,7 @@
 
 namespace packagecheck {
 
-enum class Task { Check, Help, Explain, Rules, Tables, Fix, Manifest, Plan };
+enum class Task { Check, Help, Explain, Rules, Tables, Fix, Manifest, New, Plan };
 
 enum class Format { Text, Json, Sarif };
 

@@ -12,6 +12,7 @@
 #include "tools/PackageCheck/FormatTables.h"
 #include "tools/PackageCheck/JsonOutput.h"
 #include "tools/PackageCheck/ManifestTask.h"
+#include "tools/PackageCheck/NewPackage.h"
 #include "tools/PackageCheck/PlanRun.h"
 #include "tools/PackageCheck/Rule.h"
 #include "tools/PackageCheck/RuleTable.h"
@@ -125,6 +126,17 @@ int MakeManifestOf(const CommandLine& line, const FolderTree& tree, const Surrou
     return misused;
 }
 
+int LayOut(const std::string& folder, const Surroundings& surroundings) {
+    std::string complaint;
+    if (!LayOutNewPackage(PathOf(folder), complaint)) {
+        surroundings.err << "PackageCheck: " << folder << ": " << complaint << ".\n";
+        return misused;
+    }
+    surroundings.out << "The sources of a package are in " << folder
+                     << "; README.md there says what to do.\n";
+    return 0;
+}
+
 int WorkOnFolder(const CommandLine& line, const Surroundings& surroundings) {
     if (const std::string reason = ReasonAgainst(line.folder); !reason.empty()) {
         surroundings.err << "PackageCheck: " << reason << "\n";
@@ -159,6 +171,8 @@ int RunPackageCheck(const std::vector<std::string>& arguments, const Surrounding
         case Task::Tables:
             for (const FormatTable& table : FormatTables()) surroundings.out << MarkedTable(table) << "\n";
             return 0;
+        case Task::New:
+            return LayOut(line.folder, surroundings);
         case Task::Check:
         case Task::Fix:
         case Task::Plan:
