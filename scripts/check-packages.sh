@@ -76,6 +76,13 @@ manifests() {
     rm -rf "$made"
 }
 
+# A browser is much to install for one page, so it is taken where there is one.
+if command -v chromium > /dev/null; then
+    scripts/check-plan-page.sh
+else
+    echo 'The page of a plan was not opened: there is no chromium; scripts/check-plan-page.sh installs it.'
+fi
+
 manifests out/package-silent Halvenny
 vendor='O'"'"'Neill "&" <b> $(calc): #{x}`'
 sed -i '/<OEM>/d' "$broken/Setup/defaultInstallSettings.xml"

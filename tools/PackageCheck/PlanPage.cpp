@@ -19,19 +19,19 @@ constexpr std::string_view pageHead = R"(<!DOCTYPE html>
 <meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'">
 <title>Plan of a run</title>
 <style>
-:root { color-scheme: light dark; --text: #1b1b1b; --ground: #ffffff; --quiet: #595959; --line: #b5b5b5; }
+:root { color-scheme: light dark; --text: #1b1b1b; --ground: #ffffff; --quiet: #595959; --line: #767676; }
 @media (prefers-color-scheme: dark) {
-  :root { --text: #ececec; --ground: #181818; --quiet: #b0b0b0; --line: #5c5c5c; }
+  :root { --text: #ececec; --ground: #181818; --quiet: #b0b0b0; --line: #808080; }
 }
 body { color: var(--text); background: var(--ground); font: 1rem/1.5 sans-serif; margin: 2rem auto;
-       max-width: 60rem; padding: 0 1rem; }
+       max-width: 60rem; overflow-wrap: anywhere; padding: 0 1rem; }
 h1, h2 { line-height: 1.2; }
 ol.pages { display: flex; flex-wrap: wrap; gap: .75rem; list-style: none; padding: 0; }
 ol.pages li { border: 1px solid var(--line); border-radius: .25rem; box-sizing: border-box; padding: .5rem .75rem;
               width: 13rem; }
 ol.pages li.hidden { border-style: dashed; }
 .quiet { color: var(--quiet); }
-pre { border-left: 3px solid var(--line); overflow-wrap: anywhere; padding-left: .75rem; white-space: pre-wrap; }
+pre { border-left: 3px solid var(--line); padding-left: .75rem; white-space: pre-wrap; }
 </style>
 </head>
 <body>
