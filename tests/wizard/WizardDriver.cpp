@@ -174,8 +174,11 @@ HWND WizardDriver::MainWindow() const {
     return shown != nullptr ? shown : FindTopLevel(isOwn);
 }
 
+// Without a main window the windows of all programs would be looked through, whose ids mean something else.
 HWND WizardDriver::FindControl(int id) const {
-    return FindChild(MainWindow(),
+    const HWND mainWindow = MainWindow();
+    if (mainWindow == nullptr) return nullptr;
+    return FindChild(mainWindow,
                      [id](HWND window) { return GetDlgCtrlID(window) == id && IsWindowVisible(window); });
 }
 
