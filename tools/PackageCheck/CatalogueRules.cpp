@@ -44,6 +44,12 @@ constexpr auto handedOver =
 constexpr auto systemNames =
     std::to_array<std::wstring_view>({L"WINDOWS_VISTA", L"WINDOWS_7", L"WINDOWS_8", L"WINDOWS_BLUE"});
 
+// The version of Windows Installer of all systems.
+constexpr int newestInstaller = 500;
+
+// More is a number of bytes.
+constexpr double largestSizeInMb = 100'000;
+
 bool IsOneOf(std::wstring_view text, std::initializer_list<std::wstring_view> words) {
     return std::ranges::find(words, text) != words.end();
 }
@@ -87,6 +93,7 @@ public:
         if (std::ranges::none_of(package.Packages(), runs)) {
             report.Add(rules::msiNone, {}, "There is no package in Applications and none in Drivers.");
         }
+        CheckFolders();
         CheckDotNet();
     }
 
@@ -103,7 +110,38 @@ private:
         }
     }
 
+    // By what lies in them, since folders have no entry of their own.
+    void CheckFolders() {
+        std::set<std::string> seen;
+        for (const TreeFile& file : package.Files().All()) {
+            const std::string path = Folded(file.path);
+            for (std::size_t end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1)) {
+                const std::string folder = path.substr(0, end);
+                if (!folder.ends_with(".msi") || !IsPlaceOfPackages(folder) || !seen.insert(folder).second)
+                    continue;
+                report.Add(rules::msiFolder, {.file = file.path.substr(0, end)},
+                           "The folder is named as a package.");
+            }
+        }
+    }
+
+    void CheckSummary(const PackageFile& file) {
+        const MsiSummary& summary = file.contents->summary;
+        const auto lacks = [&](const std::string& what) {
+            Add(rules::summaryIncomplete, file, "The summary information has no " + what + ".");
+        };
+        if (summary.platform.empty()) lacks("template");
+        if (summary.installerVersion <= 0) lacks("page count");
+        if (summary.packageCode.empty()) lacks("revision number");
+        if (summary.installerVersion > newestInstaller) {
+            Add(rules::summaryVersion, file,
+                "The page count of the summary information is " + std::to_string(summary.installerVersion) +
+                    ".");
+        }
+    }
+
     void CheckPackage(const PackageFile& file) {
+        CheckSummary(file);
         CheckNames(file);
         CheckTags(file);
         if (IsTool(file)) CheckTool(file);
@@ -176,7 +214,10 @@ private:
         const MSI_APP& record = file.record;
         if (record.productName.empty())
             Add(rules::productNameMissing, file, "The package has no ProductName.");
-        AddShared(rules::productNameShared, file, "ProductName", record.productName, ownersOfNames);
+        for (const auto& [name, value] : file.contents->properties) {
+            const bool isName = name == Property::ProductName || name.starts_with(L"ProductName.");
+            if (isName) AddShared(rules::productNameShared, file, ToUtf8(name), value, ownersOfNames[name]);
+        }
         AddShared(rules::productCodeShared, file, "ProductCode", file.PropertyOf(L"ProductCode"),
                   ownersOfCodes);
         if (!IsComparableVersion(record.productVersion)) {
@@ -215,6 +256,13 @@ private:
         if (std::ranges::none_of(file.contents->upgrades, replaces)) {
             Add(rules::upgradeRowMissing, file,
                 "No row of the Upgrade table removes older products of " + Quoted(code) + ".");
+        }
+        const auto [first, isNew] = families.emplace(FoldedName(code), &file);
+        // One product in two folders is another mistake.
+        const PackageFile& other = *first->second;
+        if (!isNew && other.PropertyOf(L"ProductCode") != file.PropertyOf(L"ProductCode")) {
+            Add(rules::upgradeCodeShared, file,
+                "UpgradeCode is " + Quoted(code) + ", as in " + other.path + ".");
         }
         for (const UpgradeRow& row : file.contents->upgrades) {
             if (IsInList(file.record.secureCustomProperties, row.actionProperty)) continue;
@@ -258,18 +306,26 @@ private:
 
     void CheckSize(const PackageFile& file) {
         const std::wstring& size = file.PropertyOf(Property::INSTALLSIZE);
-        if (size.empty()) return;
+        if (size.empty()) {
+            Add(rules::installSizeMissing, file, "The package has no INSTALLSIZE.");
+            return;
+        }
         const std::size_t unit = size.find_first_not_of(L"0123456789. \t");
         const bool isPlain = unit == nowhere || size.compare(unit, std::wstring::npos, L"MB") == 0;
-        if (isPlain && file.record.installSizeMb > 0) return;
+        const double megabytes = file.record.installSizeMb;
+        if (isPlain && megabytes > 0 && megabytes <= largestSizeInMb) return;
         Add(rules::installSize, file,
             "INSTALLSIZE is " + Quoted(size) + ", which counts as " +
-                std::to_string(static_cast<long long>(file.record.installSizeMb)) + " MB.");
+                std::to_string(static_cast<long long>(std::min(megabytes, 1e15))) + " MB.");
     }
 
     void CheckSystems(const PackageFile& file) {
         const std::wstring& systems = file.record.supportedOs;
-        if (file.kind != PackageKind::Optional || systems.empty()) return;
+        if (systems.empty()) return;
+        if (file.kind != PackageKind::Optional) {
+            CheckIgnoredSystems(file);
+            return;
+        }
         constexpr std::wstring_view noSystem = L"no system";
         if (SupportsSystem(systems, noSystem)) {
             Add(rules::supportedOsSingle, file,
@@ -283,6 +339,19 @@ private:
                     "SUPPORTEDOS lists " + Quoted(name) + ", which no system is called." +
                         NearestHint(name, systemNames));
             }
+        }
+    }
+
+    // A list of everything that is in use restricts nothing, and may stay.
+    void CheckIgnoredSystems(const PackageFile& file) {
+        const std::wstring& systems = file.record.supportedOs;
+        const auto names = SplitClosed(systems + L';', L';');
+        for (const std::wstring_view system : {L"WINDOWS_7", L"WINDOWS_8", L"WINDOWS_BLUE"}) {
+            if (std::ranges::find(names, system) != names.end()) continue;
+            Add(rules::supportedOsIgnored, file,
+                "SUPPORTEDOS is " + Quoted(systems) + ", which does not keep the package from " +
+                    ToUtf8(system) + ".");
+            return;
         }
     }
 
@@ -337,7 +406,8 @@ private:
     Report& report;
     std::set<std::wstring> fileNames;
     std::set<std::wstring, std::less<>> languageIds;
-    std::map<std::wstring, std::string> ownersOfNames;
+    std::map<std::wstring, std::map<std::wstring, std::string>> ownersOfNames;  // by the property
+    std::map<std::wstring, const PackageFile*> families;                        // by the upgrade code
     std::map<std::wstring, std::string> ownersOfCodes;
 };
 

@@ -63,6 +63,15 @@ inline constexpr Rule upgradeCodeMissing{
     .cure = "Give the package an upgrade code, the same one for all versions.",
     .explanation = "Versions of one software are known by their upgrade code."};
 
+inline constexpr Rule upgradeCodeShared{
+    .id = "upgrade-code-shared",
+    .severity = Severity::Error,
+    .effect = "The installation of the second package removes the first one.",
+    .cure = "Give each product an upgrade code of its own.",
+    .explanation =
+        "By the upgrade code Windows Installer knows versions of one product. A package that removes older "
+        "products of its code takes another product of the same code for one of them."};
+
 inline constexpr Rule upgradeRowMissing{.id = "upgrade-row-missing",
                                         .severity = Severity::Warning,
                                         .effect = "An older version stays on the system beside the new one.",
@@ -108,6 +117,52 @@ inline constexpr Rule installSize{
     .effect = "The size counts as 0, or as that many megabytes.",
     .cure = "Write the megabytes in front, as in 12 MB.",
     .explanation = "The number at the start of INSTALLSIZE is read, whatever unit follows. A comma ends it."};
+
+inline constexpr Rule installSizeMissing{
+    .id = "install-size-missing",
+    .severity = Severity::Warning,
+    .effect = "The package counts as taking no room.",
+    .cure = "Set INSTALLSIZE to the megabytes that the package takes, as in 12 MB.",
+    .explanation = "The wizard reads the size from the property alone and does not look into the package."};
+
+inline constexpr Rule summaryIncomplete{
+    .id = "summary-incomplete",
+    .severity = Severity::Error,
+    .effect = "Windows Installer refuses the package.",
+    .cure =
+        "Build the file with a tool that writes its summary information: template, page count, revision "
+        "number.",
+    .explanation =
+        "The template says for which platform and languages the package is, the page count which version of "
+        "Windows Installer it needs (200 for 2.0), and the revision number is the code of the package. "
+        "Without "
+        "them it is not opened for an installation."};
+
+inline constexpr Rule summaryVersion{
+    .id = "summary-version",
+    .severity = Severity::Error,
+    .effect = "Windows Installer refuses the package as one for a later version.",
+    .cure = "Set InstallerVersion to 500 or less.",
+    .explanation =
+        "The page count of the summary information is the version that the package needs, and 5.0 is "
+        "the one that Windows has, from Windows 7 on."};
+
+inline constexpr Rule msiFolder{
+    .id = "msi-folder",
+    .severity = Severity::Error,
+    .effect = "The folder is listed as a package without a name, is handed to Windows Installer and fails.",
+    .cure = "Rename the folder.",
+    .explanation =
+        "Packages are looked for by the end of their name, and folders are not told apart from files."};
+
+inline constexpr Rule supportedOsIgnored{
+    .id = "supported-os-ignored",
+    .severity = Severity::Warning,
+    .effect = "The software is installed or offered on the other systems as well.",
+    .cure = "Put the package into Optional, or leave SUPPORTEDOS out.",
+    .explanation =
+        "Only what lies in the folder Optional is left out by SUPPORTEDOS. The software of other folders "
+        "may list all systems, which changes nothing."};
 
 inline constexpr Rule supportedOsSingle{.id = "supported-os-single",
                                         .severity = Severity::Warning,

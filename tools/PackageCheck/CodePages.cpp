@@ -48,6 +48,55 @@ std::optional<std::size_t> FirstNotUtf8(std::string_view bytes) {
     return std::nullopt;
 }
 
+// Which bytes begin a character of two bytes, and which can follow them.
+struct DoubleBytes {
+    unsigned page;
+    bool (*isLead)(unsigned char byte);
+    bool (*isTrail)(unsigned char byte);
+};
+
+bool IsBetween(unsigned char byte, unsigned least, unsigned most) {
+    return byte >= least && byte <= most;
+}
+
+constexpr auto doubleBytes = std::to_array<DoubleBytes>({
+    {932, [](unsigned char byte) { return IsBetween(byte, 0x81, 0x9F) || IsBetween(byte, 0xE0, 0xFC); },
+     [](unsigned char byte) { return IsBetween(byte, 0x40, 0xFC) && byte != 0x7F; }},
+    {936, [](unsigned char byte) { return IsBetween(byte, 0x81, 0xFE); },
+     [](unsigned char byte) { return IsBetween(byte, 0x40, 0xFE) && byte != 0x7F; }},
+    {949, [](unsigned char byte) { return IsBetween(byte, 0x81, 0xFE); },
+     [](unsigned char byte) {
+         return IsBetween(byte, 0x41, 0x5A) || IsBetween(byte, 0x61, 0x7A) || IsBetween(byte, 0x81, 0xFE);
+     }},
+    {950, [](unsigned char byte) { return IsBetween(byte, 0x81, 0xFE); },
+     [](unsigned char byte) { return IsBetween(byte, 0x40, 0x7E) || IsBetween(byte, 0xA1, 0xFE); }},
+});
+
+const DoubleBytes* DoubleBytesOf(unsigned page) {
+    const auto* const found = std::ranges::find(doubleBytes, page, &DoubleBytes::page);
+    return found == doubleBytes.end() ? nullptr : found;
+}
+
+// The length of the character at the start of the bytes, at least 1; 0 for half a character, or none.
+std::size_t CharacterLength(const DoubleBytes& page, std::string_view bytes) {
+    if (!page.isLead(static_cast<unsigned char>(bytes.front()))) return 1;
+    return bytes.size() > 1 && page.isTrail(static_cast<unsigned char>(bytes[1])) ? 2 : 0;
+}
+
+std::optional<std::size_t> FirstHalf(const DoubleBytes& page, std::string_view bytes) {
+    for (std::size_t position = 0; position < bytes.size();) {
+        const std::size_t length = CharacterLength(page, bytes.substr(position));
+        if (length == 0) return position;
+        position += length;
+    }
+    return std::nullopt;
+}
+
+std::size_t LengthIn(unsigned page, const DoubleBytes* pairs, std::string_view bytes) {
+    if (page == utf8) return FirstCharacter(bytes).length;
+    return pairs == nullptr ? 1 : std::max<std::size_t>(CharacterLength(*pairs, bytes), 1);
+}
+
 }  // namespace
 
 bool IsCodePage(unsigned page) {
@@ -57,10 +106,25 @@ bool IsCodePage(unsigned page) {
 
 std::optional<std::size_t> FirstForeignByte(unsigned page, std::string_view bytes) {
     if (page == utf8) return FirstNotUtf8(bytes);
+    if (const DoubleBytes* pairs = DoubleBytesOf(page)) return FirstHalf(*pairs, bytes);
     const auto unused = std::ranges::find(unusedBytes, page, &UnusedBytes::page);
     if (unused == unusedBytes.end()) return std::nullopt;
     const std::size_t found = bytes.find_first_of(unused->bytes);
     return found == std::string_view::npos ? std::nullopt : std::optional(found);
+}
+
+std::optional<std::size_t> FirstSplitCharacter(unsigned page, std::string_view bytes, std::size_t piece) {
+    const DoubleBytes* const pairs = DoubleBytesOf(page);
+    if (page != utf8 && pairs == nullptr) return std::nullopt;
+    std::size_t lineStart = 0;
+    for (std::size_t position = 0; position < bytes.size();) {
+        const std::size_t length = LengthIn(page, pairs, bytes.substr(position));
+        const std::size_t first = position - lineStart;
+        if (first / piece != (first + length - 1) / piece) return position;
+        if (bytes[position] == '\n') lineStart = position + 1;
+        position += length;
+    }
+    return std::nullopt;
 }
 
 }  // namespace packagecheck

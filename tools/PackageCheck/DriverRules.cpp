@@ -140,6 +140,13 @@ private:
 
     void CheckList(const SystemDrivers& system) {
         for (const std::wstring& id : system.accepted) {
+            const bool isTooNew =
+                !system.isWindows8OrLater && IsOffered(id, system) && &ConfigToolFor(id) == &v4ConfigTool;
+            if (isTooNew) {
+                report.Add(
+                    rules::driverTooNew, package.PlaceOf(system.tag),
+                    ToUtf8(system.tag) + " lists " + Quoted(id) + ", a driver of the newer generation.");
+            }
             if (id.empty() || printerDrivers.contains(id)) continue;
             report.Add(rules::driverTypeUnused, package.PlaceOf(system.tag),
                        ToUtf8(system.tag) + " lists " + Quoted(id) +

@@ -25,6 +25,16 @@ inline constexpr Rule driverIdCase{
     .cure = "Write SCAN or Fax.",
     .explanation = "Scan and fax drivers are known by exactly these identifiers."};
 
+inline constexpr Rule driverTooNew{
+    .id = "driver-too-new",
+    .severity = Severity::Error,
+    .effect =
+        "On Windows 7 the installation of the driver fails, and the run takes back what it has installed.",
+    .cure = "Take the identifier out of WINXP_DRVTYPES.",
+    .explanation =
+        "A driver with V4 in its identifier is of the newer generation, which Windows has from Windows 8 "
+        "on."};
+
 inline constexpr Rule driverNameMissing{.id = "driver-name-missing",
                                         .severity = Severity::Warning,
                                         .effect = "The list of drivers has an empty line.",

@@ -15,9 +15,11 @@
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 #include "settings/TextKeys.h"
+#include "standins/discovery/OemTable.h"
 #include "tools/PackageCheck/CodePages.h"
 #include "tools/PackageCheck/PeExports.h"
 #include "tools/PackageCheck/Quoted.h"
+#include "tools/PackageCheck/SourceText.h"
 
 namespace packagecheck {
 
@@ -74,6 +76,72 @@ void CheckLibraries(const Package& package, Report& report) {
     if (package.Files().Find(program) == nullptr) {
         report.Add(rules::programMissing, {.file = program}, "The program is missing.");
     }
+}
+
+// Libraries of Windows that programs load by their bare names.
+constexpr auto librariesOfWindows = std::to_array<std::string_view>(
+    {"advapi32.dll", "apphelp.dll",  "bcrypt.dll",   "cabinet.dll",       "clbcatq.dll", "comctl32.dll",
+     "comdlg32.dll", "credui.dll",   "crypt32.dll",  "cryptbase.dll",     "cryptsp.dll", "cryptui.dll",
+     "d3d11.dll",    "dbghelp.dll",  "devobj.dll",   "dhcpcsvc.dll",      "dnsapi.dll",  "dwmapi.dll",
+     "dxgi.dll",     "fltlib.dll",   "gdi32.dll",    "gdiplus.dll",       "hhctrl.ocx",  "hid.dll",
+     "imm32.dll",    "iphlpapi.dll", "kernel32.dll", "linkinfo.dll",      "mpr.dll",     "mscoree.dll",
+     "msi.dll",      "msimg32.dll",  "mswsock.dll",  "msxml3.dll",        "msxml6.dll",  "netapi32.dll",
+     "netutils.dll", "ntdll.dll",    "ntmarta.dll",  "ole32.dll",         "oleacc.dll",  "oleaut32.dll",
+     "powrprof.dll", "prntvpt.dll",  "profapi.dll",  "propsys.dll",       "psapi.dll",   "rasapi32.dll",
+     "riched20.dll", "riched32.dll", "rpcrt4.dll",   "rsaenh.dll",        "samcli.dll",  "secur32.dll",
+     "setupapi.dll", "sfc.dll",      "shell32.dll",  "shfolder.dll",      "shlwapi.dll", "spoolss.dll",
+     "srvcli.dll",   "sspicli.dll",  "ucrtbase.dll", "urlmon.dll",        "user32.dll",  "userenv.dll",
+     "uxtheme.dll",  "version.dll",  "wbemcomn.dll", "windowscodecs.dll", "winhttp.dll", "wininet.dll",
+     "winmm.dll",    "winspool.drv", "winsta.dll",   "wintrust.dll",      "wkscli.dll",  "wldp.dll",
+     "ws2_32.dll",   "wsock32.dll",  "wtsapi32.dll", "xmllite.dll"});
+
+void CheckPlantedLibraries(const Package& package, Report& report) {
+    for (const TreeFile* file : package.Files().In(TreePath::program)) {
+        const std::string name = Folded(FileNameOf(file->path));
+        const bool isSet = name.starts_with("api-ms-win-") || name.starts_with("ext-ms-win-");
+        if (!isSet && std::ranges::find(librariesOfWindows, name) == librariesOfWindows.end()) continue;
+        report.Add(rules::libraryOfWindows, {.file = file->path}, "Windows has a library of this name.");
+    }
+}
+
+// What the library of the search reads beside it. Nothing for a file that is not there.
+std::optional<std::string> BesideSearchLibrary(const Package& package, std::string_view name) {
+    constexpr std::size_t longestFile = std::size_t{64} << 10U;
+    const TreeFile* const file = package.Files().Find(PathIn(TreePath::program, name));
+    return file == nullptr ? std::nullopt : package.Tree().Read(file->path, longestFile);
+}
+
+void CheckOemBytes(const Package& package, Report& report) {
+    const auto bytes = BesideSearchLibrary(package, "OemBytes.txt");
+    if (!bytes) return;
+    const std::string path = PathIn(TreePath::program, "OemBytes.txt");
+    std::size_t number = 0;
+    for (const std::wstring& line : SplitClosed(FromUtf8(*bytes) + L'\n', L'\n')) {
+        ++number;
+        const std::size_t text = line.find_first_not_of(L" \t\r\uFEFF");
+        const bool isRemark = text == std::wstring::npos || line[text] == L'#';
+        if (isRemark || !discovery::ReadOemTable(line).empty()) continue;
+        report.Add(rules::oemBytesLine, {.file = path, .position = Position{.line = number, .column = 1}},
+                   "The line is not number, \"=\" and makers.");
+    }
+    const std::wstring oemByte = package.Settings().GetString(Tag::OEMBYTE);
+    if (oemByte.empty() || !discovery::MakersOf(discovery::ReadOemTable(FromUtf8(*bytes)), oemByte).empty())
+        return;
+    report.Add(rules::oemBytesNumber, package.PlaceOf(Tag::OEMBYTE),
+               "OEMBYTE is " + Quoted(oemByte) + ", for which OemBytes.txt has no line.");
+}
+
+void CheckCommunity(const Package& package, Report& report) {
+    const auto bytes = BesideSearchLibrary(package, "Community.txt");
+    if (!bytes) return;
+    const std::string line = bytes->substr(0, bytes->find_first_of("\r\n"));
+    const bool isPlain =
+        std::ranges::all_of(line, [](char letter) { return letter >= ' ' && letter <= '~'; });
+    const bool isNamed = !line.empty() && line.front() != ' ' && line.back() != ' ';
+    if (isPlain && isNamed) return;
+    report.Add(rules::communityText, {.file = PathIn(TreePath::program, "Community.txt")},
+               line.empty() ? "The first line is empty."
+                            : "The first line is " + Quoted(std::string_view(line)) + ".");
 }
 
 struct PictureSize {
@@ -158,6 +226,23 @@ void CheckHelp(const Package& package, Report& report) {
     }
 }
 
+bool HasHelp(const Package& package, std::string_view language) {
+    return package.Files().Find("Setup/" + std::string(language) + "/install.chm") != nullptr;
+}
+
+void CheckHelpLanguages(const Package& package, Report& report) {
+    if (package.Settings().GetBool(Tag::SILENT_INSTALL)) return;
+    std::vector<std::string> missing;
+    for (const LanguageFile& language : package.Languages()) {
+        if (!HasHelp(package, ToUtf8(language.code))) missing.push_back(ToUtf8(language.code));
+    }
+    if (package.Languages().size() < missing.size() + 2) return;
+    for (const std::string& language : missing) {
+        report.Add(rules::helpMissing, {.file = "Setup/" + language + "/install.chm"},
+                   "There is no help in the language " + Quoted(std::string_view(language)) + ".");
+    }
+}
+
 // The language of a licence by its name, as far as a language file of the package tells; the longest code
 // counts.
 std::string CodeOfLicence(const Package& package, std::string_view fileName) {
@@ -173,19 +258,30 @@ std::string CodeOfLicence(const Package& package, std::string_view fileName) {
     return code;
 }
 
+Position PlaceOfByte(std::string_view bytes, std::size_t offset) {
+    const std::string_view before = bytes.substr(0, offset);
+    const std::size_t lineStart = before.rfind('\n') + 1;
+    return {.line = static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1,
+            .column = before.size() - lineStart + 1};
+}
+
 void CheckLicenceBytes(const TreeFile& licence, const LanguageFile& language, const std::string& bytes,
                        Report& report) {
     const std::wstring page = TagDocument::ValueOf(language.file->Text(), TextKey::CODE_PAGE.Name());
-    const auto foreign = FirstForeignByte(static_cast<unsigned>(LeadingInteger(page)), bytes);
+    const auto number = static_cast<unsigned>(LeadingInteger(page));
+    const auto foreign = FirstForeignByte(number, bytes);
     const bool hasMark = bytes.starts_with("\xEF\xBB\xBF") || bytes.starts_with("\xFF\xFE");
-    if (!foreign && !hasMark) return;
-    const std::string_view before = std::string_view(bytes).substr(0, hasMark ? 0 : *foreign);
-    const std::size_t lineStart = before.rfind('\n') + 1;
-    const Position position{.line = static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1,
-                            .column = before.size() - lineStart + 1};
-    report.Add(rules::licenceBytes, {.file = licence.path, .position = position},
-               hasMark ? "The file begins with a byte order mark, which is shown as letters."
-                       : "The byte here is no character of the code page " + Quoted(page) + ".");
+    if (foreign || hasMark) {
+        report.Add(rules::licenceBytes,
+                   {.file = licence.path, .position = PlaceOfByte(bytes, hasMark ? 0 : *foreign)},
+                   hasMark ? "The file begins with a byte order mark, which is shown as letters."
+                           : "The byte here is no character of the code page " + Quoted(page) + ".");
+        return;
+    }
+    if (const auto split = FirstSplitCharacter(number, bytes, longestPiece)) {
+        report.Add(rules::licenceSplit, {.file = licence.path, .position = PlaceOfByte(bytes, *split)},
+                   "A piece of the line ends within the character here.");
+    }
 }
 
 void CheckLicence(const Package& package, const TreeFile& licence, Report& report) {
@@ -240,8 +336,12 @@ void CheckNames(const Package& package, Report& report) {
 
 void CheckFiles(const Package& package, Report& report) {
     CheckLibraries(package, report);
+    CheckPlantedLibraries(package, report);
+    CheckOemBytes(package, report);
+    CheckCommunity(package, report);
     CheckPictures(package, report);
     CheckHelp(package, report);
+    CheckHelpLanguages(package, report);
     CheckLicences(package, report);
     CheckNames(package, report);
 }

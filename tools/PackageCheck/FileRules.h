@@ -43,6 +43,47 @@ inline constexpr Rule libraryExports{
     .explanation =
         "The wizard looks each function up by its name when it needs it, and goes on where it is not there."};
 
+inline constexpr Rule libraryOfWindows{
+    .id = "library-of-windows",
+    .severity = Severity::Error,
+    .effect =
+        "A program in this folder may load it in place of the library of Windows, with the rights of an "
+        "administrator.",
+    .cure = "Remove the file, or give it a name that no library of Windows has.",
+    .explanation =
+        "Libraries of Windows are looked for beside a program first. The wizard loads its own from the "
+        "folder of the system alone; other programs of the package may not, and scanners take such a file "
+        "for an attack."};
+
+inline constexpr Rule oemBytesLine{
+    .id = "oem-bytes-line",
+    .severity = Severity::Warning,
+    .effect = "The line is passed over, and the devices of that number are not told apart.",
+    .cure = "Write number = maker, maker; the number is from 0 to 255, or from 0x00 to 0xFF.",
+    .explanation =
+        "Sondrix.dll of this project reads OemBytes.txt beside it in UTF-8, up to 64 KB. A line that begins "
+        "with # is a remark."};
+
+inline constexpr Rule oemBytesNumber{
+    .id = "oem-bytes-number",
+    .severity = Severity::Warning,
+    .effect = "The search lists the devices of all makers.",
+    .cure = "Add a line for the number to OemBytes.txt, or correct OEMBYTE.",
+    .explanation =
+        "Sondrix.dll of this project limits the list to the makers of the number OEMBYTE. A number without "
+        "a line limits nothing."};
+
+inline constexpr Rule communityText{
+    .id = "community-text",
+    .severity = Severity::Warning,
+    .effect = "Devices do not answer, or are asked with the community public.",
+    .cure =
+        "Write the community alone into the first line, in ASCII, without blanks around it and without a "
+        "byte "
+        "order mark.",
+    .explanation =
+        "Sondrix.dll of this project takes the first line of Community.txt beside it as it stands."};
+
 inline constexpr Rule programMissing{
     .id = "program-missing",
     .severity = Severity::Error,
@@ -80,6 +121,15 @@ inline constexpr Rule helpUnreadable{
     .cure = "Compile the help again.",
     .explanation = "install.chm is no compiled help: it does not begin with the signature of one."};
 
+inline constexpr Rule helpMissing{
+    .id = "help-missing",
+    .severity = Severity::Warning,
+    .effect = "The Help buttons do nothing for users of that language.",
+    .cure = "Put install.chm into the folder of the language in Setup.",
+    .explanation =
+        "The help is that of the user's language, and no other one takes its place. The rule asks for it "
+        "where a package has helps in several languages."};
+
 inline constexpr Rule licenceMissing{
     .id = "licence-missing",
     .severity = Severity::Error,
@@ -109,6 +159,15 @@ inline constexpr Rule licenceBytes{
         "The text is decoded by the code page that the language file of the wizard's language names. The "
         "file "
         "holds a byte that is no letter there, or begins with a byte order mark."};
+
+inline constexpr Rule licenceSplit{
+    .id = "licence-split",
+    .severity = Severity::Warning,
+    .effect = "A character of the licence is shown as two wrong ones, or a part of the text is left out.",
+    .cure = "Break the line in front of the place.",
+    .explanation =
+        "A line is decoded in pieces of 2,047 bytes, each by itself. Where the end of a piece falls into a "
+        "character of several bytes, both halves are decoded as if they were whole."};
 
 inline constexpr Rule licenceWithoutLanguage{
     .id = "licence-without-language",

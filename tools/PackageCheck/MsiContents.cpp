@@ -109,7 +109,7 @@ const std::wstring& MsiContents::PropertyOf(std::wstring_view name) const {
 }
 
 MsiContents ReadContents(MsiDatabase& database) {
-    MsiContents contents;
+    MsiContents contents{.summary = database.Summary()};
     for (auto& row : database.Rows("Property", {"Property", "Value"})) contents.properties[row[0]] = row[1];
     for (auto& row : database.Rows("Upgrade", {"UpgradeCode", "Attributes", "ActionProperty"})) {
         contents.upgrades.push_back(

@@ -30,7 +30,15 @@ struct InstalledFile {
     std::wstring name;
 };
 
+// What Windows Installer asks of a file before it looks at its tables.
+struct MsiSummary {
+    std::wstring platform;     // the template: platform, ";" and languages
+    int installerVersion = 0;  // the page count: the version that is needed, 200 for 2.0
+    std::wstring packageCode;  // the revision number
+};
+
 struct MsiContents {
+    MsiSummary summary;
     std::unordered_map<std::wstring, std::wstring> properties;
     std::vector<UpgradeRow> upgrades;
     std::set<std::wstring> adminActions;  // of the AdminExecuteSequence table
@@ -55,6 +63,9 @@ public:
     // Returns the columns of each row of a table, numbers as decimal text. No rows where there is no such
     // table, and no more than a real package has.
     virtual std::vector<Row> Rows(const std::string& table, const std::vector<std::string>& columns) = 0;
+
+    // What is missing stays empty.
+    virtual MsiSummary Summary() = 0;
 };
 
 // Returns the query for the columns of all rows of a table.

@@ -59,6 +59,20 @@ public:
         return rows;
     }
 
+    MsiSummary Summary() override {
+        Failure failure;
+        const Owned<LibmsiSummaryInfo> summary(libmsi_summary_info_new(database.get(), 0, failure.Put()));
+        if (!summary) return {};
+        const auto text = [&](LibmsiProperty property) {
+            const gchar* const value = libmsi_summary_info_get_string(summary.get(), property, failure.Put());
+            return value == nullptr ? std::wstring() : FromUtf8(value);
+        };
+        return {.platform = text(LIBMSI_PROPERTY_TEMPLATE),
+                .installerVersion =
+                    libmsi_summary_info_get_int(summary.get(), LIBMSI_PROPERTY_VERSION, failure.Put()),
+                .packageCode = text(LIBMSI_PROPERTY_UUID)};
+    }
+
 private:
     static Row Texts(LibmsiRecord* record, std::size_t count) {
         Row row;

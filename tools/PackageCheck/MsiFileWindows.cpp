@@ -2,6 +2,7 @@
 
 #include <msi.h>
 #include <msiquery.h>
+#include <wtypes.h>
 
 #include <cstddef>
 #include <memory>
@@ -30,6 +31,35 @@ std::wstring TextOf(MSIHANDLE record, UINT field) {
     return text;
 }
 
+// The properties of the summary, by their numbers in the stream.
+constexpr UINT templateOfSummary = 7;
+constexpr UINT revisionOfSummary = 9;
+constexpr UINT pagesOfSummary = 14;
+
+std::wstring SummaryText(MSIHANDLE summary, UINT property) {
+    UINT type = 0;
+    INT number = 0;
+    FILETIME time{};
+    std::wstring text(256, L'\0');
+    auto length = static_cast<DWORD>(text.size());
+    UINT code = MsiSummaryInfoGetPropertyW(summary, property, &type, &number, &time, text.data(), &length);
+    if (code == ERROR_MORE_DATA) {
+        text.resize(++length);
+        code = MsiSummaryInfoGetPropertyW(summary, property, &type, &number, &time, text.data(), &length);
+    }
+    text.resize(code == ERROR_SUCCESS && type == VT_LPSTR ? length : 0);
+    return text;
+}
+
+int SummaryNumber(MSIHANDLE summary, UINT property) {
+    UINT type = 0;
+    INT number = 0;
+    FILETIME time{};
+    DWORD length = 0;
+    const UINT code = MsiSummaryInfoGetPropertyW(summary, property, &type, &number, &time, nullptr, &length);
+    return code == ERROR_SUCCESS && type == VT_I4 ? number : 0;
+}
+
 class InstallerTables : public MsiDatabase {
 public:
     explicit InstallerTables(MsiHandle opened) : database(std::move(opened)) {}
@@ -49,6 +79,14 @@ public:
             rows.push_back(std::move(row));
         }
         return rows;
+    }
+
+    MsiSummary Summary() override {
+        MsiHandle summary;
+        if (MsiGetSummaryInformationW(database.get(), nullptr, 0, summary.put()) != ERROR_SUCCESS) return {};
+        return {.platform = SummaryText(summary.get(), templateOfSummary),
+                .installerVersion = SummaryNumber(summary.get(), pagesOfSummary),
+                .packageCode = SummaryText(summary.get(), revisionOfSummary)};
     }
 
 private:

@@ -68,6 +68,10 @@ MSI_APP RecordOf(const MsiContents& contents) {
 
 }  // namespace
 
+bool IsPlaceOfPackages(std::string_view path) {
+    return KindOf(path) <= PackageKind::Driver;
+}
+
 const std::wstring& PackageFile::PropertyOf(std::wstring_view name) const {
     static const MsiContents nothing;
     return (contents ? *contents : nothing).PropertyOf(name);

@@ -46,6 +46,9 @@ struct Device {
     std::size_t start = 0;       // of the document in the file's text
 };
 
+// Whether the wizard takes what has this path for a package that is installed, or may be.
+bool IsPlaceOfPackages(std::string_view path);
+
 // How far the reading of packages has come; called by one thread at a time.
 using Progress = std::function<void(std::size_t done, std::size_t all)>;
 

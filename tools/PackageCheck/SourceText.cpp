@@ -8,7 +8,6 @@ namespace packagecheck {
 
 namespace {
 
-constexpr std::size_t longestPiece = 2047;
 // So many characters at most are counted to find the place of one.
 constexpr std::size_t charactersBetweenMarks = 1024;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";

@@ -10,6 +10,9 @@
 
 namespace packagecheck {
 
+// The wizard reads a line in pieces of so many bytes.
+inline constexpr std::size_t longestPiece = 2047;
+
 // How the wizard decodes the lines of a file.
 enum class Decoding {
     Pieces,  // the settings: each piece of at most 2,047 bytes by itself

@@ -38,6 +38,19 @@ std::vector<RuleCase> CatalogueRuleCases() {
          [](MemoryTree& tree) { Value(tree, L"ProductName") = L"M"; }},
         {"product-name-shared", [](MemoryTree& tree) { Value(tree, L"ProductName") = L"Halvenny Mono"; },
          [](MemoryTree& tree) { Value(tree, L"ProductName") = L"Halvenny mono"; }},
+        {"product-name-shared",
+         [](MemoryTree& tree) {
+             Value(tree, L"ProductName.1031") = L"Treiber";
+             tree.packages[driverPath].properties[L"ProductName.1031"] = L"Treiber";
+         },
+         [](MemoryTree& tree) {
+             Value(tree, L"ProductName.1031") = L"Treiber";
+             tree.packages[driverPath].properties[L"ProductName.1036"] = L"Treiber";
+         }},
+        {"upgrade-code-shared", [](MemoryTree& tree) { Value(tree, L"UpgradeCode") = L"{mono-FAMILY}"; },
+         [](MemoryTree& tree) {
+             tree.packages["Applications/Monitor.msi"] = tree.packages[applicationPath];
+         }},
         {"product-code-shared", [](MemoryTree& tree) { Value(tree, L"ProductCode") = L"{Mono-CODE}"; },
          [](MemoryTree& tree) { tree.packages["Install/Monitor.msi"] = CleanMsi(L"Monitor"); }},
         {"upgrade-code-missing", [](MemoryTree& tree) { Application(tree).properties.erase(L"UpgradeCode"); },
@@ -61,6 +74,26 @@ std::vector<RuleCase> CatalogueRuleCases() {
          [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"12.5MB"; }},
         {"install-size", [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"2 GB"; },
          [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"2048"; }},
+        {"install-size", [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"12582912"; },
+         [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"100000 MB"; }},
+        {"install-size-missing", [](MemoryTree& tree) { Application(tree).properties.erase(L"INSTALLSIZE"); },
+         [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"1"; }},
+        {"summary-incomplete", [](MemoryTree& tree) { Application(tree).summary.platform.clear(); },
+         [](MemoryTree& tree) { Application(tree).summary.platform = L"Intel;0"; }},
+        {"summary-incomplete", [](MemoryTree& tree) { Application(tree).summary.installerVersion = 0; },
+         [](MemoryTree& tree) { Application(tree).summary.installerVersion = 100; }},
+        {"summary-incomplete", [](MemoryTree& tree) { Application(tree).summary.packageCode.clear(); },
+         [](MemoryTree& tree) { tree.packages["Install/Kit.msi"] = CleanMsi(L"Kit"); }},
+        {"summary-version", [](MemoryTree& tree) { Application(tree).summary.installerVersion = 501; },
+         [](MemoryTree& tree) { Application(tree).summary.installerVersion = 500; }},
+        {"msi-folder", [](MemoryTree& tree) { tree.files["applications/x64/Old.MSI/readme.txt"] = "old"; },
+         [](MemoryTree& tree) { tree.files["Applications/x64/old/Old.msi/readme.txt"] = "old"; }},
+        {"supported-os-ignored",
+         [](MemoryTree& tree) { Value(tree, L"SUPPORTEDOS") = L"WINDOWS_8;WINDOWS_BLUE"; },
+         [](MemoryTree& tree) { Value(tree, L"SUPPORTEDOS") = L"WINDOWS_BLUE;WINDOWS_8;WINDOWS_7"; }},
+        {"supported-os-ignored",
+         [](MemoryTree& tree) { tree.packages[driverPath].properties[L"SUPPORTEDOS"] = L"WINDOWS_7"; },
+         [](MemoryTree& tree) { AddOptional(tree, L"WINDOWS_7;"); }},
         {"supported-os-single", [](MemoryTree& tree) { AddOptional(tree, L"WINDOWS_7"); },
          [](MemoryTree& tree) { AddOptional(tree, L"WINDOWS_7;"); }},
         {"supported-os-unknown", [](MemoryTree& tree) { AddOptional(tree, L"WINDOWS_8; WINDOWS_BLUE"); },

@@ -37,6 +37,13 @@ std::vector<RuleCase> DependentRuleCases() {
          [](MemoryTree& tree) {
              AddDependents(tree, L"Watch.msi", {{L"Watch", L""}});
          }},
+        {"dependent-ignored",
+         [](MemoryTree& tree) {
+             AddDependents(tree, L"Watch.msi", {{L"Watch", L"Bell.msi"}, {L"Bell", L""}});
+         },
+         [](MemoryTree& tree) {
+             AddDependents(tree, L"Watch.msi;Bell.msi", {{L"Watch", L""}, {L"Bell", L""}});
+         }},
         {"dependent-cycle",
          [](MemoryTree& tree) {
              AddDependents(tree, L"A1.msi", {{L"A1", L"B2.msi"}, {L"B2", L"A1.msi"}});

@@ -31,6 +31,13 @@ std::vector<RuleCase> DriverRuleCases() {
          [](MemoryTree& tree) { tree.packages["Applications/Other.msi"] = CleanMsi(L"Other"); }},
         {"driver-id-case", [](MemoryTree& tree) { DriverProperty(tree, L"DRIVERID") = L"FAX"; },
          [](MemoryTree& tree) { DriverProperty(tree, L"DRIVERID") = L"Fax"; }},
+        {"driver-too-new", [](MemoryTree& tree) { AddSecondDriver(tree, L"HVMONOV4"); },
+         [](MemoryTree& tree) {
+             AddSecondDriver(tree, L"HVMONOV4");
+             tree.Replace(defaultsPath, "<WINXP_DRVTYPES>HVMONOV4;", "<WINXP_DRVTYPES>");
+         }},
+        {"driver-too-new", [](MemoryTree& tree) { AddSecondDriver(tree, L"V4"); },
+         [](MemoryTree& tree) { AddSecondDriver(tree, L"HVMONOv4"); }},
         {"driver-name-missing", [](MemoryTree& tree) { DriverProperty(tree, L"DRIVERNAME").clear(); },
          [](MemoryTree& tree) {
              DriverProperty(tree, L"DRIVERNAME").clear();

@@ -8,6 +8,20 @@ constexpr const char* sondrixPath = "Setup/x64/Sondrix.dll";
 constexpr const char* checkPath = "Setup/res/images/check.png";
 constexpr const char* logoPath = "Setup/res/images/logo.bmp";
 constexpr const char* licencePath = "Notices/EULA/EULA_en.txt";
+constexpr const char* oemBytesPath = "Setup/x64/OemBytes.txt";
+constexpr const char* communityPath = "Setup/x64/Community.txt";
+
+// German and French beside English, with an English help.
+void AddLanguages(MemoryTree& tree) {
+    for (const char* code : {"de", "fr"})
+        tree.files["Setup/res/" + std::string(code) + "_strings.xml"] = "<A></A>";
+    tree.files["Setup/en/install.chm"] = "ITSF";
+}
+
+void UseCodePage(MemoryTree& tree, const std::string& page, const std::string& licence) {
+    tree.Replace(englishPath, "<CODE_PAGE>1252", "<CODE_PAGE>" + page);
+    tree.files[licencePath] = licence;
+}
 
 }  // namespace
 
@@ -38,6 +52,33 @@ std::vector<RuleCase> FileRuleCases() {
          [](MemoryTree& tree) {
              tree.files[sondrixPath] = MakeLibrary({"EnumerateW", "DiscoverW", "Initialize", "Uninitialize"});
          }},
+        {"library-of-windows", [](MemoryTree& tree) { tree.files["Setup/x64/Version.DLL"] = "MZ"; },
+         [](MemoryTree& tree) { tree.files["Setup/Version.dll"] = "MZ"; }},
+        {"library-of-windows",
+         [](MemoryTree& tree) { tree.files["Setup/x64/api-ms-win-core-file-l1.dll"] = "MZ"; },
+         [](MemoryTree& tree) { tree.files["Setup/x64/versions.dll"] = "MZ"; }},
+        {"oem-bytes-line",
+         [](MemoryTree& tree) { tree.files[oemBytesPath] = "# makers\r\n256 = Halvenny\r\n"; },
+         [](MemoryTree& tree) {
+             tree.files[oemBytesPath] = "\xEF\xBB\xBF# makers\r\n\r\n 0xFF = Halvenny\r\n";
+         }},
+        {"oem-bytes-line", [](MemoryTree& tree) { tree.files[oemBytesPath] = "1 = ,"; },
+         [](MemoryTree& tree) { tree.files["Setup/OemBytes.txt"] = "1 = ,"; }},
+        {"oem-bytes-number",
+         [](MemoryTree& tree) {
+             tree.files[oemBytesPath] = "1 = Halvenny";
+             tree.AddSetting("<OEMBYTE>2</OEMBYTE>");
+         },
+         [](MemoryTree& tree) {
+             tree.files[oemBytesPath] = "0x02 = Halvenny";
+             tree.AddSetting("<OEMBYTE>2</OEMBYTE>");
+         }},
+        {"community-text", [](MemoryTree& tree) { tree.files[communityPath] = "private \r\n"; },
+         [](MemoryTree& tree) { tree.files[communityPath] = "private\r\n of the house \r\n"; }},
+        {"community-text", [](MemoryTree& tree) { tree.files[communityPath] = "\r\nprivate"; },
+         [](MemoryTree& tree) { tree.files[communityPath] = "private"; }},
+        {"community-text", [](MemoryTree& tree) { tree.files[communityPath] = "\xEF\xBB\xBFprivate"; },
+         [](MemoryTree& tree) { tree.files[communityPath] = "two words"; }},
         {"program-missing", [](MemoryTree& tree) { tree.files.erase("Setup/x64/Kestrune.exe"); },
          [](MemoryTree& tree) {
              tree.files.erase("Setup/x64/Kestrune.exe");
@@ -58,6 +99,34 @@ std::vector<RuleCase> FileRuleCases() {
          [](MemoryTree& tree) { tree.files[logoPath] = MakeBitmap(8, 0xFFFFFFF8U); }},
         {"help-unreadable", [](MemoryTree& tree) { tree.files["Setup/en/install.chm"] = "<html>"; },
          [](MemoryTree& tree) { tree.files["Setup/en/install.chm"] = "ITSF\3"; }},
+        {"help-missing",
+         [](MemoryTree& tree) {
+             AddLanguages(tree);
+             tree.files["Setup/de/install.chm"] = "ITSF";
+         },
+         [](MemoryTree& tree) {
+             AddLanguages(tree);
+             tree.files["Setup/DE/Install.chm"] = "ITSF";
+             tree.files["Setup/fr/install.chm"] = "ITSF";
+         }},
+        {"help-missing",
+         [](MemoryTree& tree) {
+             AddLanguages(tree);
+             tree.files["Setup/fr/install.chm"] = "ITSF";
+         },
+         [](MemoryTree& tree) { AddLanguages(tree); }},
+        {"licence-code-page", [](MemoryTree& tree) { UseCodePage(tree, "932", "\x83\x65\x83"); },
+         [](MemoryTree& tree) { UseCodePage(tree, "932", "\x83\x65\xB1"); }},
+        {"licence-code-page", [](MemoryTree& tree) { UseCodePage(tree, "949", "\xB0\x30"); },
+         [](MemoryTree& tree) { UseCodePage(tree, "936", "\xB0\x40"); }},
+        {"licence-code-page", [](MemoryTree& tree) { UseCodePage(tree, "950", "\xA4\x80"); },
+         [](MemoryTree& tree) { UseCodePage(tree, "950", "\xA4\xA4"); }},
+        {"licence-split",
+         [](MemoryTree& tree) { UseCodePage(tree, "932", std::string(2046, 'x') + "\x83\x65"); },
+         [](MemoryTree& tree) { UseCodePage(tree, "932", std::string(2045, 'x') + "\x83\x65\x83\x65"); }},
+        {"licence-split",
+         [](MemoryTree& tree) { UseCodePage(tree, "65001", "x\n" + std::string(4093, 'x') + "\xC3\xBC"); },
+         [](MemoryTree& tree) { UseCodePage(tree, "65001", std::string(2040, 'x') + "\nsix \xC3\xBC"); }},
         {"licence-missing", [](MemoryTree& tree) { tree.files.erase(licencePath); },
          [](MemoryTree& tree) {
              tree.files.erase(licencePath);

@@ -76,6 +76,7 @@ void ReplaceIn(std::string& text, const std::string& from, const std::string& to
 
 MsiContents CleanMsi(const std::wstring& name) {
     MsiContents contents;
+    contents.summary = {.platform = L"x64;1033", .installerVersion = 200, .packageCode = L"{" + name + L"}"};
     contents.properties = {{L"ProductName", L"Halvenny " + name},
                            {L"ProductVersion", L"1.0.0"},
                            {L"ProductCode", L"{" + name + L"-CODE}"},

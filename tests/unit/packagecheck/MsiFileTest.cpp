@@ -32,6 +32,13 @@ TEST(MsiFileTest, ReadsProperties) {
     EXPECT_EQ(contents.PropertyOf(L"driverid"), L"");
 }
 
+TEST(MsiFileTest, ReadsTheSummary) {
+    const packagecheck::MsiSummary summary = Written({createProperty}).summary;
+    EXPECT_EQ(summary.platform, L"x64;1033");
+    EXPECT_EQ(summary.installerVersion, 200);
+    EXPECT_EQ(summary.packageCode, L"{00000000-0000-0000-0000-000000000001}");
+}
+
 TEST(MsiFileTest, ReadsFilesWithTheirFolders) {
     const MsiContents contents = Written(
         {createProperty,
@@ -89,6 +96,8 @@ public:
     std::vector<Row> Rows(const std::string& table, const std::vector<std::string>&) override {
         return rows[table];
     }
+
+    packagecheck::MsiSummary Summary() override { return {}; }
 
     std::map<std::string, std::vector<Row>> rows;
 };

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 #include <libmsi.h>
 
+#include <climits>
+
 #include "tests/unit/packagecheck/MsiWriter.h"
 
 // libmsi keeps a few texts of a database that is closed. What it does with objects of ours is still watched,
@@ -18,6 +20,13 @@ void WriteMsi(const std::filesystem::path& path, const std::vector<std::string>&
         EXPECT_TRUE(libmsi_query_execute(query, nullptr, nullptr)) << statement;
         g_object_unref(query);
     }
+    LibmsiSummaryInfo* summary = libmsi_summary_info_new(nullptr, INT_MAX, nullptr);
+    libmsi_summary_info_set_string(summary, LIBMSI_PROPERTY_TEMPLATE, "x64;1033", nullptr);
+    libmsi_summary_info_set_int(summary, LIBMSI_PROPERTY_VERSION, 200, nullptr);
+    libmsi_summary_info_set_string(summary, LIBMSI_PROPERTY_UUID, "{00000000-0000-0000-0000-000000000001}",
+                                   nullptr);
+    EXPECT_TRUE(libmsi_summary_info_save(summary, database, nullptr));
+    g_object_unref(summary);
     EXPECT_TRUE(libmsi_database_commit(database, nullptr));
     g_object_unref(database);
 }
