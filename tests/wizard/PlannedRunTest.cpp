@@ -83,6 +83,15 @@ protected:
 
     bool WasShown(std::wstring_view title) const { return std::ranges::find(shown, title) != shown.end(); }
 
+    // A page on which the wizard has come to rest. While windows are destroyed a hidden one may seem to be
+    // shown.
+    PageOnScreen FindSettledPage() const {
+        const PageOnScreen found = FindPage();
+        if (found.page == nullptr) return found;
+        wizard.Settle();
+        return FindPage().control == found.control ? found : PageOnScreen{};
+    }
+
     // The second page of a kind is the one for the optional software.
     std::wstring_view TitleOf(const KnownPage& page) const {
         if (!WasShown(page.title)) return page.title;
@@ -109,7 +118,7 @@ protected:
         bool isOpen = false;
         WaitUntil(
             [&] {
-                const PageOnScreen current = FindPage();
+                const PageOnScreen current = FindSettledPage();
                 const bool isNew = current.page != nullptr && current.control != seen;
                 if (isNew) shown.push_back(TitleOf(*current.page));
                 if (isNew) seen = current.control;
