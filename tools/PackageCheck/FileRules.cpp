@@ -236,7 +236,7 @@ void CheckHelpLanguages(const Package& package, Report& report) {
     for (const LanguageFile& language : package.Languages()) {
         if (!HasHelp(package, ToUtf8(language.code))) missing.push_back(ToUtf8(language.code));
     }
-    if (package.Languages().size() < missing.size() + 2) return;
+    if (missing.size() * 2 >= package.Languages().size()) return;
     for (const std::string& language : missing) {
         report.Add(rules::helpMissing, {.file = "Setup/" + language + "/install.chm"},
                    "There is no help in the language " + Quoted(std::string_view(language)) + ".");

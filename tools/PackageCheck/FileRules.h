@@ -128,7 +128,7 @@ inline constexpr Rule helpMissing{
     .cure = "Put install.chm into the folder of the language in Setup.",
     .explanation =
         "The help is that of the user's language, and no other one takes its place. The rule asks for it "
-        "where a package has helps in several languages."};
+        "where most languages of a package have one."};
 
 inline constexpr Rule licenceMissing{
     .id = "licence-missing",

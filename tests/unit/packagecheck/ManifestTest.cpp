@@ -110,6 +110,13 @@ TEST(ManifestDataTest, TakesWhatThePackageSays) {
     EXPECT_THAT(data.notes, ElementsAre(HasSubstr("does not run silently")));
 }
 
+TEST(ManifestDataTest, TakesTheHighestVersionWhereverItStands) {
+    CodedTree tree;
+    tree.Set(applicationPath, L"ProductVersion", L"2.9.1");
+    tree.Set(driverPath, L"ProductVersion", L"2.10.0");
+    EXPECT_EQ(DataOf(tree).version, "2.10.0");
+}
+
 TEST(ManifestDataTest, LeavesOutWhatIsNotSurelyInstalled) {
     CodedTree tree;
     tree.packages["Common/x64/Extra.msi"] = tree.packages[applicationPath];
@@ -268,8 +275,10 @@ TEST(ManifestCommandTest, NeedsAKindAndAFolder) {
     const packagecheck::Surroundings surroundings{.out = out, .err = err};
     EXPECT_EQ(packagecheck::RunPackageCheck({"--manifest", "winget", "a"}, surroundings), 2);
     EXPECT_EQ(packagecheck::RunPackageCheck({"--manifest", "other", "--out", "b", "a"}, surroundings), 2);
-    EXPECT_EQ(packagecheck::RunPackageCheck({"--out", "b", "a"}, surroundings), 2);
     EXPECT_THAT(err.str(), HasSubstr("--manifest makes winget, chocolatey or intune."));
+    EXPECT_THAT(err.str(), HasSubstr("--manifest and --out FOLDER go together."));
+    err.str({});
+    EXPECT_EQ(packagecheck::RunPackageCheck({"--out", "b", "a"}, surroundings), 2);
     EXPECT_THAT(err.str(), HasSubstr("--manifest and --out FOLDER go together."));
 }
 

@@ -90,6 +90,14 @@ TEST_F(PlanTest, TakesDependentsWithinTheirParentsTurnAndEachOnce) {
     EXPECT_EQ(Make().packages.at(1).dependents.at(0).reason, "it has been installed earlier in this run");
 }
 
+TEST_F(PlanTest, TakesADependentWithoutAProductCodeOnceToo) {
+    tree.packages[applicationPath].properties[L"DEPENDENTAPPS"] = L"Shared.msi";
+    AddPackage("Applications/x64/Other.msi", L"Other", {{L"DEPENDENTAPPS", L"Shared.msi"}});
+    AddPackage("Dependents/x64/Shared.msi", L"Shared");
+    tree.packages["Dependents/x64/Shared.msi"].properties.erase(L"ProductCode");
+    EXPECT_THAT(Packages(), Contains("  Shared.msi: pass over, it is up to date"));
+}
+
 TEST_F(PlanTest, GoesByWhatIsInstalled) {
     AddPackage("Applications/x64/Again.msi", L"Again", {{L"FORCEREINSTALL", L"true"}});
     AddPackage("Applications/x64/Minor.msi", L"Minor");

@@ -146,6 +146,7 @@ TEST_F(ProgramTest, ReadsWhatIsInstalledForAPlan) {
     EXPECT_EQ(Run({"--plan", "--installed=" + state, folder.Path()}), 2);
     EXPECT_THAT(err.str(), HasSubstr("the state of \"Broken.msi\" is none of"));
     EXPECT_EQ(Run({"--plan", "--installed=" + state + ".missing", folder.Path()}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("state.json.missing: it cannot be read."));
 }
 
 TEST_F(ProgramTest, WritesThePageOfAPlan) {
