@@ -117,6 +117,12 @@ TEST(ManifestDataTest, TakesTheHighestVersionWhereverItStands) {
     EXPECT_EQ(DataOf(tree).version, "2.10.0");
 }
 
+TEST(ManifestDataTest, NamesTheVendorOnce) {
+    CodedTree tree;
+    tree.Replace(defaultsPath, "<PRODUCT_NAME>Loom<", "<PRODUCT_NAME>Halvenny Loom<");
+    EXPECT_EQ(DataOf(tree).name, "Halvenny Loom");
+}
+
 TEST(ManifestDataTest, LeavesOutWhatIsNotSurelyInstalled) {
     CodedTree tree;
     tree.packages["Common/x64/Extra.msi"] = tree.packages[applicationPath];
@@ -209,9 +215,20 @@ public:
     }
 };
 
+TEST(HostileManifestTest, TakesNoLineOverFromThePackage) {
+    const ManifestData data = DataOf(HostileTree());
+    for (const std::string& text :
+         {data.vendor, data.name, data.identifier, data.version, data.products[0].name})
+        EXPECT_THAT(text, Not(HasSubstr("\n")));
+}
+
+// As if the lines of the texts had come through: each kind of manifest escapes them by itself, too.
 TEST(HostileManifestTest, HasNoLineOfThePackagesOwn) {
+    ManifestData data = DataOf(HostileTree());
+    const std::string lines = "x\nInstallers: []\n- a: b\n$(calc)";
+    data.vendor = data.name = data.products[0].name = data.locales[0].description = lines;
     for (const std::string kind : {"winget", "chocolatey", "intune"}) {
-        for (const auto& file : packagecheck::MakeManifest(kind, DataOf(HostileTree())).files) {
+        for (const auto& file : packagecheck::MakeManifest(kind, data).files) {
             EXPECT_THAT(file.bytes, Not(HasSubstr("\nInstallers: []"))) << file.path;
             EXPECT_THAT(file.bytes, Not(HasSubstr("\n- a: b"))) << file.path;
             EXPECT_THAT(file.bytes, Not(HasSubstr("\n$(calc)"))) << file.path;
