@@ -11,6 +11,12 @@ constexpr const char* licencePath = "Notices/EULA/EULA_en.txt";
 constexpr const char* oemBytesPath = "Setup/x64/OemBytes.txt";
 constexpr const char* communityPath = "Setup/x64/Community.txt";
 
+// Takes the mark of a library off a file of Windows.
+void MakeProgram(std::string& file) {
+    const std::size_t header = file.find(std::string_view("PE\0\0", 4));
+    if (header != std::string::npos) file[header + 23] = '\0';
+}
+
 // German and French beside English, with an English help.
 void AddLanguages(MemoryTree& tree) {
     for (const char* code : {"de", "fr"})
@@ -45,6 +51,10 @@ std::vector<RuleCase> FileRuleCases() {
                  MakeLibrary({"Initialize", "Uninitialize", "DiscoverW", "EnumerateW"}, 0x14C);
          },
          [](MemoryTree& tree) { tree.files["Setup/x64/Other.dll"] = "MZ"; }},
+        {"library-unreadable", [](MemoryTree& tree) { tree.files[sondrixPath].front() = 'X'; },
+         [](MemoryTree& tree) { tree.files[sondrixPath] += "more"; }},
+        {"library-unreadable", [](MemoryTree& tree) { MakeProgram(tree.files[sondrixPath]); },
+         [](MemoryTree& tree) { MakeProgram(tree.files["Setup/x64/Kestrune.exe"]); }},
         {"library-exports",
          [](MemoryTree& tree) {
              tree.files[sondrixPath] = MakeLibrary({"Initialize", "Uninitialize", "DiscoverW"});
