@@ -16,7 +16,7 @@ def main():
     schema = json.loads((ROOT / 'docs' / 'rollout-report.schema.json').read_text(encoding='utf-8'))
     jsonschema.Draft7Validator.check_schema(schema)
     validator = jsonschema.Draft7Validator(schema)
-    reports = sorted(pathlib.Path(sys.argv[1]).glob('*.json'))
+    reports = sorted(pathlib.Path(sys.argv[1]).rglob('*.json'))
     findings = [] if reports else ['there is no report']
     for report in reports:
         for error in validator.iter_errors(json.loads(report.read_text(encoding='utf-8'))):

@@ -39,10 +39,11 @@ nb_NO 1044 nb
 id_ID 1057 id_ID
 he_IL 1037 en'
 
-# The reports that rollouts leave, to be held against their schema; the tests know the folder as Windows does.
+# The reports that rollouts leave, to be held against their schema; the tests know the folder as Windows does. Each shard has
+# its own, since programs of two prefixes can have the same number.
 reports=$root/build/rollout-reports
 rm -rf "$reports"
-export KESTRUNE_REPORTS="Z:${reports//\//\\}"
+windows_reports="Z:${reports//\//\\}"
 
 language_tests=LanguageTest.FollowsTheLanguageOfTheUser:HelpTest.OpensThePagesTopicInTheLanguageOfTheUser
 
@@ -66,7 +67,8 @@ run_shard() {
     shift
     wine_new_prefix "$prefix"
     start_display
-    GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$index run_to_its_end wine "$program" "$@" || code=1
+    KESTRUNE_REPORTS="$windows_reports\\$index" GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$index \
+        run_to_its_end wine "$program" "$@" || code=1
     [ "$shards" = 1 ] || [ "$index" != 0 ] || run_languages || code=1
     wine_stop "$prefix"
     return $code
