@@ -73,8 +73,10 @@ TEST_F(NewPackageTest, HasTheTextsOfTheSample) {
 
 TEST_F(NewPackageTest, HasAScriptThatCanBeStarted) {
     ASSERT_EQ(Make(folder.Path()), 0);
+#ifndef _WIN32
     const auto mode = std::filesystem::status(folder.Path() + "/build.sh").permissions();
     EXPECT_NE(mode & std::filesystem::perms::owner_exec, std::filesystem::perms::none);
+#endif
     EXPECT_THAT(folder.Read("build.sh"), testing::StartsWith("#!/usr/bin/env bash\n"));
     EXPECT_THAT(folder.Read("build.sh"), Not(HasSubstr("\r")));
 }
