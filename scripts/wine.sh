@@ -60,16 +60,16 @@ wine_new_prefix() {
 
 # Brings the fonts that a Windows has and Wine lacks. Installed, they and what comes with them would change the size of
 # every dialog, so they are unpacked.
-prepare_fonts() { unpack_packages "$wine_home/fonts" fonts-dejavu-core fonts-droid-fallback fonts-wine; }
+prepare_fonts() { unpack_packages "$wine_home/fonts" fonts-dejavu-core fonts-droid-fallback fonts-lexi-gulim fonts-wine; }
 
 # add_letters PREFIX: gives the prefix the letters of Chinese, Japanese and Korean for the pages, whose own font leaves
 # them to the system. Before its first program that draws.
 add_letters() {
     local fonts=$wine_home/fonts/usr/share/fonts/truetype
     [ -d "$fonts" ] || return 0
-    cp "$fonts/droid/DroidSansFallbackFull.ttf" "$1/drive_c/windows/Fonts/"
+    cp "$fonts/droid/DroidSansFallbackFull.ttf" "$fonts/lexi/LexiGulim.ttf" "$1/drive_c/windows/Fonts/"
     wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink' /v Velmora /t REG_MULTI_SZ \
-        /d 'DroidSansFallbackFull.ttf,Droid Sans Fallback' /f > /dev/null
+        /d 'DroidSansFallbackFull.ttf,Droid Sans Fallback\0LexiGulim.ttf,LexiGulim' /f > /dev/null
 }
 
 # add_title_fonts PREFIX: gives the title bars of a prefix their signs, and letters of every script.
