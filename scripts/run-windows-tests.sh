@@ -41,7 +41,7 @@ fitting='*FittingTextsTest*'
 # the resolution is read when it starts, and some tests leave other colours behind. On another display, where no window
 # takes the focus from a test's.
 look_at_dialogs() {
-    local dots filter folder=$look_folder/tree/Setup/x64
+    local dots filter folder=$look_folder/tree/Setup/x64 code=0
     start_display
     for dots in 96 120 144 192; do
         wine_new_prefix "$prefix-$dots"
@@ -50,10 +50,11 @@ look_at_dialogs() {
         echo "With $dots dots per inch:"
         filter=$fitting
         [ "$dots" != 96 ] || filter=$fitting:$pictures
-        run_tests --gtest_brief=1 "--gtest_filter=$filter" || return 1
+        run_tests --gtest_brief=1 "--gtest_filter=$filter" || code=1
         wine_stop "$prefix-$dots"
     done
-    scripts/check-pictures.sh "$look_folder/pictures"
+    scripts/check-pictures.sh "$look_folder/pictures" || code=1
+    return "$code"
 }
 
 look_log=

@@ -102,6 +102,10 @@ std::string XmlText(std::string_view text) {
     return escaped;
 }
 
+std::string XmlText(std::wstring_view text) {
+    return XmlText(ToUtf8(text));
+}
+
 std::string PowerShellText(std::string_view text) {
     std::string literal = "'";
     ForEachCharacter(text, [&](std::uint32_t code) {

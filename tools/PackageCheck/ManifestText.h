@@ -1,5 +1,5 @@
-// Texts of a package as the values of other languages. Functions of their arguments, for any thread. All
-// texts are in UTF-8.
+// Texts of a package as parts of documents in other languages. Functions of their arguments, for any thread.
+// Narrow texts are in UTF-8.
 #pragma once
 
 #include <cstddef>
@@ -19,6 +19,7 @@ std::string YamlText(std::string_view text);
 
 // Returns the text between two tags, or of an attribute in double quotes.
 std::string XmlText(std::string_view text);
+std::string XmlText(std::wstring_view text);
 
 // Returns a literal in single quotes, in which nothing is expanded.
 std::string PowerShellText(std::string_view text);

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "CommonLib/Utf8.h"
+#include "tools/PackageCheck/ManifestText.h"
 #include "tools/PackageCheck/PlanText.h"
 
 namespace packagecheck {
@@ -37,48 +37,20 @@ pre { border-left: 3px solid var(--line); padding-left: .75rem; white-space: pre
 <body>
 )";
 
-// As text of a page, in which control characters have no place.
-std::string Escaped(std::string_view text) {
-    std::string escaped;
-    for (const char letter : text) {
-        switch (letter) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            default:
-                escaped += static_cast<unsigned char>(letter) < ' ' ? ' ' : letter;
-        }
-    }
-    return escaped;
-}
-
-std::string Escaped(std::wstring_view text) {
-    return Escaped(ToUtf8(text));
-}
-
 void WriteOutline(std::ostream& out, const PlannedPage& page) {
     const bool isHidden = page.state == PageState::Hidden;
-    out << "<li" << (isHidden ? " class=\"hidden\"" : "") << "><strong>" << Escaped(page.title)
-        << "</strong><br><span class=\"quiet\">" << Escaped(WordsFor(page)) << "</span></li>\n";
+    out << "<li" << (isHidden ? " class=\"hidden\"" : "") << "><strong>" << XmlText(page.title)
+        << "</strong><br><span class=\"quiet\">" << XmlText(WordsFor(page)) << "</span></li>\n";
 }
 
 void WritePackageList(std::ostream& out, const std::vector<PlannedPackage>& packages) {
     out << "<ol>\n";
     for (const PlannedPackage& package : packages) {
-        out << "<li><strong>" << Escaped(package.name) << "</strong> " << Escaped(package.version)
-            << " <span class=\"quiet\">" << Escaped(package.file) << "</span><br>"
-            << Escaped(WordsFor(package.intention)) << " (" << Escaped(package.reason) << ")\n";
+        out << "<li><strong>" << XmlText(package.name) << "</strong> " << XmlText(package.version)
+            << " <span class=\"quiet\">" << XmlText(package.file) << "</span><br>"
+            << XmlText(WordsFor(package.intention)) << " (" << XmlText(package.reason) << ")\n";
         if (!package.document.empty())
-            out << "<details><summary>its document</summary><pre>" << Escaped(package.document)
+            out << "<details><summary>its document</summary><pre>" << XmlText(package.document)
                 << "</pre></details>\n";
         if (!package.dependents.empty()) WritePackageList(out, package.dependents);
         out << "</li>\n";
@@ -95,13 +67,13 @@ void WriteRun(std::ostream& out, const Plan& plan) {
     }
     if (!plan.leftOut.empty()) out << "<h2>Left out</h2>\n<ul>\n";
     for (const LeftOutPackage& package : plan.leftOut) {
-        out << "<li><strong>" << Escaped(package.name) << "</strong> <span class=\"quiet\">"
-            << Escaped(package.file) << "</span><br>" << Escaped(package.reason) << "</li>\n";
+        out << "<li><strong>" << XmlText(package.name) << "</strong> <span class=\"quiet\">"
+            << XmlText(package.file) << "</span><br>" << XmlText(package.reason) << "</li>\n";
     }
     if (!plan.leftOut.empty()) out << "</ul>\n";
     if (!plan.programs.empty()) out << "<h2>Programs at the end</h2>\n<ul>\n";
     for (const std::wstring& program : plan.programs)
-        out << "<li>" << Escaped(plan.programFolder + program) << "</li>\n";
+        out << "<li>" << XmlText(plan.programFolder + program) << "</li>\n";
     if (!plan.programs.empty()) out << "</ul>\n";
 }
 
@@ -109,9 +81,9 @@ void WriteRun(std::ostream& out, const Plan& plan) {
 
 void WritePlanPage(std::ostream& out, const Plan& plan, const std::string& folder) {
     out << pageHead << "<h1>" << (plan.isSilent ? "A silent run" : "A run with pages") << "</h1>\n<p>"
-        << Escaped(folder) << "</p>\n";
+        << XmlText(folder) << "</p>\n";
     if (!plan.obstacles.empty()) out << "<h2>What stops a silent run</h2>\n<ul>\n";
-    for (const std::string& obstacle : plan.obstacles) out << "<li>" << Escaped(obstacle) << "</li>\n";
+    for (const std::string& obstacle : plan.obstacles) out << "<li>" << XmlText(obstacle) << "</li>\n";
     if (!plan.obstacles.empty()) out << "</ul>\n";
     out << "<h2>Pages</h2>\n<ol class=\"pages\">\n";
     for (const PlannedPage& page : plan.pages) WriteOutline(out, page);

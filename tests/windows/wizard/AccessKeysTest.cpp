@@ -52,14 +52,7 @@ protected:
             dialogCase.make({context, window, applications, drivers, configuration});
         ASSERT_TRUE(dialog->Create(dialog->TemplateId(), &window));
         dialog->ShowWindow(SW_SHOW);
-        ExpectOneControlPerKey(*dialog);
-        const HWND kinds = dialog->GetDlgItem(IDC_ADD_PORT_KIND);
-        for (WPARAM kind = 1; kinds != nullptr && kind < 3; ++kind) {
-            SendMessageW(kinds, CB_SETCURSEL, kind, 0);
-            dialog->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_KIND, CBN_SELCHANGE),
-                                reinterpret_cast<LPARAM>(kinds));
-            ExpectOneControlPerKey(*dialog);
-        }
+        InEachView(*dialog, [&] { ExpectOneControlPerKey(*dialog); });
     }
 
     AppCatalogue applications;

@@ -8,13 +8,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <functional>
 #include <iterator>
 #include <optional>
 #include <set>
 #include <tuple>
 
-#include "framework/CMFCLinkCtrl.h"
 #include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
@@ -25,24 +23,11 @@
 #include "tests/windows/world/SampleLanguages.h"
 #include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
-#include "wizard/CQorLinkButton.h"
 
 namespace {
 
-std::wstring ClassOf(HWND control) {
-    wchar_t name[64] = {};
-    GetClassNameW(control, name, static_cast<int>(std::size(name)));
-    return name;
-}
-
 LONG_PTR StyleOf(HWND control) {
     return GetWindowLongPtrW(control, GWL_STYLE);
-}
-
-bool IsLink(HWND control) {
-    const CWnd* const object = CWnd::FromHandle(control);
-    return dynamic_cast<const CMFCLinkCtrl*>(object) != nullptr ||
-           dynamic_cast<const CQorLinkButton*>(object) != nullptr;
 }
 
 // A button that the visual style draws, in colours of its own.
@@ -195,18 +180,6 @@ protected:
         dialog->ShowWindow(SW_SHOW);
         EnumChildWindows(dialog->GetSafeHwnd(), &GiveText, 0);
         return dialog;
-    }
-
-    // Does it for each state that the dialog has.
-    static void InEachView(const InstallDialogEx& dialog, const std::function<void()>& deed) {
-        deed();
-        const HWND kinds = dialog.GetDlgItem(IDC_ADD_PORT_KIND);
-        for (WPARAM kind = 1; kinds != nullptr && kind < 3; ++kind) {
-            SendMessageW(kinds, CB_SETCURSEL, kind, 0);
-            dialog.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_KIND, CBN_SELCHANGE),
-                               reinterpret_cast<LPARAM>(kinds));
-            deed();
-        }
     }
 
     // Without the focus, whose frames and caret stand over the texts.

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "CommonLib/Utf8.h"
-#include "framework/CMFCLinkCtrl.h"
 #include "framework/Handles.h"
 #include "resources/resource.h"
 #include "settings/TextKeys.h"
@@ -20,7 +19,6 @@
 #include "tests/windows/world/SampleLanguages.h"
 #include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
-#include "wizard/CQorLinkButton.h"
 
 namespace {
 
@@ -62,17 +60,8 @@ struct Manner {
     int beside = 0;  // in pixels
 };
 
-std::wstring ClassOfControl(HWND control) {
-    std::array<wchar_t, 64> name{};
-    GetClassNameW(control, name.data(), static_cast<int>(name.size()));
-    return name.data();
-}
-
 Manner MannerOfButton(HWND control, LONG_PTR style) {
-    const CWnd* const object = CWnd::FromHandle(control);
-    const bool isLink = dynamic_cast<const CMFCLinkCtrl*>(object) != nullptr ||
-                        dynamic_cast<const CQorLinkButton*>(object) != nullptr;
-    if (isLink) return {};
+    if (IsLink(control)) return {};
     if ((style & BS_TYPEMASK) == BS_AUTORADIOBUTTON || (style & BS_TYPEMASK) == BS_AUTOCHECKBOX)
         return {.wraps = (style & BS_MULTILINE) != 0, .beside = 2 * GetSystemMetrics(SM_CXMENUCHECK)};
     const int frame = 4 * GetSystemMetrics(SM_CXEDGE);
@@ -81,7 +70,7 @@ Manner MannerOfButton(HWND control, LONG_PTR style) {
 
 Manner MannerOf(HWND control) {
     const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
-    const std::wstring kind = ClassOfControl(control);
+    const std::wstring kind = ClassOf(control);
     // The button of the help and those with a picture do not show their text.
     if (GetDlgCtrlID(control) == IDC_HELP_BUTTON || (kind == WC_BUTTONW && (style & BS_ICON) != 0))
         return {.isShown = false};
@@ -146,7 +135,7 @@ protected:
                               ? SizeOfBrokenText(control, text, room.cx)
                               : SizeOfText(control, text, manner, room.cx);
         EXPECT_LE(size.cx, room.cx) << "too wide in " << GetDlgCtrlID(control) << ": " << ToUtf8(text);
-        if (ClassOfControl(control) != WC_LISTVIEWW) {
+        if (ClassOf(control) != WC_LISTVIEWW) {
             EXPECT_LE(size.cy, room.cy) << "too high in " << GetDlgCtrlID(control) << ": " << ToUtf8(text);
         }
     }
@@ -158,7 +147,7 @@ protected:
         ASSERT_TRUE(dialog->Create(dialog->TemplateId(), &window));
         for (HWND control = GetWindow(dialog->GetSafeHwnd(), GW_CHILD); control != nullptr;
              control = GetWindow(control, GW_HWNDNEXT)) {
-            const std::wstring kind = ClassOfControl(control);
+            const std::wstring kind = ClassOf(control);
             if (kind == WC_BUTTONW || kind == WC_STATICW) ExpectFit(control, TextOf(control));
         }
         for (const LaterText& later : laterTexts) {

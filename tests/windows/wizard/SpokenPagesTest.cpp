@@ -28,12 +28,6 @@
 
 namespace {
 
-std::wstring WindowClass(HWND control) {
-    std::array<wchar_t, 64> name{};
-    GetClassNameW(control, name.data(), static_cast<int>(name.size()));
-    return name.data();
-}
-
 // The text without the mark of its access key.
 std::wstring PlainName(std::wstring text) {
     const std::size_t mark = text.find(L'&');
@@ -85,7 +79,7 @@ std::wstring RoleOfButton(HWND control) {
 std::wstring StateOf(HWND control) {
     std::wstring state;
     if (IsWindowEnabled(control) == FALSE) state += L", unavailable";
-    const bool isButton = WindowClass(control) == WC_BUTTONW;
+    const bool isButton = ClassOf(control) == WC_BUTTONW;
     if (isButton && SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED) state += L", checked";
     return state;
 }
@@ -97,7 +91,7 @@ struct Spoken {
 };
 
 Spoken SpokenOf(HWND control) {
-    const std::wstring kind = WindowClass(control);
+    const std::wstring kind = ClassOf(control);
     if (kind == WC_STATICW) return {.role = L"text", .text = TextOf(control)};
     if (kind == WC_BUTTONW) return {.role = RoleOfButton(control), .text = TextOf(control)};
     if (kind == WC_EDITW) return {.role = L"edit", .text = LabelBefore(control)};

@@ -23,5 +23,11 @@ private:
 // The text of a window of this process.
 std::wstring TextOf(HWND window);
 
+// The name of a window's class.
+std::wstring ClassOf(HWND window);
+
+// Whether a control of the program shows its text as a link.
+bool IsLink(HWND control);
+
 // Clicks on a button of the dialog.
 void ClickOn(HWND dialog, int button);

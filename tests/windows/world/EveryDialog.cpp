@@ -1,5 +1,7 @@
 #include "tests/windows/world/EveryDialog.h"
 
+#include <windows.h>
+
 #include <list>
 
 #include "discovery/DiscoveredDevices.h"
@@ -18,6 +20,7 @@
 #include "pages/StartDlg.h"
 #include "ports/AddPortDlg.h"
 #include "ports/DriverConfigDlg.h"
+#include "resources/resource.h"
 
 namespace {
 
@@ -104,4 +107,15 @@ std::vector<DialogCase> EveryDialog() {
          }},
         SubDialog<CDisplayAppsListDlg>("SoftwareList"),
     };
+}
+
+void InEachView(const InstallDialogEx& dialog, const std::function<void()>& deed) {
+    deed();
+    const HWND kinds = dialog.GetDlgItem(IDC_ADD_PORT_KIND);
+    for (WPARAM kind = 1; kinds != nullptr && kind < 3; ++kind) {
+        SendMessageW(kinds, CB_SETCURSEL, kind, 0);
+        dialog.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_PORT_KIND, CBN_SELCHANGE),
+                           reinterpret_cast<LPARAM>(kinds));
+        deed();
+    }
 }

@@ -29,3 +29,6 @@ void PrintTo(const DialogCase& dialog, std::ostream* stream);
 
 // The pages in their order, and the dialogs over them.
 std::vector<DialogCase> EveryDialog();
+
+// Does it for each state that an open dialog has: most have one, the page of the ports one for each kind.
+void InEachView(const InstallDialogEx& dialog, const std::function<void()>& deed);
