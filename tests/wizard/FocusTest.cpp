@@ -390,4 +390,19 @@ TEST_F(RunFocusTest, IsInTheQuestionAboutFilesAndBackOnThePageAfterIt) {
     EXPECT_EQ(Focused(IDC_FINISH), IDC_FINISH);
 }
 
+TEST_F(RunFocusTest, IsInTheQuestionOfTheManagerAndItsAnswerIsChosenByTheArrows) {
+    Use({});
+    tree.Add({.path = L"Applications\\a.msi",
+              .install = {.steps = {{L"message", L"<RM_FILE_IN_USE>true</RM_FILE_IN_USE>"}}}});
+    StartInFront(IDC_CLOSABLE_FILES_RESTART);
+    EXPECT_EQ(Focused(IDC_CLOSABLE_FILES_RESTART), IDC_CLOSABLE_FILES_RESTART);
+    EXPECT_THAT(TabRound({VK_TAB}), ElementsAre(IDOK, IDC_CLOSABLE_FILES_RESTART));
+    EXPECT_EQ(FocusAfter({VK_DOWN}, IDC_CLOSABLE_FILES_DO_NOT_CLOSE), IDC_CLOSABLE_FILES_DO_NOT_CLOSE);
+    EXPECT_EQ(FocusAfter({VK_TAB}, IDOK), IDOK);
+    PressKeys({VK_RETURN});
+    wizard.WaitForControl(IDC_OUTCOME_TITLE);
+    EXPECT_EQ(Focused(IDC_FINISH), IDC_FINISH);
+    EXPECT_EQ(Calls(L"answer").front().Argument(L"answer"), L"2");
+}
+
 }  // namespace

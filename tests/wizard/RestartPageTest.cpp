@@ -4,6 +4,7 @@
 #include "resources/resource.h"
 #include "tests/fakes/TextLines.h"
 #include "tests/wizard/PageTest.h"
+#include "tests/wizard/RealInput.h"
 
 using testing::Not;
 
@@ -105,7 +106,8 @@ TEST_F(RestartPageTest, RestartsTheSystemNow) {
     const RestartRecorder recorder(tree);
     tree.AddProbe(TargetFolder() + L"one.exe", 0);
     StartOnRestart();
-    wizard.Press(IDOK);
+    wizard.BringToFront();
+    PressKeys({VK_RETURN});
     wizard.WaitForEnd();
     EXPECT_THAT(BasicLog(), HasRecord(L"", L"User chose to allow the installer to reboot the system"));
     EXPECT_THAT(BasicLog(), HasRecordWith(L"", L"Rebooting.."));

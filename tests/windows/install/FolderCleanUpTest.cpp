@@ -115,6 +115,35 @@ TEST_F(FolderCleanUpTest, DoesNotFollowLinksInTheFolder) {
     EXPECT_TRUE(fs::is_directory(folder / L"empty"));
 }
 
+decltype(&GetFileInformationByHandleEx) realInformation = nullptr;
+
+BOOL WINAPI InformationOfALink(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, void* information, DWORD size) {
+    const BOOL result = realInformation(file, kind, information, size);
+    if (kind == FileBasicInfo) {
+        static_cast<FILE_BASIC_INFO*>(information)->FileAttributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+    }
+    return result;
+}
+
+// A folder that the system calls a link, as it does where it opens the link and not what that leads to.
+TEST_F(FolderCleanUpTest, RemovesALinkItself) {
+    fs::create_directories(folder / L"kit");
+    realInformation = &GetFileInformationByHandleEx;
+    const PatchedImport information("GetFileInformationByHandleEx", &InformationOfALink);
+    EXPECT_TRUE(RemoveFolder(folder / L"kit"));
+    EXPECT_FALSE(fs::exists(folder / L"kit"));
+}
+
+TEST_F(FolderCleanUpTest, GoesNowhereByALink) {
+    WriteBytes(folder / L"kit\\kept.txt", "kept");
+    realInformation = &GetFileInformationByHandleEx;
+    const PatchedImport information("GetFileInformationByHandleEx", &InformationOfALink);
+    const PatchedImport sleep(
+        "Sleep", +[](DWORD) {});
+    RemoveFolder(folder / L"kit");
+    EXPECT_EQ(ReadBytes(folder / L"kit\\kept.txt"), "kept");
+}
+
 TEST_F(FolderCleanUpTest, LeavesAFileOfThatName) {
     WriteBytes(folder / L"kit", "somebody else's");
     EXPECT_TRUE(RemoveFolder(folder / L"kit"));
