@@ -1,6 +1,7 @@
 #include "settings/TextExpansion.h"
 
-#include <regex>
+#include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 #include <vector>
@@ -95,6 +96,61 @@ private:
     std::size_t characters = 0;
 };
 
+// The place of an argument, and the text around one: since the place before it, and to the end.
+constexpr std::wstring_view place = L"{0}";
+
+struct Match {
+    std::wstring_view before;
+    std::wstring_view after;
+};
+
+// Appends what the number in the front of the signs stands for, of which there is a digit or two, as if the
+// place had been found in three groups. Returns the length of the number.
+std::size_t AppendGroup(std::wstring& result, std::wstring_view signs) {
+    constexpr std::wstring_view groups[] = {place, place.substr(0, 1), place.substr(1, 1), place.substr(2)};
+    constexpr std::size_t mostDigits = 2;
+    const std::size_t length =
+        std::min(signs.find_first_not_of(L"0123456789"), std::min(signs.size(), mostDigits));
+    std::size_t number = 0;
+    for (const wchar_t digit : signs.substr(0, length))
+        number = number * 10 + static_cast<std::size_t>(digit - L'0');
+    if (number < std::size(groups)) result += groups[number];
+    return length;
+}
+
+// Appends what the signs after a "$" stand for, and returns how many of them it takes.
+std::size_t AppendReplacement(std::wstring& result, std::wstring_view signs, const Match& match) {
+    const wchar_t sign = signs.empty() ? L'\0' : signs.front();
+    if (sign >= L'0' && sign <= L'9') return AppendGroup(result, signs);
+    switch (sign) {
+        case L'$':
+            result += L'$';
+            return 1;
+        case L'&':
+            result += place;
+            return 1;
+        case L'`':
+            result += match.before;
+            return 1;
+        case L'\'':
+            result += match.after;
+            return 1;
+        default:
+            result += L'$';
+            return 0;
+    }
+}
+
+void AppendArgument(std::wstring& result, std::wstring_view argument, const Match& match) {
+    for (std::size_t sign = argument.find(L'$'); sign != std::wstring_view::npos;
+         sign = argument.find(L'$')) {
+        result += argument.substr(0, sign);
+        argument.remove_prefix(sign + 1);
+        argument.remove_prefix(AppendReplacement(result, argument, match));
+    }
+    result += argument;
+}
+
 }  // namespace
 
 // One "&" may be followed by "amp" again, as in "&amp;amp;", and is then reduced once more. What stands in
@@ -140,10 +196,13 @@ std::wstring MarkNumberLeftToRight(std::wstring text) {
 }
 
 std::wstring FormatWithArgument(const std::wstring& text, const std::wstring& argument) {
-    try {
-        if (!std::regex_search(text, std::wregex(L"([{])([0-9])([}])"))) return text;
-        return std::regex_replace(text, std::wregex(L"([{])(0)([}])"), argument);
-    } catch (const std::regex_error&) {
-        return text;
+    std::wstring result;
+    std::wstring_view rest = text;
+    for (std::size_t found = rest.find(place); found != std::wstring_view::npos; found = rest.find(place)) {
+        const Match match{.before = rest.substr(0, found), .after = rest.substr(found + place.size())};
+        result += match.before;
+        AppendArgument(result, argument, match);
+        rest = match.after;
     }
+    return result.append(rest);
 }

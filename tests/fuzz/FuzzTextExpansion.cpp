@@ -33,6 +33,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckAccessKeys(parts[0]);
     CheckTags(parts[0], parts[1], parts[2]);
     Require(MarkNumberLeftToRight(parts[0]).size() <= parts[0].size() + 1);
-    FormatWithArgument(parts[0], parts[1]);
+    // Regular expressions are slow, and take a text's length from the stack.
+    constexpr std::size_t longest = 200;
+    if (parts[0].size() < longest) {
+        Require(FormatWithArgument(parts[0], parts[1]) == FormatByRegex(parts[0], parts[1]));
+    }
     return 0;
 }

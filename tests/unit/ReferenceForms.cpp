@@ -43,7 +43,7 @@ std::wstring ReduceBySearch(std::wstring value, int& surplus) {
 }
 
 bool ExpandBySearch(std::wstring& text, const std::vector<std::pair<std::wstring, std::wstring>>& tags) {
-    for (int step = 0; step < 3000 && text.size() < 3000; ++step) {
+    for (int step = 0; step < 600 && text.size() < 600; ++step) {
         const std::size_t sign = text.find(L'^');
         if (sign == std::wstring::npos) return true;
         const std::size_t second = text.find(L'^', sign + 1);
@@ -56,6 +56,11 @@ bool ExpandBySearch(std::wstring& text, const std::vector<std::pair<std::wstring
         if (tag != tags.end()) text.insert(sign, tag->second);
     }
     return false;
+}
+
+std::wstring FormatByRegex(const std::wstring& text, const std::wstring& argument) {
+    static const std::wregex place(L"([{])(0)([}])");
+    return std::regex_replace(text, place, argument);
 }
 
 TextMaker::TextMaker(std::vector<std::wstring> textPieces, unsigned seed)

@@ -17,8 +17,11 @@ void MergeBySearch(std::wstring& document, std::wstring& mergedRecord, std::wstr
 // The reduction of access keys; surplus is how many were found after the first.
 std::wstring ReduceBySearch(std::wstring value, int& surplus);
 
-// The expansion, written with one search of the text per replacement; gives up after some thousand of them.
+// The expansion, written with one search of the text per replacement; gives up after some hundred of them.
 bool ExpandBySearch(std::wstring& text, const std::vector<std::pair<std::wstring, std::wstring>>& tags);
+
+// The text with its argument, by std::wregex.
+std::wstring FormatByRegex(const std::wstring& text, const std::wstring& argument);
 
 // Makes texts out of pieces that provoke matches, broken matches and overlaps.
 class TextMaker {

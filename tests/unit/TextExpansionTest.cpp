@@ -192,6 +192,17 @@ TEST(FormatWithArgumentTest, TakesDollarsInTheArgumentAsReplacementSigns) {
     EXPECT_EQ(FormatWithArgument(L"a{0}b", L"5$$"), L"a5$b");
 }
 
+TEST(FormatWithArgumentTest, IsThatOfRegularExpressions) {
+    TextMaker texts({L"{0}", L"{", L"0", L"}", L"{1}", L"x"}, 33);
+    TextMaker arguments({L"$", L"$$", L"$&", L"$`", L"$'", L"0", L"1", L"2", L"3", L"4", L"x"}, 34);
+    for (int i = 0; i < 3'000; ++i) {
+        const auto text = texts.Make(8);
+        const auto argument = arguments.Make(6);
+        ASSERT_EQ(FormatWithArgument(text, argument), FormatByRegex(text, argument)) << text << "\n"
+                                                                                     << argument;
+    }
+}
+
 TEST(FormatWithArgumentTest, FormatsALongText) {
     const std::wstring signs(100'000, L'{');
     EXPECT_TRUE(FormatWithArgument(signs + L"0}", L"x") == signs.substr(1) + L'x');
