@@ -4,8 +4,8 @@
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
-need_packages python3 python3-jsonschema python3-yaml
-build linux PackageCheck
+need_packages clang libclang-rt-14-dev llvm python3 python3-jsonschema python3-yaml
+build native PackageCheck
 build windows Kestrune
 scripts/build-package.sh build/windows
 scripts/build-package.sh --silent build/windows
@@ -14,10 +14,10 @@ scripts/build-package.sh --silent build/windows
 expect() {
     local code=0 report
     report=$(mktemp)
-    build/linux/PackageCheck --json "$2" > "$report" || code=$?
+    build/native/PackageCheck --json "$2" > "$report" || code=$?
     if [ "$code" != "$1" ]; then
         echo "PackageCheck ended with $code instead of $1:"
-        build/linux/PackageCheck "$2" || true
+        build/native/PackageCheck "$2" || true
         rm -f "$report"
         return 1
     fi
@@ -38,7 +38,7 @@ PYTHON
 plan() {
     local report
     report=$(mktemp)
-    build/linux/PackageCheck --plan --json "$@" > "$report"
+    build/native/PackageCheck --plan --json "$@" > "$report"
     python3 - "$report" docs/package-plan.schema.json <<'PYTHON'
 import json
 import sys
@@ -70,7 +70,7 @@ manifests() {
     local made
     made=$(mktemp -d)
     for kind in winget chocolatey intune; do
-        build/linux/PackageCheck --manifest "$kind" --out "$made/$kind" "$1" > /dev/null
+        build/native/PackageCheck --manifest "$kind" --out "$made/$kind" "$1" > /dev/null
     done
     scripts/check-manifests.py "$made" "$2"
     rm -rf "$made"

@@ -7,7 +7,7 @@ set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
 need_packages chromium fonts-liberation python3
-build linux PackageCheck
+build native PackageCheck
 for variant in '' --silent; do
     [ -d "out/package${variant/--/-}" ] || scripts/build-package.sh $variant build/windows
 done
@@ -23,9 +23,9 @@ echo broken > "$hostile/Applications/x64/$(printf 'z%.0s' {1..200}).msi"
 printf '<SETTINGS>\n<DEVICE><DRIVER_ID>HVMONO</DRIVER_ID><PRINTER_NAME>%s</PRINTER_NAME></DEVICE>\n</SETTINGS>\n' "$name" \
     > "$hostile/Setup/PackageUserSettings.xml"
 
-build/linux/PackageCheck --plan --html "$pages/sample.html" out/package > /dev/null
-build/linux/PackageCheck --plan --html "$pages/silent.html" -ip=192.0.2.7 out/package-silent > /dev/null
-build/linux/PackageCheck --plan --html "$pages/hostile.html" "$hostile" > /dev/null
+build/native/PackageCheck --plan --html "$pages/sample.html" out/package > /dev/null
+build/native/PackageCheck --plan --html "$pages/silent.html" -ip=192.0.2.7 out/package-silent > /dev/null
+build/native/PackageCheck --plan --html "$pages/hostile.html" "$hostile" > /dev/null
 alone=()
 ! unshare -rn true 2> /dev/null || alone=(unshare -rn)
 "${alone[@]}" scripts/check-plan-page.py "$pages"/*.html

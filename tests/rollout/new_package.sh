@@ -7,8 +7,8 @@ set -euo pipefail
 source "$(dirname "$0")/../../scripts/common.sh"
 source scripts/wine.sh
 
-need_packages wixl msitools
-build linux PackageCheck
+need_packages clang libclang-rt-14-dev llvm wixl msitools
+build native PackageCheck
 scripts/build-package.sh "$1" > /dev/null
 
 new=$root/build/new-package
@@ -16,10 +16,10 @@ prefix=$wine_home/new-package
 package=$prefix/drive_c/Package
 vendor='Your Company'
 rm -rf "$new"
-build/linux/PackageCheck --new "$new"
+build/native/PackageCheck --new "$new"
 "$new/build.sh" --silent out/package
 for variant in package package-silent; do
-    build/linux/PackageCheck "$new/$variant" || { echo "$variant is not clean."; exit 1; }
+    build/native/PackageCheck "$new/$variant" || { echo "$variant is not clean."; exit 1; }
 done
 
 # expect WHAT COMMAND...: the command must succeed.
