@@ -1,6 +1,9 @@
 #include "framework/CImage.h"
 
-#include <memory>
+#include <compare>
+#include <cstdint>
+#include <map>
+#include <optional>
 #include <utility>
 
 #include "framework/GdiPlus.h"
@@ -44,53 +47,100 @@ Bitmap MakeBitmap(int width, int height, void*& pixels) {
     return Bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
 }
 
-}  // namespace
+using Pixels = CImage::Pixels;
+using PixelsPointer = std::shared_ptr<const Pixels>;
 
-bool CImage::Load(const std::wstring& path, int resolution) {
-    return Read(path, [resolution](SIZE own) {
-        return SIZE{MulDiv(own.cx, resolution, plainResolution), MulDiv(own.cy, resolution, plainResolution)};
-    });
+// What a picture is read from, and at which size: to fill an area, or else for a resolution.
+struct Reading {
+    std::wstring path;
+    std::uint64_t fileTime;
+    std::uint64_t fileSize;
+    int resolution;
+    int width;
+    int height;
+
+    auto operator<=>(const Reading&) const = default;
+};
+
+std::uint64_t Joined(DWORD high, DWORD low) {
+    return std::uint64_t{high} << 32 | low;
 }
 
-bool CImage::LoadToFill(const std::wstring& path, SIZE size) {
-    return Read(path, [size](SIZE) { return size; });
+// None if there is no such file.
+std::optional<Reading> ReadingOf(const std::wstring& path, int resolution, SIZE area) {
+    WIN32_FILE_ATTRIBUTE_DATA file{};
+    if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &file) == FALSE) return std::nullopt;
+    return Reading{
+        .path = path,
+        .fileTime = Joined(file.ftLastWriteTime.dwHighDateTime, file.ftLastWriteTime.dwLowDateTime),
+        .fileSize = Joined(file.nFileSizeHigh, file.nFileSizeLow),
+        .resolution = resolution,
+        .width = area.cx,
+        .height = area.cy};
 }
 
-bool CImage::Read(const std::wstring& path, const std::function<SIZE(SIZE)>& wantedSize) {
-    bitmap.reset();
+SIZE SizeFor(const Reading& reading, UINT columns, UINT rows) {
+    if (reading.resolution == 0) return {reading.width, reading.height};
+    return {MulDiv(static_cast<int>(columns), reading.resolution, plainResolution),
+            MulDiv(static_cast<int>(rows), reading.resolution, plainResolution)};
+}
+
+PixelsPointer ReadFile(const Reading& reading) {
     const GdiPlus::Entries* const gdi = GdiPlus::Get();
-    if (gdi == nullptr) return false;
-    const ImageOwner source = OpenPicture(*gdi, path);
-    if (!source) return false;
+    if (gdi == nullptr) return nullptr;
+    const ImageOwner source = OpenPicture(*gdi, reading.path);
+    if (!source) return nullptr;
     UINT columns = 0;
     UINT rows = 0;
     gdi->getWidth(source.get(), &columns);
     gdi->getHeight(source.get(), &rows);
-    const SIZE size = wantedSize({static_cast<LONG>(columns), static_cast<LONG>(rows)});
-    width = size.cx;
-    height = size.cy;
-    void* pixels = nullptr;
-    Bitmap target = MakeBitmap(width, height, pixels);
-    if (!target || !Draw(*gdi, source.get(), width, height, pixels)) return false;
-    bitmap = std::move(target);
-    return true;
+    const SIZE size = SizeFor(reading, columns, rows);
+    void* bits = nullptr;
+    Bitmap bitmap = MakeBitmap(size.cx, size.cy, bits);
+    if (!bitmap || !Draw(*gdi, source.get(), size.cx, size.cy, bits)) return nullptr;
+    return std::make_shared<Pixels>(Pixels{.bitmap = std::move(bitmap), .width = size.cx, .height = size.cy});
+}
+
+// The pictures that were read, of which the program has some twenty.
+PixelsPointer Read(const std::optional<Reading>& reading) {
+    constexpr std::size_t mostKept = 64;
+    static std::map<Reading, PixelsPointer> kept;
+    if (!reading) return nullptr;
+    if (const auto found = kept.find(*reading); found != kept.end()) return found->second;
+    PixelsPointer pixels = ReadFile(*reading);
+    if (kept.size() == mostKept) kept.clear();
+    if (pixels) kept.emplace(*reading, pixels);
+    return pixels;
+}
+
+}  // namespace
+
+bool CImage::Load(const std::wstring& path, int resolution) {
+    picture = Read(ReadingOf(path, resolution, {}));
+    return !IsNull();
+}
+
+bool CImage::LoadToFill(const std::wstring& path, SIZE size) {
+    picture = Read(ReadingOf(path, 0, size));
+    return !IsNull();
 }
 
 void CImage::AlphaBlend(HDC target, int left, int top) const {
     if (IsNull()) return;
     const MemoryDc memory(CreateCompatibleDC(target));
-    const SelectedObject selected(memory.get(), bitmap.get());
+    const SelectedObject selected(memory.get(), GetBitmap());
     const BLENDFUNCTION blend{
         .BlendOp = AC_SRC_OVER, .BlendFlags = 0, .SourceConstantAlpha = 255, .AlphaFormat = AC_SRC_ALPHA};
     // The entry of GDI32 and not that of MSIMG32, which the system does not load from its own folder alone.
-    GdiAlphaBlend(target, left, top, width, height, memory.get(), 0, 0, width, height, blend);
+    GdiAlphaBlend(target, left, top, GetWidth(), GetHeight(), memory.get(), 0, 0, GetWidth(), GetHeight(),
+                  blend);
 }
 
 Icon CImage::ToIcon() const {
     if (IsNull()) return {};
-    const Bitmap mask(CreateBitmap(width, height, 1, 1, nullptr));
+    const Bitmap mask(CreateBitmap(GetWidth(), GetHeight(), 1, 1, nullptr));
     ICONINFO info{
-        .fIcon = TRUE, .xHotspot = 0, .yHotspot = 0, .hbmMask = mask.get(), .hbmColor = bitmap.get()};
+        .fIcon = TRUE, .xHotspot = 0, .yHotspot = 0, .hbmMask = mask.get(), .hbmColor = GetBitmap()};
     return Icon(CreateIconIndirect(&info));
 }
 

@@ -140,9 +140,11 @@ CWnd::CreationHook::~CreationHook() {
 }
 
 LRESULT CALLBACK CWnd::OnWindowCreation(int code, WPARAM wParam, LPARAM lParam) {
-    // The children of a dialog come through here as well; only the first window is the awaited one.
     if (code == HCBT_CREATEWND && pendingCreation.object != nullptr) {
         std::exchange(pendingCreation.object, nullptr)->Bind(reinterpret_cast<HWND>(wParam));
     }
-    return CallNextHookEx(nullptr, code, wParam, lParam);
+    const LRESULT result = CallNextHookEx(nullptr, code, wParam, lParam);
+    // Only the first window is the awaited one; the children of a dialog need not come through here.
+    if (pendingCreation.object == nullptr) pendingCreation.hook.reset();
+    return result;
 }

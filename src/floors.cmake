@@ -31,7 +31,7 @@ floor(settings
 floor(wizard
   LOGIC ButtonFace
   SYSTEM CQorFlatButton CQorLinkButton CmdLineHelper Controller CountedWorker DriverList FolderCleanUp
-    Help InstallDialogEx KestruneDlg LocalizedMessage PaintedWait RegisteredMessages)
+    Help InstallDialogEx KestruneDlg LocalizedMessage PaintedWait PictureIcon RegisteredMessages)
 
 floor(catalogue
   LOGIC AppCatalogue ApplicationScan DriverInfo MSI_APP PackageProperties PackageReader

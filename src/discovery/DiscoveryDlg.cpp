@@ -112,7 +112,7 @@ void DiscoveryDlg::SetUpButtons() {
     helpButton.SetImagePath(helpImagePath);
     nextButton.SetPrimary();
     ::SendMessageW(GetDlgItem(IDC_DISCOVERY_REFRESH), BM_SETIMAGE, IMAGE_ICON,
-                   reinterpret_cast<LPARAM>(refreshIcon.get()));
+                   reinterpret_cast<LPARAM>(refreshIcon.For(GetSafeHwnd())));
 }
 
 LRESULT DiscoveryDlg::OnShowWindow(WPARAM shown, LPARAM) {

@@ -46,6 +46,15 @@ bool ModifySearchDlg::OnInitDialog() {
     cancelButton.SubclassDlgItem(IDCANCEL, *this);
     helpButton.SubclassDlgItem(IDC_HELP_BUTTON, *this);
     SetUpTexts();
+    SetUpTips();
+    helpButton.SetImagePath(helpImagePath);
+    okButton.SetPrimary();
+    return true;
+}
+
+// The dialog without its tips serves as well.
+void ModifySearchDlg::SetUpTips() {
+    if (!toolTips.Create(*this)) return;
     toolTips.AddTool(GetDlgItem(IDC_MODIFY_SEARCH_LOCAL),
                      GetLocalizedText(TextKey::LOCAL_SUBNET_SEARCH_TOOLTIP));
     toolTips.AddTool(GetDlgItem(IDC_MODIFY_SEARCH_BY_HOST),
@@ -53,9 +62,6 @@ bool ModifySearchDlg::OnInitDialog() {
     toolTips.AddTool(GetDlgItem(IDC_MODIFY_SEARCH_BY_SUBNET),
                      GetLocalizedText(TextKey::SUBNET_SEARCH_TOOLTIP));
     toolTips.Activate(true);
-    helpButton.SetImagePath(helpImagePath);
-    okButton.SetPrimary();
-    return true;
 }
 
 void ModifySearchDlg::SetUpTexts() {

@@ -27,6 +27,7 @@ private:
     void ScheduleCheck();
 
     void SetUpTexts();
+    void SetUpTips();
     void Restore(int radioId);
     void Fill(CEdit& edit, const std::wstring& text);
     bool IsChecked(int radioId) const;

@@ -38,7 +38,7 @@ bool ManufacturerDlg::OnInitDialog() {
     if (!settings.GetBool(Tag::SILENT_INSTALL)) BuildList();
     EnableControl(IDOK, false);
     helpButton.SetSign(L"?");
-    helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.get()));
+    helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.For(GetSafeHwnd())));
     nextButton.SetPrimary();
     return true;
 }

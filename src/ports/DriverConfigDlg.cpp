@@ -93,7 +93,7 @@ bool DriverConfigDlg::OnInitDialog() {
     EnableControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, false);
     ShowControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, false);
     helpButton.SetSign(L"?");
-    helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.get()));
+    helpButton.SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(helpIcon.For(GetSafeHwnd())));
     okButton.SetPrimary();
     return true;
 }

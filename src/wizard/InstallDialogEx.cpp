@@ -4,11 +4,9 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
 #include <iterator>
 
 #include "CommonLib/Files.h"
-#include "framework/CImage.h"
 #include "framework/CWinApp.h"
 #include "framework/HighContrast.h"
 #include "framework/Resolution.h"
@@ -36,12 +34,6 @@ HANDLE InstallFont() {
     if (loaded == nullptr) return nullptr;
     DWORD installed = 0;
     return AddFontMemResourceEx(LockResource(loaded), SizeofResource(module, resource), nullptr, &installed);
-}
-
-Icon LoadIconFile(const std::wstring& path, HWND window) {
-    ATL::CImage image;
-    image.Load(path, ResolutionOf(window));
-    return image.ToIcon();
 }
 
 HBRUSH GroundBrush() {
@@ -202,31 +194,25 @@ bool InstallDialogEx::OnInitDialog() {
     CDialogEx::OnInitDialog();
     MakeFonts();
     helpImagePath = GetPicturePath(L"help.png");
-    helpIconHighContrast = LoadIconFile(GetPicturePath(L"high_contrast_help.png"), GetSafeHwnd());
-    helpIcon = LoadIconFile(helpImagePath, GetSafeHwnd());
-    refreshIcon = LoadIconFile(GetPicturePath(L"refresh.png"), GetSafeHwnd());
-    refreshIconHighContrast = LoadIconFile(GetPicturePath(L"high_contrast_refresh.png"), GetSafeHwnd());
     // The help follows the user's language, even where the texts are chosen to be of another.
     helpFile = GetSetupDirectory() + L"\\" + GetLanguageCode() + L"\\install.chm";
-    // A page without tips serves as well.
-    static_cast<void>(toolTips.Create(*this));
     return true;
 }
 
-Font InstallDialogEx::MakeFont(const std::wstring& face, int points, int weight, bool underlined) const {
+Font InstallDialogEx::MakeFont(int points, int weight, bool underlined, int resolution) const {
     LOGFONTW description{};
     GetObjectW(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)), sizeof(description), &description);
-    description.lfHeight = -MulDiv(points, ResolutionOf(GetSafeHwnd()), 72);
+    description.lfHeight = -MulDiv(points, resolution, 72);
     description.lfWeight = weight;
     description.lfUnderline = underlined ? TRUE : FALSE;
-    face.copy(description.lfFaceName, LF_FACESIZE - 1);
-    description.lfFaceName[std::min<std::size_t>(face.size(), LF_FACESIZE - 1)] = L'\0';
+    lstrcpynW(description.lfFaceName, fontFace, LF_FACESIZE);
     return Font(CreateFontIndirectW(&description));
 }
 
 void InstallDialogEx::MakeFonts() {
+    const int resolution = ResolutionOf(GetSafeHwnd());
     const auto make = [&](Font& field, int points, int weight, bool underlined = false) {
-        field = MakeFont(fontFace, points, weight, underlined);
+        field = MakeFont(points, weight, underlined, resolution);
         SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(field.get()), FALSE);
     };
     make(fontBody, 9, light);
@@ -337,17 +323,18 @@ LRESULT InstallDialogEx::OnEraseBackground(WPARAM context, LPARAM) {
     if (isOn == highContrast) return 1;
     highContrast = isOn;
     if (isOn) {
-        PutContrastIcons(helpIconHighContrast.get(), refreshIconHighContrast.get());
+        PutContrastIcons(helpIconHighContrast, refreshIconHighContrast);
     } else {
-        PutContrastIcons(helpIcon.get(), refreshIcon.get());
+        PutContrastIcons(helpIcon, refreshIcon);
     }
     return 1;
 }
 
-void InstallDialogEx::PutContrastIcons(HICON help, HICON refresh) {
-    const auto put = [&](int id, HICON icon) {
+void InstallDialogEx::PutContrastIcons(PictureIcon& help, PictureIcon& refresh) {
+    const auto put = [&](int id, PictureIcon& icon) {
         if (const HWND control = GetDlgItem(id)) {
-            ::SendMessageW(control, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
+            ::SendMessageW(control, BM_SETIMAGE, IMAGE_ICON,
+                           reinterpret_cast<LPARAM>(icon.For(GetSafeHwnd())));
         }
     };
     put(IDC_HELP_BUTTON, help);
@@ -381,8 +368,8 @@ LRESULT InstallDialogEx::OnDestroy(WPARAM, LPARAM) {
          {&fontBody, &fontLarge, &fontHeading, &fontMedium, &fontButton, &fontSmall, &fontUnderlined}) {
         font->reset();
     }
-    for (Icon* icon : {&helpIcon, &helpIconHighContrast, &refreshIcon, &refreshIconHighContrast})
-        icon->reset();
+    for (PictureIcon* icon : {&helpIcon, &helpIconHighContrast, &refreshIcon, &refreshIconHighContrast})
+        icon->Reset();
     return 0;
 }
 

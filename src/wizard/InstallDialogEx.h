@@ -13,6 +13,7 @@
 #include "settings/TextKeys.h"
 #include "wizard/ControlState.h"
 #include "wizard/PageContext.h"
+#include "wizard/PictureIcon.h"
 
 // The first message that a page may send itself; the one before is that of all pages.
 inline constexpr UINT firstPageMessage = WM_APP + 1;
@@ -102,12 +103,13 @@ protected:
     Font fontButton;
     Font fontSmall;
     Font fontUnderlined;
-    Icon helpIcon;
-    Icon helpIconHighContrast;
-    Icon refreshIcon;
-    Icon refreshIconHighContrast;
+    PictureIcon helpIcon{L"help.png"};
+    PictureIcon helpIconHighContrast{L"high_contrast_help.png"};
+    PictureIcon refreshIcon{L"refresh.png"};
+    PictureIcon refreshIconHighContrast{L"high_contrast_refresh.png"};
     // Full path of the help picture, for link buttons.
     std::wstring helpImagePath;
+    // Created by those that have tips.
     CToolTipCtrl toolTips;
 
 private:
@@ -122,8 +124,8 @@ private:
     void TakeName();
     void ShowHelp();
     void MakeFonts();
-    Font MakeFont(const std::wstring& face, int points, int weight, bool underlined) const;
-    void PutContrastIcons(HICON help, HICON refresh);
+    Font MakeFont(int points, int weight, bool underlined, int resolution) const;
+    void PutContrastIcons(PictureIcon& help, PictureIcon& refresh);
     bool OnEscape();
     bool OnEnter();
 

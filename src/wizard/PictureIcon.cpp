@@ -1,0 +1,14 @@
+#include "wizard/PictureIcon.h"
+
+#include "CommonLib/Files.h"
+#include "framework/CImage.h"
+#include "framework/Resolution.h"
+
+HICON PictureIcon::For(HWND window) {
+    if (!icon) {
+        ATL::CImage picture;
+        picture.Load(GetPicturePath(name), ResolutionOf(window));
+        icon = picture.ToIcon();
+    }
+    return icon.get();
+}
