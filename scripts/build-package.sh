@@ -68,13 +68,15 @@ cp -p /usr/share/doc/fonts-noto-core/copyright "$tree/Notices/Velmora.txt"
 for help in "$sources"/help/*/; do
     language=$(basename "$help")
     compiled=$build/package/help/$language
-    if [ ! -f "$compiled/install.chm" ] || [ -n "$(find "$help" "$sources/help/style.css" -newer "$compiled/install.chm")" ]; then
+    if [ ! -f "$compiled/install.chm" ] || [ -n "$(find "$help" "$sources/help/style.css" -newer "$compiled/install.chm")" ] ||
+        [ "$root/scripts/relative-topics.py" -nt "$compiled/install.chm" ]; then
         mkdir -p "$compiled"
         cp "$sources/help/style.css" "$help"*.html "$compiled/"
         for text in install.hhc install.hhp; do
             iconv -f UTF-8 -t "CP$(code_page "$language")" "$help$text" > "$compiled/$text"
         done
         (cd "$compiled" && chmcmd install.hhp) > "$build/help.log" 2>&1 || { cat "$build/help.log" >&2; exit 1; }
+        "$root/scripts/relative-topics.py" "$compiled/install.chm"
     fi
     mkdir -p "$tree/Setup/$language"
     cp -p "$compiled/install.chm" "$tree/Setup/$language/"

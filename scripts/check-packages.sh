@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Checks the sample package in both variants by PackageCheck, and what PackageCheck writes by its schema or by parsers.
+# Checks the sample package in both variants by PackageCheck, what PackageCheck writes by its schema or by parsers, and that
+# the dialogs of the sample find their pages in its help.
 # usage: scripts/check-packages.sh
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
@@ -53,6 +54,7 @@ PYTHON
     rm -f "$report"
 }
 
+scripts/check-help.py out/package package/help
 expect 0 out/package
 expect 0 out/package-silent
 plan out/package
