@@ -1,11 +1,10 @@
-#include "framework/CImage.h"
-
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 
+#include "framework/CImage.h"
 #include "framework/Resolution.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/wizard/BitmapFile.h"
