@@ -13,22 +13,13 @@
 #include <set>
 #include <tuple>
 
-#include "resources/resource.h"
-#include "settings/TagNames.h"
-#include "tests/windows/resource.h"
 #include "tests/windows/world/ContrastTheme.h"
 #include "tests/windows/world/DialogUser.h"
-#include "tests/windows/world/EveryDialog.h"
+#include "tests/windows/world/DialogsWorld.h"
 #include "tests/windows/world/FakeHighContrast.h"
-#include "tests/windows/world/SampleLanguages.h"
-#include "tests/windows/world/SettingsWorld.h"
-#include "tests/windows/world/TestApp.h"
+#include "tests/windows/world/Picture.h"
 
 namespace {
-
-LONG_PTR StyleOf(HWND control) {
-    return GetWindowLongPtrW(control, GWL_STYLE);
-}
 
 // A button that the visual style draws, in colours of its own.
 bool IsPushButton(HWND control) {
@@ -44,28 +35,6 @@ std::optional<int> TextColourOf(HWND control) {
     if (IsWindowEnabled(control) == FALSE) return COLOR_GRAYTEXT;
     if (IsLink(control)) return COLOR_HOTLIGHT;
     return isField ? COLOR_WINDOWTEXT : COLOR_BTNTEXT;
-}
-
-// Some labels are for who hears the page, and have no size.
-bool HasSize(HWND control) {
-    RECT area{};
-    GetClientRect(control, &area);
-    return IsRectEmpty(&area) == FALSE;
-}
-
-// Texts for what has none in this world.
-BOOL CALLBACK GiveText(HWND control, LPARAM) {
-    const std::wstring kind = ClassOf(control);
-    wchar_t text[] = L"Ink";
-    if ((kind == WC_STATICW || kind == WC_BUTTONW || kind == WC_EDITW) && TextOf(control).empty())
-        SetWindowTextW(control, text);
-    if (kind == WC_LISTVIEWW && ListView_GetItemCount(control) == 0) {
-        LVITEMW row{.mask = LVIF_TEXT, .pszText = text};
-        LVCOLUMNW column{.mask = LVCF_TEXT | LVCF_WIDTH, .cx = 100, .pszText = text};
-        SendMessageW(control, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
-        SendMessageW(control, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&row));
-    }
-    return TRUE;
 }
 
 std::set<COLORREF> SystemColours() {
@@ -124,46 +93,17 @@ void ShowNoFocus(HWND list) {
 
 // The colours of the pixels within the control's border.
 std::set<COLORREF> ColoursIn(HWND control) {
-    RECT area{};
-    GetClientRect(control, &area);
-    BITMAPINFO info{};
-    info.bmiHeader = {.biSize = sizeof(BITMAPINFOHEADER),
-                      .biWidth = area.right,
-                      .biHeight = -area.bottom,
-                      .biPlanes = 1,
-                      .biBitCount = 32};
-    void* bits = nullptr;
-    const Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    const MemoryDc memory(CreateCompatibleDC(nullptr));
-    const SelectedObject selected(memory.get(), bitmap.get());
-    const WindowDc window(control);
-    BitBlt(memory.get(), 0, 0, area.right, area.bottom, window.get(), 0, 0, SRCCOPY);
-    GdiFlush();
-    std::set<COLORREF> colours;
-    const auto* const pixels = static_cast<const RGBQUAD*>(bits);
-    std::for_each(pixels, pixels + area.right * area.bottom, [&](const RGBQUAD& pixel) {
-        colours.insert(RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue));
-    });
-    return colours;
+    const std::vector<COLORREF> pixels = PictureOf(control).pixels;
+    return {pixels.begin(), pixels.end()};
 }
 
 using ContrastCase = std::tuple<DialogCase, ContrastTheme>;
 
-class ContrastPagesTest : public SettingsWorld, public testing::WithParamInterface<ContrastCase> {
+class ContrastPagesTest : public DialogsWorld, public testing::WithParamInterface<ContrastCase> {
 protected:
-    ContrastPagesTest() {
-        AddTexts(SampleTexts("en"));
-        ReadTextsAnew();
-        tree.Add(L"Notices\\EULA\\eula_en.txt", "Be kind.\n");
-        Settings().SetString(Tag::INFOCENTER_LINK, L"http://help.test");
-        Settings().SetString(Tag::PRODUCT_REGISTRATION_LINK, L"http://register.test");
-        Settings().SetString(Tag::APP_INSTALLATION_STATUS,
-                             L"<App 0><NAME>Ink</NAME><STATUS>1</STATUS></App 0>");
-        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
-        window.MoveWindow(0, 0, 900, 900);
+    ContrastPagesTest() : DialogsWorld("en") {
         list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD, 0, 0, 0, 0, window.GetSafeHwnd(), nullptr,
                                nullptr, nullptr);
-        window.ShowWindow(SW_SHOW);
     }
 
     // The library of the controls keeps the colours and reads them again when a control of its is told.
@@ -173,40 +113,29 @@ protected:
         SendMessageW(list, WM_SYSCOLORCHANGE, 0, 0);
     }
 
-    std::unique_ptr<InstallDialogEx> Open() {
-        auto dialog =
-            std::get<DialogCase>(GetParam()).make({context, window, applications, drivers, configuration});
-        EXPECT_TRUE(dialog->Create(dialog->TemplateId(), &window));
-        dialog->ShowWindow(SW_SHOW);
-        EnumChildWindows(dialog->GetSafeHwnd(), &GiveText, 0);
-        return dialog;
-    }
+    std::unique_ptr<InstallDialogEx> Open() { return DialogsWorld::Open(std::get<DialogCase>(GetParam())); }
 
     // Without the focus, whose frames and caret stand over the texts.
     static void ExpectReadable(const InstallDialogEx& dialog) {
         SetFocus(nullptr);
         PumpMessages();
         UpdateWindow(dialog.GetSafeHwnd());
-        for (HWND control = GetWindow(dialog.GetSafeHwnd(), GW_CHILD); control != nullptr;
-             control = GetWindow(control, GW_HWNDNEXT)) {
-            const std::optional<int> text = TextColourOf(control);
-            if (IsWindowVisible(control) == FALSE || !HasSize(control) || !text) continue;
-            if (ClassOf(control) == WC_LISTVIEWW) ShowNoFocus(control);
-            const std::set<COLORREF> colours = ColoursIn(control);
-            const int id = GetDlgCtrlID(control);
-            EXPECT_TRUE(HasText(colours, GetSysColor(*text)))
-                << "no text in " << id << ": " << testing::PrintToString(colours);
-            EXPECT_THAT(ForeignColours(colours), testing::IsEmpty()) << "in " << id;
-        }
+        ForEachSeen(dialog, &ExpectReadableText);
     }
 
-    AppCatalogue applications;
-    DriverInfo drivers;
-    DriverConfiguration configuration{Settings(), applications, drivers};
+    static void ExpectReadableText(HWND control) {
+        const std::optional<int> text = TextColourOf(control);
+        if (!text) return;
+        if (ClassOf(control) == WC_LISTVIEWW) ShowNoFocus(control);
+        const std::set<COLORREF> colours = ColoursIn(control);
+        const int id = GetDlgCtrlID(control);
+        EXPECT_TRUE(HasText(colours, GetSysColor(*text)))
+            << "no text in " << id << ": " << testing::PrintToString(colours);
+        EXPECT_THAT(ForeignColours(colours), testing::IsEmpty()) << "in " << id;
+    }
+
     ContrastColours colours;
     FakeHighContrast setting;
-    TestApp app;
-    CDialogEx window;
     HWND list = nullptr;
 };
 

@@ -17,7 +17,7 @@
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
-#include "tests/windows/world/EveryDialog.h"
+#include "tests/windows/world/DialogsWorld.h"
 #include "tests/windows/world/SampleLanguages.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/windows/world/SettingsWorld.h"
@@ -109,10 +109,7 @@ protected:
     PagePicturesTest() {
         AddTexts(TextsWithLicenceInUtf8());
         ReadTextsAnew();
-        const auto pictures = TestFolder() / L".." / L".." / L"package" / L"images";
-        for (const auto& picture : std::filesystem::directory_iterator(pictures))
-            tree.Add(L"Setup\\res\\images\\" + picture.path().filename().wstring(),
-                     ReadBytes(picture.path()));
+        AddPictures(tree);
         tree.Add(L"Notices\\EULA\\EULA_en.txt", SampleLicence(GetParam()));
         Settings().SetString(Tag::OEM, L"Halvenny");
         Settings().SetString(Tag::MANUFACTURERS, L"Halvenny:72|Norrlund:73");

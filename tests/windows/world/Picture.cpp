@@ -1,0 +1,82 @@
+#include "tests/windows/world/Picture.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "framework/Handles.h"
+
+namespace {
+
+double Linear(int part) {
+    const double share = part / 255.0;
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+}
+
+double LuminanceOf(COLORREF colour) {
+    return 0.2126 * Linear(GetRValue(colour)) + 0.7152 * Linear(GetGValue(colour)) +
+           0.0722 * Linear(GetBValue(colour));
+}
+
+}  // namespace
+
+Picture PictureOf(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    BITMAPINFO info{};
+    info.bmiHeader = {.biSize = sizeof(BITMAPINFOHEADER),
+                      .biWidth = area.right,
+                      .biHeight = -area.bottom,
+                      .biPlanes = 1,
+                      .biBitCount = 32};
+    void* bits = nullptr;
+    const Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const MemoryDc memory(CreateCompatibleDC(nullptr));
+    const SelectedObject selected(memory.get(), bitmap.get());
+    const WindowDc source(window);
+    // As it stands on the screen, also where the window is laid out from the right.
+    SetLayout(source.get(), 0);
+    BitBlt(memory.get(), 0, 0, area.right, area.bottom, source.get(), 0, 0, SRCCOPY);
+    GdiFlush();
+    Picture picture{.width = area.right, .height = area.bottom, .pixels = {}};
+    const auto* const pixels = static_cast<const RGBQUAD*>(bits);
+    std::transform(pixels, pixels + area.right * area.bottom, std::back_inserter(picture.pixels),
+                   [](const RGBQUAD& pixel) { return RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue); });
+    return picture;
+}
+
+Picture FreshPictureOf(HWND window) {
+    RedrawWindow(window, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    return PictureOf(window);
+}
+
+Picture PartOf(const Picture& picture, HWND window, HWND control) {
+    RECT ground{};
+    RECT area{};
+    GetClientRect(window, &ground);
+    // A window that is laid out from the right counts its columns from there.
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&ground), 2);
+    GetWindowRect(control, &area);
+    OffsetRect(&area, -std::min(ground.left, ground.right), -ground.top);
+    const RECT whole{0, 0, picture.width, picture.height};
+    IntersectRect(&area, &area, &whole);
+    Picture part{.width = area.right - area.left, .height = area.bottom - area.top, .pixels = {}};
+    for (int y = area.top; y < area.bottom; ++y) {
+        for (int x = area.left; x < area.right; ++x) part.pixels.push_back(picture.At(x, y));
+    }
+    return part;
+}
+
+double ContrastOf(COLORREF one, COLORREF other) {
+    const auto [darker, lighter] = std::minmax(LuminanceOf(one), LuminanceOf(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+std::vector<double> ContrastsBetween(const Picture& before, const Picture& after) {
+    std::vector<double> contrasts;
+    for (std::size_t place = 0; place < before.pixels.size(); ++place) {
+        if (before.pixels[place] != after.pixels[place])
+            contrasts.push_back(ContrastOf(before.pixels[place], after.pixels[place]));
+    }
+    return contrasts;
+}
