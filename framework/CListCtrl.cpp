@@ -4,10 +4,16 @@
 
 #include <commctrl.h>
 
+#include "framework/FocusRing.h"
+#include "framework/Handles.h"
+
 const MessageMap& CListCtrl::Events() {
     using On = EventsOf<CListCtrl>;
     static const MessageMap map(nullptr, {
                                              On::Message(WM_ENABLE, &CListCtrl::OnEnable),
+                                             On::Message(WM_SETFOCUS, &CListCtrl::OnSetFocus),
+                                             On::Message(WM_KILLFOCUS, &CListCtrl::OnKillFocus),
+                                             On::Message(WM_PAINT, &CListCtrl::OnPaint),
                                              On::Message(WM_SYSCOLORCHANGE, &CListCtrl::OnSystemColours),
                                          });
     return map;
@@ -19,6 +25,48 @@ const MessageMap& CListCtrl::GetMessageMap() const {
 
 void CListCtrl::SetExtendedStyle(DWORD style) {
     ListView_SetExtendedListViewStyle(GetSafeHwnd(), style | LVS_EX_LABELTIP | LVS_EX_INFOTIP);
+}
+
+// The control shows the focus on the row that has it. Where none has, as at first, it would not be seen.
+LRESULT CListCtrl::OnSetFocus(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    FocusARow();
+    RedrawWithoutRows();
+    return result;
+}
+
+void CListCtrl::FocusARow() {
+    if (GetFocus() == GetSafeHwnd() && ListView_GetNextItem(GetSafeHwnd(), -1, LVNI_FOCUSED) < 0)
+        ListView_SetItemState(GetSafeHwnd(), 0, LVIS_FOCUSED, LVIS_FOCUSED);
+}
+
+LRESULT CListCtrl::OnKillFocus(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    RedrawWithoutRows();
+    return result;
+}
+
+LRESULT CListCtrl::OnPaint(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    if (GetItemCount() == 0 && GetFocus() == GetSafeHwnd()) {
+        const WindowDc context(GetSafeHwnd());
+        DrawFocusRing(context.get(), RoomForRows());
+    }
+    return result;
+}
+
+void CListCtrl::RedrawWithoutRows() {
+    if (GetItemCount() == 0) InvalidateRect(GetSafeHwnd(), nullptr, TRUE);
+}
+
+RECT CListCtrl::RoomForRows() const {
+    RECT room{};
+    GetClientRect(GetSafeHwnd(), &room);
+    RECT heading{};
+    const HWND header = ListView_GetHeader(GetSafeHwnd());
+    if (IsWindowVisible(header) != FALSE) GetClientRect(header, &heading);
+    room.top += heading.bottom;
+    return room;
 }
 
 // Not every version of the control looks disabled by itself.

@@ -1,4 +1,5 @@
-// The system's list view, as rows and columns of text.
+// The system's list view, as rows and columns of text. A list that has the focus shows it, with rows and
+// without.
 #pragma once
 
 #include <optional>
@@ -34,6 +35,9 @@ public:
     void SelectRow(int row);
 
 protected:
+    // For who has filled a list that may have the focus: puts that on the first row, unless a row has it.
+    void FocusARow();
+
     const MessageMap& GetMessageMap() const override;
     // For the map of a derived class.
     static const MessageMap& Events();
@@ -47,6 +51,11 @@ private:
 
     LRESULT OnEnable(WPARAM enabled, LPARAM);
     LRESULT OnSystemColours(WPARAM, LPARAM);
+    LRESULT OnSetFocus(WPARAM, LPARAM);
+    LRESULT OnKillFocus(WPARAM, LPARAM);
+    LRESULT OnPaint(WPARAM, LPARAM);
+    void RedrawWithoutRows();
+    RECT RoomForRows() const;
     static Colours DisabledColours();
     void SetColours(const Colours& colours);
 

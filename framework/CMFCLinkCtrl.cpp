@@ -4,6 +4,7 @@
 
 #include <shellapi.h>
 
+#include "framework/FocusRing.h"
 #include "framework/Handles.h"
 #include "framework/HighContrast.h"
 
@@ -64,7 +65,7 @@ void CMFCLinkCtrl::DrawItem(const DRAWITEMSTRUCT& item) {
     const std::wstring text = GetWindowText();
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
               DT_LEFT | DT_VCENTER | DT_SINGLELINE);
-    if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+    if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRing(item.hDC, item.rcItem);
 }
 
 void CMFCLinkCtrl::OnClicked() {

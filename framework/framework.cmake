@@ -11,6 +11,7 @@ add_library(kestrune_framework STATIC
   framework/CToolTipCtrl.cpp
   framework/CWinApp.cpp
   framework/CWnd.cpp
+  framework/FocusRing.cpp
   framework/GdiPlus.cpp
   framework/HighContrast.cpp
   framework/Resolution.cpp

@@ -87,6 +87,7 @@ void DiscoveryListCtrl::ShowDevices(const std::list<DiscoveredDevice>& devices) 
         }
         if (!images) LoadImages();
         if (Sort()) ShowOrder();
+        FocusARow();
     }
     UpdateWindow(GetSafeHwnd());
 }

@@ -1,9 +1,14 @@
 #include "pages/ConnectivityDlg.h"
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <utility>
 
 #include "CommonLib/Files.h"
 #include "framework/CImage.h"
+#include "framework/FocusRing.h"
 #include "framework/Resolution.h"
 #include "printer/ApplyChoice.h"
 #include "printer/DefaultDriver.h"
@@ -12,14 +17,29 @@
 #include "wizard/Controller.h"
 #include "wizard/PageNames.h"
 
+namespace {
+
+// A button without the frame around it.
+RECT FaceOf(HWND button) {
+    constexpr int frame = 3;
+    RECT face{};
+    GetClientRect(button, &face);
+    InflateRect(&face, -frame, -frame);
+    return face;
+}
+
+}  // namespace
+
 const MessageMap& ConnectivityDlg::GetMessageMap() const {
     using On = EventsOf<ConnectivityDlg>;
-    static const MessageMap map(&Events(),
-                                {
-                                    On::Message(WM_SHOWWINDOW, &ConnectivityDlg::OnShowWindow),
-                                    On::Click(IDC_CONNECTIVITY_NETWORK, &ConnectivityDlg::OnNetworkChoice),
-                                    On::Click(IDC_CONNECTIVITY_USB, &ConnectivityDlg::OnUsbChoice),
-                                });
+    static const MessageMap map(
+        &Events(), {
+                       On::Message(WM_SHOWWINDOW, &ConnectivityDlg::OnShowWindow),
+                       On::Click(IDC_CONNECTIVITY_NETWORK, &ConnectivityDlg::OnNetworkChoice),
+                       On::Click(IDC_CONNECTIVITY_USB, &ConnectivityDlg::OnUsbChoice),
+                       On::Notify(IDC_CONNECTIVITY_NETWORK, NM_CUSTOMDRAW, &ConnectivityDlg::OnDrawChoice),
+                       On::Notify(IDC_CONNECTIVITY_USB, NM_CUSTOMDRAW, &ConnectivityDlg::OnDrawChoice),
+                   });
     return map;
 }
 
@@ -68,6 +88,15 @@ LRESULT ConnectivityDlg::OnShowWindow(WPARAM, LPARAM) {
     CheckDlgButton(GetSafeHwnd(), IDC_CONNECTIVITY_NETWORK, BST_CHECKED);
     ShowControl(IDC_HELP_BUTTON, false);
     return Default();
+}
+
+// The system marks the focus in a colour that may be near to that of a checked button.
+LRESULT ConnectivityDlg::OnDrawChoice(NMHDR& header) {
+    const auto& drawing = reinterpret_cast<const NMCUSTOMDRAW&>(header);
+    if (drawing.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYPOSTPAINT;
+    if (drawing.dwDrawStage == CDDS_POSTPAINT && GetFocus() == header.hwndFrom)
+        DrawFocusRing(drawing.hdc, FaceOf(header.hwndFrom));
+    return CDRF_DODEFAULT;
 }
 
 void ConnectivityDlg::OnNetworkChoice() {

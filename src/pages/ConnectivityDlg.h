@@ -20,6 +20,7 @@ private:
     const MessageMap& GetMessageMap() const override;
 
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
+    LRESULT OnDrawChoice(NMHDR& header);
     void OnNetworkChoice();
     void OnUsbChoice();
     void SetChoicePicture(int controlId, const std::wstring& path, Icon& icon);

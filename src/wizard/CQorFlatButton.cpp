@@ -4,6 +4,7 @@
 
 #include <windowsx.h>
 
+#include "framework/FocusRing.h"
 #include "framework/Handles.h"
 #include "framework/HighContrast.h"
 #include "wizard/ButtonFace.h"
@@ -11,6 +12,7 @@
 namespace {
 
 constexpr int focusInset = 5;
+constexpr int pictureFocusInset = 1;
 constexpr int pressedShift = 2;
 
 COLORREF ToColorRef(RgbColour colour) {
@@ -113,9 +115,11 @@ void CQorFlatButton::DrawItem(const DRAWITEMSTRUCT& given) {
         DrawCaption(item);
     }
     if (Has(item, ODS_FOCUS)) {
+        // A picture takes the room within.
+        const int inset = icon != nullptr ? pictureFocusInset : focusInset;
         RECT inner = item.rcItem;
-        InflateRect(&inner, -focusInset, -focusInset);
-        DrawFocusRect(item.hDC, &inner);
+        InflateRect(&inner, -inset, -inset);
+        DrawFocusRing(item.hDC, inner);
     }
 }
 

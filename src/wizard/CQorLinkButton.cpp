@@ -1,6 +1,7 @@
 #include "wizard/CQorLinkButton.h"
 
 #include "framework/CImage.h"
+#include "framework/FocusRing.h"
 #include "framework/Handles.h"
 #include "framework/HighContrast.h"
 #include "framework/Resolution.h"
@@ -49,7 +50,12 @@ void CQorLinkButton::DrawItem(const DRAWITEMSTRUCT& item) {
         SetTextColor(item.hDC, colours.text);
         DrawCaption(item);
     }
-    if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+    if ((item.itemState & ODS_FOCUS) != 0) {
+        // Within the frame, whose colour the ring may have.
+        RECT inner = item.rcItem;
+        InflateRect(&inner, -1, -1);
+        DrawFocusRing(item.hDC, inner);
+    }
 }
 
 // A button that is as small as its picture has no room for its text.

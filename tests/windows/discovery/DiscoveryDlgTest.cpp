@@ -67,6 +67,14 @@ TEST_F(DiscoveryDlgTest, SelectsNothingAmongThreeRows) {
     EXPECT_TRUE(IsEnabled(IDOK));
 }
 
+TEST_F(DiscoveryDlgTest, ShowsTheFocusOnARowThatArrivesUnderIt) {
+    Show();
+    SetFocus(At(IDC_DISCOVERY_LIST));
+    Deliver({{.series = L"B"}, {.series = L"A"}});
+    EXPECT_EQ(ListView_GetNextItem(At(IDC_DISCOVERY_LIST), -1, LVNI_FOCUSED), 0);
+    EXPECT_EQ(SelectedRow(), -1);
+}
+
 TEST_F(DiscoveryDlgTest, ShutsNextWhenTheUserTakesTheSelectionBack) {
     Show();
     Deliver(FourDevices());
