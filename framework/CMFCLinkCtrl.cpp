@@ -7,6 +7,7 @@
 #include "framework/FocusRing.h"
 #include "framework/Handles.h"
 #include "framework/HighContrast.h"
+#include "framework/Spoken.h"
 
 namespace {
 
@@ -43,6 +44,7 @@ const MessageMap& CMFCLinkCtrl::GetMessageMap() const {
 void CMFCLinkCtrl::PreSubclassWindow() {
     const LONG_PTR style = GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE);
     SetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE, (style & ~static_cast<LONG_PTR>(BS_TYPEMASK)) | BS_OWNERDRAW);
+    SpeakAsLink(GetSafeHwnd());
 }
 
 LRESULT CMFCLinkCtrl::OnSetCursor(WPARAM, LPARAM) {

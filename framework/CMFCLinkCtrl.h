@@ -1,4 +1,4 @@
-// A button that looks like a link and opens its address.
+// A button that looks like a link, is spoken of as one, and opens its address.
 #pragma once
 
 #include <string>

@@ -16,6 +16,7 @@ add_library(kestrune_framework STATIC
   framework/HighContrast.cpp
   framework/Resolution.cpp
   framework/MessageMap.cpp
+  framework/Spoken.cpp
   framework/SystemLibrary.cpp)
 target_link_libraries(kestrune_framework PUBLIC kestrune_options
   user32 gdi32 comctl32 comdlg32 shell32 ole32 uuid)

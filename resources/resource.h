@@ -76,6 +76,7 @@
 #define IDC_DISCOVERY_SELECTION_TEXT 1130
 #define IDC_DISCOVERY_FIRST_NOTE 1131
 #define IDC_DISCOVERY_SECOND_NOTE 1132
+#define IDC_DISCOVERY_STATE 1134
 
 // Where to search, over the page of the discovered printers.
 #define IDD_MODIFY_SEARCH 138

@@ -9,6 +9,7 @@
 #include "discovery/DeviceChoice.h"
 #include "discovery/DriverMatch.h"
 #include "discovery/ModifySearchDlg.h"
+#include "framework/Spoken.h"
 #include "ports/DriverConfigDlg.h"
 #include "printer/ApplyChoice.h"
 #include "printer/ConfigTool.h"
@@ -76,7 +77,8 @@ bool DiscoveryDlg::OnInitDialog() {
     for (const int id : {IDC_DISCOVERY_USB, IDC_DISCOVERY_NIMBOJET})
         ::SendMessageW(GetDlgItem(id), BM_SETDONTCLICK, TRUE, 0);
     EnableControl(IDOK, false);
-    deviceList.ShowMessage(GetLocalizedText(TextKey::DISCOVERED_LIST_COLUMN_SEARCHING));
+    SpeakAsNews(GetDlgItem(IDC_DISCOVERY_STATE));
+    ShowState(TextKey::DISCOVERED_LIST_COLUMN_SEARCHING);
     window = GetSafeHwnd();
     return true;
 }
@@ -178,6 +180,7 @@ LRESULT DiscoveryDlg::OnDevicesDelivered(WPARAM, LPARAM) {
     const std::list<DiscoveredDevice> devices = discovered.All();
     if (devices.empty()) return 0;
     deviceList.ShowDevices(devices);
+    Tell(GetPlainText(TextKey::DISCOVERED_DEVICES_LIST) + L" " + std::to_wstring(devices.size()));
     SetSelectionText();
     // Who has said how the printer is connected is asked for no device any more.
     proposalDue = !IsConnectionPicked();
@@ -200,8 +203,22 @@ bool DiscoveryDlg::IsConnectionPicked() const {
 }
 
 LRESULT DiscoveryDlg::OnNothingFound(WPARAM, LPARAM) {
-    deviceList.ShowMessage(GetLocalizedText(TextKey::NO_PRINTER_FOUND));
+    ShowState(TextKey::NO_PRINTER_FOUND);
     return 0;
+}
+
+void DiscoveryDlg::ShowState(TextId key) {
+    const std::wstring text = GetLocalizedText(key);
+    deviceList.ShowMessage(text);
+    Tell(text);
+}
+
+// For who hears the page: the list says by itself what is in it only to who is there.
+void DiscoveryDlg::Tell(const std::wstring& news) {
+    const HWND line = GetDlgItem(IDC_DISCOVERY_STATE);
+    if (TextOf(IDC_DISCOVERY_STATE, news.size() + 1) == news) return;
+    ::SetWindowTextW(line, news.c_str());
+    if (IsWindowVisible(GetSafeHwnd()) != FALSE) TellNews(line);
 }
 
 LRESULT DiscoveryDlg::OnSelectionChanged(NMHDR&) {
@@ -255,7 +272,7 @@ void DiscoveryDlg::OnDriverChanged() {
 
 void DiscoveryDlg::OnRefresh() {
     if (state.isSearchOver) return;
-    deviceList.ShowMessage(GetLocalizedText(TextKey::DISCOVERED_LIST_COLUMN_SEARCHING));
+    ShowState(TextKey::DISCOVERED_LIST_COLUMN_SEARCHING);
     controller.RunCurrentService();
 }
 

@@ -79,6 +79,9 @@ private:
     DiscoveredDevice SelectedDevice() const;
     std::optional<ChosenDevice> ChosenRow() const;
     void SetSelectionText();
+    // Shows the text in place of devices, and tells it.
+    void ShowState(TextId key);
+    void Tell(const std::wstring& news);
 
     AppCatalogue& applications;
     DriverInfo& drivers;

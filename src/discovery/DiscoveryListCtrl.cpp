@@ -13,6 +13,7 @@
 #include "framework/Handles.h"
 #include "framework/HeldDrawing.h"
 #include "framework/Resolution.h"
+#include "framework/Spoken.h"
 #include "framework/SystemLibrary.h"
 #include "settings/ColourWords.h"
 #include "settings/TextExpansion.h"
@@ -23,6 +24,10 @@ namespace {
 constexpr int nameColumn = 0;
 constexpr int addressColumn = 1;
 constexpr int lastColumn = 2;
+
+constexpr std::array headingKeys = {TextKey::DISCOVERED_LIST_COLUMN_MODEL,
+                                    TextKey::DISCOVERED_LIST_COLUMN_IPADDRESS,
+                                    TextKey::DISCOVERED_LIST_COLUMN_PRINTER};
 
 // In pixels of a screen with 96 to the inch.
 constexpr int nameWidth = 220;
@@ -72,6 +77,7 @@ void DiscoveryListCtrl::ShowMessage(const std::wstring& heading) {
     rows.clear();
     InsertColumn(0, heading);
     FitColumnToHeading(0);
+    SetSpokenDescription(GetSafeHwnd(), {});
 }
 
 void DiscoveryListCtrl::ShowDevices(const std::list<DiscoveredDevice>& devices) {
@@ -93,9 +99,8 @@ void DiscoveryListCtrl::ShowDevices(const std::list<DiscoveredDevice>& devices) 
 }
 
 void DiscoveryListCtrl::InsertColumns() {
-    InsertColumn(nameColumn, localizer.GetString(TextKey::DISCOVERED_LIST_COLUMN_MODEL));
-    InsertColumn(addressColumn, localizer.GetString(TextKey::DISCOVERED_LIST_COLUMN_IPADDRESS));
-    InsertColumn(lastColumn, localizer.GetString(TextKey::DISCOVERED_LIST_COLUMN_PRINTER));
+    for (std::size_t column = 0; column < headingKeys.size(); ++column)
+        InsertColumn(static_cast<int>(column), localizer.GetString(headingKeys[column]));
     SetColumnWidth(nameColumn, Scaled(nameWidth, GetSafeHwnd()));
     FitColumnToHeading(addressColumn);
     SetColumnWidth(addressColumn, GetColumnWidth(addressColumn) + Scaled(addedWidth, GetSafeHwnd()));
@@ -150,6 +155,15 @@ void DiscoveryListCtrl::ShowOrder() {
         ::SendMessageW(ListView_GetHeader(GetSafeHwnd()), HDM_SETITEMW, static_cast<WPARAM>(column),
                        reinterpret_cast<LPARAM>(&item));
     }
+    SetSpokenDescription(GetSafeHwnd(), SpokenOrder());
+}
+
+std::wstring DiscoveryListCtrl::SpokenOrder() const {
+    const std::wstring order = localizer.GetString(sortAscending ? TextKey::DISCOVERED_LIST_ASCENDING
+                                                                 : TextKey::DISCOVERED_LIST_DESCENDING);
+    return order.empty()
+               ? order
+               : localizer.GetString(headingKeys.at(static_cast<std::size_t>(sortColumn))) + L", " + order;
 }
 
 std::wstring DiscoveryListCtrl::SelectedName() const {

@@ -43,6 +43,8 @@ private:
     bool Sort();
     void LoadImages();
     void ShowOrder();
+    // What the picture in the headings shows: the heading that the rows are sorted by, and which way.
+    std::wstring SpokenOrder() const;
 
     std::wstring ShownColour(const std::wstring& colour) const;
 

@@ -10,6 +10,7 @@
 #include "framework/CImage.h"
 #include "framework/FocusRing.h"
 #include "framework/Resolution.h"
+#include "framework/Spoken.h"
 #include "printer/ApplyChoice.h"
 #include "printer/DefaultDriver.h"
 #include "resources/resource.h"
@@ -63,9 +64,11 @@ bool ConnectivityDlg::OnInitDialog() {
     SetUpControl(IDC_CONNECTIVITY_USB_CAPTION, TextKey::USBRADIO_TEXT, fontHeading);
     SetUpControl(IDC_CONNECTIVITY_NETWORK_TEXT, TextKey::ETHERNET_TEXT, fontBody);
     SetUpControl(IDC_CONNECTIVITY_USB_TEXT, TextKey::USB_TEXT, fontBody);
-    // The choices show a picture; their texts are for those who hear the page.
+    // The choices show a picture. Their texts, with those beside them, are for who hears the page.
     SetUpControl(IDC_CONNECTIVITY_NETWORK, TextKey::ETHERNETRADIO_TEXT, fontButton);
     SetUpControl(IDC_CONNECTIVITY_USB, TextKey::USBRADIO_TEXT, fontButton);
+    SetSpokenDescription(GetDlgItem(IDC_CONNECTIVITY_NETWORK), GetLocalizedText(TextKey::ETHERNET_TEXT));
+    SetSpokenDescription(GetDlgItem(IDC_CONNECTIVITY_USB), GetLocalizedText(TextKey::USB_TEXT));
     FocusControl(IDOK);
     SetChoicePicture(IDC_CONNECTIVITY_NETWORK, GetPicturePath(L"network.png"), networkIcon);
     SetChoicePicture(IDC_CONNECTIVITY_USB, GetPicturePath(L"usb.png"), usbIcon);

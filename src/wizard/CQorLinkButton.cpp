@@ -5,6 +5,7 @@
 #include "framework/Handles.h"
 #include "framework/HighContrast.h"
 #include "framework/Resolution.h"
+#include "framework/Spoken.h"
 
 namespace {
 
@@ -32,6 +33,12 @@ LinkColours ColoursFor(const DRAWITEMSTRUCT& item) {
 void CQorLinkButton::PreSubclassWindow() {
     const LONG_PTR style = GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE);
     SetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE, (style & ~static_cast<LONG_PTR>(BS_TYPEMASK)) | BS_OWNERDRAW);
+    SpeakAsLink(GetSafeHwnd());
+}
+
+void CQorLinkButton::SetImagePath(const std::wstring& path) {
+    imagePath = path.substr(0, longestPath);
+    ForgetSpoken(GetSafeHwnd());
 }
 
 void CQorLinkButton::DrawItem(const DRAWITEMSTRUCT& item) {

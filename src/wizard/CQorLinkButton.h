@@ -1,4 +1,4 @@
-// A button that looks like a link: a blue text, or a picture.
+// A button that looks like a link and is spoken of as one, a blue text; or a picture, which is a button.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ class CQorLinkButton : public CWnd {
 public:
     // Shows that PNG file instead of the text, or a question mark where it is missing. At most 259 characters
     // of the path are kept.
-    void SetImagePath(const std::wstring& path) { imagePath = path.substr(0, longestPath); }
+    void SetImagePath(const std::wstring& path);
 
     void DrawItem(const DRAWITEMSTRUCT& item) override;
 

@@ -10,6 +10,7 @@
 #include "framework/CWinApp.h"
 #include "framework/HighContrast.h"
 #include "framework/Resolution.h"
+#include "framework/Spoken.h"
 #include "resources/resource.h"
 #include "settings/Localizer.h"
 #include "wizard/Controller.h"
@@ -364,6 +365,7 @@ LRESULT InstallDialogEx::OnUpdateUiState(WPARAM, LPARAM) {
 }
 
 LRESULT InstallDialogEx::OnDestroy(WPARAM, LPARAM) {
+    ForgetSpokenIn(GetSafeHwnd());
     for (Font* font :
          {&fontBody, &fontLarge, &fontHeading, &fontMedium, &fontButton, &fontSmall, &fontUnderlined}) {
         font->reset();

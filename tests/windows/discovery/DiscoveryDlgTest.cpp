@@ -1,8 +1,13 @@
+#include <algorithm>
+#include <utility>
+
 #include "discovery/DiscoveredDevices.h"
+#include "framework/Spoken.h"
 #include "resources/resource.h"
 #include "tests/windows/world/ArabicUser.h"
 #include "tests/windows/world/DevicesPageWorld.h"
 #include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/FakeAnnotations.h"
 
 namespace {
 
@@ -219,6 +224,68 @@ TEST_F(DiscoveryDlgTest, SortsByTheClickedColumnAndBack) {
     ClickColumn(0);
     EXPECT_THAT(Column(0), ElementsAre(L"A", L"B", L"D", L"M"));
     EXPECT_THAT(HeadingImages(), ElementsAre(ascending, unsorted, unsorted));
+}
+
+// What the list says to who hears the page.
+class SpokenDevicesTest : public DiscoveryDlgTest {
+protected:
+    std::wstring OrderOfList() const { return FakeAnnotations::DescriptionOf(At(IDC_DISCOVERY_LIST)); }
+    // Whether the state was told since the last call.
+    bool WasTold() const {
+        return std::ranges::count(FakeAnnotations::TakeEvents(),
+                                  std::pair<DWORD, HWND>(liveRegionChanged, At(IDC_DISCOVERY_STATE))) != 0;
+    }
+
+    FakeAnnotations annotations;
+};
+
+TEST_F(SpokenDevicesTest, SaysItsOrder) {
+    Show();
+    Deliver(FourDevices());
+    EXPECT_EQ(OrderOfList(), L"DISCOVERED_LIST_COLUMN_MODEL, DISCOVERED_LIST_ASCENDING");
+    FakeAnnotations::TakeEvents();
+    ClickColumn(1);
+    EXPECT_EQ(OrderOfList(), L"DISCOVERED_LIST_COLUMN_IPADDRESS, DISCOVERED_LIST_ASCENDING");
+    EXPECT_THAT(FakeAnnotations::TakeEvents(), testing::Contains(std::pair<DWORD, HWND>(
+                                                   EVENT_OBJECT_DESCRIPTIONCHANGE, At(IDC_DISCOVERY_LIST))));
+    ClickColumn(1);
+    EXPECT_EQ(OrderOfList(), L"DISCOVERED_LIST_COLUMN_IPADDRESS, DISCOVERED_LIST_DESCENDING");
+}
+
+TEST_F(SpokenDevicesTest, SaysNoOrderWithoutDevices) {
+    Show();
+    Deliver(FourDevices());
+    page.NoPrinterFound();
+    PumpMessages();
+    EXPECT_EQ(OrderOfList(), L"");
+}
+
+TEST_F(SpokenDevicesTest, TellsHowManyDevicesHaveArrived) {
+    Show();
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_STATE)), L"DISCOVERED_LIST_COLUMN_SEARCHING");
+    FakeAnnotations::TakeEvents();
+    Deliver(FourDevices());
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_STATE)), L"DISCOVERED_DEVICES_LIST 4");
+    EXPECT_TRUE(WasTold());
+    Deliver(FourDevices());
+    EXPECT_FALSE(WasTold());
+}
+
+TEST_F(SpokenDevicesTest, TellsThatNothingWasFound) {
+    Show();
+    FakeAnnotations::TakeEvents();
+    page.NoPrinterFound();
+    PumpMessages();
+    EXPECT_EQ(TextOf(At(IDC_DISCOVERY_STATE)), L"NO_PRINTER_FOUND");
+    EXPECT_TRUE(WasTold());
+}
+
+TEST_F(SpokenDevicesTest, TellsNothingWhileAnotherPageIsShown) {
+    Show();
+    page.ShowWindow(SW_HIDE);
+    FakeAnnotations::TakeEvents();
+    Deliver(FourDevices());
+    EXPECT_FALSE(WasTold());
 }
 
 TEST_F(DiscoveryDlgTest, KeepsTheOrderForTheNextList) {

@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <oleacc.h>
 
 #include <array>
 #include <filesystem>
@@ -21,6 +22,7 @@
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/EveryDialog.h"
+#include "tests/windows/world/FakeAnnotations.h"
 #include "tests/windows/world/SampleLanguages.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/windows/world/SettingsWorld.h"
@@ -63,6 +65,7 @@ std::wstring ColumnsOf(HWND list) {
 }
 
 std::wstring RoleOfButton(HWND control) {
+    if (FakeAnnotations::RoleOf(control) == ROLE_SYSTEM_LINK) return L"link";
     switch (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) {
         case BS_AUTORADIOBUTTON:
         case BS_RADIOBUTTON:
@@ -81,6 +84,9 @@ std::wstring StateOf(HWND control) {
     if (IsWindowEnabled(control) == FALSE) state += L", unavailable";
     const bool isButton = ClassOf(control) == WC_BUTTONW;
     if (isButton && SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED) state += L", checked";
+    if (FakeAnnotations::IsNews(control)) state += L", said when it changes";
+    if (const std::wstring description = FakeAnnotations::DescriptionOf(control); !description.empty())
+        state += L"; \"" + description + L"\"";
     return state;
 }
 
@@ -162,6 +168,7 @@ protected:
         return part;
     }
 
+    FakeAnnotations annotations;
     AppCatalogue applications;
     DriverInfo drivers;
     DriverConfiguration configuration{Settings(), applications, drivers};
@@ -183,6 +190,12 @@ TEST_P(SpokenPagesTest, NameEveryControlThatTakesInput) {
         if (IsWindowVisible(control) == FALSE || !takesInput) continue;
         EXPECT_NE(SpokenOf(control).text, L"") << GetDlgCtrlID(control);
     }
+}
+
+TEST_P(SpokenPagesTest, LeaveNothingSaidOfWhatHasGone) {
+    const auto dialog = Open();
+    dialog->DestroyWindow();
+    EXPECT_EQ(FakeAnnotations::Count(), 0U);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SpokenPagesTest, testing::ValuesIn(EveryDialog()),

@@ -20,7 +20,8 @@ DevicesPageWorld::DevicesPageWorld() {
     for (const char* const key :
          {"DISCOVERED_LIST_COLUMN_SEARCHING", "DISCOVERED_LIST_COLUMN_MODEL",
           "DISCOVERED_LIST_COLUMN_IPADDRESS", "DISCOVERED_LIST_COLUMN_PRINTER", "NO_PRINTER_FOUND", "COLOR",
-          "MONO", "SELECT_PRINT_TEXT", "SELECT_PRINTSCAN_TEXT", "DOWNLOAD_INSTALL_TITLE"}) {
+          "DISCOVERED_DEVICES_LIST", "DISCOVERED_LIST_ASCENDING", "DISCOVERED_LIST_DESCENDING", "MONO",
+          "SELECT_PRINT_TEXT", "SELECT_PRINTSCAN_TEXT", "DOWNLOAD_INSTALL_TITLE"}) {
         texts += std::string("<") + key + ">" + key + "</" + key + ">";
     }
     AddTexts(texts);

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "CommonLib/Com.h"
+#include "tests/windows/world/FakeObject.h"
 
 namespace {
 
@@ -22,31 +23,9 @@ HRESULT Take(BSTR text, std::wstring& value) {
     return S_OK;
 }
 
-// The parts of an interface that every object has. It lives as long as it is referred to.
-template <class Interface>
-class Dispatch : public Interface {
-public:
-    virtual ~Dispatch() = default;
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        const bool isKnown = id == __uuidof(Interface) || id == IID_IUnknown || id == IID_IDispatch;
-        *object = isKnown ? static_cast<Interface*>(this) : nullptr;
-        if (isKnown) AddRef();
-        return isKnown ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references;
-        if (left == 0) delete this;
-        return left;
-    }
-
-private:
-    ULONG references = 1;
-};
-
 // The part of an interface for scripts, which the program does not use.
 template <class Interface>
-class Automation : public Dispatch<Interface> {
+class Automation : public FakeObject<Interface> {
 public:
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
@@ -117,7 +96,7 @@ public:
 };
 
 // Walks over a copy of the rules.
-class RuleWalk : public Dispatch<IEnumVARIANT> {
+class RuleWalk : public FakeObject<IEnumVARIANT> {
 public:
     HRESULT STDMETHODCALLTYPE Next(ULONG, VARIANT* values, ULONG*) override {
         if (place == rules.size()) return S_FALSE;
@@ -324,32 +303,12 @@ public:
     }
 };
 
-template <class Object>
-class Factory : public Dispatch<IClassFactory> {
-public:
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID id, void** object) override {
-        ComPtr<Object> made;
-        made.Attach(new Object);
-        return made->QueryInterface(id, object);
-    }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-};
-
-template <class Object>
-DWORD Register(REFCLSID kind) {
-    DWORD registration = 0;
-    ComPtr<Factory<Object>> factory;
-    factory.Attach(new Factory<Object>);
-    CoRegisterClassObject(kind, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &registration);
-    return registration;
-}
-
 }  // namespace
 
 FakeFirewall::FakeFirewall()
-    : registrations{Register<Policy2>(__uuidof(NetFwPolicy2)), Register<Rule>(__uuidof(NetFwRule)),
-                    Register<Manager>(__uuidof(NetFwMgr)),
-                    Register<Program>(__uuidof(NetFwAuthorizedApplication))} {
+    : registrations{RegisterFake<Policy2>(__uuidof(NetFwPolicy2)), RegisterFake<Rule>(__uuidof(NetFwRule)),
+                    RegisterFake<Manager>(__uuidof(NetFwMgr)),
+                    RegisterFake<Program>(__uuidof(NetFwAuthorizedApplication))} {
     Rules().clear();
     Programs().clear();
 }
