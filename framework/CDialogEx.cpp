@@ -1,34 +1,15 @@
 #include "framework/CDialogEx.h"
 
-#include <cstring>
-#include <vector>
-
 #include "framework/CWinApp.h"
+#include "framework/DialogTemplate.h"
 #include "framework/KeptFocus.h"
+#include "framework/TextSize.h"
 
 namespace {
 
 // Takes nothing: the object bound to the dialog sees every message before the system's dialog procedure does.
 INT_PTR CALLBACK DialogProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
-}
-
-// The beginning of an extended dialog template, as the resource compiler writes it.
-struct TemplateHead {
-    WORD version;
-    WORD signature;
-    DWORD helpId;
-    DWORD extendedStyle;
-};
-
-// A copy of the program's template of that id, empty if there is none.
-std::vector<BYTE> CopyTemplate(UINT id) {
-    const HMODULE module = GetModuleHandleW(nullptr);
-    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(id), RT_DIALOG);
-    const HGLOBAL loaded = resource == nullptr ? nullptr : LoadResource(module, resource);
-    if (loaded == nullptr) return {};
-    const auto* const bytes = static_cast<const BYTE*>(LockResource(loaded));
-    return {bytes, bytes + SizeofResource(module, resource)};
 }
 
 // Keeps a window disabled that was enabled, and enables it again at the end of its life.
@@ -64,17 +45,15 @@ const MessageMap& CDialogEx::Events() {
 }
 
 bool CDialogEx::Create(UINT dialogTemplate, CWnd* parentWindow) {
-    std::vector<BYTE> bytes = CopyTemplate(dialogTemplate);
-    if (bytes.size() < sizeof(TemplateHead)) return false;
-    TemplateHead head{};
-    std::memcpy(&head, bytes.data(), sizeof(head));
-    head.extendedStyle = ExtendedStyle(head.extendedStyle);
-    std::memcpy(bytes.data(), &head, sizeof(head));
+    DialogTemplate source(dialogTemplate);
+    if (source.IsEmpty()) return false;
+    source.SetExtendedStyle(ExtendedStyle(source.ExtendedStyle()));
+    source.Grow(GrownPoints(), templatePoints);
 
     const CreationHook hook(*this);
     const HWND owner = parentWindow == nullptr ? nullptr : parentWindow->GetSafeHwnd();
-    return CreateDialogIndirectParamW(GetModuleHandleW(nullptr), reinterpret_cast<DLGTEMPLATE*>(bytes.data()),
-                                      owner, &DialogProcedure, 0) != nullptr;
+    return CreateDialogIndirectParamW(GetModuleHandleW(nullptr), source.get(), owner, &DialogProcedure, 0) !=
+           nullptr;
 }
 
 int CDialogEx::DoModal() {

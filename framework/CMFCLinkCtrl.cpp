@@ -7,6 +7,7 @@
 #include "framework/FocusRing.h"
 #include "framework/Handles.h"
 #include "framework/HighContrast.h"
+#include "framework/Resolution.h"
 #include "framework/Spoken.h"
 
 namespace {
@@ -22,10 +23,10 @@ Font Underlined(HFONT font) {
     return Font(CreateFontIndirectW(&description));
 }
 
-Font ContrastFont(HDC context) {
-    return Font(CreateFontW(-MulDiv(contrastPoints, GetDeviceCaps(context, LOGPIXELSY), 72), 0, 0, 0,
-                            FW_NORMAL, FALSE, TRUE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                            CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"Arial"));
+Font ContrastFont(HWND link) {
+    return Font(CreateFontW(-MulDiv(contrastPoints, ResolutionOf(link), 72), 0, 0, 0, FW_NORMAL, FALSE, TRUE,
+                            FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                            DEFAULT_PITCH, L"Arial"));
 }
 
 COLORREF TextColour(const DRAWITEMSTRUCT& item) {
@@ -59,7 +60,7 @@ void CMFCLinkCtrl::DrawItem(const DRAWITEMSTRUCT& item) {
         ::SendMessageW(GetParent(GetSafeHwnd()), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(item.hDC),
                        reinterpret_cast<LPARAM>(GetSafeHwnd()));
     FillRect(item.hDC, &area, reinterpret_cast<HBRUSH>(ground));
-    const Font underlined = IsHighContrastOn() ? ContrastFont(item.hDC)
+    const Font underlined = IsHighContrastOn() ? ContrastFont(GetSafeHwnd())
                                                : Underlined(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
     const SelectedObject font(item.hDC, underlined.get());
     SetBkMode(item.hDC, TRANSPARENT);

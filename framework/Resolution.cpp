@@ -1,7 +1,8 @@
 #include "framework/Resolution.h"
 
 #include "framework/Handles.h"
+#include "framework/TextSize.h"
 
 int ResolutionOf(HWND window) {
-    return GetDeviceCaps(WindowDc(window).get(), LOGPIXELSY);
+    return MulDiv(GetDeviceCaps(WindowDc(window).get(), LOGPIXELSY), GrownPoints(), templatePoints);
 }

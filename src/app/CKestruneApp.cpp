@@ -17,6 +17,7 @@
 #include "app/StartUp.h"
 #include "app/WizardChain.h"
 #include "framework/SystemLibrary.h"
+#include "framework/TextSize.h"
 #include "resources/resource.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
@@ -99,6 +100,7 @@ void CKestruneApp::BringUpLibraries() {
 }
 
 void CKestruneApp::CreateMainWindow(const Collaborators& shared, bool silent) {
+    FollowTextSize(IDD_MAIN);
     mainDialog = std::make_unique<KestruneDlg>(shared.controller, shared.localizer);
     static_cast<void>(mainDialog->Create(IDD_MAIN, nullptr));
     SetMainWnd(mainDialog.get());
