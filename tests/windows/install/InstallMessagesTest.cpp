@@ -115,7 +115,7 @@ TEST_P(FileInUseTest, IsAnsweredByTheButton) {
     EXPECT_EQ(names, L"Word, Mail");
 }
 
-const Question questions[] = {
+const Question questionCases[] = {
     {L"FILE_IN_USE", 0, IDCANCEL, 2},
     {L"FILE_IN_USE", 0, IDC_FILES_IN_USE_RETRY, 4},
     {L"RM_FILE_IN_USE", 0, IDOK, 1},
@@ -123,7 +123,7 @@ const Question questions[] = {
     {L"RM_FILE_IN_USE", IDC_CLOSABLE_FILES_DO_NOT_CLOSE, IDOK, 2},
 };
 
-INSTANTIATE_TEST_SUITE_P(Questions, FileInUseTest, testing::ValuesIn(questions));
+INSTANTIATE_TEST_SUITE_P(Questions, FileInUseTest, testing::ValuesIn(questionCases));
 
 using FileInUseDialogTest = DialogTest;
 
