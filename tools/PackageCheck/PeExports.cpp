@@ -74,8 +74,9 @@ private:
         const std::size_t table = PositionOf(address);
         if (address == 0 || !Has(table, 40)) return;
         const std::size_t names = PositionOf(Number(table + 32, 4));
-        // No more names than there is room for.
-        const std::size_t count = std::min<std::size_t>(Number(table + 24, 4), bytes.size() / 4);
+        // A name goes with a number of two bytes.
+        constexpr std::uint32_t mostNames = 0x10000;
+        const std::size_t count = std::min(Number(table + 24, 4), mostNames);
         for (std::size_t i = 0; i < count && Has(names + i * 4, 4); ++i) {
             const std::string_view name = NameAt(PositionOf(Number(names + i * 4, 4)));
             if (!name.empty()) library.exports.emplace(name);

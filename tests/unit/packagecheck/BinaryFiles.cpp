@@ -1,5 +1,7 @@
 #include "tests/unit/packagecheck/BinaryFiles.h"
 
+#include <algorithm>
+
 namespace {
 
 void Put(std::string& bytes, std::size_t position, std::uint32_t number, std::size_t length = 4) {
@@ -30,7 +32,6 @@ std::string MakeLibrary(const std::vector<std::string>& exports, std::uint32_t m
     Put(bytes, header + 24, 0x20B, 2);
     Put(bytes, header + 24 + 112, sectionAddress);
     const std::size_t section = header + 24 + 0xF0;
-    Put(bytes, section + 8, 0x1000);
     Put(bytes, section + 12, sectionAddress);
     Put(bytes, section + 16, 0x1000);
     Put(bytes, section + 20, sectionPosition);
@@ -43,6 +44,8 @@ std::string MakeLibrary(const std::vector<std::string>& exports, std::uint32_t m
         Put(bytes, sectionPosition + 40 + 4 * i, address);
         bytes += exports[i] + '\0';
     }
+    const auto used = static_cast<std::uint32_t>(bytes.size()) - sectionPosition;
+    Put(bytes, section + 8, std::max<std::uint32_t>(used, 0x1000));
     return bytes;
 }
 

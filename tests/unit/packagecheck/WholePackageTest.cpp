@@ -55,7 +55,26 @@ TEST(PeExportsTest, ReadsTheNames) {
     EXPECT_THAT(library->exports, testing::ElementsAre("DiscoverW", "EnumerateW"));
 }
 
+TEST(PeExportsTest, TellsWhatALibraryIsFor) {
+    std::string narrow = MakeLibrary({"DiscoverW"});
+    narrow[0x40 + 25] = '\x01';
+    EXPECT_FALSE(ReadPeLibrary(narrow)->isFor64Bit);
+    EXPECT_FALSE(ReadPeLibrary(MakeLibrary({"DiscoverW"}, 0x14C))->isFor64Bit);
+}
+
+TEST(PeExportsTest, CutsANameThatIsTooLong) {
+    const auto library = ReadPeLibrary(MakeLibrary({std::string(300, 'x')}));
+    EXPECT_THAT(library->exports, testing::ElementsAre(std::string(256, 'x')));
+}
+
+TEST(PeExportsTest, ReadsNoMoreNamesThanALibraryCanHave) {
+    std::vector<std::string> names;
+    for (int i = 0; i < 70'000; ++i) names.push_back("e" + std::to_string(i));
+    EXPECT_EQ(ReadPeLibrary(MakeLibrary(names))->exports.size(), 65'536U);
+}
+
 TEST(PeExportsTest, TakesNoOtherFileForALibrary) {
+    EXPECT_FALSE(ReadPeLibrary(MakeLibrary({"DiscoverW"}).substr(0, 0x40 + 25)));
     EXPECT_FALSE(ReadPeLibrary(""));
     EXPECT_FALSE(ReadPeLibrary("MZ"));
     EXPECT_FALSE(ReadPeLibrary(std::string(1000, '\xFF')));
