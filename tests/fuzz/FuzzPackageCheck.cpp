@@ -35,7 +35,7 @@ public:
 
     std::vector<packagecheck::TreeFile> List() const override {
         std::vector<packagecheck::TreeFile> list;
-        for (const auto& [path, bytes] : files) list.push_back({.path = path, .size = bytes.size()});
+        for (const auto& [path, bytes] : files) list.push_back({.path = path});
         return list;
     }
     std::optional<std::string> Read(const std::string& path, std::size_t most) const override {

@@ -112,13 +112,11 @@ private:
 
     // By what lies in them, since folders have no entry of their own.
     void CheckFolders() {
-        std::set<std::string> seen;
         for (const TreeFile& file : package.Files().All()) {
             const std::string path = Folded(file.path);
             for (std::size_t end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1)) {
                 const std::string folder = path.substr(0, end);
-                if (!folder.ends_with(".msi") || !IsPlaceOfPackages(folder) || !seen.insert(folder).second)
-                    continue;
+                if (!folder.ends_with(".msi") || !IsPlaceOfPackages(folder)) continue;
                 report.Add(rules::msiFolder, {.file = file.path.substr(0, end)},
                            "The folder is named as a package.");
             }

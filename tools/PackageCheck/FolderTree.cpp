@@ -35,8 +35,7 @@ std::vector<TreeFile> FolderTree::List() const {
     for (; !error && entry != end && files.size() < mostFiles; entry.increment(error)) {
         std::error_code lost;
         if (!entry->is_regular_file(lost)) continue;
-        files.push_back(
-            {.path = Utf8PathOf(entry->path().lexically_relative(root)), .size = entry->file_size(lost)});
+        files.push_back({.path = Utf8PathOf(entry->path().lexically_relative(root))});
     }
     return files;
 }

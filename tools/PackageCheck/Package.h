@@ -49,7 +49,7 @@ struct Device {
 // Whether the wizard takes what has this path for a package that is installed, or may be.
 bool IsPlaceOfPackages(std::string_view path);
 
-// How far the reading of packages has come; called by one thread at a time.
+// How far the reading of packages has come.
 using Progress = std::function<void(std::size_t done, std::size_t all)>;
 
 // Paths of the tree, from its root.

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,7 +14,6 @@ namespace packagecheck {
 
 struct TreeFile {
     std::string path;  // from the root, with "/", as it is spelt, in UTF-8
-    std::uint64_t size = 0;
 };
 
 // What is read of a package.
@@ -24,7 +22,7 @@ struct MsiReading {
     std::string error;  // why there is nothing
 };
 
-// Where the files come from. May be used by several threads at a time.
+// Where the files come from.
 class PackageTree {
 public:
     PackageTree() = default;

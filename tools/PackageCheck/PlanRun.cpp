@@ -5,6 +5,7 @@
 #include <iterator>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 #include "CommonLib/Utf8.h"
 #include "tools/PackageCheck/FolderTree.h"

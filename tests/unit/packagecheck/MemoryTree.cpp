@@ -107,10 +107,10 @@ MemoryTree::MemoryTree() {
 
 std::vector<packagecheck::TreeFile> MemoryTree::List() const {
     std::vector<packagecheck::TreeFile> list;
-    for (const auto& [path, bytes] : files) list.push_back({.path = path, .size = bytes.size()});
-    for (const auto& [path, contents] : packages) list.push_back({.path = path, .size = 1});
+    for (const auto& [path, bytes] : files) list.push_back({.path = path});
+    for (const auto& [path, contents] : packages) list.push_back({.path = path});
     for (const std::string& path : unreadable) {
-        if (!files.contains(path) && !packages.contains(path)) list.push_back({.path = path, .size = 1});
+        if (!files.contains(path) && !packages.contains(path)) list.push_back({.path = path});
     }
     return list;
 }
