@@ -1,5 +1,6 @@
 #include "tools/PackageCheck/CommandLine.h"
 
+#include <algorithm>
 #include <array>
 
 #include "tools/PackageCheck/Manifests.h"
@@ -7,6 +8,22 @@
 namespace packagecheck {
 
 namespace {
+
+struct TaskOption {
+    std::string_view name;
+    Task task;
+};
+
+constexpr std::array<TaskOption, 8> taskOptions = {{
+    {"--help", Task::Help},
+    {"-h", Task::Help},
+    {"/?", Task::Help},
+    {"--rules", Task::Rules},
+    {"--tables", Task::Tables},
+    {"--new", Task::New},
+    {"--fix", Task::Fix},
+    {"--plan", Task::Plan},
+}};
 
 // What belongs to --plan: its beginning, and the place of its value.
 struct PlanOption {
@@ -48,12 +65,15 @@ private:
         return {};
     }
 
-    // Returns false for an argument that has nothing to do with plans.
+    // Each of these returns false for an argument of another kind.
+    bool TakeTask(const std::string& argument) {
+        const auto* const option = std::ranges::find(taskOptions, argument, &TaskOption::name);
+        if (option == taskOptions.end()) return false;
+        line.task = option->task;
+        return true;
+    }
+
     bool TakePlanOption(const std::string& argument) {
-        if (argument == "--plan") {
-            line.task = Task::Plan;
-            return true;
-        }
         if (argument == "--html") {
             isPlanned = true;
             TakeValue(line.run.page, "--html needs the name of a file.");
@@ -68,21 +88,10 @@ private:
         return false;
     }
 
-    void Take(const std::string& argument) {
-        if (TakePlanOption(argument)) return;
-        if (argument == "--help" || argument == "-h" || argument == "/?") {
-            line.task = Task::Help;
-        } else if (argument == "--explain") {
+    bool TakeOptionWithValue(const std::string& argument) {
+        if (argument == "--explain") {
             line.task = Task::Explain;
             TakeValue(line.rule, "--explain needs the name of a rule.");
-        } else if (argument == "--rules") {
-            line.task = Task::Rules;
-        } else if (argument == "--tables") {
-            line.task = Task::Tables;
-        } else if (argument == "--new") {
-            line.task = Task::New;
-        } else if (argument == "--fix") {
-            line.task = Task::Fix;
         } else if (argument == "--manifest") {
             line.task = Task::Manifest;
             TakeValue(line.manifest, "--manifest needs a kind.");
@@ -90,7 +99,15 @@ private:
                 line.mistake = "--manifest makes winget, chocolatey or intune.";
         } else if (argument == "--out") {
             TakeValue(line.out, "--out needs a folder.");
-        } else if (argument == "--yes") {
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    void Take(const std::string& argument) {
+        if (TakeTask(argument) || TakePlanOption(argument) || TakeOptionWithValue(argument)) return;
+        if (argument == "--yes") {
             line.isAgreed = true;
         } else if (argument == "--json") {
             line.format = Format::Json;
