@@ -243,6 +243,12 @@ void CheckHelpLanguages(const Package& package, Report& report) {
     }
 }
 
+// What the name of a licence in that language holds after "eula_".
+std::string LicenceCodeOf(const LanguageFile& language) {
+    const std::string code = Folded(ToUtf8(language.code));
+    return code == "id_id" ? "id" : code;
+}
+
 // The language of a licence by its name, as far as a language file of the package tells; the longest code
 // counts.
 std::string CodeOfLicence(const Package& package, std::string_view fileName) {
@@ -251,9 +257,8 @@ std::string CodeOfLicence(const Package& package, std::string_view fileName) {
     std::string code;
     if (start == std::string::npos) return code;
     for (const LanguageFile& language : package.Languages()) {
-        const std::string candidate = Folded(ToUtf8(language.code));
-        const std::string inName = candidate == "id_id" ? "id" : candidate;
-        if (inName.size() > code.size() && name.substr(start + 5).starts_with(inName)) code = inName;
+        const std::string candidate = LicenceCodeOf(language);
+        if (candidate.size() > code.size() && name.substr(start + 5).starts_with(candidate)) code = candidate;
     }
     return code;
 }
@@ -287,8 +292,7 @@ void CheckLicenceBytes(const TreeFile& licence, const LanguageFile& language, co
 void CheckLicence(const Package& package, const TreeFile& licence, Report& report) {
     const std::string code = CodeOfLicence(package, FileNameOf(licence.path));
     const auto isOfCode = [&](const LanguageFile& language) {
-        const std::string name = Folded(ToUtf8(language.code));
-        return !code.empty() && (name == code || (name == "id_id" && code == "id"));
+        return !code.empty() && LicenceCodeOf(language) == code;
     };
     const auto language = std::ranges::find_if(package.Languages(), isOfCode);
     if (language == package.Languages().end()) {
@@ -310,8 +314,7 @@ void CheckLicences(const Package& package, Report& report) {
     }
     for (const TreeFile* licence : licences) CheckLicence(package, *licence, report);
     for (const LanguageFile& language : package.Languages()) {
-        const std::string code = Folded(ToUtf8(language.code));
-        const std::string pattern = "eula_" + (code == "id_id" ? std::string("id") : code);
+        const std::string pattern = "eula_" + LicenceCodeOf(language);
         const auto fits = [&](const TreeFile* licence) {
             return Folded(FileNameOf(licence->path)).find(pattern) != std::string::npos;
         };

@@ -150,6 +150,11 @@ std::vector<RuleCase> FileRuleCases() {
          [](MemoryTree& tree) { tree.files[licencePath] = "Terms\xEF\xBB\xBF"; }},
         {"licence-without-language", [](MemoryTree& tree) { tree.files["Notices/EULA/EULA_de.txt"] = "AGB"; },
          [](MemoryTree& tree) { tree.files["Notices/EULA/EULA_de.rtf"] = "AGB"; }},
+        {"licence-without-language", [](MemoryTree& tree) { tree.files["Notices/EULA/EULA_id.txt"] = "a"; },
+         [](MemoryTree& tree) {
+             tree.files["Notices/EULA/EULA_id.txt"] = "a";
+             tree.files["Setup/res/id_ID_strings.xml"] = "<A></A>";
+         }},
         {"file-names-clash", [](MemoryTree& tree) { tree.files["Notices/EULA/eula_EN.txt"] = "old"; },
          [](MemoryTree& tree) { tree.files["Notices/eula_EN.txt"] = "old"; }},
     };
