@@ -64,6 +64,10 @@ std::vector<RuleCase> CatalogueRuleCases() {
          [](MemoryTree& tree) { Value(tree, L"ProductVersion") = L"255.255.65535"; }},
         {"product-version", [](MemoryTree& tree) { Value(tree, L"ProductVersion") = L"256.0"; },
          [](MemoryTree& tree) { Value(tree, L"ProductVersion") = L"1.2"; }},
+        {"product-version", [](MemoryTree& tree) { Value(tree, L"ProductVersion") = L"1..2"; },
+         [](MemoryTree& tree) { Value(tree, L"ProductVersion") = L"1.0.2"; }},
+        {"product-version", [](MemoryTree& tree) { Value(tree, L"ProductVersion") = L"1.2b"; },
+         [](MemoryTree& tree) { Value(tree, L"ProductVersion") = L"01.2"; }},
         {"secure-property-missing",
          [](MemoryTree& tree) { Application(tree).usedProperties.insert(L"PRINTER_INFO"); },
          [](MemoryTree& tree) {
@@ -76,6 +80,8 @@ std::vector<RuleCase> CatalogueRuleCases() {
          [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"2048"; }},
         {"install-size", [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"12582912"; },
          [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"100000 MB"; }},
+        {"install-size", [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"0 MB"; },
+         [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"0.5MB"; }},
         {"install-size-missing", [](MemoryTree& tree) { Application(tree).properties.erase(L"INSTALLSIZE"); },
          [](MemoryTree& tree) { Value(tree, L"INSTALLSIZE") = L"1"; }},
         {"summary-incomplete", [](MemoryTree& tree) { Application(tree).summary.platform.clear(); },
@@ -118,6 +124,8 @@ std::vector<RuleCase> CatalogueRuleCases() {
          [](MemoryTree& tree) { Value(tree, L"ProductName.1033") = L"a"; }},
         {"value-holds-tag", [](MemoryTree& tree) { Value(tree, L"MSIDESCRIPTION") = L"a</MSIDESCRIPTION>"; },
          [](MemoryTree& tree) { Value(tree, L"MSIDESCRIPTION") = L"a <b> c"; }},
+        {"value-holds-tag", [](MemoryTree& tree) { Value(tree, L"ProductName") = L"a <STARTAPP> b"; },
+         [](MemoryTree& tree) { Value(tree, L"ProductName") = L"a STARTAPP b"; }},
         {"tool-not-unpackable",
          [](MemoryTree& tree) {
              AddTool(tree, L"Halvenny\\ArdentisKit", L"Ardentis.exe");

@@ -82,6 +82,24 @@ TEST(TextDiffTest, ShowsChangesFarApartByThemselves) {
     EXPECT_THAT(diff, testing::HasSubstr("@@ -22,7 +22,6 @@\n"));
 }
 
+// With five lines between two changes one hunk shows them, with six there are two.
+TEST(TextDiffTest, ShowsChangesWithFewLinesBetweenThemTogether) {
+    EXPECT_THAT(UnifiedDiff("a", "x\n1\n2\n3\n4\n5\nx\n", "y\n1\n2\n3\n4\n5\ny\n"),
+                testing::HasSubstr("@@ -1,7 +1,7 @@\n"));
+    const std::string apart = UnifiedDiff("a", "x\n1\n2\n3\n4\n5\n6\nx\n", "y\n1\n2\n3\n4\n5\n6\ny\n");
+    EXPECT_THAT(apart, testing::HasSubstr("@@ -1,4 +1,4 @@\n"));
+    EXPECT_THAT(apart, testing::HasSubstr("@@ -5,4 +5,4 @@\n"));
+}
+
+TEST(TextDiffTest, ShowsNoControlCharacterButATab) {
+    EXPECT_THAT(UnifiedDiff("a", "1\n", "\x1B[31m\t2\r\n"), testing::EndsWith("\n-1\n+[31m\t2\n"));
+}
+
+TEST(TextDiffTest, KeepsAsManyLinesAsItCan) {
+    EXPECT_THAT(UnifiedDiff("a", "1\n2\n3\n4\n", "3\n1\n2\n4\n"),
+                testing::EndsWith("\n+3\n 1\n 2\n-3\n 4\n"));
+}
+
 TEST(TextDiffTest, HasNothingToShowOfEqualTexts) {
     EXPECT_EQ(UnifiedDiff("a", "1\n", "1\n"), "");
 }

@@ -127,6 +127,22 @@ TEST_F(PlanTest, LeavesTheDependentsOfWhatIsPassedOver) {
     EXPECT_EQ(plan.leftOut.at(0).file, "Dependents/x64/Own.msi");
 }
 
+TEST_F(PlanTest, SaysWhyItDoesWhatItDoes) {
+    AddPackage("Applications/x64/Again.msi", L"Again", {{L"FORCEREINSTALL", L"true"}});
+    AddPackage("Applications/x64/Minor.msi", L"Minor");
+    AddPackage("Applications/x64/Newer.msi", L"Newer");
+    options.installed.Set("Again.msi", InstalledState::UpToDate);
+    options.installed.Set("Minor.msi", InstalledState::MinorUpgrade);
+    options.installed.Set("Monitor.msi", InstalledState::Upgradable);
+    options.installed.Set("Newer.msi", InstalledState::Newer);
+    std::vector<std::string> reasons;
+    for (const PlannedPackage& package : Make().packages) reasons.push_back(package.reason);
+    EXPECT_THAT(reasons, ElementsAre("it is installed, and FORCEREINSTALL asks for it",
+                                     "an older version of the same product is installed",
+                                     "an older version is installed", "something newer is installed",
+                                     "it is not installed"));
+}
+
 TEST_F(PlanTest, SaysWhyAPackageIsLeftOut) {
     AddPackage("Common/x64/Extra.msi", L"Extra");
     AddPackage("Dependents/x64/Lone.msi", L"Lone");

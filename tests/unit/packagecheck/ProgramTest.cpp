@@ -49,6 +49,12 @@ TEST_F(ProgramTest, EndsWithTwoWhereItIsMisused) {
     EXPECT_EQ(Run({"--explain"}), 2);
     EXPECT_EQ(Run({"--explain", "no-such-rule"}), 2);
     EXPECT_EQ(Run({"--fix", "--json", folder.Path()}), 2);
+    for (const char* const complaint :
+         {"which folder is it?", "there is no option --frobnicate.", "one folder is checked at a time.",
+          "--explain needs the name of a rule.", "there is no rule no-such-rule",
+          "--fix shows its changes as text."}) {
+        EXPECT_THAT(err.str(), HasSubstr(complaint));
+    }
     EXPECT_THAT(out.str(), testing::IsEmpty());
 }
 
@@ -118,6 +124,17 @@ TEST_F(ProgramTest, ChangesWithoutAskingWhereItIsTold) {
     EXPECT_THAT(folder.Read(defaultsPath), HasSubstr("<UPD>1</UPD>"));
 }
 
+// What is in the way of the new file is a folder.
+TEST_F(ProgramTest, SaysWhichFileItCannotWrite) {
+    MemoryTree tree;
+    tree.AddSetting("<UPD> 1</UPD>");
+    Lay(tree);
+    folder.Write(std::string(defaultsPath) + ".unfinished/mine.txt", "mine");
+    EXPECT_EQ(Run({"--fix", "--yes", folder.Path()}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("defaultInstallSettings.xml cannot be written"));
+    EXPECT_EQ(folder.Read(defaultsPath), tree.files[defaultsPath]);
+}
+
 TEST_F(ProgramTest, SaysWhereThereIsNothingToFix) {
     Lay(BareTree());
     EXPECT_EQ(Run({"--fix", folder.Path()}), 1);
@@ -164,6 +181,11 @@ TEST_F(ProgramTest, PlansNoRunThatItDoesNotUnderstand) {
     EXPECT_EQ(Run({"-ip=192.0.2.7", folder.Path()}), 2);
     EXPECT_EQ(Run({"--plan", "--html"}), 2);
     EXPECT_EQ(Run({"--plan"}), 2);
+    for (const char* const complaint :
+         {"--os knows 7, 8, 8.1, 10 and 11.", "a plan is written as text", "without --plan.",
+          "--html needs the name of a file.", "which folder is it?"}) {
+        EXPECT_THAT(err.str(), HasSubstr(complaint));
+    }
     EXPECT_THAT(out.str(), testing::IsEmpty());
 }
 

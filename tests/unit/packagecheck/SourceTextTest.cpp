@@ -43,6 +43,19 @@ TEST(SourceTextTest, FindsPlacesInLongLines) {
     EXPECT_EQ(PlaceOf(source, L"<B>"), (Position{.line = 2, .column = 1}));
 }
 
+TEST(SourceTextTest, FindsPlacesAfterPiecesOfOtherLengthsThanTheirCharacters) {
+    std::string piece = "x";
+    while (piece.size() < 2047) piece += "\xC3\xA4";
+    const SourceText source(piece + piece + piece + "<A>", Decoding::Pieces);
+    EXPECT_EQ(PlaceOf(source, L"<A>"), (Position{.line = 1, .column = 3 * 1024 + 1}));
+}
+
+TEST(SourceTextTest, NotesAFlawAtItsFirstPlaceAlone) {
+    const SourceText source("ab\0c\nd\0\n"s, Decoding::Pieces);
+    ASSERT_EQ(source.Flaws().size(), 1U);
+    EXPECT_EQ(source.Flaws().front().position, (Position{.line = 1, .column = 3}));
+}
+
 TEST(SourceTextTest, LosesACharacterBetweenTwoPiecesOfSettings) {
     const std::string bytes = std::string(2046, 'x') + "\xC3\xBC";
     const SourceText settings(bytes, Decoding::Pieces);

@@ -39,6 +39,13 @@ TEST(TagFileTest, SaysWhereATakenElementStands) {
     EXPECT_EQ(file.PlaceOf(taken.front().start).position, (packagecheck::Position{.line = 2, .column = 3}));
 }
 
+TEST(TagFileTest, HasNoLineForATagThatIsNotThere) {
+    const TagFile file("a.xml", "<A>1</A>", Decoding::Pieces);
+    EXPECT_EQ(file.PlaceOf(L"B").file, "a.xml");
+    EXPECT_EQ(file.PlaceOf(L"B").position.line, 0U);
+    EXPECT_EQ(file.PlaceOf(L"A").position.line, 1U);
+}
+
 TEST(TagScanTest, TellsTheKindsOfTagsApart) {
     const std::wstring text = L"<?xml v?><!-- c <A>1</A> --><B k=\"v\"><C/></B>< <D>";
     std::vector<std::pair<std::wstring, TagKind>> found;
