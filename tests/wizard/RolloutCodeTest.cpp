@@ -121,6 +121,7 @@ TEST_F(RolloutCodeTest, Is87ForAPackageThatOffersNothing) {
 TEST_F(RolloutCodeTest, Is87WithoutSettings) {
     tree.RemoveFile(L"Setup\\defaultInstallSettings.xml");
     EXPECT_EQ(RunRollout(), 87U);
+    EXPECT_THAT(Report().at("reason").get<std::string>(), HasSubstr("no defaultInstallSettings.xml"));
 }
 
 TEST_F(RolloutCodeTest, Is87ForACommandLineThatIsWrong) {

@@ -1,6 +1,9 @@
 // What can happen to a rollout on its way: boxes, a library that hangs, other installations, somebody who
 // ends it.
 
+#include <algorithm>
+#include <string>
+
 #include "CommonLib/Utf8.h"
 #include "tests/wizard/RolloutTest.h"
 
@@ -19,6 +22,10 @@ constexpr wchar_t filesInUse[] =
     L"<FILE_IN_USE>true</FILE_IN_USE><APPLICATION_NAME>Editor</APPLICATION_NAME>";
 constexpr wchar_t closablePrograms[] =
     L"<RM_FILE_IN_USE>true</RM_FILE_IN_USE><APPLICATION_NAME>Editor</APPLICATION_NAME>";
+
+std::string MessageOf(const nlohmann::json& record) {
+    return record.at("message");
+}
 
 class RolloutRunTest : public RolloutTest {
 protected:
@@ -139,6 +146,14 @@ TEST_F(RolloutRunTest, GivesUpWhereAnotherCopyDoesNotEnd) {
     EXPECT_THAT(BasicLog(), Not(HasRecord(L"ERROR", L"There is another instance of Kestrune running")));
 }
 
+TEST_F(RolloutRunTest, GivesUpWhereAnotherRolloutDoesNotEnd) {
+    tree.Add(Lasting(L"Applications\\a.msi"));
+    const KernelHandle other(CreateMutexW(nullptr, TRUE, L"Global\\Kestrune-Rollout"));
+    EXPECT_EQ(RunRollout(L"--wait 1"), 1618U);
+    ReleaseMutex(other.get());
+    EXPECT_THAT(Installs(), IsEmpty());
+}
+
 TEST_F(RolloutRunTest, GivesUpWhereWindowsInstallerIsAtWork) {
     tree.Add(Lasting(L"Applications\\a.msi"));
     const KernelHandle installer(CreateMutexW(nullptr, TRUE, L"Global\\_MSIExecute"));
@@ -205,6 +220,13 @@ TEST_F(RolloutRunTest, TellsOfTheLogAsItGrowsAndOfWhatIsInstalled) {
     LetGoOn();
     EXPECT_EQ(rollout.WaitForEnd(), 0U);
     EXPECT_TRUE(Report().at("packages")[0].at("seconds").is_number());
+}
+
+TEST_F(RolloutRunTest, HoldsEachRecordOfTheLogOnce) {
+    tree.Add(Lasting(L"Applications\\a.msi"));
+    EXPECT_EQ(RunRollout(), 0U);
+    const nlohmann::json log = Report().at("log");
+    EXPECT_EQ(std::ranges::count(log, "Installing Applications", &MessageOf), 1);
 }
 
 TEST_F(RolloutRunTest, SaysSoWhereTheLibraryDoesNotAnswer) {

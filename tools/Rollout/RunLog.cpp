@@ -72,8 +72,6 @@ std::vector<RunRecord> RecordReader::Take(std::string_view bytes) {
 void LogFindings::Note(const RunRecord& record) {
     const std::wstring_view message = record.message;
     began = began || message == L"Installing Applications";
-    ended = ended || message == L"Installation is Finished";
-    nothingToInstall = nothingToInstall || message == L"There were no applications found to install";
     packageFailed = packageFailed || message == L"MSI Installer returned an error";
     packageCancelled = packageCancelled || message == L"MSI Installer returned user canceled.";
     restartWanted = restartWanted || message == L"MSI Installer returned reboot requires.";

@@ -29,8 +29,6 @@ private:
 // What the records of one run say of it.
 struct LogFindings {
     bool began = false;
-    bool ended = false;
-    bool nothingToInstall = false;
     bool packageFailed = false;
     bool packageCancelled = false;
     bool restartWanted = false;

@@ -55,6 +55,10 @@ TEST(VerdictTest, GivesAPackageThatIsMissingTheCodeOfWhatStoppedTheRun) {
     EXPECT_EQ(JudgeOne(absent, absent, facts).code, Code::TimeIsUp);
 }
 
+TEST(VerdictTest, GivesAPackageOfWhichNothingIsKnownTheCodeOfAFailure) {
+    EXPECT_EQ(JudgeOne(absent, std::nullopt).code, Code::Failed);
+}
+
 TEST(VerdictTest, AsksForALibraryThatSaysHowAllPackagesAre) {
     EXPECT_EQ(JudgeInstalled({Entry(L"a", absent), Entry(L"b", absent)}, {upToDate}, Ended()).back().outcome,
               PackageOutcome::Unknown);
@@ -171,6 +175,16 @@ protected:
 
     RunFacts facts;
 };
+
+TEST_F(RemovalVerdictTest, NamesWhatBecameOfAPackage) {
+    const auto outcome = [&](const PackageState& before, const PackageState& after) {
+        return JudgeRemoved({Entry(L"a", before)}, {after}, facts).front().outcome;
+    };
+    EXPECT_EQ(outcome(upToDate, absent), PackageOutcome::Removed);
+    EXPECT_EQ(outcome(absent, absent), PackageOutcome::Unchanged);
+    EXPECT_EQ(outcome(tooNew, tooNew), PackageOutcome::Newer);
+    EXPECT_EQ(outcome(upToDate, upToDate), PackageOutcome::Remains);
+}
 
 TEST_F(RemovalVerdictTest, IsDoneWhereNothingIsLeft) {
     EXPECT_EQ(CodeOf(upToDate, absent), Code::Done);
