@@ -1,17 +1,8 @@
 #!/usr/bin/env bash
-# Names the suites that the changes touch, one in a line: what differs from the merge base with the upstream branch (or
-# the remote's default branch), committed or not. Without either only the working tree counts.
+# Names the suites that the changes since the upstream branch touch, one in a line.
 # usage: scripts/changed-suites.sh
 set -uo pipefail
 source "$(dirname "$0")/common.sh"
-
-base=HEAD
-for upstream in '@{upstream}' origin/HEAD origin/main origin/master; do
-    if git rev-parse -q --verify "$upstream" > /dev/null 2>&1; then
-        base=$(git merge-base HEAD "$upstream")
-        break
-    fi
-done
 
 # is_logic SOURCE: whether a source is one of those that only compute.
 is_logic() {
@@ -33,6 +24,7 @@ suites_of() {
         docs/rollout-report.schema.json) echo standins wizard ;;
         *.md | docs/*) ;;
         demo | tests/network/* | scripts/network.sh | scripts/in-network.sh | scripts/run-network-tests.sh) echo network ;;
+        tests/breaks/* | scripts/breaks.py) echo lint ;;
         tests/unit/ReferenceForms.*) echo unit fuzz lint ;;
         tests/unit/*.cpp | tests/unit/*.h) echo unit lint ;;
         tests/threads/*) echo unit lint ;;
@@ -65,7 +57,4 @@ suites_of() {
     esac
 }
 
-{
-    git diff --name-only --no-renames "$base"
-    git ls-files --others --exclude-standard
-} | while read -r file; do suites_of "$file"; done | tr -s ' ' '\n' | sort -u
+changed_files | while read -r file; do suites_of "$file"; done | tr -s ' ' '\n' | sort -u

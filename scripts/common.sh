@@ -59,8 +59,25 @@ build_packages() {
 export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS:-pch_defines,time_macros,include_file_mtime,include_file_ctime}
 export CCACHE_DEPEND=${CCACHE_DEPEND:-1}
 
+# Prints the files that differ from the merge base with the upstream branch (or the remote's default branch), committed or
+# not. Without either only the working tree counts.
+changed_files() {
+    local base=HEAD upstream
+    for upstream in '@{upstream}' origin/HEAD origin/main origin/master; do
+        if git rev-parse -q --verify "$upstream" > /dev/null 2>&1; then
+            base=$(git merge-base HEAD "$upstream")
+            break
+        fi
+    done
+    git diff --name-only --no-renames "$base"
+    git ls-files --others --exclude-standard
+}
+
 # The tests that passed on a second try only, one in a line.
 second_tries=build/second-tries
+
+# may_try_again: whether a test that failed is to be tried a second time. KESTRUNE_TRIES=1 in the environment says no.
+may_try_again() { [ "${KESTRUNE_TRIES:-2}" != 1 ]; }
 
 # note_second_try TESTS: keeps the names, divided by colons. Fails where no second try is allowed.
 note_second_try() {

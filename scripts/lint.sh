@@ -26,11 +26,12 @@ check() {
 
 format() { clang-format --dry-run -Werror "${sources[@]}"; }
 
-# Who includes whom, the names of ids, the heads of headers, what headers say of tags, the picture of the folders, and the
-# texts of the languages.
+# Who includes whom, the names of ids, the heads of headers, what headers say of tags, the picture of the folders, the texts
+# of the languages, and what is broken on purpose.
 includes() {
     python3 scripts/check-includes.py && python3 scripts/check-resource-ids.py && python3 scripts/check-dialect.py &&
-        python3 scripts/check-tags.py && python3 scripts/draw-folders.py --check && python3 scripts/check-languages.py
+        python3 scripts/check-tags.py && python3 scripts/draw-folders.py --check && python3 scripts/check-languages.py &&
+        python3 scripts/breaks.py --check
 }
 
 tidy() { python3 scripts/run-tidy.py build/windows src framework standins tools package; }

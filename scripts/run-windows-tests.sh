@@ -76,7 +76,7 @@ code=$?
 cat "$log"
 failed=$(failed_tests "$log")
 rm -f "$log"
-if [ "$code" != 0 ] && [ -n "$failed" ]; then
+if [ "$code" != 0 ] && [ -n "$failed" ] && may_try_again; then
     echo "Once more in a fresh process: $failed"
     run_tests --gtest_brief=1 "--gtest_filter=$failed" && note_second_try "$failed"
     code=$?

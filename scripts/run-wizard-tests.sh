@@ -101,7 +101,7 @@ for ((index = 0; index < shards; ++index)); do
     wait "${processes[index]}" || code=1
     cat "$logs/$index"
 done
-if [ $code != 0 ] && ! grep -aq '^failed in the language' "$logs"/*; then (run_alone) && code=0; fi
+if [ $code != 0 ] && may_try_again && ! grep -aq '^failed in the language' "$logs"/*; then (run_alone) && code=0; fi
 rm -rf "$logs"
 if [ $shards != 1 ] || [ -d "$reports" ]; then scripts/check-reports.py "$reports" || code=1; fi
 exit $code

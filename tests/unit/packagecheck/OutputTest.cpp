@@ -94,6 +94,14 @@ TEST(FindingTest, SaysTheSameOfAPlaceOnce) {
     EXPECT_EQ(report.Sorted().size(), 1U);
 }
 
+TEST(FindingTest, KeepsWhatElseIsSaidOfAPlace) {
+    Report report;
+    report.Add(packagecheck::rules::flagValue, {.file = "a"}, "A flag.");
+    report.Add(packagecheck::rules::flagValue, {.file = "a"}, "Another flag.");
+    report.Add(packagecheck::rules::linkQuery, {.file = "a"}, "Another flag.");
+    EXPECT_EQ(report.Sorted().size(), 3U);
+}
+
 TEST(FindingTest, EndsTheProgramByTheWorstFinding) {
     Report report;
     EXPECT_EQ(packagecheck::ExitCodeFor(report.Sorted()), 0);
