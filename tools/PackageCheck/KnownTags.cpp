@@ -179,7 +179,6 @@ std::wstring NearestName(std::wstring_view text, std::span<const std::wstring_vi
 
 std::wstring NearestName(std::wstring_view text, std::span<const std::wstring_view> names,
                          std::size_t mostSlips) {
-    if (text.size() > longestName) return {};
     std::wstring nearest;
     std::size_t least = mostSlips + 1;
     for (const std::wstring_view name : names) {

@@ -224,7 +224,6 @@ private:
                                .isDriver = record.isSupportedDriver,
                                .intention = IntentionByNow(record)};
         planned.reason = ReasonFor(record, planned.intention);
-        if (planned.intention == Intention::LeaveNewer) return planned;
         // Made also for a record that is not installed: what one driver sets stays for the next.
         const std::wstring document = BuildCommandDocument(MakeCommandValues(
             record, printers, settings, place, planned.intention == Intention::MinorUpgrade));

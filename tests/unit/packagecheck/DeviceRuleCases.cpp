@@ -8,6 +8,10 @@ std::string Device(const std::string& name, const std::string& elements = {}) {
            "</DEVICE>";
 }
 
+std::string NetworkHost(const std::string& host) {
+    return "<PORT_TYPE>Standard TCP/IP Port</PORT_TYPE><HOST_NAME>" + host + "</HOST_NAME>";
+}
+
 }  // namespace
 
 std::vector<RuleCase> DeviceRuleCases() {
@@ -55,15 +59,11 @@ std::vector<RuleCase> DeviceRuleCases() {
              tree.AddUserElement(
                  Device("Desk", "<PORT_TYPE>Standard TCP/IP Port</PORT_TYPE><HOST_NAME>a</HOST_NAME>"));
          }},
+        {"device-host", [](MemoryTree& tree) { tree.AddUserElement(Device("Desk", NetworkHost("a b"))); },
+         [](MemoryTree& tree) { tree.AddUserElement(Device("Desk", NetworkHost("2001:db8::7"))); }},
         {"device-host",
-         [](MemoryTree& tree) {
-             tree.AddUserElement(
-                 Device("Desk", "<PORT_TYPE>Standard TCP/IP Port</PORT_TYPE><HOST_NAME>a b</HOST_NAME>"));
-         },
-         [](MemoryTree& tree) {
-             tree.AddUserElement(Device(
-                 "Desk", "<PORT_TYPE>Standard TCP/IP Port</PORT_TYPE><HOST_NAME>2001:db8::7</HOST_NAME>"));
-         }},
+         [](MemoryTree& tree) { tree.AddUserElement(Device("Desk", NetworkHost(std::string(49, 'a')))); },
+         [](MemoryTree& tree) { tree.AddUserElement(Device("Desk", NetworkHost(std::string(48, 'a')))); }},
         {"device-name", [](MemoryTree& tree) { tree.AddUserElement(Device("Front, desk")); },
          [](MemoryTree& tree) { tree.AddUserElement(Device("Front; desk")); }},
         {"device-name", [](MemoryTree& tree) { tree.AddUserElement(Device(std::string(221, 'a'))); },

@@ -161,11 +161,18 @@ TEST(KnownTagsTest, HoldEverySettingOfTheWizard) {
     }
 }
 
+TEST(KnownTagsTest, TakeTwoLettersThatAreExchangedForOneSlip) {
+    const std::wstring_view names[] = {L"START"};
+    EXPECT_EQ(packagecheck::NearestName(L"STRAT", names), L"START");
+    EXPECT_EQ(packagecheck::NearestName(L"STRIT", names), L"");
+}
+
 TEST(KnownTagsTest, FindTheNearestName) {
     const std::wstring_view names[] = {L"HIDE_START", L"HIDE_EULA"};
     EXPECT_EQ(packagecheck::NearestName(L"HIDE_STRAT", names), L"HIDE_START");
     EXPECT_EQ(packagecheck::NearestName(L"hide_eula", names), L"HIDE_EULA");
     EXPECT_EQ(packagecheck::NearestName(L"COLOUR", names), L"");
+    EXPECT_EQ(packagecheck::NearestName(L"HIDE_SE", names), L"");
     EXPECT_EQ(packagecheck::NearestName(std::wstring(100'000, L'H'), names), L"");
 }
 

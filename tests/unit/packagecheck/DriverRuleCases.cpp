@@ -79,6 +79,20 @@ std::vector<RuleCase> DriverRuleCases() {
          [](MemoryTree& tree) {
              tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>Loom 200:HVMONO</MODEL_DEFAULT_OVERRIDE>");
          }},
+        {"override-form",
+         [](MemoryTree& tree) {
+             tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>:HVMONO;</MODEL_DEFAULT_OVERRIDE>");
+         },
+         [](MemoryTree& tree) {
+             tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>L:HVMONO;;</MODEL_DEFAULT_OVERRIDE>");
+         }},
+        {"override-form",
+         [](MemoryTree& tree) {
+             tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>Loom:200:HVMONO;</MODEL_DEFAULT_OVERRIDE>");
+         },
+         [](MemoryTree& tree) {
+             tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>Loom:HVMONO;200:HVMONO;</MODEL_DEFAULT_OVERRIDE>");
+         }},
         {"override-driver-unknown",
          [](MemoryTree& tree) {
              tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>Loom:HVMONI;</MODEL_DEFAULT_OVERRIDE>");
@@ -107,6 +121,15 @@ std::vector<RuleCase> DriverRuleCases() {
              std::string table;
              for (int i = 1000; i < 1400; ++i) table += "Loom" + std::to_string(i) + ":HVMONO;";
              tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>" + table + "</MODEL_DEFAULT_OVERRIDE>");
+         }},
+        {"override-long",
+         [](MemoryTree& tree) {
+             tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>" + std::string(100'001, 'x') +
+                             "</MODEL_DEFAULT_OVERRIDE>");
+         },
+         [](MemoryTree& tree) {
+             tree.AddSetting("<MODEL_DEFAULT_OVERRIDE>" + std::string(100'000, 'x') +
+                             "</MODEL_DEFAULT_OVERRIDE>");
          }},
         {"ombrel-value", [](MemoryTree& tree) { DriverProperty(tree, L"ISOMBRELSUPPORTED") = L"true"; },
          [](MemoryTree& tree) { DriverProperty(tree, L"ISOMBRELSUPPORTED") = L"FALSE"; }},

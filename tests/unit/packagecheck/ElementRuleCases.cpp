@@ -36,5 +36,7 @@ std::vector<RuleCase> ElementRuleCases() {
          [](MemoryTree& tree) { tree.AddUserElement("<DEVICE><DRIVER_ID>HVMONO</DRIVER_ID></DEVICE>"); }},
         {"value-edges", [](MemoryTree& tree) { tree.AddSetting("<UPD> 1</UPD>"); },
          [](MemoryTree& tree) { tree.AddSetting("<PRODUCT_NAME>Loom 2</PRODUCT_NAME>"); }},
+        {"value-edges", [](MemoryTree& tree) { tree.AddSetting("<UPD>1\n</UPD>"); },
+         [](MemoryTree& tree) { tree.AddSetting("<MY_FRAME> <UPD>1</UPD> </MY_FRAME>"); }},
     };
 }

@@ -107,7 +107,11 @@ TEST(MsiContentsTest, SurvivesFoldersThatAreTheirOwnParents) {
     database.rows["Directory"] = {{L"A", L"B", L"a"}, {L"B", L"A", L"b"}, {L"C", L"C", L"c"}};
     database.rows["Component"] = {{L"X", L"A"}, {L"Y", L"C"}};
     database.rows["File"] = {{L"X", L"x.exe"}, {L"Y", L"y.exe"}, {L"Z", L"z.exe"}};
-    EXPECT_EQ(ReadContents(database).files.size(), 3U);
+    const MsiContents contents = ReadContents(database);
+    ASSERT_EQ(contents.files.size(), 3U);
+    EXPECT_EQ(contents.files[0].folder, L"b\\a");
+    EXPECT_EQ(contents.files[1].folder, L"");
+    EXPECT_EQ(contents.files[2].folder, L"");
 }
 
 TEST(MsiContentsTest, SurvivesAnyDepthOfFolders) {
