@@ -21,12 +21,10 @@ std::string Line(const Json& document) {
     return document.dump(-1, ' ', true, Json::error_handler_t::replace);
 }
 
+// Throws where the line is no document, or no object.
 std::optional<Json> ReadAnswer(std::string_view line, const char* kind) {
     Json document = Json::parse(line, nullptr, false);
-    if (!document.is_object() || document.value(markName, 0) != markValue ||
-        document.value("kind", "") != kind) {
-        return std::nullopt;
-    }
+    if (document.value(markName, 0) != markValue || document.value("kind", "") != kind) return std::nullopt;
     return document;
 }
 
