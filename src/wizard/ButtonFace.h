@@ -21,3 +21,7 @@ struct ButtonFace {
 // The face in the state that counts, which is the first of selected, hot, focused, disabled. A secondary
 // button is grey, a page's main button green.
 ButtonFace FlatButtonFace(const ButtonState& state, bool secondary);
+
+// The colour for a text on a ground: the wanted one if it has the contrast that running text needs there, and
+// else that of the two which stands out more.
+RgbColour ReadableOn(RgbColour ground, RgbColour wanted, RgbColour other);

@@ -30,10 +30,22 @@ ButtonState StateOf(const DRAWITEMSTRUCT& item) {
             .disabled = Has(item, ODS_DISABLED)};
 }
 
+RgbColour SystemColour(int place) {
+    const COLORREF colour = GetSysColor(place);
+    return RgbColour{GetRValue(colour)} << 16 | RgbColour{GetGValue(colour)} << 8 | GetBValue(colour);
+}
+
+// In many themes the face under the mouse has the colour of the texts.
+COLORREF TextUnderTheMouse() {
+    return ToColorRef(ReadableOn(SystemColour(COLOR_BTNHIGHLIGHT), SystemColour(COLOR_BTNTEXT),
+                                 SystemColour(COLOR_BTNFACE)));
+}
+
 COLORREF TextColour(const DRAWITEMSTRUCT& item) {
     if (!IsHighContrastOn()) return RGB(255, 255, 255);
     if (Has(item, ODS_DISABLED)) return GetSysColor(COLOR_GRAYTEXT);
-    return GetSysColor(Has(item, ODS_SELECTED) ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
+    if (Has(item, ODS_SELECTED)) return GetSysColor(COLOR_HIGHLIGHTTEXT);
+    return Has(item, ODS_HOTLIGHT) ? TextUnderTheMouse() : GetSysColor(COLOR_BTNTEXT);
 }
 
 COLORREF ContrastFace(const DRAWITEMSTRUCT& item) {

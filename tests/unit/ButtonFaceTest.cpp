@@ -39,4 +39,21 @@ INSTANTIATE_TEST_SUITE_P(
         FaceCase{"FocusedWinsOverDisabled", {.focused = true, .disabled = true}, false, 0x00AD21, 2}),
     [](const auto& face) { return face.param.name; });
 
+TEST(ReadableOnTest, KeepsAColourThatCanBeRead) {
+    EXPECT_EQ(ReadableOn(0x000000, 0xFFFFFF, 0xFFFF00), 0xFFFFFFU);
+    // 4.54 and 4.48 to 1.
+    EXPECT_EQ(ReadableOn(0xFFFFFF, 0x767676, 0x000000), 0x767676U);
+    EXPECT_EQ(ReadableOn(0xFFFFFF, 0x777777, 0x000000), 0x000000U);
+}
+
+TEST(ReadableOnTest, TakesTheOtherWhereTheGroundHasTheSameColour) {
+    EXPECT_EQ(ReadableOn(0xFFFFFF, 0xFFFFFF, 0x000000), 0x000000U);
+    EXPECT_EQ(ReadableOn(0xFFFF00, 0xFFFF00, 0x000000), 0x000000U);
+}
+
+TEST(ReadableOnTest, KeepsTheBetterOfTwoThatAreFaint) {
+    EXPECT_EQ(ReadableOn(0x808080, 0x404040, 0x606060), 0x404040U);
+    EXPECT_EQ(ReadableOn(0x808080, 0x606060, 0x404040), 0x404040U);
+}
+
 }  // namespace

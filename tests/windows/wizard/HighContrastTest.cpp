@@ -1,5 +1,7 @@
 // High contrast: what follows the user's setting at once and what keeps to the one it was made under.
 
+#include <algorithm>
+
 #include "CommonLib/Files.h"
 #include "framework/CImage.h"
 #include "framework/Handles.h"
@@ -7,8 +9,10 @@
 #include "pages/ManufacturerDlg.h"
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
+#include "tests/windows/world/ContrastTheme.h"
 #include "tests/windows/world/FakeHighContrast.h"
 #include "tests/windows/world/PatchedImport.h"
+#include "tests/windows/world/Picture.h"
 #include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 #include "tests/wizard/BitmapFile.h"
@@ -169,6 +173,39 @@ INSTANTIATE_TEST_SUITE_P(
                              COLOR_ACTIVEBORDER},
                     FaceCase{"Disabled", ODS_DISABLED, COLOR_BTNFACE, COLOR_INACTIVEBORDER}),
     [](const testing::TestParamInfo<FaceCase>& face) { return std::string(face.param.name); });
+
+class HotButtonTest : public HighContrastTest, public testing::WithParamInterface<ContrastTheme> {
+protected:
+    double HighestContrastOnFace() const {
+        double highest = 1;
+        for (int x = 3; x < Sheet::area.right - 3; ++x) {
+            for (int y = 3; y < Sheet::area.bottom - 3; ++y)
+                highest = std::max(highest, ContrastOf(sheet.At(x, y), sheet.At(3, 3)));
+        }
+        return highest;
+    }
+
+    ContrastColours colours;
+};
+
+// The themes have the colour of the texts for the face under the mouse, as some of Windows' own have.
+TEST_P(HotButtonTest, CanBeRead) {
+    constexpr double enoughForText = 4.5;
+    ContrastColours::Set(GetParam());
+    setting.Switch(true);
+    CQorFlatButton button;
+    SetWindowLongPtrW(window.GetDlgItem(IDC_TEST_BUTTON), GWL_STYLE, WS_CHILD | BS_FLAT);
+    button.SubclassDlgItem(IDC_TEST_BUTTON, window);
+    button.SetWindowText(L"MMMM");
+    button.DrawItem(ItemIn(ODS_HOTLIGHT));
+    EXPECT_EQ(sheet.At(3, 3), GetSysColor(COLOR_BTNHIGHLIGHT));
+    EXPECT_GE(HighestContrastOnFace(), enoughForText);
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, HotButtonTest, testing::ValuesIn(EveryContrastTheme()),
+                         [](const testing::TestParamInfo<ContrastTheme>& theme) {
+                             return std::string(theme.param.name);
+                         });
 
 TEST_F(HighContrastTest, GivesALinkTheSystemsGroundAtOnce) {
     CQorLinkButton link;
