@@ -1,10 +1,10 @@
 #include "framework/CImage.h"
 
-#include <compare>
+#include <algorithm>
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "framework/GdiPlus.h"
 #include "framework/Resolution.h"
@@ -59,7 +59,7 @@ struct Reading {
     int width;
     int height;
 
-    auto operator<=>(const Reading&) const = default;
+    bool operator==(const Reading&) const = default;
 };
 
 std::uint64_t Joined(DWORD high, DWORD low) {
@@ -104,12 +104,13 @@ PixelsPointer ReadFile(const Reading& reading) {
 // The pictures that were read, of which the program has some twenty.
 PixelsPointer Read(const std::optional<Reading>& reading) {
     constexpr std::size_t mostKept = 64;
-    static std::map<Reading, PixelsPointer> kept;
+    static std::vector<std::pair<Reading, PixelsPointer>> kept;
     if (!reading) return nullptr;
-    if (const auto found = kept.find(*reading); found != kept.end()) return found->second;
+    const auto found = std::ranges::find(kept, *reading, &std::pair<Reading, PixelsPointer>::first);
+    if (found != kept.end()) return found->second;
     PixelsPointer pixels = ReadFile(*reading);
     if (kept.size() == mostKept) kept.clear();
-    if (pixels) kept.emplace(*reading, pixels);
+    if (pixels) kept.emplace_back(*reading, pixels);
     return pixels;
 }
 

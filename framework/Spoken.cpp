@@ -14,6 +14,9 @@ using Microsoft::WRL::ComPtr;
 constexpr GUID liveSetting = {0xC12BCD8E, 0x2A8E, 0x4950, {0x8A, 0xE7, 0x36, 0x25, 0x11, 0x1D, 0x58, 0xEB}};
 constexpr LONG polite = 1;
 
+// The part of a window that its properties are set for; the service takes the number without a sign.
+constexpr DWORD client = static_cast<DWORD>(OBJID_CLIENT);
+
 ComPtr<IAccPropServices> Annotations() {
     ComPtr<IAccPropServices> service;
     CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
@@ -26,12 +29,12 @@ void SetNumber(HWND control, const GUID& property, LONG number) {
     value.vt = VT_I4;
     value.lVal = number;
     if (const auto service = Annotations())
-        service->SetHwndProp(control, OBJID_CLIENT, CHILDID_SELF, property, value);
+        service->SetHwndProp(control, client, CHILDID_SELF, property, value);
 }
 
 void Clear(IAccPropServices& service, HWND control) {
     const std::array properties{PROPID_ACC_ROLE, PROPID_ACC_DESCRIPTION, liveSetting};
-    service.ClearHwndProps(control, OBJID_CLIENT, CHILDID_SELF, properties.data(),
+    service.ClearHwndProps(control, client, CHILDID_SELF, properties.data(),
                            static_cast<int>(properties.size()));
 }
 
@@ -45,9 +48,9 @@ void SetSpokenDescription(HWND control, const std::wstring& text) {
     const auto service = Annotations();
     if (!service) return;
     if (text.empty()) {
-        service->ClearHwndProps(control, OBJID_CLIENT, CHILDID_SELF, &PROPID_ACC_DESCRIPTION, 1);
+        service->ClearHwndProps(control, client, CHILDID_SELF, &PROPID_ACC_DESCRIPTION, 1);
     } else {
-        service->SetHwndPropStr(control, OBJID_CLIENT, CHILDID_SELF, PROPID_ACC_DESCRIPTION, text.c_str());
+        service->SetHwndPropStr(control, client, CHILDID_SELF, PROPID_ACC_DESCRIPTION, text.c_str());
     }
     NotifyWinEvent(EVENT_OBJECT_DESCRIPTIONCHANGE, control, OBJID_CLIENT, CHILDID_SELF);
 }

@@ -101,10 +101,10 @@ using ContrastCase = std::tuple<DialogCase, ContrastTheme>;
 
 class ContrastPagesTest : public DialogsWorld, public testing::WithParamInterface<ContrastCase> {
 protected:
-    ContrastPagesTest() : DialogsWorld("en") {
-        list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD, 0, 0, 0, 0, window.GetSafeHwnd(), nullptr,
-                               nullptr, nullptr);
-    }
+    ContrastPagesTest()
+        : DialogsWorld("en"),
+          list(CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD, 0, 0, 0, 0, window.GetSafeHwnd(), nullptr,
+                               nullptr, nullptr)) {}
 
     // The library of the controls keeps the colours and reads them again when a control of its is told.
     void TurnOn() const {
@@ -136,7 +136,7 @@ protected:
 
     ContrastColours colours;
     FakeHighContrast setting;
-    HWND list = nullptr;
+    HWND list;
 };
 
 TEST_P(ContrastPagesTest, CanBeRead) {
