@@ -34,6 +34,10 @@ protected:
         return Lasting(path, {.steps = {{L"untilFile", sign}}});
     }
     void LetGoOn() { tree.WriteFile(L"go on", {}); }
+    // A script that the library does not understand ends the process that reads it.
+    void BreakLibrary() {
+        tree.WriteFile(L"Setup\\x64\\Brevanto.script", std::string_view("n\0o\0\n\0", 6));
+    }
     // The answers that the library got to its messages.
     std::vector<std::wstring> Answers() const {
         std::vector<std::wstring> answers;
@@ -231,10 +235,33 @@ TEST_F(RolloutRunTest, HoldsEachRecordOfTheLogOnce) {
 
 TEST_F(RolloutRunTest, SaysSoWhereTheLibraryDoesNotAnswer) {
     tree.Add(Lasting(L"Applications\\a.msi"));
-    // A script that the library does not understand ends the process that reads it.
-    tree.WriteFile(L"Setup\\x64\\Brevanto.script", std::string_view("n\0o\0\n\0", 6));
+    BreakLibrary();
     EXPECT_EQ(RunRollout(), 1603U);
-    EXPECT_THAT(Report().at("reason").get<std::string>(), HasSubstr("does not answer"));
+    EXPECT_THAT(Report().at("reason").get<std::string>(), HasSubstr("has ended the program that asks it"));
+}
+
+TEST_F(RolloutRunTest, SaysSoWhereTheLibraryDoesNotAnswerAfterwards) {
+    tree.Add(Waiting(L"Applications\\a.msi"));
+    StartRollout();
+    EXPECT_TRUE(WaitForBasicMessage(L"Installing Applications"));
+    BreakLibrary();
+    LetGoOn();
+    EXPECT_EQ(rollout.WaitForEnd(), 1603U);
+    EXPECT_THAT(rollout.Output(),
+                HasSubstr("ERROR: The library of the package has ended the program that asks it"));
+    EXPECT_THAT(Outcomes(), ElementsAre(Pair("a", "unknown")));
+}
+
+TEST_F(RolloutRunTest, SaysSoWhereThePackageHasChangedMeanwhile) {
+    tree.Add(Waiting(L"Applications\\a.msi"));
+    StartRollout();
+    EXPECT_TRUE(WaitForBasicMessage(L"Installing Applications"));
+    tree.Add(Lasting(L"Applications\\b.msi"));
+    LetGoOn();
+    EXPECT_EQ(rollout.WaitForEnd(), 1603U);
+    EXPECT_THAT(rollout.Output(),
+                HasSubstr("ERROR: The package offers 2 packages now, and 1 at the beginning."));
+    EXPECT_THAT(Outcomes(), ElementsAre(Pair("a", "unknown")));
 }
 
 TEST_F(RolloutRunTest, PrintsThePlanAndChangesNothing) {

@@ -3,6 +3,7 @@
 #include <tlhelp32.h>
 
 #include <fstream>
+#include <iostream>
 #include <iterator>
 
 #include "CommonLib/SystemText.h"
@@ -101,6 +102,7 @@ void RolloutTest::SetUp() {
 void RolloutTest::TearDown() {
     rollout.Kill();
     KillWizard();
+    if (HasFailure()) std::cout << "Rollout.exe has printed:\n" << rollout.Output() << '\n';
     KeepReport(tree.Root() / reportName);
     WizardTest::TearDown();
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "CommonLib/Files.h"
+#include "CommonLib/Win32Exception.h"
 
 namespace rollout {
 namespace {
@@ -13,6 +14,8 @@ namespace {
 // listened to.
 constexpr std::size_t longestLine = 1u << 26;
 constexpr std::chrono::milliseconds signalInterval{200};
+// The pipe of a process breaks a moment before its end.
+constexpr std::chrono::seconds longestEnd{2};
 
 // Both ends of a pipe, of which the one that the copy gets can be inherited.
 struct Pipe {
@@ -70,6 +73,15 @@ void Inquirer::Send(std::string_view question) {
     const std::string line = std::string(question) + "\n";
     DWORD written = 0;
     WriteFile(input.get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+}
+
+std::wstring Inquirer::WhyNoAnswer() const {
+    if (!*copy) return L"Rollout.exe cannot be started once more: " + SystemMessage(copy->Error());
+    static_cast<void>(copy->WaitForEnd(longestEnd));
+    const std::optional<std::uint32_t> code = copy->ExitCode();
+    if (!code) return L"The library of the package does not answer.";
+    return L"The library of the package has ended the program that asks it, with the code " +
+           std::to_wstring(*code) + L".";
 }
 
 // The pipe breaks when the copy ends.

@@ -49,6 +49,9 @@ public:
         return Take(read, limit, stop);
     }
 
+    // Why an answer did not come, as a sentence: for those who read the console of a run.
+    std::wstring WhyNoAnswer() const;
+
 private:
     void Start(const Options& options);
     void ReadLines();

@@ -86,7 +86,7 @@ std::optional<Verdict> RolloutRun::Describe() {
     inquirer = std::make_unique<Inquirer>(options);
     const auto answer = inquirer->Ask(Question::describe, &ReadDescription, longestDescription, &stop);
     if (stop.IsGiven()) return Verdict{Code::Cancelled, L"The run was cancelled."};
-    if (!answer) return Verdict{Code::Failed, L"The library of the package does not answer."};
+    if (!answer) return Verdict{Code::Failed, inquirer->WhyNoAnswer()};
     description = *answer;
     report.vendor = description.vendor;
     report.packages = description.packages;
@@ -142,7 +142,14 @@ std::vector<std::optional<PackageState>> RolloutRun::AskAfterwards() {
     inquirer = std::make_unique<Inquirer>(options);
     const auto states = inquirer->Ask(Question::states, &ReadStates, longestAnswer);
     std::vector<std::optional<PackageState>> after(description.packages.size());
-    if (states && states->size() == after.size()) std::ranges::copy(*states, after.begin());
+    if (!states) {
+        PrintLine(L"ERROR: " + inquirer->WhyNoAnswer());
+    } else if (states->size() != after.size()) {
+        PrintLine(L"ERROR: The package offers " + std::to_wstring(states->size()) + L" packages now, and " +
+                  std::to_wstring(after.size()) + L" at the beginning.");
+    } else {
+        std::ranges::copy(*states, after.begin());
+    }
     return after;
 }
 
