@@ -83,11 +83,13 @@ bool HttpResponse::Step() {
 
 bool HttpResponse::StepHead() {
     const BytesView head = BytesView(received).substr(position, longestHead);
-    const std::size_t end = head.find(headEnd);
+    const std::size_t end = head.find(headEnd, searched);
     if (end == BytesView::npos) {
         if (head.size() == longestHead) stage = Stage::Failed;
+        searched = std::max(head.size(), headEnd.size()) - headEnd.size();
         return false;
     }
+    searched = 0;
     position += end + headEnd.size();
     ReadHead(head.substr(0, end));
     return true;

@@ -41,6 +41,8 @@ private:
     Bytes received;
     // What lies before it is done with.
     std::size_t position = 0;
+    // How far after it the head is known to have no end.
+    std::size_t searched = 0;
     std::size_t length = 0;
     Bytes body;
     Stage stage = Stage::Head;
