@@ -31,7 +31,10 @@ std::vector<RuleCase> CatalogueRuleCases() {
         {"msi-unreadable", [](MemoryTree& tree) { tree.unreadable = {applicationPath}; },
          [](MemoryTree& tree) { tree.unreadable = {"DotNet/setup.msi"}; }},
         {"msi-misplaced", [](MemoryTree& tree) { tree.packages["Drivers/Mono2.msi"] = CleanMsi(L"Mono2"); },
-         [](MemoryTree& tree) { tree.packages["Applications/Mono2.msi"] = CleanMsi(L"Mono2"); }},
+         [](MemoryTree& tree) {
+             tree.packages["Applications/Mono2.msi"] = CleanMsi(L"Mono2");
+             tree.packages["DotNet/setup.msi"] = CleanMsi(L"Setup");
+         }},
         {"msi-none", [](MemoryTree& tree) { tree.packages.clear(); },
          [](MemoryTree& tree) { tree.packages.erase(driverPath); }},
         {"product-name-missing", [](MemoryTree& tree) { Value(tree, L"ProductName").clear(); },

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <fstream>
 #include <iterator>
 #include <regex>
@@ -172,6 +173,8 @@ TEST(KnownTagsTest, FindTheNearestName) {
     EXPECT_EQ(packagecheck::NearestName(L"HIDE_STRAT", names), L"HIDE_START");
     EXPECT_EQ(packagecheck::NearestName(L"hide_eula", names), L"HIDE_EULA");
     EXPECT_EQ(packagecheck::NearestName(L"COLOUR", names), L"");
+    // Letters that are exchanged are one slip, and a name so short may have one.
+    EXPECT_EQ(packagecheck::NearestName(L"OME", std::array{std::wstring_view(L"OEM")}), L"OEM");
     EXPECT_EQ(packagecheck::NearestName(L"HIDE_SE", names), L"");
     EXPECT_EQ(packagecheck::NearestName(std::wstring(100'000, L'H'), names), L"");
 }

@@ -109,8 +109,14 @@ TEST(TextDiffTest, ReplacesAsAWholeWhatIsTooLongToCompare) {
     for (int line = 0; line < 3000; ++line) {
         before += "b" + std::to_string(line) + "\n";
         after += "a" + std::to_string(line) + "\n";
+        if (line != 1500) continue;
+        before += "in both\n";
+        after += "in both\n";
     }
-    EXPECT_THAT(UnifiedDiff("a", before, after), testing::HasSubstr("@@ -1,3000 +1,3000 @@\n-b0\n"));
+    const std::string diff = UnifiedDiff("a", before, after);
+    EXPECT_THAT(diff, testing::HasSubstr("@@ -1,3001 +1,3001 @@\n-b0\n"));
+    EXPECT_THAT(diff, testing::HasSubstr("\n-in both\n"));
+    EXPECT_THAT(diff, testing::HasSubstr("\n+in both\n"));
 }
 
 }  // namespace

@@ -87,6 +87,7 @@ TEST_F(NewPackageTest, LeavesAFolderAloneThatHoldsAnything) {
     EXPECT_THAT(err.str(), HasSubstr("the folder holds something already"));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
     EXPECT_EQ(Make(folder.Path() + "/mine.txt"), 2);
+    EXPECT_THAT(err.str(), HasSubstr("the folder cannot be made"));
     EXPECT_EQ(folder.Read("mine.txt"), "mine");
 }
 

@@ -74,6 +74,7 @@ TEST_F(ProgramTest, FindsAFolderInAnyCase) {
     MemoryTree tree;
     for (const auto& [path, bytes] : tree.files) folder.Write("SETUP" + path.substr(path.find('/')), bytes);
     Run({folder.Path()});
+    EXPECT_THAT(err.str(), testing::Not(HasSubstr("no folder")));
     EXPECT_THAT(out.str(), testing::Not(HasSubstr("settings-missing")));
 }
 

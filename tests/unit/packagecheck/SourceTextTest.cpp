@@ -37,9 +37,9 @@ TEST(SourceTextTest, LeavesTheByteOrderMarkOfALanguageOut) {
 }
 
 TEST(SourceTextTest, FindsPlacesInLongLines) {
-    const SourceText source(std::string(5000, 'x') + "<A>" + std::string(3000, 'y') + "\n<B>",
+    const SourceText source(std::string(5200, 'x') + "<A>" + std::string(3000, 'y') + "\n<B>",
                             Decoding::Pieces);
-    EXPECT_EQ(PlaceOf(source, L"<A>"), (Position{.line = 1, .column = 5001}));
+    EXPECT_EQ(PlaceOf(source, L"<A>"), (Position{.line = 1, .column = 5201}));
     EXPECT_EQ(PlaceOf(source, L"<B>"), (Position{.line = 2, .column = 1}));
 }
 
@@ -63,6 +63,12 @@ TEST(SourceTextTest, LosesACharacterBetweenTwoPiecesOfSettings) {
     EXPECT_EQ(settings.Flaws().front().kind, FlawKind::SplitCharacter);
     EXPECT_EQ(settings.Flaws().front().position, (Position{.line = 1, .column = 2047}));
     EXPECT_TRUE(SourceText(bytes, Decoding::Whole).Flaws().empty());
+}
+
+TEST(SourceTextTest, SplitsNoCharacterOfALanguage) {
+    const SourceText language(std::string(2046, 'x') + "\xC3", Decoding::Whole);
+    ASSERT_EQ(language.Flaws().size(), 1U);
+    EXPECT_EQ(language.Flaws().front().kind, FlawKind::NotUtf8);
 }
 
 TEST(SourceTextTest, LosesTheRestOfAPieceWithANullCharacter) {

@@ -31,6 +31,22 @@ INSTANTIATE_TEST_SUITE_P(Texts, TakenElementsTest,
                                          "<A>1</A><A>2</A><A>3</A>", "<A></A></A>",
                                          "<A k=\"v\">1</A><B>2</B>"));
 
+std::vector<std::wstring> ValuesTaken(const std::string& text) {
+    const TagFile file("a.xml", text, Decoding::Pieces);
+    std::vector<std::wstring> values;
+    for (const auto& element : TakenElements(file)) values.emplace_back(element.value);
+    return values;
+}
+
+TEST(TagFileTest, TakesTheValuesThatTheWizardTakes) {
+    // A value has a character at least.
+    EXPECT_THAT(ValuesTaken("<A></A></A>"), testing::ElementsAre(L"</A>"));
+    // An element within another is a part of that one's value.
+    EXPECT_THAT(ValuesTaken("<A><B>1</B></A><B>2</B>"), testing::ElementsAre(L"<B>1</B>", L"2"));
+    EXPECT_THAT(ValuesTaken("<A k=\"v\">1</A><A>2</A>"), testing::ElementsAre(L"2"));
+    EXPECT_THAT(ValuesTaken("<A>1\n</A><A>2</A>"), testing::ElementsAre(L"2"));
+}
+
 TEST(TagFileTest, SaysWhereATakenElementStands) {
     const TagFile file("a.xml", "<S>\n  <A>1</A>\n</S>", Decoding::Pieces);
     const auto taken = TakenElements(file);

@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 
+#include "settings/TagNames.h"
 #include "tests/unit/packagecheck/BinaryFiles.h"
 #include "tests/unit/packagecheck/MemoryTree.h"
+#include "tools/PackageCheck/Package.h"
 #include "tools/PackageCheck/PeExports.h"
 
 using packagecheck::Finding;
@@ -38,6 +40,13 @@ TEST(WholePackageTest, ChecksTheValueThatCounts) {
     tree.AddUserElement("<HIDE_START>on</HIDE_START>");
     EXPECT_THAT(Described(FindingsOf(tree)),
                 testing::ElementsAre("flag-value Setup/PackageUserSettings.xml:3:1"));
+}
+
+TEST(WholePackageTest, LaysTheUsersFileOverTheDefaults) {
+    MemoryTree tree;
+    tree.AddSetting("<HIDE_START>true</HIDE_START>");
+    tree.AddUserElement("<HIDE_START>false</HIDE_START>");
+    EXPECT_FALSE(packagecheck::Package(tree).Settings().GetBool(Tag::HIDE_START));
 }
 
 TEST(WholePackageTest, SurvivesAnEmptyTree) {
