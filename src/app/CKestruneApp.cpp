@@ -104,7 +104,12 @@ void CKestruneApp::CreateMainWindow(const Collaborators& shared, bool silent) {
     mainDialog = std::make_unique<KestruneDlg>(shared.controller, shared.localizer);
     static_cast<void>(mainDialog->Create(IDD_MAIN, nullptr));
     SetMainWnd(mainDialog.get());
-    shared.controller.Start(MakeChain(shared), silent);
+    Chain chain = MakeChain(shared);
+    chain.ends.showWindow = [window = mainDialog.get()] {
+        window->ShowWindow(SW_SHOW);
+        RedrawWindow(window->GetSafeHwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    };
+    shared.controller.Start(std::move(chain), silent);
     mainDialog->ShowWindow(shared.settings.GetBool(Tag::SILENT_INSTALL) ? SW_HIDE : SW_SHOW);
 }
 

@@ -24,6 +24,8 @@ struct ChainRow {
 
 // What the walk asks of the parts of the program that it does not know. Empty functions do nothing.
 struct WalkEnds {
+    // The first page is there: brings up the window that it is in. Not called where that page is passed over.
+    std::function<void()> showWindow;
     // Whether a package of the core run is selected, for the question before a cancel.
     std::function<bool()> isCoreSoftwareSelected;
     // The prerequisite has failed: puts the log where an administrator looks for it.

@@ -61,7 +61,14 @@ void Controller::BuildDialogs() {
         place.isAdded = AddDialog(place);
         if (!place.isAdded) LogBasic(place.row.failure, LogLevel::Error);
         if (place.row.makeService) place.service = place.row.makeService(*place.page);
+        if (&place != &places.front() || !IsFirstPageShown()) continue;
+        place.page->ShowWindow(SW_SHOW);
+        CallIfSet(ends.showWindow);
     }
+}
+
+bool Controller::IsFirstPageShown() const {
+    return places.front().isAdded && !places.front().page->hidden && !silent;
 }
 
 bool Controller::AddDialog(Place& place) const {
@@ -82,18 +89,17 @@ bool Controller::Start(Chain pages, bool silentRun) {
     ends = std::move(pages.ends);
     places.clear();
     for (ChainRow& row : pages.rows) places.push_back({.row = std::move(row)});
+    currentDialog = 0;
     BuildDialogs();
     UpdateHideFlags();
     DisableDiscovery();
-    currentDialog = 0;
-    InstallDialogEx* const first = CurrentPage();
-    if (first == nullptr) {
+    if (CurrentPage() == nullptr) {
         LogBasic(L"Controller::Start, Starting Dialog is NULL", LogLevel::Error);
         Close();
         return false;
     }
-    if (!first->hidden && !silent) {
-        first->Appear();
+    if (IsFirstPageShown()) {
+        CurrentPage()->Appear();
     } else {
         Next({});
     }

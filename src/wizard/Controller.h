@@ -34,7 +34,8 @@ public:
     Controller& operator=(const Controller&) = delete;
     ~Controller() = default;
 
-    // Creates the pages of the chain and shows the first that is not hidden. A silent run is over when this
+    // Creates the pages of the chain and shows the first that is not hidden; where that is the very first, it
+    // can be seen while the others are made, and is used when they are. A silent run is over when this
     // returns. False if there is no first page.
     bool Start(Chain pages, bool silentRun);
 
@@ -90,6 +91,7 @@ private:
 
     void BuildDialogs();
     bool AddDialog(Place& place) const;
+    bool IsFirstPageShown() const;
     void DisableDiscovery();
     int LastIndex() const { return static_cast<int>(places.size()) - 1; }
     const Place* CurrentPlace() const;

@@ -16,6 +16,7 @@
 namespace {
 
 using testing::Contains;
+using testing::ElementsAre;
 
 constexpr int messageTextId = 0xFFFF;
 
@@ -70,7 +71,8 @@ protected:
                 Page(PageRole::Finish), PageOfRestart(PageRole::Reboot)};
     }
     void Walk(std::vector<ChainRow> rows, int steps) {
-        WalkEnds walkEnds{.isCoreSoftwareSelected = [this] { return coreSoftwareSelected; },
+        WalkEnds walkEnds{.showWindow = {},
+                          .isCoreSoftwareSelected = [this] { return coreSoftwareSelected; },
                           .copyLogToPackage = {},
                           .startPrograms = [this] { ++ends; },
                           .restart = {}};
@@ -97,6 +99,33 @@ protected:
     bool coreSoftwareSelected = false;
     int ends = 0;
 };
+
+TEST_F(ControllerTest, ShowsTheFirstPageBeforeItMakesTheOthers) {
+    std::vector<std::string> events;
+    std::vector<ChainRow> rows{Page(PageRole::Ordinary), Page(PageRole::Ordinary)};
+    rows[1].makePage = [this, &events] {
+        events.emplace_back("made");
+        return std::make_unique<InstallDialogEx>(context, IDD_BYPASS);
+    };
+    const auto show = [&] {
+        const HWND page = controller.CurrentPage()->GetSafeHwnd();
+        EXPECT_NE(GetWindowLongPtrW(page, GWL_STYLE) & WS_VISIBLE, 0);
+        EXPECT_EQ(IsWindowEnabled(page), FALSE) << "it could be left before there is another";
+        events.emplace_back("shown");
+    };
+    EXPECT_TRUE(controller.Start({.rows = std::move(rows), .ends = {.showWindow = show}}, false));
+    EXPECT_THAT(events, ElementsAre("shown", "made"));
+    EXPECT_NE(IsWindowEnabled(controller.CurrentPage()->GetSafeHwnd()), FALSE);
+}
+
+TEST_F(ControllerTest, MakesAllPagesWhereTheFirstIsPassedOver) {
+    bool isShown = false;
+    std::vector<ChainRow> rows{Page(PageRole::Ordinary, true), Page(PageRole::Ordinary)};
+    EXPECT_TRUE(
+        controller.Start({.rows = std::move(rows), .ends = {.showWindow = [&] { isShown = true; }}}, false));
+    EXPECT_FALSE(isShown);
+    EXPECT_TRUE(HasMovedTo(1));
+}
 
 TEST_F(ControllerTest, EndsAfterTheLastPageThatIsShown) {
     Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
