@@ -35,9 +35,7 @@ protected:
     }
     void LetGoOn() { tree.WriteFile(L"go on", {}); }
     // A script that the library does not understand ends the process that reads it.
-    void BreakLibrary() {
-        tree.WriteFile(L"Setup\\x64\\Brevanto.script", std::string_view("n\0o\0\n\0", 6));
-    }
+    void BreakLibrary() { tree.WriteFile(L"Setup\\x64\\Brevanto.script", std::string_view("n\0o\0\n\0", 6)); }
     // The answers that the library got to its messages.
     std::vector<std::wstring> Answers() const {
         std::vector<std::wstring> answers;
