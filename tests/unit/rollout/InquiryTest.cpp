@@ -47,6 +47,11 @@ TEST(InquiryTest, BringsStatesAndCodesOver) {
 TEST(InquiryTest, ReadsNoAnswerOfAnotherKind) {
     EXPECT_FALSE(ReadStates(WriteRemoval(0)));
     EXPECT_FALSE(ReadDescription(WriteStates({})));
+    // Whatever else it holds.
+    std::string line = WriteStates({{.installed = true}});
+    ASSERT_TRUE(ReadStates(line));
+    line.replace(line.find("\"states\"", line.find("\"kind\"")), 8, "\"others\"");
+    EXPECT_FALSE(ReadStates(line));
 }
 
 class ForeignLineTest : public testing::TestWithParam<const char*> {};

@@ -63,6 +63,13 @@ TEST(RecordReaderTest, KeepsTheLinesOfAMessageTogether) {
                 ElementsAre(Is(L"", L"<A>1</A>\r\n<B>2</B>"), Is(L"", L"Next")));
 }
 
+TEST(RecordReaderTest, TakesALineWithoutATimeForAPartOfAMessage) {
+    RecordReader reader;
+    const std::wstring likeOne = L"ERROR    2026/11/22-10:0x:30  no record";
+    EXPECT_THAT(reader.Take(LogLine(L"", L"Message\r\n" + likeOne)),
+                ElementsAre(Is(L"", L"Message\r\n" + likeOne)));
+}
+
 TEST(RecordReaderTest, DropsWhatStandsBeforeTheFirstRecord) {
     RecordReader reader;
     EXPECT_THAT(reader.Take(Utf16Bytes(L"rest of an older one\r\n") + LogLine(L"", L"New")),

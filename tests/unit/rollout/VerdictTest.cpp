@@ -60,8 +60,10 @@ TEST(VerdictTest, GivesAPackageOfWhichNothingIsKnownTheCodeOfAFailure) {
 }
 
 TEST(VerdictTest, AsksForALibraryThatSaysHowAllPackagesAre) {
-    EXPECT_EQ(JudgeInstalled({Entry(L"a", absent), Entry(L"b", absent)}, {upToDate}, Ended()).back().outcome,
-              PackageOutcome::Unknown);
+    const auto results = JudgeInstalled({Entry(L"a", absent), Entry(L"b", absent)}, {upToDate}, Ended());
+    EXPECT_EQ(results.back().outcome, PackageOutcome::Unknown);
+    EXPECT_THAT(JudgeInstallation(results, Ended()).reason,
+                testing::HasSubstr(L"does not say what is installed"));
 }
 
 TEST(VerdictTest, IsDoneWhereStateAndLogSaySo) {
