@@ -16,8 +16,8 @@ void DrawLine(HDC context, RECT& area, int width, int colour) {
 }  // namespace
 
 void DrawFocusRing(HDC context, RECT area) {
-    const int resolution = GetDeviceCaps(context, LOGPIXELSY);
-    const int width = std::max(1, MulDiv(GetSystemMetrics(SM_CXFOCUSBORDER), resolution, plainResolution));
+    const int width = std::max(
+        1, MulDiv(GetSystemMetrics(SM_CXFOCUSBORDER), ResolutionOfDrawing(context), plainResolution));
     DrawLine(context, area, width, BLACK_BRUSH);
     DrawLine(context, area, width, WHITE_BRUSH);
 }

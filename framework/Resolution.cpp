@@ -4,5 +4,9 @@
 #include "framework/TextSize.h"
 
 int ResolutionOf(HWND window) {
-    return MulDiv(GetDeviceCaps(WindowDc(window).get(), LOGPIXELSY), GrownPoints(), templatePoints);
+    return ResolutionOfDrawing(WindowDc(window).get());
+}
+
+int ResolutionOfDrawing(HDC context) {
+    return MulDiv(GetDeviceCaps(context, LOGPIXELSY), GrownPoints(), templatePoints);
 }

@@ -9,3 +9,5 @@ constexpr int plainResolution = 96;
 // The dots per inch of the screen that the window is on, and as many more as the user's text size asks for:
 // all that the program measures grows with it.
 int ResolutionOf(HWND window);
+// The same for what is drawn into.
+int ResolutionOfDrawing(HDC context);

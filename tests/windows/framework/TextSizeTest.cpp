@@ -3,6 +3,7 @@
 #include <string>
 
 #include "framework/CDialogEx.h"
+#include "framework/FocusRing.h"
 #include "framework/Handles.h"
 #include "framework/Resolution.h"
 #include "framework/TextSize.h"
@@ -34,6 +35,18 @@ protected:
         GetWindowRect(dialog.GetSafeHwnd(), &area);
         return {area.right - area.left, area.bottom - area.top};
     }
+    // The width of its outer line, in pixels.
+    static int LineOfTheFocus() {
+        constexpr int side = 60;
+        const MemoryDc context(CreateCompatibleDC(nullptr));
+        const Bitmap ground(CreateBitmap(side, side, 1, 32, nullptr));
+        const SelectedObject selected(context.get(), ground.get());
+        PatBlt(context.get(), 0, 0, side, side, WHITENESS);
+        DrawFocusRing(context.get(), {0, 0, side, side});
+        int line = 0;
+        while (line < side && GetPixel(context.get(), line, side / 2) == RGB(0, 0, 0)) ++line;
+        return line;
+    }
 
     TestApp app;
 };
@@ -57,6 +70,13 @@ TEST_F(TextSizeTest, MakesLettersAndMeasuresLarger) {
     EXPECT_EQ(ResolutionOf(nullptr), 2 * resolution);
     EXPECT_GT(SizeOf(IDD_TEST).cx, plain.cx * 3 / 2);
     EXPECT_GT(SizeOf(IDD_TEST).cy, plain.cy * 3 / 2);
+}
+
+TEST_F(TextSizeTest, MakesTheSignOfTheFocusThicker) {
+    const int line = LineOfTheFocus();
+    Choose(200);
+    FollowTextSize(IDD_TEST);
+    EXPECT_EQ(LineOfTheFocus(), 2 * line);
 }
 
 TEST_F(TextSizeTest, GrowsByWholePoints) {
