@@ -116,7 +116,7 @@ void MergesDevices(benchmark::State& state) {
 }
 BENCHMARK(MergesDevices)->Arg(10)->Arg(100)->Arg(1000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
-// A settings file of some 10 million characters with 200,000 elements of different names.
+// A settings file with that many elements of different names.
 void MergesManySettings(benchmark::State& state) {
     const auto settings = Settings(state.range(0));
     for (auto _ : state) {
@@ -126,6 +126,6 @@ void MergesManySettings(benchmark::State& state) {
         benchmark::DoNotOptimize(document);
     }
 }
-BENCHMARK(MergesManySettings)->Arg(2'000)->Arg(200'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(MergesManySettings)->Arg(500)->Arg(2'000)->Arg(8'000)->Arg(32'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -3,7 +3,7 @@
 //
 //   SystemBench library    lists the tree's packages and asks the library the two questions about each
 //   SystemBench catalogue  builds both catalogues of the program
-//   SystemBench log        writes log records, and then the same bytes to a file under a mutex
+//   SystemBench log N      writes N log records, and then the same bytes to a file under a mutex
 //
 //   SystemBench list N     shows N devices in the list of the discovery page, and sorts them by their address
 //
@@ -39,8 +39,6 @@
 #include "settings/TextKeys.h"
 
 namespace {
-
-constexpr int recordCount = 500;
 
 long long MicrosecondsOf(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
@@ -167,7 +165,7 @@ void MeasureList(int count) {
     std::printf("show %lld sort %lld\n", shown, sorted);
 }
 
-void MeasureLog() {
+void MeasureLog(int recordCount) {
     const std::wstring message = L"A message of the usual length, as the walk writes it";
     Logger::GetInstance().SetVendor(L"Bench");
     LogBasic(message);
@@ -180,7 +178,7 @@ void MeasureLog() {
     const long long bare = MicrosecondsOf([&] {
         for (int count = 0; count < recordCount; ++count) WriteBare(lock, path, record);
     });
-    std::printf("record %lld bare %lld\n", records / recordCount, bare / recordCount);
+    std::printf("records %lld bare %lld\n", records, bare);
 }
 
 }  // namespace
@@ -189,7 +187,7 @@ int wmain(int count, wchar_t** arguments) {
     const std::wstring_view what = count > 1 ? arguments[1] : L"";
     if (what == L"library") std::printf("%lld\n", MeasureLibrary());
     if (what == L"catalogue") std::printf("%lld\n", MeasureCatalogue());
-    if (what == L"log") MeasureLog();
+    if (what == L"log" && count > 2) MeasureLog(_wtoi(arguments[2]));
     if (what == L"list" && count > 2) MeasureList(_wtoi(arguments[2]));
     if (what == L"start" && count > 2) std::printf("%lld\n", MeasureStart(arguments[2]));
     return 0;
