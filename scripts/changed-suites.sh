@@ -39,6 +39,7 @@ suites_of() {
         src/*.cpp | src/*.h) of_source "$1" ;;
         standins/PrinterQueue/*) echo unit fuzz standins network wizard lint ;;
         standins/*) echo standins lint ;;
+        framework/LoadConfiguration.cpp | resources/*.manifest) echo packages windows wizard lint ;;
         framework/* | resources/*) echo windows wizard lint ;;
         package/*) echo standins wizard packages lint ;;
         tools/WizardRemote.cpp) echo network lint ;;
@@ -46,7 +47,7 @@ suites_of() {
         tests/rollout/* | scripts/check-reports.py) echo standins wizard ;;
         tools/PackageCheck/starter/* | tools/PackageCheck/NewPackage.*) echo unit standins lint ;;
         tools/PackageCheck/*) echo unit fuzz packages wizard lint ;;
-        scripts/check-packages.sh | scripts/check-plan-page.* | scripts/check-manifests.py | docs/package-check.*) echo unit packages ;;
+        scripts/check-packages.sh | scripts/check-plan-page.* | scripts/check-manifests.py | scripts/check-binary.py | docs/package-check.*) echo unit packages ;;
         tools/* | tests/bench/*) echo lint ;;
         scripts/run-windows-tests.sh) echo windows ;;
         scripts/run-standin-tests.sh) echo standins ;;

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# Checks the sample package in both variants by PackageCheck, what PackageCheck writes by its schema or by parsers, and that
-# the dialogs of the sample find their pages in its help.
+# Checks the sample package in both variants by PackageCheck, what PackageCheck writes by its schema or by parsers, that the
+# dialogs of the sample find their pages in its help, and what the programs' own files say of their safety.
 # usage: scripts/check-packages.sh
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
 need_packages clang libclang-rt-14-dev llvm python3 python3-jsonschema python3-yaml
 build native PackageCheck
-build windows Kestrune
+build windows Kestrune Rollout PackageCheck
+scripts/check-binary.py build/windows
 scripts/build-package.sh build/windows
 scripts/build-package.sh --silent build/windows
 

@@ -15,7 +15,7 @@ add_custom_command(OUTPUT ${FONT}
           ${NOTO}/NotoSansThai-Regular.ttf
   DEPENDS scripts/make-font.py VERBATIM)
 
-add_executable(Kestrune WIN32 src/app/Kestrune.cpp resources/Kestrune.rc)
+add_executable(Kestrune WIN32 src/app/Kestrune.cpp framework/LoadConfiguration.cpp resources/Kestrune.rc)
 target_link_libraries(Kestrune PRIVATE kestrune_app)
 target_link_options(Kestrune PRIVATE -municode -s)
 set_source_files_properties(resources/Kestrune.rc PROPERTIES

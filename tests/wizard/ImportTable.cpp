@@ -58,12 +58,3 @@ std::set<std::wstring> ImportsOf(const std::filesystem::path& file, bool withLat
     for (; withLateOnes && late != nullptr && late->name != 0; ++late) names.insert(image.NameAt(late->name));
     return names;
 }
-
-WORD SearchFlagsOf(const std::filesystem::path& file) {
-    const MappedImage image(file);
-    if (!image) return 0;
-    const auto* const record =
-        image.Directory<IMAGE_LOAD_CONFIG_DIRECTORY64>(IMAGE_DIRECTORY_ENTRY_LOAD_CONFIG);
-    // Older headers have no name for the field of the flags.
-    return record == nullptr ? WORD{0} : record->Reserved1;
-}

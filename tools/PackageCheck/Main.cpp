@@ -12,6 +12,9 @@
 #include <vector>
 
 #include "CommonLib/Utf8.h"
+#ifdef _WIN32
+#include "framework/SystemLibrary.h"
+#endif
 #include "tools/PackageCheck/Program.h"
 
 namespace {
@@ -46,6 +49,7 @@ bool IsColourTerminal(DWORD stream) {
 }  // namespace
 
 int wmain(int count, wchar_t** values) {
+    RestrictLibrarySearch();
     std::vector<std::string> arguments;
     for (int i = 1; i < count; ++i) arguments.push_back(ToUtf8(values[i]));
     SetConsoleOutputCP(CP_UTF8);
