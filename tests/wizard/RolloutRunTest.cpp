@@ -327,6 +327,15 @@ TEST_F(RolloutRunTest, SaysInUtf8WhatItSays) {
     EXPECT_THAT(Outcomes(), ElementsAre(Pair(ToUtf8(L"Prüfung für 日本"), "installed")));
 }
 
+// Whoever is logged on can take the lock, and a record waits for it.
+TEST_F(RolloutRunTest, EndsInTimeThoughSomebodyKeepsTheLockOfTheLogs) {
+    const KernelHandle lock(CreateMutexW(nullptr, TRUE, L"ZVINSTALLLOG"));
+    tree.Add(Lasting(L"Applications\\a.msi"));
+    EXPECT_EQ(RunRollout(L"--timeout 3"), 1460U);
+    EXPECT_FALSE(KillWizard());
+    EXPECT_THAT(Installs(), IsEmpty());
+}
+
 class RolloutRemovalTest : public RolloutRunTest {};
 
 TEST_F(RolloutRemovalTest, RemovesThePackagesInTheReverseOrder) {

@@ -83,9 +83,12 @@ std::optional<Verdict> RolloutRun::WaitForTurn() {
 }
 
 std::optional<Verdict> RolloutRun::Describe() {
+    const auto asked = Clock::now();
+    const auto limit = std::min(longestDescription, options.timeout);
     inquirer = std::make_unique<Inquirer>(options);
-    const auto answer = inquirer->Ask(Question::describe, &ReadDescription, longestDescription, &stop);
+    const auto answer = inquirer->Ask(Question::describe, &ReadDescription, limit, &stop);
     if (stop.IsGiven()) return Verdict{Code::Cancelled, L"The run was cancelled."};
+    if (!answer && Clock::now() - asked >= options.timeout) return Verdict{Code::TimeIsUp, L"Time is up."};
     if (!answer) return Verdict{Code::Failed, inquirer->WhyNoAnswer()};
     description = *answer;
     report.vendor = description.vendor;
