@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 #include <type_traits>
+#include <utility>
 
 #include "CommonLib/LogRecord.h"
 #include "CommonLib/SystemText.h"
@@ -26,6 +27,29 @@ LogTime LocalTime() {
             .hour = now.wHour,
             .minute = now.wMinute,
             .second = now.wSecond};
+}
+
+bool IsLink(DWORD attributes) {
+    return attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
+// Returns true where something stands at the path and is no link. It is looked at by its path too, since a
+// system may have opened what a link leads to.
+bool IsUnlinked(const FileHandle& opened, const std::wstring& path) {
+    FILE_BASIC_INFO information{};
+    return opened && !IsLink(GetFileAttributesW(path.c_str())) &&
+           GetFileInformationByHandleEx(opened.get(), FileBasicInfo, &information, sizeof(information)) !=
+               FALSE &&
+           !IsLink(information.FileAttributes);
+}
+
+// Opens the folder of that file so that nobody exchanges it as long as it is open. Not owning where a link
+// stands in its place: every user may put one there, and the record would be written where it leads to.
+FileHandle HoldFolderOf(const std::wstring& file) {
+    const std::wstring folder = file.substr(0, file.find_last_of(L'\\'));
+    FileHandle held(CreateFileW(folder.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    return IsUnlinked(held, folder) ? std::move(held) : FileHandle();
 }
 
 }  // namespace
@@ -112,13 +136,19 @@ bool Logger::IsAdvancedEnabled() {
 void Logger::AppendToFile(const std::wstring& path, const std::wstring& text) {
     if (!lock) throw Win32Exception(L"InterProcessLock has no name", 0, L"CommonLib/InterProcessLock");
     const InterProcessLockGuard guard(*lock);
+    const FileHandle folder = HoldFolderOf(path);
+    if (!folder) return;
     const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return;
+                                      FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    if (!IsUnlinked(file, path)) return;
+    FILE_STANDARD_INFO information{};
+    GetFileInformationByHandleEx(file.get(), FileStandardInfo, &information, sizeof(information));
+    // A file of a second name is somebody else's as well.
+    if (information.NumberOfLinks != 1) return;
     // By design: the low 32 bits of the size alone place the record.
     LONG highPart = 0;
-    SetFilePointer(file.get(), static_cast<LONG>(GetFileSize(file.get(), nullptr)), &highPart, FILE_BEGIN);
+    SetFilePointer(file.get(), static_cast<LONG>(information.EndOfFile.LowPart), &highPart, FILE_BEGIN);
     DWORD written = 0;
     WriteFile(file.get(), text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written, nullptr);
 }

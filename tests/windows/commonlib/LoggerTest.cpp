@@ -8,7 +8,9 @@
 #include "framework/Handles.h"
 #include "tests/windows/world/ChildProcess.h"
 #include "tests/windows/world/LogWorld.h"
+#include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
+#include "tests/wizard/FolderLink.h"
 
 namespace {
 
@@ -148,6 +150,73 @@ TEST_F(LoggerTest, LosesTheRecordWhileAnotherProgramKeepsTheFile) {
     }
     LogBasic(L"after");
     EXPECT_THAT(BasicMessages(), ElementsAre(L"before", L"after"));
+}
+
+// Every user may write beside the logs, so a link there would lead a record of an elevated program anywhere.
+TEST_F(LoggerTest, WritesNothingThroughALinkInThePlaceOfItsFolder) {
+    const ScratchFolder target;
+    const FolderLink link(LogFolder().substr(0, LogFolder().size() - 1), target.Path());
+    LogBasic(L"message");
+    EXPECT_TRUE(fs::is_empty(target.Path()));
+}
+
+TEST_F(LoggerTest, WritesNothingToAFileThatHasASecondName) {
+    const ScratchFolder target;
+    WriteBytes(target / L"victim.txt", "kept");
+    fs::create_directories(LogFolder());
+    ASSERT_TRUE(
+        CreateHardLinkW((LogFolder() + L"Basic.log").c_str(), (target / L"victim.txt").c_str(), nullptr));
+    LogBasic(L"message");
+    EXPECT_EQ(ReadBytes(target / L"victim.txt"), "kept");
+}
+
+decltype(&GetFileInformationByHandleEx) realFileInformation = nullptr;
+
+template <bool forFolders>
+BOOL WINAPI FileInformationOfALink(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, void* information,
+                                   DWORD size) {
+    const BOOL result = realFileInformation(file, kind, information, size);
+    if (kind != FileBasicInfo) return result;
+    auto& attributes = static_cast<FILE_BASIC_INFO*>(information)->FileAttributes;
+    const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (isFolder == forFolders) attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+    return result;
+}
+
+// A link that was put there after the first look.
+TEST_F(LoggerTest, LooksAtTheFolderThatItHasOpened) {
+    realFileInformation = &GetFileInformationByHandleEx;
+    {
+        const PatchedImport information("GetFileInformationByHandleEx", &FileInformationOfALink<true>);
+        LogBasic(L"message");
+    }
+    EXPECT_FALSE(fs::exists(LogFolder() + L"Basic.log"));
+}
+
+TEST_F(LoggerTest, WritesNothingToALinkInThePlaceOfItsFile) {
+    realFileInformation = &GetFileInformationByHandleEx;
+    {
+        const PatchedImport information("GetFileInformationByHandleEx", &FileInformationOfALink<false>);
+        LogBasic(L"message");
+    }
+    EXPECT_THAT(BasicBytes(), IsEmpty());
+}
+
+TEST_F(LoggerTest, LetsNobodyExchangeTheFolderWhileARecordIsWritten) {
+    static std::wstring folder;
+    static bool isExchanged = false;
+    folder = LogFolder().substr(0, LogFolder().size() - 1);
+    isExchanged = false;
+    {
+        const PatchedImport write(
+            "WriteFile", +[](HANDLE, const void*, DWORD, DWORD*, OVERLAPPED*) {
+                isExchanged = isExchanged || MoveFileW(folder.c_str(), (folder + L" moved").c_str()) != FALSE;
+                return FALSE;
+            });
+        LogBasic(L"message");
+    }
+    EXPECT_FALSE(isExchanged);
+    fs::remove_all(folder + L" moved");
 }
 
 TEST_F(LoggerTest, LosesTheRecordWhereTheFolderCannotBeMade) {
