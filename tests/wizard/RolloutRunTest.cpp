@@ -327,6 +327,16 @@ TEST_F(RolloutRunTest, SaysInUtf8WhatItSays) {
     EXPECT_THAT(Outcomes(), ElementsAre(Pair(ToUtf8(L"Prüfung für 日本"), "installed")));
 }
 
+TEST_F(RolloutRunTest, PrintsNothingThatATerminalWouldObey) {
+    tree.SetText(L"ERROR_TITLE", L"Error\x1b]0;owned\x07");
+    tree.Add({.path = L"Applications\\a.msi",
+              .properties = L"<ProductName>a\x1b[2J\u202Eb</ProductName>",
+              .install = {.steps = {}, .code = 1603}});
+    EXPECT_EQ(RunRollout(), 1603U);
+    EXPECT_THAT(rollout.Output(), Not(HasSubstr("\x1b")));
+    EXPECT_THAT(rollout.Output(), HasSubstr("a\\u001B[2J\\u202Eb: "));
+}
+
 // Whoever is logged on can take the lock, and a record waits for it.
 TEST_F(RolloutRunTest, EndsInTimeThoughSomebodyKeepsTheLockOfTheLogs) {
     const KernelHandle lock(CreateMutexW(nullptr, TRUE, L"ZVINSTALLLOG"));

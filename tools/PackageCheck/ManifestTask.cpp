@@ -6,6 +6,7 @@
 
 #include "tools/PackageCheck/ManifestData.h"
 #include "tools/PackageCheck/Manifests.h"
+#include "tools/ShownText.h"
 
 namespace packagecheck {
 
@@ -29,7 +30,7 @@ bool MakeFile(const std::filesystem::path& path, const std::string& bytes) {
 void Tell(std::ostream& out, std::string_view heading, const std::vector<std::string>& lines) {
     if (lines.empty()) return;
     out << heading << "\n";
-    for (const std::string& line : lines) out << "  " << line << "\n";
+    for (const std::string& line : lines) out << "  " << ShownText(line) << "\n";
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "CommonLib/Utf8.h"
-#include "tools/PackageCheck/Quoted.h"
+#include "tools/ShownText.h"
 
 namespace packagecheck {
 

@@ -1,8 +1,10 @@
 #include "tools/PackageCheck/PlanText.h"
 
+#include <sstream>
 #include <vector>
 
 #include "CommonLib/Utf8.h"
+#include "tools/ShownText.h"
 
 namespace packagecheck {
 
@@ -41,6 +43,19 @@ void WriteEnd(std::ostream& out, const Plan& plan) {
     if (plan.programs.empty()) out << "  none\n";
 }
 
+void WriteLines(std::ostream& out, const Plan& plan) {
+    out << (plan.isSilent ? "A silent run" : "A run with pages") << "\n";
+    if (!plan.obstacles.empty()) out << "\nWhat stops a silent run\n";
+    for (const std::string& obstacle : plan.obstacles) out << "  " << obstacle << "\n";
+    out << "\nPages\n";
+    for (const PlannedPage& page : plan.pages) WritePage(out, page);
+    if (plan.endsAtOnce) return;
+    out << "\nPackages, in their order\n";
+    WritePackages(out, plan.packages, "  ");
+    if (plan.packages.empty()) out << "  none\n";
+    WriteEnd(out, plan);
+}
+
 }  // namespace
 
 std::string WordsFor(const PlannedPage& page) {
@@ -56,16 +71,9 @@ std::string WordsFor(const PlannedPage& page) {
 }
 
 void WritePlanText(std::ostream& out, const Plan& plan) {
-    out << (plan.isSilent ? "A silent run" : "A run with pages") << "\n";
-    if (!plan.obstacles.empty()) out << "\nWhat stops a silent run\n";
-    for (const std::string& obstacle : plan.obstacles) out << "  " << obstacle << "\n";
-    out << "\nPages\n";
-    for (const PlannedPage& page : plan.pages) WritePage(out, page);
-    if (plan.endsAtOnce) return;
-    out << "\nPackages, in their order\n";
-    WritePackages(out, plan.packages, "  ");
-    if (plan.packages.empty()) out << "  none\n";
-    WriteEnd(out, plan);
+    std::ostringstream lines;
+    WriteLines(lines, plan);
+    out << ShownText(lines.str());
 }
 
 }  // namespace packagecheck

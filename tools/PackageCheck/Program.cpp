@@ -18,6 +18,7 @@
 #include "tools/PackageCheck/RuleTable.h"
 #include "tools/PackageCheck/TextDiff.h"
 #include "tools/PackageCheck/TextOutput.h"
+#include "tools/ShownText.h"
 
 namespace packagecheck {
 
@@ -101,7 +102,8 @@ void WriteFindings(const CommandLine& line, const std::vector<Finding>& findings
 // written.
 bool FixFolder(const CommandLine& line, const FolderTree& tree, const Surroundings& surroundings) {
     const std::vector<FileFix> fixes = FindFixes(Package(tree));
-    for (const FileFix& fix : fixes) surroundings.out << UnifiedDiff(fix.path, fix.before, fix.after);
+    for (const FileFix& fix : fixes)
+        surroundings.out << ShownText(UnifiedDiff(fix.path, fix.before, fix.after));
     if (fixes.empty()) {
         surroundings.out << "There is nothing to fix by itself.\n";
         return true;

@@ -1,18 +1,9 @@
 #include "tools/PackageCheck/Quoted.h"
 
-#include <array>
-#include <cstdio>
-
 #include "CommonLib/Utf8.h"
+#include "tools/ShownText.h"
 
 namespace packagecheck {
-
-bool IsHidden(std::uint32_t code) {
-    const bool isControl = code < 0x20 || (code >= 0x7F && code < 0xA0);
-    const bool isDirection = (code >= 0x200E && code <= 0x200F) || (code >= 0x202A && code <= 0x202E) ||
-                             (code >= 0x2066 && code <= 0x2069);
-    return isControl || isDirection || code == 0xFEFF || code == 0x2028 || code == 0x2029;
-}
 
 std::string Quoted(std::wstring_view text) {
     constexpr std::size_t longest = 80;
@@ -22,9 +13,7 @@ std::string Quoted(std::wstring_view text) {
         const TextCharacter character = FirstCharacter(text);
         text.remove_prefix(character.length);
         if (IsHidden(character.code)) {
-            std::array<char, 16> number{};
-            std::snprintf(number.data(), number.size(), "\\u%04X", static_cast<unsigned>(character.code));
-            quoted += number.data();
+            quoted += NumberOf(character.code);
         } else {
             AppendCharacter(quoted, character.code);
         }

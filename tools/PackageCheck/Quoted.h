@@ -1,15 +1,10 @@
 // Texts of a package as people read them on a terminal. Functions of their arguments, for any thread.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace packagecheck {
-
-// Returns true for control characters and marks of direction: what a terminal would obey instead of showing
-// it.
-bool IsHidden(std::uint32_t code);
 
 // Returns the text for people to read, in UTF-8 and in quotes: control characters and marks of direction are
 // written as \u and their number, and a long text is cut.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "tools/ShownText.h"
+
 namespace packagecheck {
 
 namespace {
@@ -43,9 +45,9 @@ void WriteText(std::ostream& out, const std::vector<Finding>& findings, const st
                bool hasColour) {
     for (const Finding& finding : findings) {
         const bool isError = finding.rule->severity == Severity::Error;
-        out << Dressed(PlaceText(finding.place, folder), look::bold, hasColour) << ": "
+        out << Dressed(ShownText(PlaceText(finding.place, folder)), look::bold, hasColour) << ": "
             << Dressed(NameOf(finding.rule->severity), isError ? look::error : look::warning, hasColour)
-            << ": " << finding.message << " [" << finding.rule->id << "]\n";
+            << ": " << ShownText(finding.message) << " [" << finding.rule->id << "]\n";
     }
     out << (findings.empty() ? "No findings." : Summary(findings)) << "\n";
 }

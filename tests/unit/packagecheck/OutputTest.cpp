@@ -39,6 +39,14 @@ TEST(TextOutputTest, WritesColoursWhereTheyAreShown) {
     EXPECT_THAT(out.str(), testing::HasSubstr("\x1b[1;31merror\x1b[0m"));
 }
 
+TEST(TextOutputTest, WritesOutWhatATerminalWouldObey) {
+    Report report;
+    report.Add(packagecheck::rules::flagValue, {.file = "Setup/a\x1b[2J\xC2\x9B.xml"}, "A \x07 flag.");
+    std::ostringstream out;
+    packagecheck::WriteText(out, report.Sorted(), "p", false);
+    EXPECT_THAT(out.str(), testing::StartsWith("p/Setup/a\\u001B[2J\\u009B.xml: error: A \\u0007 flag. "));
+}
+
 TEST(TextOutputTest, SaysThatThereIsNothingToSay) {
     std::ostringstream out;
     packagecheck::WriteText(out, {}, "p", false);

@@ -286,6 +286,13 @@ TEST_F(PlanTest, IsWrittenAsText) {
     EXPECT_THAT(out.str(), HasSubstr("C:\\Program Files\\Halvenny\\Monitor.exe\n"));
 }
 
+TEST_F(PlanTest, WritesOutWhatATerminalWouldObey) {
+    tree.packages[applicationPath].properties[L"ProductName"] = L"a\x1b[2J\u202E";
+    std::ostringstream out;
+    packagecheck::WritePlanText(out, Make());
+    EXPECT_THAT(out.str(), HasSubstr("Monitor.msi  a\\u001B[2J\\u202E 1.0.0\n"));
+}
+
 TEST_F(PlanTest, IsWrittenAsJson) {
     tree.packages[applicationPath].properties[L"DEPENDENTAPPS"] = L"Own.msi";
     tree.packages[applicationPath].properties[L"STARTAPP"] = L"Monitor.exe;";

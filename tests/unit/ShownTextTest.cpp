@@ -1,0 +1,28 @@
+#include <gtest/gtest.h>
+
+#include "tools/ShownText.h"
+
+namespace {
+
+TEST(ShownTextTest, WritesOutWhatATerminalWouldObey) {
+    EXPECT_EQ(ShownText(L"a\x1b[2J\x07\x9b"
+                        L"31m\x7f"),
+              L"a\\u001B[2J\\u0007\\u009B31m\\u007F");
+    EXPECT_EQ(ShownText(L"\u202Etxt.exe\u2066\u200F\u061C\uFEFF"),
+              L"\\u202Etxt.exe\\u2066\\u200F\\u061C\\uFEFF");
+}
+
+TEST(ShownTextTest, KeepsLinesAndTabsAndNoReturnToTheStartOfALine) {
+    EXPECT_EQ(ShownText(L"a\tb\nc\r\nd\re\r"), L"a\tb\nc\r\nd\\u000De\\u000D");
+}
+
+TEST(ShownTextTest, KeepsLettersOfEveryScript) {
+    const std::wstring text = L"\u00dc \u20ac \u0645\u0631\u062d\u0628\u0627 \u65e5\u672c \xD83D\xDDA8";
+    EXPECT_EQ(ShownText(text), text);
+}
+
+TEST(ShownTextTest, TakesUtf8WithBytesThatAreNone) {
+    EXPECT_EQ(ShownText(std::string_view("\xC3\x9C\xC2\x9B\xFF")), "\xC3\x9C\\u009B\xEF\xBF\xBD");
+}
+
+}  // namespace
