@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Checks the sample package in both variants by PackageCheck, what PackageCheck writes by its schema or by parsers, that the
-# dialogs of the sample find their pages in its help, and what the programs' own files say of their safety.
+# dialogs of the sample find their pages in its help, what the programs' own files say of their safety, and that
+# they can be signed.
 # usage: scripts/check-packages.sh
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
@@ -55,6 +56,7 @@ PYTHON
     rm -f "$report"
 }
 
+scripts/check-signing.sh build/windows/{Kestrune,Rollout,PackageCheck}.exe out/package/Applications/x64/*.msi
 scripts/check-help.py out/package package/help
 expect 0 out/package
 expect 0 out/package-silent
