@@ -47,7 +47,7 @@ suites_of() {
         tests/rollout/* | scripts/check-reports.py) echo standins wizard ;;
         tools/PackageCheck/starter/* | tools/PackageCheck/NewPackage.*) echo unit standins lint ;;
         tools/PackageCheck/*) echo unit fuzz packages wizard lint ;;
-        scripts/check-packages.sh | scripts/check-plan-page.* | scripts/check-manifests.py | scripts/check-binary.py | scripts/check-signing.sh | scripts/sign.sh | docs/package-check.*) echo unit packages ;;
+        scripts/check-packages.sh | scripts/check-plan-page.* | scripts/check-manifests.py | scripts/check-binary.py | scripts/check-signing.sh | scripts/sign.sh | scripts/make-sbom.py | docs/package-check.*) echo unit packages ;;
         tools/* | tests/bench/*) echo lint ;;
         scripts/run-windows-tests.sh) echo windows ;;
         scripts/run-standin-tests.sh) echo standins ;;

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Checks the sample package in both variants by PackageCheck, what PackageCheck writes by its schema or by parsers, that the
-# dialogs of the sample find their pages in its help, what the programs' own files say of their safety, and that
-# they can be signed.
+# dialogs of the sample find their pages in its help, what the programs' own files say of their safety and what
+# is linked into them, and that they can be signed.
 # usage: scripts/check-packages.sh
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
@@ -10,6 +10,8 @@ need_packages clang libclang-rt-14-dev llvm python3 python3-jsonschema python3-y
 build native PackageCheck
 build windows Kestrune Rollout PackageCheck
 scripts/check-binary.py build/windows
+scripts/make-sbom.py build/windows build/windows/Kestrune.spdx.json
+scripts/make-sbom.py --check build/windows build/windows/Kestrune.spdx.json
 scripts/build-package.sh build/windows
 scripts/build-package.sh --silent build/windows
 
