@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "CommonLib/Files.h"
+#include "CommonLib/SystemText.h"
 #include "framework/SystemLibrary.h"
 #include "resources/resource.h"
 #include "tests/wizard/ImportTable.h"
@@ -39,12 +40,10 @@ protected:
     static fs::path Fake(const wchar_t* build, const wchar_t* name) {
         return BuildFolder() / L"tests" / L"fakes" / build / name;
     }
-    void Plant(const std::wstring& name) const {
-        fs::copy_file(Fake(L"", L"Neighbour.dll"), tree.ProgramFolder() / name);
-    }
-    std::vector<std::wstring> LoadedPlants() const {
+    static void Plant(const fs::path& file) { fs::copy_file(Fake(L"", L"Neighbour.dll"), file); }
+    static std::vector<std::wstring> LoadedPlants(const fs::path& folder) {
         std::vector<std::wstring> names;
-        for (const fs::directory_entry& entry : fs::directory_iterator(tree.ProgramFolder())) {
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
             if (entry.path().extension() == L".loaded") names.push_back(entry.path().stem().wstring());
         }
         return names;
@@ -71,7 +70,7 @@ protected:
         names.merge(WithWhatTheyImport(ImportsOf(BuildFolder() / L"Kestrune.exe", true), true));
         for (const std::wstring& name : names) {
             if (safe.contains(name)) continue;
-            Plant(name);
+            Plant(tree.ProgramFolder() / name);
             Override(name, L"native,builtin");
         }
     }
@@ -97,7 +96,7 @@ TEST_F(PlantedLibraryTest, IsNotLoadedByPagesWithPicturesAndTexts) {
     wizard.Press(IDOK);
     wizard.WaitForControl(IDC_LICENCE_TEXT);
     wizard.Kill();
-    EXPECT_THAT(LoadedPlants(), IsEmpty());
+    EXPECT_THAT(LoadedPlants(tree.ProgramFolder()), IsEmpty());
 }
 
 TEST_F(PlantedLibraryTest, IsNotLoadedByARun) {
@@ -106,16 +105,59 @@ TEST_F(PlantedLibraryTest, IsNotLoadedByARun) {
     tree.Add({.path = L"Applications\\a.msi"});
     Run();
     EXPECT_THAT(Installs(), Not(IsEmpty()));
-    EXPECT_THAT(LoadedPlants(), IsEmpty());
+    EXPECT_THAT(LoadedPlants(tree.ProgramFolder()), IsEmpty());
 }
 
 TEST_F(LibrarySearchTest, LetsALibraryOfThePackageFindWhatLiesBesideIt) {
     tree.UseLibrary(L"with_neighbour");
-    Plant(L"Neighbour.dll");
+    Plant(tree.ProgramFolder() / L"Neighbour.dll");
     tree.SetSettings(Settings::silent);
     tree.Add({.path = L"Applications\\a.msi"});
     Run();
     EXPECT_THAT(Installs(), testing::ElementsAre(L"a.msi"));
+}
+
+// The variable that holds the path along which the system looks for libraries.
+class SearchPath {
+public:
+    explicit SearchPath(const fs::path& folder) : former(ExpandEnvironment(L"%PATH%")) {
+        SetEnvironmentVariableW(L"PATH", (folder.wstring() + L";" + former).c_str());
+    }
+    SearchPath(const SearchPath&) = delete;
+    SearchPath& operator=(const SearchPath&) = delete;
+    ~SearchPath() { SetEnvironmentVariableW(L"PATH", former.c_str()); }
+
+private:
+    std::wstring former;
+};
+
+// A library that the system lacks is sought in the working folder and along the path, where nothing keeps it
+// from that. Here it is one that a library of the package wants.
+class PlantedElsewhereTest : public LibrarySearchTest {
+protected:
+    void SetUp() override {
+        LibrarySearchTest::SetUp();
+        fs::create_directories(elsewhere);
+        Plant(elsewhere / L"Neighbour.dll");
+        tree.UseLibrary(L"with_neighbour");
+        tree.SetSettings(Settings::silent);
+    }
+
+    fs::path elsewhere = tree.Root() / L"elsewhere";
+};
+
+TEST_F(PlantedElsewhereTest, IsNotLoadedFromTheWorkingFolder) {
+    wizard.Start({}, elsewhere);
+    wizard.WaitForEnd();
+    EXPECT_THAT(BasicLog(), HasRecord(L"ERROR", L"Failed to load Brevanto.dll!"));
+    EXPECT_THAT(LoadedPlants(elsewhere), IsEmpty());
+}
+
+TEST_F(PlantedElsewhereTest, IsNotLoadedAlongThePath) {
+    const SearchPath path(elsewhere);
+    Run();
+    EXPECT_THAT(BasicLog(), HasRecord(L"ERROR", L"Failed to load Brevanto.dll!"));
+    EXPECT_THAT(LoadedPlants(elsewhere), IsEmpty());
 }
 
 }  // namespace
