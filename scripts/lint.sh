@@ -27,11 +27,11 @@ check() {
 format() { clang-format --dry-run -Werror "${sources[@]}"; }
 
 # Who includes whom, the names of ids, the heads of headers, what headers say of tags, the picture of the folders, the texts
-# of the languages, and what is broken on purpose.
+# of the languages, what is broken on purpose, and the tests that documents name.
 includes() {
     python3 scripts/check-includes.py && python3 scripts/check-resource-ids.py && python3 scripts/check-dialect.py &&
         python3 scripts/check-tags.py && python3 scripts/draw-folders.py --check && python3 scripts/check-languages.py &&
-        python3 scripts/breaks.py --check
+        python3 scripts/breaks.py --check && python3 scripts/check-test-names.py
 }
 
 tidy() { python3 scripts/run-tidy.py build/windows src framework standins tools package; }
