@@ -76,6 +76,9 @@ def main():
             setattr(font[table], field, getattr(measures[table], field))
     hide_ordering_marks(font)
     rename(font)
+    # The time of the making would be another one in every build.
+    font.recalcTimestamp = False
+    font['head'].created = font['head'].modified = measures['head'].modified
     font.save(output)
 
 
