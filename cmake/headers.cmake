@@ -20,6 +20,12 @@ function(add_headers name)
   target_precompile_headers(${name} PRIVATE ${ARGN})
 endfunction()
 
+# Of headers that were read beforehand gcc forgets that they are the system's, and warns of wmemcpy within them.
+function(ignore_system_copies target)
+  target_compile_options(${target} PRIVATE
+    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-array-bounds> $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-stringop-overread>)
+endfunction()
+
 # use_headers(NAME): the targets of this folder read those headers, except for those that have headers of their own.
 function(use_headers name)
   get_property(targets DIRECTORY PROPERTY BUILDSYSTEM_TARGETS)
@@ -29,9 +35,7 @@ function(use_headers name)
     get_target_property(shared ${target} PRECOMPILE_HEADERS_REUSE_FROM)
     if(type MATCHES "EXECUTABLE|LIBRARY" AND NOT type STREQUAL "INTERFACE_LIBRARY" AND NOT own AND NOT shared)
       target_precompile_headers(${target} REUSE_FROM ${name})
-      # Of headers that were read beforehand gcc forgets that they are the system's, and warns of wmemcpy within them.
-      target_compile_options(${target} PRIVATE
-        $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-array-bounds> $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-stringop-overread>)
+      ignore_system_copies(${target})
     endif()
   endforeach()
 endfunction()

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Breaks the program on purpose, one break at a time, and holds the tests to seeing it.
 
-usage: breaks.py [--changed] [--from N] [--list | --check] [TABLE]...
+usage: breaks.py [--changed] [--from N] [--suite SUITE] [--copy NAME] [--list | --check] [TABLE]...
 
 A table is a file of tests/breaks, named with or without its folder and ending; without a name all of them are run. Each
 row says what holds, which text of which file is replaced to break it, and which test must fail then. A test that does
@@ -9,6 +9,8 @@ not end when something is broken is ended after a while and has failed.
 
 --changed    only the rows whose file differs from the upstream branch, committed or not
 --from N     begins with that row, as the lines are numbered
+--suite S    only the rows whose test is in that suite
+--copy NAME  works on the copy build/breaks/NAME and not on build/breaks/tree: two runs at a time need two copies
 --list       prints the rows and runs nothing
 --check      holds the tables against the sources and runs nothing, as lint does
 
@@ -29,7 +31,8 @@ import tomllib
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 TABLES = ROOT / 'tests/breaks'
-TREE = ROOT / 'build/breaks/tree'
+COPIES = ROOT / 'build/breaks'
+TREE = COPIES / 'tree'
 LAST_LINES = 15
 
 
@@ -184,9 +187,9 @@ def write_tree():
 # What is broken is compiled again for each row, so it is compiled by itself and without being optimised. What the tests of
 # Windows need else is compiled as ever, so that the compiler cache knows most of it.
 OPTIONS = {
-    'native': ('-DKESTRUNE_TOOLS_ALONE=ON', '-DCMAKE_CXX_FLAGS_DEBUG=-O0 -gline-tables-only',
+    'native': ('-DKESTRUNE_ALONE=ON', '-DCMAKE_CXX_FLAGS_DEBUG=-O0 -gline-tables-only',
                '-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld'),
-    'windows': ('-DKESTRUNE_TOOLS_ALONE=ON',),
+    'windows': ('-DKESTRUNE_ALONE=ON',),
 }
 
 
@@ -320,9 +323,13 @@ def main():
     parser.add_argument('tables', nargs='*', metavar='TABLE')
     parser.add_argument('--changed', action='store_true', help='only rows whose file has changed')
     parser.add_argument('--from', dest='first', type=int, default=1, metavar='N', help='the first row')
+    parser.add_argument('--suite', choices=SUITES, help='only rows of that suite')
+    parser.add_argument('--copy', default='tree', metavar='NAME', help='where the sources are copied to')
     parser.add_argument('--list', action='store_true', help='print the rows')
     parser.add_argument('--check', action='store_true', help='check the form of the tables')
     options = parser.parse_args()
+    global TREE
+    TREE = COPIES / options.copy
     try:
         rows = read_tables(options.tables)
     except ValueError as mistake:
@@ -330,7 +337,7 @@ def main():
     if options.changed:
         changed = set(of_shell('changed_files').split('\n'))
         rows = [row for row in rows if row.file in changed]
-    rows = [row for row in rows if row.number >= options.first]
+    rows = [row for row in rows if row.number >= options.first and options.suite in (None, row.suite)]
     if options.list:
         print('\n'.join(f'{row}  {row.file}, {row.suite}: {row.test}' for row in rows))
         return 0
