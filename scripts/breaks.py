@@ -305,10 +305,11 @@ def run_rows(rows):
     outcomes = unbroken(rows)
     reds = 0
     for row in rows:
+        began = time.monotonic()
         verdict, text = fault_unbroken(row, outcomes[row.suite]), ''
         if not verdict:
             verdict, text = verdict_of(row)
-        print(f'{verdict:14} {row}', flush=True)
+        print(f'{verdict:14} {time.monotonic() - began:3.0f} s  {row}', flush=True)
         if verdict.startswith('red'):
             reds += 1
         elif verdict == 'DOES NOT BUILD':
