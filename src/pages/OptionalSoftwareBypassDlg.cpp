@@ -40,6 +40,7 @@ bool OptionalSoftwareBypassDlg::OnInitDialog() {
     SetUpControl(IDC_BYPASS_SKIP, TextKey::SW_BYPASS_OPTIONAL, fontHeading);
     EnableControl(IDOK, false);
     nextButton.SetPrimary();
+    finishButton.SetPrimary();
     ShowControl(IDC_HELP_BUTTON, false);
     ShowControl(IDC_FINISH, false);
     if (!settings.GetBool(Tag::SILENT_INSTALL)) UpdateDialogStatus();
@@ -71,7 +72,6 @@ void OptionalSoftwareBypassDlg::OfferWayOut(bool skip) {
     }
     ShowControl(IDC_FINISH, skip);
     EnableControl(IDC_FINISH, skip);
-    (skip ? finishButton : nextButton).SetPrimary();
 }
 
 void OptionalSoftwareBypassDlg::OnReinstallChoice() {
