@@ -170,6 +170,10 @@ TEST_F(WalkTest, TakesBackWhatFailsBehindAHiddenProgressPage) {
     wizard.Answer(IDOK);
     EXPECT_TRUE(WaitForMessage(L"Thread Count decremented 0"));
     EXPECT_THAT(Removals(), ElementsAre(L"a.msi", L"b.msi"));
+    // The user is left with the page that says so.
+    EXPECT_FALSE(
+        WaitUntil([this] { return testing::Value(BasicLog(), HasRecord(L"", L"Installation is Finished")); },
+                  std::chrono::milliseconds(500)));
     CloseOnFinishPage();
 }
 

@@ -168,17 +168,22 @@ TEST_F(MsiInterfaceTest, AsksTwiceForADocumentThatIsTooLong) {
     EXPECT_THAT(capacities, ElementsAre(L"2048", std::to_wstring(properties.size() + 1)));
 }
 
-TEST_F(MsiInterfaceTest, RefusesADocumentOfAnAbsurdLength) {
-    MsiInterface gateway = Gateway({{L"package", L"a.msi"}, {L"propertiesLength", L"4294967295"}});
+// One more than the longest that is taken, and what no memory holds.
+class AbsurdLengthTest : public MsiInterfaceTest, public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(AbsurdLengthTest, IsRefused) {
+    const std::wstring length = std::to_wstring(GetParam());
+    MsiInterface gateway = Gateway({{L"package", L"a.msi"}, {L"propertiesLength", length}});
     std::wstring value = L"untouched";
     EXPECT_EQ(gateway.GetPropertyValue(package, L"A", L"1033", value), MsiCode::PropertyNotFound);
     EXPECT_EQ(gateway.GetPropertyValue(package, L"B", L"1033", value), MsiCode::PropertyNotFound);
     EXPECT_EQ(value, L"untouched");
     EXPECT_THAT(CallNames(), ElementsAre(L"MsiInitialize", L"MsiEnableInstallLog", L"MsiGetProperties"));
-    EXPECT_THAT(BasicLog(),
-                ElementsAre(Record(
-                    L"ERROR", L"Brevanto.dll asks for a document of 4294967295 characters for " + package)));
+    EXPECT_THAT(BasicLog(), ElementsAre(Record(L"ERROR", L"Brevanto.dll asks for a document of " + length +
+                                                             L" characters for " + package)));
 }
+
+INSTANTIATE_TEST_SUITE_P(Characters, AbsurdLengthTest, testing::Values((1U << 26U) + 1, 0xFFFFFFFFU));
 
 TEST_F(MsiInterfaceTest, TakesADocumentThatJustFits) {
     const std::wstring properties = L"<A>" + std::wstring(2047 - 7, L'x') + L"</A>";

@@ -48,6 +48,8 @@ TEST_F(DiscoveryDlgTest, SelectsTheFourthRow) {
     Show();
     Deliver(FourDevices());
     EXPECT_EQ(SelectedRow(), 3);
+    // The last by its name, and not the last that was delivered.
+    EXPECT_EQ(Column(0).back(), L"M");
     EXPECT_TRUE(IsEnabled(IDOK));
     EXPECT_EQ(GetFocus(), At(IDC_DISCOVERY_LIST));
 }

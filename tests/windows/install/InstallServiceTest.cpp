@@ -361,6 +361,7 @@ TEST_F(InstallServiceTest, FailsARunThatGetsNoThread) {
     EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"FAILED");
     EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", L"The install thread could not be started")));
     EXPECT_FALSE(service.IsAtWork());
+    EXPECT_EQ(controller.ThreadCount(), 0);
 }
 
 }  // namespace

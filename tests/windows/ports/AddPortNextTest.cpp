@@ -116,6 +116,26 @@ TEST_F(AddPortNextTest, IsPaintedWhileTheNetworkThinks) {
     EXPECT_TRUE(isPainted);
 }
 
+std::vector<HCURSOR> cursors;
+
+HCURSOR WINAPI NoteCursor(HCURSOR cursor) {
+    cursors.push_back(cursor);
+    return LoadCursorW(nullptr, IDC_ARROW);
+}
+
+TEST_F(AddPortNextTest, ShowsTheCursorOfAWaitWhileTheNetworkThinks) {
+    cursors.clear();
+    std::vector<HCURSOR> during;
+    const PatchedImport cursor("SetCursor", &NoteCursor);
+    const FakeShare share({.remoteName = L"\\\\server\\printer", .before = [&] { during = cursors; }});
+    Open();
+    Choose(2);
+    Enter(IDC_ADD_PORT_PATH, L"\\\\server\\printer");
+    GoOn();
+    EXPECT_THAT(during, ElementsAre(LoadCursorW(nullptr, IDC_WAIT)));
+    EXPECT_THAT(cursors, ElementsAre(LoadCursorW(nullptr, IDC_WAIT), LoadCursorW(nullptr, IDC_ARROW)));
+}
+
 TEST_F(AddPortNextTest, DoesNotReadTheRowOfAKindThatIsNotChosen) {
     Open();
     page.FillPortList({{L"LPT1:", L"Local Port"}});

@@ -277,14 +277,38 @@ HWND WINAPI KeepHelpFile(HWND, const wchar_t* file, UINT, DWORD_PTR) {
     return nullptr;
 }
 
-TEST_F(HighContrastTest, AsksForTheHelpByItsFullPath) {
+// A page whose viewer notes what it is asked for.
+class HelpButtonTest : public HighContrastTest {
+protected:
+    HelpButtonTest() {
+        helpFile.clear();
+        EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
+    }
+    HWND Button() const { return page.GetDlgItem(IDC_HELP_BUTTON); }
+
     ManufacturerDlg page{context};
-    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
-    const PatchedImport exports(
-        "GetProcAddress",
-        +[](HMODULE, LPCSTR) { return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&KeepHelpFile)); });
-    page.SendMessage(WM_COMMAND, IDC_HELP_BUTTON, reinterpret_cast<LPARAM>(page.GetDlgItem(IDC_HELP_BUTTON)));
+
+private:
+    PatchedImport exports{"GetProcAddress", +[](HMODULE, LPCSTR) {
+                              return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&KeepHelpFile));
+                          }};
+};
+
+TEST_F(HelpButtonTest, AsksForTheHelpByItsFullPath) {
+    page.SendMessage(WM_COMMAND, IDC_HELP_BUTTON, reinterpret_cast<LPARAM>(Button()));
     EXPECT_EQ(helpFile, GetSetupDirectory() + L"\\en\\install.chm");
+}
+
+TEST_F(HelpButtonTest, IsPressedByEnter) {
+    window.ShowWindow(SW_SHOW);
+    page.ShowWindow(SW_SHOW);
+    MSG enter{.hwnd = Button(), .message = WM_KEYDOWN, .wParam = VK_RETURN};
+    SetFocus(page.GetDlgItem(IDC_MANUFACTURER_LIST));
+    EXPECT_TRUE(page.PreTranslateMessage(&enter));
+    EXPECT_EQ(helpFile, L"");
+    SetFocus(Button());
+    EXPECT_TRUE(page.PreTranslateMessage(&enter));
+    EXPECT_NE(helpFile, L"");
 }
 
 }  // namespace
