@@ -29,27 +29,27 @@ LogTime LocalTime() {
             .second = now.wSecond};
 }
 
-bool IsLink(DWORD attributes) {
-    return attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-}
-
-// Returns true where something stands at the path and is no link. It is looked at by its path too, since a
-// system may have opened what a link leads to.
-bool IsUnlinked(const FileHandle& opened, const std::wstring& path) {
+bool IsOpenAndNoLink(const FileHandle& opened) {
     FILE_BASIC_INFO information{};
-    return opened && !IsLink(GetFileAttributesW(path.c_str())) &&
+    return opened &&
            GetFileInformationByHandleEx(opened.get(), FileBasicInfo, &information, sizeof(information)) !=
                FALSE &&
-           !IsLink(information.FileAttributes);
+           (information.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
 }
 
-// Opens the folder of that file so that nobody exchanges it as long as it is open. Not owning where a link
-// stands in its place: every user may put one there, and the record would be written where it leads to.
-FileHandle HoldFolderOf(const std::wstring& file) {
-    const std::wstring folder = file.substr(0, file.find_last_of(L'\\'));
-    FileHandle held(CreateFileW(folder.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-    return IsUnlinked(held, folder) ? std::move(held) : FileHandle();
+FileHandle OpenFolder(const std::wstring& folder) {
+    return FileHandle(CreateFileW(folder.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT,
+                                  nullptr));
+}
+
+// Opens the folder so that nobody exchanges it as long as it is open, and makes it where it is missing. Not
+// owning where a link stands in its place: every user may put one there, and the record would be written
+// where it leads to.
+FileHandle HoldFolder(const std::wstring& folder) {
+    FileHandle held = OpenFolder(folder);
+    if (!held && _wmkdir(folder.c_str()) == 0) held = OpenFolder(folder);
+    return IsOpenAndNoLink(held) ? std::move(held) : FileHandle();
 }
 
 }  // namespace
@@ -78,7 +78,7 @@ void Logger::SetVendor(const std::wstring& name) {
 
 void Logger::WriteBasic(std::wstring_view level, std::wstring_view application, std::wstring_view message) {
     try {
-        AppendToFile(GetBasicLogPath(), FormatBasicRecord(level, LocalTime(), message));
+        AppendToFile(basicName, FormatBasicRecord(level, LocalTime(), message));
         WriteAdvanced(level, application, message);
     } catch (const Win32Exception&) {
         return;
@@ -92,8 +92,7 @@ void Logger::WriteAdvanced(std::wstring_view level, std::wstring_view applicatio
     try {
         if (!IsAdvancedEnabled()) return;
         const LogOrigin origin{.processId = GetCurrentProcessId(), .threadId = GetCurrentThreadId()};
-        AppendToFile(GetAdvancedLogPath(),
-                     FormatAdvancedRecord(level, LocalTime(), origin, application, message));
+        AppendToFile(advancedName, FormatAdvancedRecord(level, LocalTime(), origin, application, message));
     } catch (const Win32Exception&) {
         return;
     } catch (const std::runtime_error&) {
@@ -101,13 +100,15 @@ void Logger::WriteAdvanced(std::wstring_view level, std::wstring_view applicatio
     }
 }
 
-std::wstring Logger::GetLogFolder() {
+std::wstring Logger::FolderPath() {
     std::wstring folder = ExpandEnvironment(L"%ALLUSERSPROFILE%\\");
-    {
-        const std::lock_guard guard(textLock);
-        if (vendor.empty()) vendor = unnamedVendor;
-        folder += vendor + L" Install Logs";
-    }
+    const std::lock_guard guard(textLock);
+    if (vendor.empty()) vendor = unnamedVendor;
+    return folder.append(vendor).append(L" Install Logs");
+}
+
+std::wstring Logger::GetLogFolder() {
+    const std::wstring folder = FolderPath();
     // An existing folder is the normal case, and a missing one shows when the record cannot be written.
     static_cast<void>(_wmkdir(folder.c_str()));
     return folder + L"\\";
@@ -133,15 +134,16 @@ bool Logger::IsAdvancedEnabled() {
            value != 0;
 }
 
-void Logger::AppendToFile(const std::wstring& path, const std::wstring& text) {
+void Logger::AppendToFile(const wchar_t* name, const std::wstring& text) {
     if (!lock) throw Win32Exception(L"InterProcessLock has no name", 0, L"CommonLib/InterProcessLock");
     const InterProcessLockGuard guard(*lock);
-    const FileHandle folder = HoldFolderOf(path);
-    if (!folder) return;
-    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE,
+    const std::wstring folder = FolderPath();
+    const FileHandle held = HoldFolder(folder);
+    if (!held) return;
+    const FileHandle file(CreateFileW((folder + L"\\" + name).c_str(), GENERIC_READ | GENERIC_WRITE,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
                                       FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-    if (!IsUnlinked(file, path)) return;
+    if (!IsOpenAndNoLink(file)) return;
     FILE_STANDARD_INFO information{};
     GetFileInformationByHandleEx(file.get(), FileStandardInfo, &information, sizeof(information));
     // A file of a second name is somebody else's as well.

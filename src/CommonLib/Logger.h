@@ -31,8 +31,8 @@ public:
 
     // Makes sure that the log folder exists; returns it with its closing backslash.
     std::wstring GetLogFolder();
-    std::wstring GetBasicLogPath() { return GetLogFolder() + L"Basic.log"; }
-    std::wstring GetAdvancedLogPath() { return GetLogFolder() + L"Advanced.log"; }
+    std::wstring GetBasicLogPath() { return GetLogFolder() + basicName; }
+    std::wstring GetAdvancedLogPath() { return GetLogFolder() + advancedName; }
 
     // The user's switch, read anew at each call.
     bool IsAdvancedEnabled();
@@ -41,7 +41,12 @@ private:
     friend class Singleton<Logger>;
     Logger();
 
-    void AppendToFile(const std::wstring& path, const std::wstring& text);
+    static constexpr const wchar_t* basicName = L"Basic.log";
+    static constexpr const wchar_t* advancedName = L"Advanced.log";
+
+    void AppendToFile(const wchar_t* name, const std::wstring& text);
+    // Without its closing backslash.
+    std::wstring FolderPath();
     std::wstring RegistryKeyPath();
 
     // Guards the two texts below, not the files: those have the lock between processes.
