@@ -193,6 +193,9 @@ languages() {
     done
 }
 
+# processor_time: what the host has taken from this machine so far, and all there was.
+processor_time() { awk '/^cpu / { for (i = 2; i <= 9; ++i) all += $i; print $9, all }' /proc/stat; }
+
 need_packages time libbenchmark-dev
 build windows Kestrune SystemBench EmptyDialog ScriptedBrevanto
 build native PackageCheck
@@ -204,6 +207,7 @@ start_display
 wine_new_prefix "$prefix"
 trap 'wine_stop "$prefix"; wine_stop "$wine_home/requests"; kill $display_process 2> /dev/null || true' EXIT
 export WINEPREFIX=$prefix
+processor_time > "$work/processor.txt"
 starts
 catalogues
 memories
@@ -213,4 +217,5 @@ tags
 languages
 asked
 figure 'the program' "$(stat -c %s build/windows/Kestrune.exe)" bytes '1500000 bytes'
+processor_time >> "$work/processor.txt"
 scripts/write-figures.py "$work" docs/figures.md docs/pictures/growth.svg

@@ -22,8 +22,6 @@ wine_new_prefix "$prefix"
 add_letters "$prefix"
 folder=$build_folder/tests/windows/tree/Setup/x64
 
-tests=$folder/kestrune_windows_tests.exe
-
 # A program cannot start another one in another language, so the companion is asked from here.
 ask_languages() {
     local locale
@@ -41,7 +39,7 @@ needs_languages() {
     [ $# != 0 ] || return 0
     local list
     list=$(mktemp)
-    timeout 60 wine "$tests" --gtest_list_tests "$@" > "$list" 2> /dev/null < /dev/null
+    timeout 60 wine "$folder/kestrune_windows_tests.exe" --gtest_list_tests "$@" > "$list" 2> /dev/null < /dev/null
     grep -aq 'UserLanguageTest\.' "$list"
     local code=$?
     rm -f "$list"
@@ -50,7 +48,7 @@ needs_languages() {
 
 ! needs_languages "$@" || ask_languages > "$folder/UserLanguages.txt"
 
-run_tests() { run_to_its_end timeout 600 wine "$tests" "$@"; }
+run_tests() { run_to_its_end timeout 600 wine "$folder/kestrune_windows_tests.exe" "$@"; }
 
 # The tests lay packages out around their program, so a second program has a folder of its own.
 look_folder=$build_folder/tests/windows-look

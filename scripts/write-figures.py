@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Writes what scripts/figures.sh has measured as a page with a drawing of how the work grows.
 
-usage: write-figures.py FOLDER PAGE DRAWING    FOLDER holds figures.tsv and growth.tsv
+usage: write-figures.py FOLDER PAGE DRAWING    FOLDER holds figures.tsv, growth.tsv and processor.txt
 
 How the work grows with the size of what it is done on is fitted as a power: an exponent of 1 is work in proportion. What a
 program does whatever the size makes it less.
@@ -103,7 +103,13 @@ def said_by(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout.strip()
 
 
-def page(figures, lines, picture):
+def stolen(path):
+    """How much of the processors' time went to other machines of the same host, in percent."""
+    before, after = ([int(number) for number in line.split()] for line in path.read_text().splitlines())
+    return 100 * (after[0] - before[0]) / (after[1] - before[1])
+
+
+def page(figures, lines, taken, picture):
     date = datetime.date.today().isoformat()
     commit = said_by('git', 'rev-parse', '--short', 'HEAD')
     changed = ', with changes' if said_by('git', 'status', '--porcelain', '--untracked-files=no') else ''
@@ -112,7 +118,7 @@ def page(figures, lines, picture):
     yield f'Written by `scripts/figures.sh` on {date} at commit {commit}{changed}, on {os.cpu_count()} cores under'
     yield f'{said_by("wine", "--version")} on Linux {platform.release()}.'
     yield 'Times are medians of five and hold for that machine; what they are held against was measured in the same run. Wine is'
-    yield 'not Windows: the ratios say more than the times.'
+    yield f'not Windows: the ratios say more than the times. The host gave {taken:.0f} % of the processors to others meanwhile.'
     yield ''
     yield from figure_lines(figures)
     yield ''
@@ -128,7 +134,8 @@ def page(figures, lines, picture):
 def main():
     folder, target, picture = map(pathlib.Path, sys.argv[1:])
     lines = lines_of_growth(rows(folder / 'growth.tsv'))
-    text = '\n'.join(page(rows(folder / 'figures.tsv'), lines, os.path.relpath(picture, target.parent)))
+    taken = stolen(folder / 'processor.txt')
+    text = '\n'.join(page(rows(folder / 'figures.tsv'), lines, taken, os.path.relpath(picture, target.parent)))
     target.write_text(text + '\n', encoding='utf-8')
     picture.write_text('\n'.join(drawing(lines)) + '\n', encoding='utf-8')
 
