@@ -54,6 +54,15 @@ COLORREF ContrastFace(const DRAWITEMSTRUCT& item) {
     return GetSysColor(Has(item, ODS_HOTLIGHT) ? COLOR_BTNHIGHLIGHT : COLOR_BTNFACE);
 }
 
+// Asks the system to say when the mouse leaves. Returns false where it has left already, and nobody says so.
+bool TracksLeave(HWND button) {
+    TRACKMOUSEEVENT tracking{.cbSize = sizeof(TRACKMOUSEEVENT), .dwFlags = TME_LEAVE, .hwndTrack = button};
+    TrackMouseEvent(&tracking);
+    TRACKMOUSEEVENT kept{.cbSize = sizeof(TRACKMOUSEEVENT), .dwFlags = TME_QUERY};
+    TrackMouseEvent(&kept);
+    return kept.hwndTrack == button && (kept.dwFlags & TME_LEAVE) != 0;
+}
+
 }  // namespace
 
 const MessageMap& CQorFlatButton::GetMessageMap() const {
@@ -87,10 +96,8 @@ LRESULT CQorFlatButton::OnMouseMove(WPARAM keys, LPARAM position) {
     if ((keys & buttons) == MK_RBUTTON) SendMessage(BM_SETSTATE, FALSE);
     if (!hovering) {
         DrawHot();
-        TRACKMOUSEEVENT tracking{
-            .cbSize = sizeof(TRACKMOUSEEVENT), .dwFlags = TME_LEAVE, .hwndTrack = GetSafeHwnd()};
-        TrackMouseEvent(&tracking);
         hovering = true;
+        if (!TracksLeave(GetSafeHwnd())) PostMessage(WM_MOUSELEAVE);
     }
     return Default();
 }
