@@ -1,0 +1,57 @@
+// A button and the mouse that passes over it.
+
+#include <gtest/gtest.h>
+
+#include "framework/CDialogEx.h"
+#include "tests/windows/resource.h"
+#include "tests/windows/world/PatchedImport.h"
+#include "tests/windows/world/TestApp.h"
+#include "wizard/CQorFlatButton.h"
+
+namespace {
+
+class FlatButtonTest : public testing::Test {
+protected:
+    FlatButtonTest() {
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+        const HWND control = window.GetDlgItem(IDC_TEST_BUTTON);
+        SetWindowLongPtrW(control, GWL_STYLE, WS_CHILD | WS_VISIBLE | BS_FLAT);
+        SetWindowPos(control, HWND_TOP, 0, 0, 60, 20, SWP_NOACTIVATE);
+        window.ShowWindow(SW_SHOW);
+        button.SubclassDlgItem(IDC_TEST_BUTTON, window);
+    }
+
+    bool LetsGoAfterTheMouse() const {
+        SendMessageW(button.GetSafeHwnd(), WM_MOUSEMOVE, 0, MAKELPARAM(4, 4));
+        MSG leave{};
+        return PeekMessageW(&leave, button.GetSafeHwnd(), WM_MOUSELEAVE, WM_MOUSELEAVE, PM_REMOVE) != FALSE;
+    }
+
+    TestApp app;
+    CDialogEx window;
+    CQorFlatButton button;
+};
+
+// The mouse has left before the button asks to be told so, and not every system says it then.
+TEST_F(FlatButtonTest, LetsGoWhereNobodySaysThatTheMouseHasLeft) {
+    const PatchedImport tracking(
+        "TrackMouseEvent", +[](TRACKMOUSEEVENT*) -> BOOL { return TRUE; });
+    EXPECT_TRUE(LetsGoAfterTheMouse());
+}
+
+TEST_F(FlatButtonTest, WaitsForTheSystemToSayThatTheMouseHasLeft) {
+    static TRACKMOUSEEVENT kept;
+    kept = {};
+    const PatchedImport tracking(
+        "TrackMouseEvent", +[](TRACKMOUSEEVENT* given) -> BOOL {
+            if (given->dwFlags == TME_QUERY) {
+                *given = kept;
+            } else {
+                kept = *given;
+            }
+            return TRUE;
+        });
+    EXPECT_FALSE(LetsGoAfterTheMouse());
+}
+
+}  // namespace
