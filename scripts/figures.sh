@@ -55,15 +55,15 @@ take_sample() {
 # in_tree COMMAND...: runs it beside the program.
 in_tree() { (cd "$tree/Setup/x64" && "$@" < /dev/null 2> /dev/null | tr -d '\r'); }
 
-# median COMMAND...: of the numbers that five runs print.
-median() { for _ in 1 2 3 4 5; do in_tree "$@"; done | sort -n | sed -n 3p; }
-
 # word NUMBER COMMAND...: that word of what is printed, the median of five runs.
 word() {
     local number=$1
     shift
     for _ in 1 2 3 4 5; do in_tree "$@" | awk -v n="$number" '{print $n}'; done | sort -n | sed -n 3p
 }
+
+# median COMMAND...: of the numbers that five runs print.
+median() { word 1 "$@"; }
 
 start_of() { median timeout 60 wine SystemBench.exe start "$1"; }
 
@@ -97,7 +97,7 @@ requests() {
     wait $server 2> /dev/null || true
     # A window is shown by the flag 0x40, the desktop's own among them.
     tail -n "+$((before + 1))" "$log" | awk '
-        /^[0-9a-f]{4}: [a-z_0-9]+\(/ || /^[0-9a-f]+: [a-z_0-9]+\(/ { ++all }
+        /^[0-9a-f]+: [a-z_0-9]+\(/ { ++all }
         /: set_window_pos\( swp_flags=/ {
             flags = $0
             sub(/.*swp_flags=/, "", flags)
