@@ -144,8 +144,7 @@ bool IsCoreSoftwareSelected(const AppCatalogue& applications) {
 Chain MakeChain(const Collaborators& shared) {
     Chain chain;
     for (const PageEntry& entry : entries) chain.rows.push_back(RowOf(entry, shared));
-    chain.ends = {.showWindow = {},
-                  .isCoreSoftwareSelected =
+    chain.ends = {.isCoreSoftwareSelected =
                       [&applications = shared.applications] { return IsCoreSoftwareSelected(applications); },
                   .copyLogToPackage = [&commandLine = shared.commandLine] { CopyLogToPackage(commandLine); },
                   .startPrograms = [&settings = shared.settings] { FinishService(settings).DoRun(); },

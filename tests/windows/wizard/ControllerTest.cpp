@@ -71,8 +71,7 @@ protected:
                 Page(PageRole::Finish), PageOfRestart(PageRole::Reboot)};
     }
     void Walk(std::vector<ChainRow> rows, int steps) {
-        WalkEnds walkEnds{.showWindow = {},
-                          .isCoreSoftwareSelected = [this] { return coreSoftwareSelected; },
+        WalkEnds walkEnds{.isCoreSoftwareSelected = [this] { return coreSoftwareSelected; },
                           .copyLogToPackage = {},
                           .startPrograms = [this] { ++ends; },
                           .restart = {}};
