@@ -78,6 +78,8 @@ TEST_F(ForeignMessagesTest, MayChangeTextsAndStartNothingByThem) {
         SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
         SendMessageW(window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
     }
+    EXPECT_TRUE(wizard.IsRunning());
+    EXPECT_TRUE(IsShown(IDC_START_TITLE));
     EXPECT_TRUE(IsEnabled(IDOK));
     EXPECT_THAT(Installs(), IsEmpty());
     wizard.CloseMainWindow();

@@ -203,7 +203,7 @@ TEST_F(MsiInfoServiceTest, EndsWithPackagesThatDependOnEachOther) {
 }
 
 TEST_F(MsiInfoServiceTest, ReadsPackagesThatAllNameEachOtherOncePerParent) {
-    constexpr std::size_t count = 6;
+    constexpr std::size_t count = 8;
     std::wstring all;
     for (std::size_t number = 1; number <= count; ++number) all += std::to_wstring(number) + L".msi ";
     AddPackage(L"Applications", L"a.msi").properties[L"DEPENDENTAPPS"] = all;
