@@ -4,8 +4,13 @@
 //   AskNetwork [SEARCH]    SEARCH is a search document; without one the local subnets are searched
 //
 // A line is a word and its values, divided by tabs: "search", "listing" and "colours" with a code and
-// milliseconds, "faxes" with milliseconds, "document" with what the search lists, and "device" with address,
-// host, model, series, hardware address, colour, fax and whether it does more than print.
+// milliseconds, "faxes" with milliseconds, "memory" with the most kilobytes that this program had in use
+// before and at the end, "document" with what the search lists, and "device" with address, host, model,
+// series, hardware address, colour, fax and whether it does more than print.
+
+#include <windows.h>
+//
+#include <psapi.h>
 
 #include <chrono>
 #include <cstdint>
@@ -35,6 +40,12 @@ void PrintValues(const std::vector<std::wstring>& values) {
     std::wstring line;
     for (const std::wstring& value : values) line += (line.empty() ? L"" : L"\t") + value;
     PrintLine(line);
+}
+
+std::wstring PeakKilobytes() {
+    PROCESS_MEMORY_COUNTERS counters{.cb = sizeof counters};
+    K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return std::to_wstring(counters.PeakWorkingSetSize / 1024);
 }
 
 // Counts from where it is made.
@@ -148,6 +159,7 @@ void Print(const DiscoveredDevice& device) {
 }
 
 int AskAndPrint(const Libraries& libraries, const std::wstring& search) {
+    const std::wstring kilobytesBefore = PeakKilobytes();
     const Stopwatch searching;
     const std::uint32_t found = libraries.Discover(search);
     PrintValues({L"search", std::to_wstring(found), searching.Milliseconds()});
@@ -167,6 +179,7 @@ int AskAndPrint(const Libraries& libraries, const std::wstring& search) {
         devices.back().hasFax = libraries.HasFax(devices.back().address);
     }
     PrintValues({L"faxes", faxes.Milliseconds()});
+    PrintValues({L"memory", kilobytesBefore, PeakKilobytes()});
     for (const DiscoveredDevice& device : devices) Print(device);
     return 0;
 }

@@ -6,6 +6,8 @@ import devices
 import finding
 
 FAR = devices.far_devices()
+# 4,094 questions and 200 devices; what is kept of each is some kilobytes at most.
+MOST_KILOBYTES = 4096
 
 
 class FindFarTest(unittest.TestCase):
@@ -13,7 +15,9 @@ class FindFarTest(unittest.TestCase):
         found = finding.search(finding.subnet(devices.FAR))
         self.assertEqual({address: "color" if device.colour else "mono" for address, device in FAR.items()},
                          {each.address: each.colour for each in found.devices})
-        print(f"{len(found.devices)} devices of a /20 in {found.milliseconds} ms")
+        self.assertLess(0, found.kilobytes)
+        self.assertLessEqual(found.kilobytes, MOST_KILOBYTES)
+        print(f"{len(found.devices)} devices of a /20 in {found.milliseconds} ms and {found.kilobytes} kB")
 
 
 if __name__ == "__main__":

@@ -22,8 +22,10 @@ class Found:
 
 @dataclasses.dataclass
 class Search:
+    """What came of a search, and what it added to the memory of the program."""
     code: int
     milliseconds: int
+    kilobytes: int
     devices: list
 
 
@@ -36,9 +38,10 @@ def search(document=""):
         output.seek(0)
         lines = [line.split("\t") for line in output.read().decode().splitlines()]
     head = next(fields for fields in lines if fields[0] == "search")
+    before, after = next((fields[1:] for fields in lines if fields[0] == "memory"), (0, 0))
     devices = [Found(*fields[1:7], fields[7] == "fax", fields[8] == "multi-function")
                for fields in ([*line, "", ""] for line in lines if line[0] == "device")]
-    return Search(int(head[1]), int(head[2]), devices)
+    return Search(int(head[1]), int(head[2]), int(after) - int(before), devices)
 
 
 def subnet(network):
