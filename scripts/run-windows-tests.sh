@@ -55,22 +55,30 @@ look_folder=$build_folder/tests/windows-look
 pictures='*PagePicturesTest*'
 fitting='*FittingTextsTest*'
 
-# Takes the pictures of the dialogs, and sees whether the texts fit on finer screens too: each in a Windows of its own, since
-# the resolution is read when it starts, and some tests leave other colours behind. On another display, where no window
-# takes the focus from a test's.
+# look_with DOTS PERCENT FILTER: in a Windows of its own, since the resolution is read when it starts, and some tests leave
+# other colours behind.
+look_with() {
+    local folder=$look_folder/tree/Setup/x64 home=$prefix-$1-$2 code
+    wine_new_prefix "$home"
+    add_letters "$home"
+    wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f > /dev/null
+    wine reg add 'HKCU\Software\Microsoft\Accessibility' /v TextScaleFactor /t REG_DWORD /d "$2" /f > /dev/null
+    echo "With $1 dots per inch and texts of $2 %:"
+    run_tests --gtest_brief=1 "--gtest_filter=$3"
+    code=$?
+    wine_stop "$home"
+    return "$code"
+}
+
+# Takes the pictures of the dialogs, and sees whether the texts fit on finer screens and with larger letters too. On another
+# display, where no window takes the focus from a test's.
 look_at_dialogs() {
-    local dots filter folder=$look_folder/tree/Setup/x64 code=0
+    local dots percent code=0
     start_display
-    for dots in 96 120 144 192; do
-        wine_new_prefix "$prefix-$dots"
-        add_letters "$prefix-$dots"
-        wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dots" /f > /dev/null
-        echo "With $dots dots per inch:"
-        filter=$fitting
-        [ "$dots" != 96 ] || filter=$fitting:$pictures
-        run_tests --gtest_brief=1 "--gtest_filter=$filter" || code=1
-        wine_stop "$prefix-$dots"
-    done
+    look_with 96 100 "$fitting:$pictures" || code=1
+    for dots in 120 144 192; do look_with "$dots" 100 "$fitting" || code=1; done
+    # The letters of the largest size are those that the screen has room for.
+    for percent in 150 225; do look_with 96 "$percent" "$fitting" || code=1; done
     scripts/check-pictures.sh "$look_folder/pictures" || code=1
     return "$code"
 }

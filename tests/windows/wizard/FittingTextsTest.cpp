@@ -11,6 +11,7 @@
 
 #include "CommonLib/Utf8.h"
 #include "framework/Handles.h"
+#include "framework/TextSize.h"
 #include "resources/resource.h"
 #include "settings/TextKeys.h"
 #include "tests/windows/resource.h"
@@ -95,6 +96,7 @@ protected:
         Settings().SetString(Tag::OEM, L"Halvenny");
         Settings().SetString(Tag::INFOCENTER_LINK, L"http://help.test");
         Settings().SetString(Tag::PRODUCT_REGISTRATION_LINK, L"http://register.test");
+        FollowTextSize(IDD_MAIN);
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
     }
 

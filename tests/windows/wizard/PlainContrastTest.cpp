@@ -74,6 +74,12 @@ private:
     Font font;
 };
 
+// What stood in a place, and what stands there now.
+struct Change {
+    Picture before;
+    Picture after;
+};
+
 // Takes the picture off a button.
 class WithoutPicture {
 public:
@@ -155,14 +161,19 @@ std::vector<double> ContrastsOfOrder(HWND heading, int column) {
         heading, [&] { put(withSign); }, [&] { put(HDF_STRING | HDF_LEFT); });
 }
 
-// The contrasts of a control with the ground of its page.
-std::vector<double> ContrastsWithGround(const InstallDialogEx& dialog, HWND control) {
+// The ground of a page without a control of it and with it.
+Change ChangeOfGround(const InstallDialogEx& dialog, HWND control) {
     const HWND page = dialog.GetSafeHwnd();
     const Picture with = PartOf(FreshPictureOf(page), page, control);
     ShowWindow(control, SW_HIDE);
     const Picture without = PartOf(FreshPictureOf(page), page, control);
     ShowWindow(control, SW_SHOWNA);
-    return ContrastsBetween(without, with);
+    return {without, with};
+}
+
+std::vector<double> ContrastsWithGround(const InstallDialogEx& dialog, HWND control) {
+    const Change change = ChangeOfGround(dialog, control);
+    return ContrastsBetween(change.before, change.after);
 }
 
 // A sign may be shaded, and may have smooth edges; so much of it is to stand out that its form can be seen.
@@ -239,26 +250,30 @@ protected:
         }
     }
 
-    // The contrasts of a control's picture: with its own face, or with the page where it is all that is
-    // drawn.
-    static std::vector<double> ContrastsOfPicture(const InstallDialogEx& dialog, HWND control) {
-        if (SendMessageW(control, BM_GETIMAGE, IMAGE_ICON, 0) == 0)
-            return ContrastsWithGround(dialog, control);
+    // What a control's picture changes: of its own face, or of the page where it is all that is drawn.
+    static Change ChangeByPicture(const InstallDialogEx& dialog, HWND control) {
+        if (SendMessageW(control, BM_GETIMAGE, IMAGE_ICON, 0) == 0) return ChangeOfGround(dialog, control);
         const std::wstring text = TextOf(control);
         // The text would make room for the picture.
         SetWindowTextW(control, L"");
         const Picture with = FreshPictureOf(control);
         const WithoutPicture bare(control);
-        const std::vector<double> contrasts = ContrastsBetween(FreshPictureOf(control), with);
+        const Picture without = FreshPictureOf(control);
         SetWindowTextW(control, text.c_str());
-        return contrasts;
+        return {without, with};
+    }
+
+    // A plate may stand out from the page without a sign on it, so that is looked at by itself.
+    static void ExpectPicture(const Change& change, int control) {
+        ExpectSign(ContrastsBetween(change.before, change.after), control);
+        ExpectSign(ContrastsWithin(change.before, change.after), control);
     }
 
     static void ExpectSigns(const InstallDialogEx& dialog, HWND control) {
         const int id = GetDlgCtrlID(control);
         const LONG_PTR kind = ButtonKindOf(control);
         if (HasPictureForText(control) || id == IDC_DISCOVERY_REFRESH)
-            ExpectSign(ContrastsOfPicture(dialog, control), id);
+            ExpectPicture(ChangeByPicture(dialog, control), id);
         const bool isEnabledFlat = IsFlatButton(control) && IsWindowEnabled(control) != FALSE;
         const bool hasMark = kind == BS_AUTORADIOBUTTON || kind == BS_AUTOCHECKBOX;
         if (isEnabledFlat || hasMark) ExpectSign(ContrastsWithGround(dialog, control), id);

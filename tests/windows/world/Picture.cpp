@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <map>
 
 #include "framework/Handles.h"
 
@@ -77,6 +79,41 @@ std::vector<double> ContrastsBetween(const Picture& before, const Picture& after
     for (std::size_t place = 0; place < before.pixels.size(); ++place) {
         if (before.pixels[place] != after.pixels[place])
             contrasts.push_back(ContrastOf(before.pixels[place], after.pixels[place]));
+    }
+    return contrasts;
+}
+
+namespace {
+
+// The middle two thirds, each way, of where two pictures differ; none of it where they do not.
+RECT MiddleOfChange(const Picture& before, const Picture& after) {
+    RECT changed{};
+    for (int y = 0; y < after.height; ++y) {
+        for (int x = 0; x < after.width; ++x) {
+            const RECT pixel{x, y, x + 1, y + 1};
+            if (before.At(x, y) != after.At(x, y)) UnionRect(&changed, &changed, &pixel);
+        }
+    }
+    InflateRect(&changed, -(changed.right - changed.left) / 6, -(changed.bottom - changed.top) / 6);
+    return changed;
+}
+
+}  // namespace
+
+std::vector<double> ContrastsWithin(const Picture& before, const Picture& after) {
+    const RECT middle = MiddleOfChange(before, after);
+    std::vector<COLORREF> pixels;
+    std::map<COLORREF, int> counts;
+    for (int y = middle.top; y < middle.bottom; ++y) {
+        for (int x = middle.left; x < middle.right; ++x) {
+            pixels.push_back(after.At(x, y));
+            ++counts[pixels.back()];
+        }
+    }
+    const auto most = std::ranges::max_element(counts, {}, [](const auto& entry) { return entry.second; });
+    std::vector<double> contrasts;
+    for (const COLORREF pixel : pixels) {
+        if (pixel != most->first) contrasts.push_back(ContrastOf(most->first, pixel));
     }
     return contrasts;
 }

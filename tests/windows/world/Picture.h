@@ -30,3 +30,7 @@ double ContrastOf(COLORREF one, COLORREF other);
 
 // The contrasts of those pixels that are not the same in two pictures of one size, each with what was there.
 std::vector<double> ContrastsBetween(const Picture& before, const Picture& after);
+
+// The contrasts in the middle of what is not the same in two pictures of one size: of each pixel of the later
+// one with the colour that most of them have.
+std::vector<double> ContrastsWithin(const Picture& before, const Picture& after);
