@@ -1,7 +1,10 @@
 #include "framework/CDialogEx.h"
 
+#include <algorithm>
+
 #include "framework/CWinApp.h"
 #include "framework/DialogTemplate.h"
+#include "framework/FreshDialog.h"
 #include "framework/KeptFocus.h"
 #include "framework/TextSize.h"
 
@@ -10,6 +13,13 @@ namespace {
 // Takes nothing: the object bound to the dialog sees every message before the system's dialog procedure does.
 INT_PTR CALLBACK DialogProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
+}
+
+// The part of the screen with most of the window that is for programs.
+RECT RoomAround(HWND window) {
+    MONITORINFO monitor{.cbSize = sizeof(MONITORINFO)};
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
 }
 
 // Keeps a window disabled that was enabled, and enables it again at the end of its life.
@@ -48,7 +58,9 @@ bool CDialogEx::Create(UINT dialogTemplate, CWnd* parentWindow) {
     DialogTemplate source(dialogTemplate);
     if (source.IsEmpty()) return false;
     source.SetExtendedStyle(ExtendedStyle(source.ExtendedStyle()));
-    source.Grow(GrownPoints(), templatePoints);
+    madeFrom = dialogTemplate;
+    letterPoints = GrownPoints();
+    source.Grow(letterPoints, templatePoints);
 
     const CreationHook hook(*this);
     const HWND owner = parentWindow == nullptr ? nullptr : parentWindow->GetSafeHwnd();
@@ -124,10 +136,35 @@ LRESULT CDialogEx::OnSystemColours(WPARAM, LPARAM) {
     return result;
 }
 
+// Which of its settings the system names with a new text size is nowhere written, so each of them may bring
+// one.
 LRESULT CDialogEx::OnSettingChange(WPARAM setting, LPARAM) {
     const LRESULT result = Default();
-    if (setting == SPI_SETHIGHCONTRAST && !IsChildWindow()) RedrawAll();
+    if (IsChildWindow()) return result;
+    if (setting == SPI_SETHIGHCONTRAST) RedrawAll();
+    FollowTextSize();
+    TakeTextSize();
     return result;
+}
+
+void CDialogEx::TakeTextSize() {
+    if (letterPoints == GrownPoints()) return;
+    letterPoints = GrownPoints();
+    const FreshDialog fresh(madeFrom, GetSafeHwnd());
+    if (!fresh) return;
+    if (!IsChildWindow()) TakeSize(fresh.Size());
+    fresh.PlaceControlsOf(GetSafeHwnd());
+    OnTextSize(fresh.Letters());
+    RedrawAll();
+}
+
+void CDialogEx::TakeSize(SIZE size) {
+    RECT area{};
+    GetWindowRect(GetSafeHwnd(), &area);
+    const RECT room = RoomAround(GetSafeHwnd());
+    const LONG left = std::min((area.left + area.right - size.cx) / 2, room.right - size.cx);
+    const LONG top = std::min((area.top + area.bottom - size.cy) / 2, room.bottom - size.cy);
+    MoveWindow(std::max(left, room.left), std::max(top, room.top), size.cx, size.cy);
 }
 
 bool CDialogEx::IsChildWindow() const {

@@ -21,6 +21,10 @@ public:
 
     UINT TemplateId() const { return templateId; }
 
+    // Takes the text size of the user's settings by now, with all controls. A window of its own keeps its
+    // middle and comes back onto the screen; the place of a part of another is that one's.
+    void TakeTextSize();
+
     // Keyboard navigation of the dialog.
     bool PreTranslateMessage(MSG* message) override;
 
@@ -31,6 +35,9 @@ protected:
     // The extended style of the new window, for the one that the template gives. It settles here, before the
     // window exists: a layout from right to left must be known when the controls are placed.
     virtual DWORD ExtendedStyle(DWORD ofTemplate) const { return ofTemplate; }
+    // Runs when the controls stand where they belong at a new text size, for the rest: fonts and pictures.
+    // The font is that of the dialog's template, and goes afterwards.
+    virtual void OnTextSize(HFONT /*letters*/) {}
     // A click on the buttons with the ids 1 and 2, and what the system makes of the close box and Escape.
     virtual void OnOK() { EndDialog(IDOK); }
     virtual void OnCancel() { EndDialog(IDCANCEL); }
@@ -49,9 +56,13 @@ private:
     LRESULT OnSystemColours(WPARAM, LPARAM);
     LRESULT OnSettingChange(WPARAM setting, LPARAM);
     void RedrawAll();
+    void TakeSize(SIZE size);
     void RunModalLoop();
 
     UINT templateId = 0;
+    // What the window was made from, and with letters of how many points.
+    UINT madeFrom = 0;
+    int letterPoints = 0;
     CWnd* parent = nullptr;
     bool modal = false;
     int modalResult = 0;

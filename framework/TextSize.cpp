@@ -10,6 +10,7 @@ constexpr DWORD plainSize = 100;
 constexpr DWORD largestSize = 225;
 
 std::atomic<int> grownPoints = templatePoints;
+std::atomic<UINT> largestDialog = 0;
 
 // In percent. What the settings cannot have written counts as not set.
 DWORD SizeOfUser() {
@@ -39,8 +40,13 @@ bool Fits(UINT dialog, int points) {
 }  // namespace
 
 void FollowTextSize(UINT largestTemplate) {
+    largestDialog = largestTemplate;
+    FollowTextSize();
+}
+
+void FollowTextSize() {
     int points = templatePoints * static_cast<int>(SizeOfUser()) / static_cast<int>(plainSize);
-    while (points > templatePoints && !Fits(largestTemplate, points)) --points;
+    while (points > templatePoints && !Fits(largestDialog, points)) --points;
     grownPoints = points;
 }
 

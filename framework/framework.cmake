@@ -13,6 +13,7 @@ add_library(kestrune_framework STATIC
   framework/CWnd.cpp
   framework/DialogTemplate.cpp
   framework/FocusRing.cpp
+  framework/FreshDialog.cpp
   framework/GdiPlus.cpp
   framework/HighContrast.cpp
   framework/Resolution.cpp

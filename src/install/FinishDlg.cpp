@@ -70,6 +70,11 @@ bool FinishDlg::OnInitDialog() {
     return true;
 }
 
+void FinishDlg::OnTextSize(HFONT letters) {
+    InstallDialogEx::OnTextSize(letters);
+    statusList.LoadPictures();
+}
+
 LRESULT FinishDlg::OnShowWindow(WPARAM shown, LPARAM) {
     if (shown != FALSE) {
         HideWhatIsNotOffered();

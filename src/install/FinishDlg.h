@@ -19,6 +19,7 @@ private:
     // The button with id 1, which is hidden: goes on to the optional software.
     void OnOK() override;
     void PaintGround(HDC context) override;
+    void OnTextSize(HFONT letters) override;
     const MessageMap& GetMessageMap() const override;
 
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);

@@ -19,13 +19,14 @@ public:
 
     // Gives the list view its look and its pictures, if both can be loaded.
     void Attach(HWND listView);
+    // Loads the pictures for the text size by now.
+    void LoadPictures();
     // Replaces the rows by the lines of the run's status document, and returns those.
     std::vector<StatusLine> Fill();
     // For LVN_ITEMCHANGED: keeps rows from staying selected.
     static void KeepUnselected(const NMHDR& header);
 
 private:
-    void LoadPictures();
     void InsertColumns() const;
     void SizeColumns() const;
     void InsertLine(int row, const StatusLine& line) const;

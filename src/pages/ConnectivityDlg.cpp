@@ -70,11 +70,20 @@ bool ConnectivityDlg::OnInitDialog() {
     SetSpokenDescription(GetDlgItem(IDC_CONNECTIVITY_NETWORK), GetLocalizedText(TextKey::ETHERNET_TEXT));
     SetSpokenDescription(GetDlgItem(IDC_CONNECTIVITY_USB), GetLocalizedText(TextKey::USB_TEXT));
     FocusControl(IDOK);
-    SetChoicePicture(IDC_CONNECTIVITY_NETWORK, GetPicturePath(L"network.png"), networkIcon);
-    SetChoicePicture(IDC_CONNECTIVITY_USB, GetPicturePath(L"usb.png"), usbIcon);
+    ShowChoicePictures();
     helpButton.SetImagePath(helpImagePath);
     nextButton.SetPrimary();
     return true;
+}
+
+void ConnectivityDlg::OnTextSize(HFONT letters) {
+    InstallDialogEx::OnTextSize(letters);
+    ShowChoicePictures();
+}
+
+void ConnectivityDlg::ShowChoicePictures() {
+    SetChoicePicture(IDC_CONNECTIVITY_NETWORK, GetPicturePath(L"network.png"), networkIcon);
+    SetChoicePicture(IDC_CONNECTIVITY_USB, GetPicturePath(L"usb.png"), usbIcon);
 }
 
 void ConnectivityDlg::SetChoicePicture(int controlId, const std::wstring& path, Icon& icon) {

@@ -16,6 +16,7 @@ public:
 
 private:
     bool OnInitDialog() override;
+    void OnTextSize(HFONT letters) override;
     void OnOK() override;
     const MessageMap& GetMessageMap() const override;
 
@@ -23,6 +24,7 @@ private:
     LRESULT OnDrawChoice(NMHDR& header);
     void OnNetworkChoice();
     void OnUsbChoice();
+    void ShowChoicePictures();
     void SetChoicePicture(int controlId, const std::wstring& path, Icon& icon);
 
     AppCatalogue& applications;

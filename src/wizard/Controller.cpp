@@ -77,6 +77,12 @@ bool Controller::AddDialog(Place& place) const {
     return true;
 }
 
+void Controller::PlacePagesAnew() {
+    for (const Place& place : places) {
+        if (place.isAdded) place.page->PlaceAnew(pageRect);
+    }
+}
+
 void Controller::UpdateHideFlags() {
     for (const Place& place : places) {
         if (place.page && place.row.isHidden) place.page->hidden = place.row.isHidden();

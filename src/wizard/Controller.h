@@ -74,6 +74,8 @@ public:
 
     // Where pages go in the main window.
     void SetPageRect(const RECT& area) { pageRect = area; }
+    // Moves the pages that there are to that part by now.
+    void PlacePagesAnew();
     // The current page, or null.
     InstallDialogEx* CurrentPage() const;
 

@@ -4,7 +4,9 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "CommonLib/Files.h"
 #include "framework/CWinApp.h"
@@ -93,10 +95,15 @@ bool InstallDialogEx::CreateAsPage(const RECT& place) {
     CWnd* const mainWindow = AfxGetMainWnd();
     if (!Create(TemplateId(), mainWindow)) return false;
     SetParent(*mainWindow);
-    // By design: the right and bottom edges serve as width and height; pages get their size so.
-    MoveWindow(place.left, place.top, place.right, place.bottom);
+    PlaceAnew(place);
     EnableWindow(false);
     return true;
+}
+
+void InstallDialogEx::PlaceAnew(const RECT& place) {
+    // By design: the right and bottom edges serve as width and height; pages get their size so.
+    MoveWindow(place.left, place.top, place.right, place.bottom);
+    TakeTextSize();
 }
 
 void InstallDialogEx::Appear() {
@@ -223,6 +230,51 @@ void InstallDialogEx::MakeFonts() {
     make(fontButton, 9, light);
     make(fontSmall, 9, light);
     make(fontUnderlined, 9, light, true);
+}
+
+std::array<Font*, 7> InstallDialogEx::Fonts() {
+    return {&fontBody, &fontLarge, &fontHeading, &fontMedium, &fontButton, &fontSmall, &fontUnderlined};
+}
+
+std::array<PictureIcon*, 4> InstallDialogEx::Icons() {
+    return {&helpIcon, &helpIconHighContrast, &refreshIcon, &refreshIconHighContrast};
+}
+
+void InstallDialogEx::OnTextSize(HFONT letters) {
+    RenewFonts(letters);
+    RenewIcons();
+}
+
+// The former fonts go when no control has one any more.
+void InstallDialogEx::RenewFonts(HFONT letters) {
+    const std::array<Font*, 7> fonts = Fonts();
+    std::array<Font, 7> former;
+    for (std::size_t index = 0; index < fonts.size(); ++index) former[index] = std::move(*fonts[index]);
+    MakeFonts();
+    LOGFONTW description{};
+    GetObjectW(letters, sizeof(description), &description);
+    const Font formerTemplateFont = std::exchange(templateFont, Font(CreateFontIndirectW(&description)));
+    for (HWND control = GetWindow(GetSafeHwnd(), GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        const auto font = reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
+        const auto own = std::ranges::find(former, font, &Font::get);
+        const Font& renewed =
+            own == former.end() ? templateFont : *fonts[static_cast<std::size_t>(own - former.begin())];
+        ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(renewed.get()), FALSE);
+    }
+}
+
+void InstallDialogEx::RenewIcons() {
+    for (PictureIcon* const icon : Icons()) {
+        const Icon former = icon->Renew(GetSafeHwnd());
+        for (HWND control = GetWindow(GetSafeHwnd(), GW_CHILD); former && control != nullptr;
+             control = GetWindow(control, GW_HWNDNEXT)) {
+            const LRESULT shown =
+                HasClass(control, WC_BUTTONW) ? ::SendMessageW(control, BM_GETIMAGE, IMAGE_ICON, 0) : 0;
+            if (reinterpret_cast<HICON>(shown) == former.get())
+                ::SendMessageW(control, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon->Current()));
+        }
+    }
 }
 
 DWORD InstallDialogEx::ExtendedStyle(DWORD ofTemplate) const {
@@ -366,12 +418,9 @@ LRESULT InstallDialogEx::OnUpdateUiState(WPARAM, LPARAM) {
 
 LRESULT InstallDialogEx::OnDestroy(WPARAM, LPARAM) {
     ForgetSpokenIn(GetSafeHwnd());
-    for (Font* font :
-         {&fontBody, &fontLarge, &fontHeading, &fontMedium, &fontButton, &fontSmall, &fontUnderlined}) {
-        font->reset();
-    }
-    for (PictureIcon* icon : {&helpIcon, &helpIconHighContrast, &refreshIcon, &refreshIconHighContrast})
-        icon->Reset();
+    for (Font* const font : Fonts()) font->reset();
+    templateFont.reset();
+    for (PictureIcon* const icon : Icons()) icon->Reset();
     return 0;
 }
 

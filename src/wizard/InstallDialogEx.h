@@ -1,6 +1,7 @@
 // The base of all pages: fonts, help, localised texts, keyboard and the right-to-left layout.
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <string>
 #include <string_view>
@@ -35,6 +36,8 @@ public:
     // page is disabled: it takes no key, and nothing gives it the focus. Any thread.
     void Appear();
     void Disappear();
+    // Moves the page to another place of the main window, and has it take the text size by now.
+    void PlaceAnew(const RECT& place);
     // Gives the focus to the page, unless it has it. The window's thread.
     void TakeFocus();
 
@@ -53,6 +56,7 @@ protected:
     // A page's Cancel is the wizard's; a sub-dialog ends.
     void OnCancel() override;
     DWORD ExtendedStyle(DWORD ofTemplate) const override;
+    void OnTextSize(HFONT letters) override;
     const MessageMap& GetMessageMap() const override { return Events(); }
     static const MessageMap& Events();
     // The control that gets the focus when the page appears and has not taken it itself: the first one that
@@ -124,6 +128,10 @@ private:
     void TakeName();
     void ShowHelp();
     void MakeFonts();
+    std::array<Font*, 7> Fonts();
+    std::array<PictureIcon*, 4> Icons();
+    void RenewFonts(HFONT letters);
+    void RenewIcons();
     Font MakeFont(int points, int weight, bool underlined, int resolution) const;
     void PutContrastIcons(PictureIcon& help, PictureIcon& refresh);
     bool OnEscape();
@@ -132,5 +140,7 @@ private:
     DWORD helpTopic;
     bool highContrast = false;
     std::wstring helpFile;
+    // Of the controls that have none of the page's own, once there was a new text size.
+    Font templateFont;
     FontResource fontResource;
 };

@@ -44,19 +44,31 @@ bool KestruneDlg::OnInitDialog() {
     SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
 
-    RECT pageArea{};
-    GetWindowRect(GetDlgItem(IDC_MAIN_PAGE_PLACE), &pageArea);
-    MapWindowPoints(nullptr, GetSafeHwnd(), reinterpret_cast<POINT*>(&pageArea), 2);
     SetWindowText(localizer.GetString(TextKey::INSTALL_TITLE));
     ShowLogo();
-    controller.SetPageRect(pageArea);
+    SetPlaceOfPages();
     return true;
 }
 
+void KestruneDlg::SetPlaceOfPages() {
+    RECT place{};
+    GetWindowRect(GetDlgItem(IDC_MAIN_PAGE_PLACE), &place);
+    MapWindowPoints(nullptr, GetSafeHwnd(), reinterpret_cast<POINT*>(&place), 2);
+    controller.SetPageRect(place);
+}
+
+void KestruneDlg::OnTextSize(HFONT) {
+    ShowLogo();
+    SetPlaceOfPages();
+    controller.PlacePagesAnew();
+}
+
 void KestruneDlg::ShowLogo() {
-    logo.reset(static_cast<HBITMAP>(LoadImageW(nullptr, GetPicturePath(L"logo.bmp").c_str(), IMAGE_BITMAP, 0,
-                                               0, LR_LOADFROMFILE | LR_DEFAULTSIZE)));
-    if (!logo) return;
+    Bitmap loaded(static_cast<HBITMAP>(LoadImageW(nullptr, GetPicturePath(L"logo.bmp").c_str(), IMAGE_BITMAP,
+                                                  0, 0, LR_LOADFROMFILE | LR_DEFAULTSIZE)));
+    if (!loaded) return;
+    // Until the new one is shown.
+    const Bitmap former = std::exchange(logo, std::move(loaded));
     ScaleLogo();
     const HWND place = GetDlgItem(IDC_MAIN_LOGO);
     // A logo holds a name, which must not be mirrored with the window.
@@ -128,13 +140,13 @@ LRESULT KestruneDlg::OnEraseBackground(WPARAM context, LPARAM) {
     return TRUE;
 }
 
-// The pages have their own help.
 // After this message the system ends the program without any further one.
 LRESULT KestruneDlg::OnEndSession(WPARAM ends, LPARAM) {
     if (ends != FALSE) controller.CloseServices();
     return Default();
 }
 
+// The pages have their own help.
 LRESULT KestruneDlg::OnHelp(WPARAM, LPARAM) {
     return TRUE;
 }

@@ -15,6 +15,7 @@ public:
 protected:
     bool OnInitDialog() override;
     DWORD ExtendedStyle(DWORD ofTemplate) const override;
+    void OnTextSize(HFONT letters) override;
     const MessageMap& GetMessageMap() const override;
     // The close box is the Cancel button of the page, and dead while that is greyed out.
     virtual LRESULT OnSysCommand(WPARAM command, LPARAM position);
@@ -33,6 +34,7 @@ private:
     LRESULT OnSetFocus(WPARAM, LPARAM);
     LRESULT OnFinishForWorker(WPARAM reboot, LPARAM);
     void HandFocusToPage();
+    void SetPlaceOfPages();
     void ShowLogo();
     void ScaleLogo();
     void KeepLogoBeginningInView(HWND place) const;

@@ -1,5 +1,7 @@
 #include "wizard/PictureIcon.h"
 
+#include <utility>
+
 #include "CommonLib/Files.h"
 #include "framework/CImage.h"
 #include "framework/Resolution.h"
@@ -11,4 +13,10 @@ HICON PictureIcon::For(HWND window) {
         icon = picture.ToIcon();
     }
     return icon.get();
+}
+
+Icon PictureIcon::Renew(HWND window) {
+    Icon former = std::exchange(icon, Icon());
+    if (former) For(window);
+    return former;
 }

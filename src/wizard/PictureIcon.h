@@ -15,6 +15,9 @@ public:
     // without the picture.
     HICON For(HWND window);
     void Reset() { icon.reset(); }
+    // Makes the icon for another resolution, if there is one, and returns the former one.
+    Icon Renew(HWND window);
+    HICON Current() const { return icon.get(); }
 
 private:
     const wchar_t* name;

@@ -11,23 +11,18 @@
 #include "tests/windows/resource.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/TestApp.h"
+#include "tests/wizard/UserTextSize.h"
 
 namespace {
-
-constexpr wchar_t settings[] = L"Software\\Microsoft\\Accessibility";
-constexpr wchar_t value[] = L"TextScaleFactor";
 
 class TextSizeTest : public testing::Test {
 protected:
     TextSizeTest() = default;
     ~TextSizeTest() override {
-        RegDeleteKeyValueW(HKEY_CURRENT_USER, settings, value);
+        user.Forget();
         FollowTextSize(IDD_TEST);
     }
 
-    static void Choose(DWORD percent) {
-        RegSetKeyValueW(HKEY_CURRENT_USER, settings, value, REG_DWORD, &percent, sizeof(percent));
-    }
     static SIZE SizeOf(UINT dialogTemplate) {
         CDialogEx dialog;
         EXPECT_TRUE(dialog.Create(dialogTemplate, nullptr));
@@ -48,6 +43,7 @@ protected:
         return line;
     }
 
+    UserTextSize user;
     TestApp app;
 };
 
@@ -60,7 +56,7 @@ TEST_F(TextSizeTest, LeavesDialogsAloneWhereNoneIsChosen) {
 TEST_F(TextSizeTest, MakesLettersAndMeasuresLarger) {
     const SIZE plain = SizeOf(IDD_TEST);
     const int resolution = ResolutionOf(nullptr);
-    Choose(200);
+    user.Choose(200);
     FollowTextSize(IDD_TEST);
     CDialogEx dialog;
     ASSERT_TRUE(dialog.Create(IDD_TEST, nullptr));
@@ -74,13 +70,13 @@ TEST_F(TextSizeTest, MakesLettersAndMeasuresLarger) {
 
 TEST_F(TextSizeTest, MakesTheSignOfTheFocusThicker) {
     const int line = LineOfTheFocus();
-    Choose(200);
+    user.Choose(200);
     FollowTextSize(IDD_TEST);
     EXPECT_EQ(LineOfTheFocus(), 2 * line);
 }
 
 TEST_F(TextSizeTest, GrowsByWholePoints) {
-    Choose(150);
+    user.Choose(150);
     FollowTextSize(IDD_TEST);
     EXPECT_EQ(GrownPoints(), 13);
 }
@@ -95,7 +91,7 @@ TEST_F(TextSizeTest, StaysWithinTheScreen) {
             *static_cast<RECT*>(answer) = room;
             return TRUE;
         });
-    Choose(225);
+    user.Choose(225);
     FollowTextSize(IDD_MAIN);
     EXPECT_GT(GrownPoints(), templatePoints);
     EXPECT_LT(GrownPoints(), 2 * templatePoints);
@@ -106,7 +102,7 @@ TEST_F(TextSizeTest, StaysWithinTheScreen) {
 class NonsenseSizeTest : public TextSizeTest, public testing::WithParamInterface<DWORD> {};
 
 TEST_P(NonsenseSizeTest, CountsAsNone) {
-    Choose(GetParam());
+    user.Choose(GetParam());
     FollowTextSize(IDD_TEST);
     EXPECT_EQ(GrownPoints(), templatePoints);
 }
@@ -115,8 +111,7 @@ INSTANTIATE_TEST_SUITE_P(Percent, NonsenseSizeTest, testing::Values(0U, 1U, 99U,
 
 TEST_F(TextSizeTest, TakesNoTextForANumber) {
     const std::wstring text = L"200";
-    RegSetKeyValueW(HKEY_CURRENT_USER, settings, value, REG_SZ, text.c_str(),
-                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    user.Write(REG_SZ, text.c_str(), static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
     FollowTextSize(IDD_TEST);
     EXPECT_EQ(GrownPoints(), templatePoints);
 }
