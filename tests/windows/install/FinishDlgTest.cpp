@@ -14,7 +14,8 @@ protected:
     FinishDlgTest() {
         AddTexts(
             "<INSTALL_CANCELED_TEXT>Cancelled.</INSTALL_CANCELED_TEXT><REQUIRED_DEPENDENCY>Missing.</"
-            "REQUIRED_DEPENDENCY><INSTALLATION_FAILED_TEXT>Failed.</INSTALLATION_FAILED_TEXT>");
+            "REQUIRED_DEPENDENCY><INSTALLATION_FAILED_TEXT>Failed.</INSTALLATION_FAILED_TEXT>"
+            "<DRIVER_INSTALL_COMPLETE_TEXT>Installed.</DRIVER_INSTALL_COMPLETE_TEXT>");
         Settings().SetString(Tag::INSTALL_STATUS, L"CANCELED");
         Settings().SetBool(Tag::DOTNET_FAILED, true);
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
@@ -38,6 +39,24 @@ TEST_F(FinishDlgTest, NamesTheMissingDependencyOfACancelledRun) {
 TEST_F(FinishDlgTest, NamesItOnlyWhereItIsMissing) {
     Settings().SetBool(Tag::DOTNET_FAILED, false);
     EXPECT_EQ(Header(), L"Cancelled.");
+}
+
+// The page's window is hidden here, so that the style says what would be seen.
+TEST_F(FinishDlgTest, OffersTheLogsWhereALineHasFailedBeforeOneThatIsNotSupported) {
+    Settings().SetBool(Tag::DOTNET_FAILED, false);
+    Settings().SetString(Tag::APP_INSTALLATION_STATUS,
+                         L"<App 0><NAME>Ink</NAME><STATUS>1</STATUS></App 0>"
+                         L"<App 1><NAME>Scan</NAME><STATUS>4</STATUS></App 1>");
+    EXPECT_EQ(Header(), L"Installed.");
+    EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"NOT_SUPPORTED");
+    EXPECT_NE(GetWindowLongPtrW(page.GetDlgItem(IDC_FINISH_ERROR_LINK), GWL_STYLE) & WS_VISIBLE, 0);
+}
+
+TEST_F(FinishDlgTest, LeavesTheStatusOfACancelledRun) {
+    Settings().SetString(Tag::APP_INSTALLATION_STATUS, L"<App 0><NAME>Ink</NAME><STATUS>2</STATUS></App 0>");
+    Header();
+    EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"CANCELED");
+    EXPECT_EQ(GetWindowLongPtrW(page.GetDlgItem(IDC_FINISH_ERROR_LINK), GWL_STYLE) & WS_VISIBLE, 0);
 }
 
 TEST_F(FinishDlgTest, NamesItWhereItsLineMakesTheRunAFailedOne) {

@@ -4,6 +4,7 @@
 
 #include "install/FinishService.h"
 #include "tests/windows/world/ChildProcess.h"
+#include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/windows/world/SettingsWorld.h"
 #include "tests/wizard/Waiting.h"
@@ -38,11 +39,21 @@ TEST_F(FinishServiceTest, StartsEveryProgramThatASemicolonCloses) {
     EXPECT_FALSE(Exists(L"three"));
 }
 
+int starts = 0;
+
+BOOL WINAPI CountStart(LPCWSTR, LPWSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID,
+                       LPCWSTR, LPSTARTUPINFOW, LPPROCESS_INFORMATION) {
+    ++starts;
+    return TRUE;
+}
+
 TEST_F(FinishServiceTest, StartsNothingWithoutASemicolon) {
+    starts = 0;
+    const PatchedImport start("CreateProcessW", &CountStart);
     Settings().AppendStartApp(Starting(L"one"));
     Settings().AppendStartApp(Starting(L"two"));
     EXPECT_EQ(FinishService(Settings()).DoRun(), 0U);
-    EXPECT_FALSE(Exists(L"one") || Exists(L"two"));
+    EXPECT_EQ(starts, 0);
 }
 
 TEST_F(FinishServiceTest, DoesNothingWithoutPrograms) {

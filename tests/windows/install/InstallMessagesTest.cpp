@@ -33,6 +33,37 @@ protected:
     ProgressDialog page{context};
 };
 
+// A page that asks nobody and keeps what it is told.
+class RecordingPage : public IInstallProgress {
+public:
+    std::vector<std::int32_t> percents;
+    int questions = 0;
+    int errors = 0;
+
+    void BeginRun(int) override {}
+    void BeginUninstalling() override {}
+    void SetApplication(const std::wstring&) override {}
+    void MakeStep() override {}
+    void Tell(std::int32_t percent) override { percents.push_back(percent); }
+    bool IsCancelPromptOpen() const override { return false; }
+    std::int32_t AskAboutFilesInUse(const std::optional<std::wstring>&) override { return ++questions; }
+    std::int32_t AskToClosePrograms(const std::optional<std::wstring>&) override { return ++questions; }
+    void Cancel() override {}
+    void ShowError(TextId, TextId) override { ++errors; }
+};
+
+TEST(InstallMessageTest, IsProgressUnlessItAsksInSmallLetters) {
+    RecordingPage page;
+    DeliverMessagesTo(&page);
+    for (const wchar_t* message : {L"<FILE_IN_USE>TRUE</FILE_IN_USE>",
+                                   L"<RM_FILE_IN_USE>True</RM_FILE_IN_USE>", L"<PERCENT>30</PERCENT>", L""}) {
+        EXPECT_EQ(OnInstallMessage(message), IDOK);
+    }
+    DeliverMessagesTo(nullptr);
+    EXPECT_EQ(page.questions, 0);
+    EXPECT_THAT(page.percents, testing::ElementsAre(0, 0, 30, 0));
+}
+
 struct ErrorBox {
     std::uint32_t code;
     std::wstring shown;
@@ -72,7 +103,9 @@ using ErrorDialogTest = DialogTest;
 
 TEST_F(ErrorDialogTest, StaysAwayInAnOptionalRun) {
     Settings().SetBool(Tag::OPTIONAL_INSTALL, true);
-    EXPECT_FALSE(ShowErrorDialog(&page, Settings(), 112));
+    RecordingPage recording;
+    EXPECT_FALSE(ShowErrorDialog(&recording, Settings(), 112));
+    EXPECT_EQ(recording.errors, 0);
 }
 
 TEST_F(ErrorDialogTest, GivesTheSameAnswerWithoutAMainWindow) {
