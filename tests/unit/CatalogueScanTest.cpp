@@ -2,13 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include <map>
-
-#include "CommonLib/MsiCodes.h"
 #include "catalogue/ApplicationScan.h"
 #include "catalogue/DriverInfo.h"
 #include "settings/TagNames.h"
-#include "tests/unit/RecordedLog.h"
+#include "tests/unit/CatalogueInMemory.h"
 
 namespace {
 
@@ -18,46 +15,8 @@ using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-using Properties = std::map<std::wstring, std::wstring>;
-
-// Packages by their paths.
-class PackagesInMemory : public IMsiInterface {
-public:
-    std::map<std::wstring, Properties> packages;
-
-    std::uint32_t InstallApp(std::wstring, InstallProgressCallback, std::wstring) override { return 0; }
-    std::uint32_t UninstallApp(std::wstring, InstallProgressCallback) override { return 0; }
-    void Cancel() override {}
-    std::uint32_t GetPropertyValue(std::wstring path, std::wstring property, std::wstring,
-                                   std::wstring& value) override {
-        const Properties& properties = packages.at(path);
-        const auto found = properties.find(property);
-        if (found == properties.end()) return MsiCode::PropertyNotFound;
-        value = found->second;
-        return MsiCode::Success;
-    }
-    bool IsAppInstalled(std::wstring, bool&, bool&, bool&) override { return false; }
-};
-
-class CatalogueScanTest : public testing::Test {
+class CatalogueScanTest : public CatalogueInMemory {
 protected:
-    CatalogueScanTest() { TheLog() = {}; }
-
-    void Add(const std::wstring& path, Properties properties) {
-        properties.emplace(L"ProductName", path.substr(path.rfind(L'\\') + 1));
-        msi.packages[path] = std::move(properties);
-    }
-
-    CatalogueSource Source() {
-        return {.msi = msi,
-                .settings = settings,
-                .localizer = localizer,
-                .system = system,
-                .listPackages = [this](const std::wstring& folder, const std::wstring& fileNames) {
-                    return List(folder, fileNames);
-                }};
-    }
-
     std::vector<std::wstring> Applications() {
         AppCatalogue applications;
         ScanApplications(Source(), applications);
@@ -72,25 +31,6 @@ protected:
         std::vector<std::wstring> names;
         for (const MSI_APP& record : drivers.GetDrivers()) names.push_back(record.productName);
         return names;
-    }
-
-    PackagesInMemory msi;
-    InstallSettings settings;
-    Localizer localizer{settings, {.languageId = 0x409, .readFile = [](const std::wstring&) {
-                                       return std::wstring(L"<LANGUAGE_ID>1033</LANGUAGE_ID>");
-                                   }}};
-    TargetSystem system{.name = L"WINDOWS_8", .isWindows8OrLater = true};
-
-private:
-    std::vector<std::wstring> List(const std::wstring& folder, const std::wstring& fileNames) const {
-        std::vector<std::wstring> paths;
-        for (const auto& [path, properties] : msi.packages) {
-            const std::size_t end = path.rfind(L'\\') + 1;
-            if (path.substr(0, end) != folder) continue;
-            if (fileNames.empty() || fileNames.find(path.substr(end)) != std::wstring::npos)
-                paths.push_back(path);
-        }
-        return paths;
     }
 };
 

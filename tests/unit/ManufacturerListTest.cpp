@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "pages/ManufacturerList.h"
+#include "settings/TagNames.h"
 
 namespace {
 
@@ -56,6 +57,56 @@ TEST(BrandTest, IsPrinterWithoutBrandAndChoice) {
 TEST(BrandTest, StaysThePackagesOwnWhateverIsPicked) {
     EXPECT_EQ(BrandFor(L"Halvenny", L"Veldt"), L"Halvenny");
     EXPECT_EQ(BrandFor(L"Halvenny", L""), L"Halvenny");
+}
+
+class SettledManufacturersTest : public testing::Test {
+protected:
+    void Settle(const std::wstring& oem, std::wstring_view list) {
+        settings.SetStrings({{Tag::OEM, oem}, {Tag::OEM_NAME, L"what stood here"}, {Tag::OEMBYTE, L"9"}});
+        SettleManufacturers(settings, ParseManufacturers(list));
+    }
+    std::wstring Brand() const { return settings.GetString(Tag::OEM_NAME); }
+    std::wstring Code() const { return settings.GetString(Tag::OEMBYTE); }
+
+    InstallSettings settings;
+};
+
+TEST_F(SettledManufacturersTest, TakeTheOnlyOneWithoutAQuestion) {
+    Settle(L"", L"Veldt:72");
+    EXPECT_FALSE(settings.GetBool(Tag::SHOW_MANUFACTURERS));
+    EXPECT_EQ(Brand(), L"Veldt");
+    EXPECT_EQ(Code(), L"72");
+}
+
+TEST_F(SettledManufacturersTest, KeepTheBrandOfThePackage) {
+    Settle(L"Halvenny", L"Veldt:72");
+    EXPECT_EQ(Brand(), L"Halvenny");
+    Settle(L"Halvenny", L"");
+    EXPECT_EQ(Brand(), L"Halvenny");
+}
+
+TEST_F(SettledManufacturersTest, KeepTheCodeWhereThereIsNone) {
+    Settle(L"", L"");
+    EXPECT_FALSE(settings.GetBool(Tag::SHOW_MANUFACTURERS));
+    EXPECT_EQ(Brand(), L"Printer");
+    EXPECT_EQ(Code(), L"9");
+}
+
+TEST_F(SettledManufacturersTest, AreAskedForWhereThereAreTwo) {
+    Settle(L"", L"Veldt:1|Corvish:2");
+    EXPECT_TRUE(settings.GetBool(Tag::SHOW_MANUFACTURERS));
+    EXPECT_EQ(Brand(), L"what stood here");
+    EXPECT_EQ(Code(), L"9");
+}
+
+TEST(ChosenManufacturerTest, BringsItsCode) {
+    InstallSettings settings;
+    ChooseManufacturer(settings, ParseManufacturers(L"Veldt:1|Corvish"), L"Veldt");
+    EXPECT_EQ(settings.GetString(Tag::OEM_NAME), L"Veldt");
+    EXPECT_EQ(settings.GetString(Tag::OEMBYTE), L"1");
+    ChooseManufacturer(settings, ParseManufacturers(L"Veldt:1|Corvish"), L"Corvish");
+    EXPECT_EQ(settings.GetString(Tag::OEM_NAME), L"Corvish");
+    EXPECT_EQ(settings.GetString(Tag::OEMBYTE), L"");
 }
 
 TEST(PreselectedManufacturerTest, IsTheNamedEntry) {

@@ -33,8 +33,9 @@ protected:
         page.SendMessage(WM_COMMAND, static_cast<WPARAM>(control),
                          reinterpret_cast<LPARAM>(page.GetDlgItem(control)));
     }
+    void Open() { EXPECT_TRUE(page.Create(page.TemplateId(), &window)); }
     void GoOnWith(int choice) {
-        EXPECT_TRUE(page.Create(page.TemplateId(), &window));
+        Open();
         Press(choice);
         Press(IDOK);
     }
@@ -55,6 +56,20 @@ TEST_F(ConnectivityDlgTest, MakesThePartsOfPredefinedPrintersCoreSoftwareOnUsb) 
     GoOnWith(IDC_CONNECTIVITY_USB);
     EXPECT_THAT(StillOptional(), ElementsAre(L"OTHER"));
     EXPECT_THAT(Settings().GetDeviceValues(L"PORT_TYPE"), ElementsAre(L"USB", L"USB"));
+}
+
+TEST_F(ConnectivityDlgTest, TakesTheNetworkWithoutAChoice) {
+    Open();
+    Press(IDOK);
+    EXPECT_FALSE(Settings().GetBool(Tag::USB));
+    EXPECT_THAT(BasicMessages(), testing::Not(testing::Contains(L"Selected Port Type: USB")));
+}
+
+TEST_F(ConnectivityDlgTest, LeavesTheDriversAloneOnUsbWhereNoneIsForTheScanner) {
+    GoOnWith(IDC_CONNECTIVITY_USB);
+    const std::vector<MSI_APP> drivers = DriverRecords().GetDrivers();
+    ASSERT_EQ(drivers.size(), 1U);
+    EXPECT_EQ(drivers.front().driverId, L"X");
 }
 
 TEST_F(ConnectivityDlgTest, LeavesThePartsOfThePrinterOptionalOnUsbWithoutAPredefinedOne) {

@@ -42,6 +42,27 @@ TEST_F(EULADlgTest, LooksForTheShortCodeOfIndonesian) {
                      L"EULA path being used: " + ProgramTree::AsWritten(L"Notices\\EULA\\eula_id.txt")}));
 }
 
+TEST_F(EULADlgTest, TakesTheFirstOfTwoFiles) {
+    tree.Add(L"Notices\\EULA\\1_eula_id.txt", "First");
+    tree.Add(L"Notices\\EULA\\2_eula_id.txt", "Second");
+    const PatchedImport language("GetUserDefaultUILanguage", &TellIndonesian);
+    EXPECT_THAT(Shown(), HasSubstr(L"First"));
+}
+
+TEST_F(EULADlgTest, CanBeAgreedToAtOnceWhereTheTextIsShort) {
+    tree.Add(L"Notices\\EULA\\eula_en.txt", "Be kind.\n");
+    Shown();
+    EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+}
+
+TEST_F(EULADlgTest, CannotBeAgreedToAtOnceWhereTheTextIsLong) {
+    std::string text;
+    for (int line = 0; line < 200; ++line) text += "Be kind.\n";
+    tree.Add(L"Notices\\EULA\\eula_en.txt", text);
+    Shown();
+    EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+}
+
 TEST_F(EULADlgTest, FallsBackToEnglish) {
     tree.Add(L"Notices\\EULA\\EULA_en.txt", "English");
     const PatchedImport language("GetUserDefaultUILanguage", &TellIndonesian);

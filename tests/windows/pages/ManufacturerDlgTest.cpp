@@ -28,14 +28,13 @@ protected:
         return names;
     }
 
-    TestApp app;
-    CDialogEx window;
-    ManufacturerDlg page{context};
-
-private:
     LRESULT Ask(UINT message, WPARAM wParam, LPARAM lParam = 0) const {
         return SendMessageW(page.GetDlgItem(IDC_MANUFACTURER_LIST), message, wParam, lParam);
     }
+
+    TestApp app;
+    CDialogEx window;
+    ManufacturerDlg page{context};
 };
 
 TEST_F(ManufacturerDlgTest, MarksAFinalPointForAnArabicUser) {
@@ -47,6 +46,34 @@ TEST_F(ManufacturerDlgTest, MarksAFinalPointForAnArabicUser) {
 TEST_F(ManufacturerDlgTest, LeavesNamesAloneForOtherUsers) {
     EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
     EXPECT_THAT(Listed(), ElementsAre(L"Velt Co.", L"B. Co"));
+}
+
+TEST_F(ManufacturerDlgTest, ProposesTheDefaultWithItsCode) {
+    Settings().SetString(Tag::DEFAULT_MANUFACTURER, L"B. Co");
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
+    page.SendMessage(WM_SHOWWINDOW, TRUE);
+    EXPECT_EQ(Ask(CB_GETCURSEL, 0), 1);
+    EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+    EXPECT_EQ(Settings().GetString(Tag::OEMBYTE), L"2");
+}
+
+TEST_F(ManufacturerDlgTest, WaitsForAChoiceWithoutADefault) {
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
+    page.SendMessage(WM_SHOWWINDOW, TRUE);
+    EXPECT_EQ(Ask(CB_GETCURSEL, 0), CB_ERR);
+    EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+    Ask(CB_SETCURSEL, 0);
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_MANUFACTURER_LIST, CBN_SELCHANGE));
+    EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+    EXPECT_EQ(Settings().GetString(Tag::OEMBYTE), L"1");
+}
+
+TEST_F(ManufacturerDlgTest, LeavesTheSettingsAloneInASilentRun) {
+    Settings().SetBool(Tag::SILENT_INSTALL, true);
+    Settings().SetStrings({{Tag::MANUFACTURERS, L"Velt:1"}, {Tag::OEM_NAME, L"Given"}, {Tag::OEMBYTE, L"9"}});
+    EXPECT_TRUE(page.Create(IDD_MANUFACTURER, &window));
+    EXPECT_EQ(Settings().GetString(Tag::OEM_NAME), L"Given");
+    EXPECT_EQ(Settings().GetString(Tag::OEMBYTE), L"9");
 }
 
 TEST_F(ManufacturerDlgTest, TakesTheNameWithoutItsMark) {
