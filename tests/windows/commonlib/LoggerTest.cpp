@@ -8,6 +8,7 @@
 #include "framework/Handles.h"
 #include "tests/windows/world/ChildProcess.h"
 #include "tests/windows/world/LogWorld.h"
+#include "tests/windows/world/NamedMutex.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 
@@ -226,6 +227,21 @@ TEST_F(LoggerTest, WritesWithoutALockThatCannotBeMadeNothing) {
     EXPECT_NO_THROW(LogBasic(L"message"));
     EXPECT_THAT(BasicLog(), IsEmpty());
     Logger::DestroyInstance();
+}
+
+TEST_F(LoggerTest, WritesUnderTheLockThatAllProcessesShare) {
+    static int writes = 0;
+    static int lockedWrites = 0;
+    writes = lockedWrites = 0;
+    const PatchedImport write(
+        "WriteFile", +[](HANDLE, const void*, DWORD, DWORD*, OVERLAPPED*) {
+            ++writes;
+            if (IsTaken(L"ZVINSTALLLOG")) ++lockedWrites;
+            return FALSE;
+        });
+    LogBasic(L"message");
+    EXPECT_EQ(writes, 2);
+    EXPECT_EQ(lockedWrites, 2);
 }
 
 TEST_F(LoggerTest, KeepsTheRecordsOfTwoProcessesWhole) {

@@ -7,6 +7,7 @@
 #include "CommonLib/Mutex.h"
 #include "CommonLib/Win32Exception.h"
 #include "tests/windows/world/ChildProcess.h"
+#include "tests/windows/world/NamedMutex.h"
 
 namespace {
 
@@ -14,17 +15,6 @@ namespace {
 std::wstring OwnName() {
     const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
     return L"kestrune-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(test->line());
-}
-
-// Whether a thread of its own would have to wait for the mutex.
-bool IsTaken(const std::wstring& name) {
-    bool taken = false;
-    std::thread([&] {
-        const KernelHandle handle(OpenMutexW(SYNCHRONIZE | MUTEX_MODIFY_STATE, FALSE, name.c_str()));
-        taken = WaitForSingleObject(handle.get(), 0) == WAIT_TIMEOUT;
-        if (!taken) ReleaseMutex(handle.get());
-    }).join();
-    return taken;
 }
 
 // The exception that the call throws, told as message and code; empty if it throws none.

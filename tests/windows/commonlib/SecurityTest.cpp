@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "CommonLib/InterProcessLock.h"
 #include "CommonLib/Security.h"
 #include "CommonLib/SecurityEveryone.h"
 #include "CommonLib/Win32Exception.h"
@@ -63,6 +64,13 @@ TEST(SecurityEveryoneTest, MayGoOnceTheObjectIsMade) {
         SecurityEveryone everyone;
         mutex.reset(CreateMutexW(everyone.getAttributes(), FALSE, nullptr));
     }
+    EXPECT_THAT(AccessListOf(mutex.get(), SE_KERNEL_OBJECT), GrantsEveryoneAlone());
+}
+
+TEST(InterProcessLockAccessTest, GrantsEveryoneAndNobodyElse) {
+    constexpr wchar_t name[] = L"Kestrune Test Lock Access";
+    const InterProcessLock lock(name);
+    const KernelHandle mutex(OpenMutexW(READ_CONTROL, FALSE, name));
     EXPECT_THAT(AccessListOf(mutex.get(), SE_KERNEL_OBJECT), GrantsEveryoneAlone());
 }
 

@@ -15,6 +15,7 @@ TEST(Win32ExceptionTest, PutsTheSystemsWordsStraightBehindTheCode) {
     const std::wstring text = Win32Exception(L"call", ERROR_ACCESS_DENIED, L"").getCodeText();
     EXPECT_EQ(text, L"Win32(5" + SystemMessage(ERROR_ACCESS_DENIED));
     EXPECT_GT(SystemMessage(ERROR_ACCESS_DENIED).size(), 5U);
+    EXPECT_NE(SystemMessage(ERROR_ACCESS_DENIED).front(), L' ');
     EXPECT_THAT(text, Not(HasSubstr(L")")));
 }
 
