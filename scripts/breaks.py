@@ -193,9 +193,9 @@ OPTIONS = {
 }
 
 
-def configure(preset):
+def configure(preset, *more):
     if not (TREE / 'build' / preset / 'build.ninja').exists():
-        subprocess.run(['cmake', '--preset', preset, *OPTIONS[preset]], cwd=TREE, check=True, stdout=subprocess.DEVNULL)
+        subprocess.run(['cmake', '--preset', preset, *OPTIONS[preset], *more], cwd=TREE, check=True, stdout=subprocess.DEVNULL)
 
 
 def build(suite):

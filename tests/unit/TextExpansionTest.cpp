@@ -190,11 +190,12 @@ TEST(FormatWithArgumentTest, TakesDollarsInTheArgumentAsReplacementSigns) {
     EXPECT_EQ(FormatWithArgument(L"a{0}b", L"[$&]"), L"a[{0}]b");
     EXPECT_EQ(FormatWithArgument(L"a{0}b", L"$2"), L"a0b");
     EXPECT_EQ(FormatWithArgument(L"a{0}b", L"5$$"), L"a5$b");
+    EXPECT_EQ(FormatWithArgument(L"a{0}b", L"$9"), L"ab");
 }
 
 TEST(FormatWithArgumentTest, IsThatOfRegularExpressions) {
     TextMaker texts({L"{0}", L"{", L"0", L"}", L"{1}", L"x"}, 33);
-    TextMaker arguments({L"$", L"$$", L"$&", L"$`", L"$'", L"0", L"1", L"2", L"3", L"4", L"x"}, 34);
+    TextMaker arguments({L"$", L"$$", L"$&", L"$`", L"$'", L"0", L"1", L"2", L"3", L"4", L"9", L"x"}, 34);
     for (int i = 0; i < 3'000; ++i) {
         const auto text = texts.Make(8);
         const auto argument = arguments.Make(6);
