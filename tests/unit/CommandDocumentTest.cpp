@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "install/CommandDocument.h"
+#include "settings/TagNames.h"
 
 namespace {
 
@@ -34,6 +35,22 @@ TEST(CommandDocumentTest, HoldsEmptyElementsForMissingValues) {
     EXPECT_EQ(BuildCommandDocument({}),
               L"<TARGET_DIR></TARGET_DIR><LANGUAGEID></LANGUAGEID><DEVICEFRIENDLYNAME></DEVICEFRIENDLYNAME>"
               L"<INFOCENTER_SHORTCUT></INFOCENTER_SHORTCUT><INFOCENTER_LINK></INFOCENTER_LINK>");
+}
+
+TEST(CommandValuesTest, NameADriverByThePrinterThatItGetsWhereThePrintersArePredefined) {
+    InstallSettings settings;
+    settings.SetString(Tag::PRINTER_NAME, L"common");
+    settings.SetDevices({L"<DRIVER_ID>X</DRIVER_ID><PRINTER_NAME>own</PRINTER_NAME>"});
+    PrinterDescription printers(settings, [](const std::wstring&) { return false; });
+    MSI_APP driver;
+    driver.driverId = L"X";
+    const auto nameOf = [&](const MSI_APP& record) {
+        return MakeCommandValues(record, printers, settings, {}, false).friendlyName;
+    };
+    EXPECT_EQ(nameOf(driver), L"common");
+    settings.SetBool(Tag::INSTALL_FROM_CONFIG, true);
+    EXPECT_EQ(nameOf(driver), L"own");
+    EXPECT_EQ(nameOf(MSI_APP()), L"common");
 }
 
 }  // namespace

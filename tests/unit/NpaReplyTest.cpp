@@ -164,6 +164,12 @@ TEST(NpaReplyTest, KeepsTheLowBitsOfALongNumber) {
     EXPECT_EQ(info->numbers.at("1.1.1.1"), 0x01020304u);
 }
 
+TEST(NpaReplyTest, RefusesAWidthBeyondTheWidestEvenWhereNothingHasIt) {
+    const Bytes tree = Builder({.groupLength = 0}).Group(1, {});
+    EXPECT_TRUE(Decode(Npa::PacketOf("P{ID:1,DT:1}..{NE:1}..{LD:65535}", tree)));
+    EXPECT_FALSE(Decode(Npa::PacketOf("P{ID:1,DT:1}..{NE:1}..{LD:65536}", tree)));
+}
+
 TEST(NpaReplyTest, TakesAMissingLabelForTheWidthZero) {
     // Neither ids nor types: everything is a group with the id 0, and none of it has elements.
     const auto info = Decode(Npa::PacketOf("P{}P{}P{}", {}));

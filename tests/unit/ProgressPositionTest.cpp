@@ -39,6 +39,12 @@ TEST(MoveBarTest, StaysWhenThePercentageFalls) {
     EXPECT_EQ(MoveBar(0, 80, 80, 0, 100, false).position, std::nullopt);
 }
 
+TEST(MoveBarTest, StandsAtTheBeginningWithoutAnyProgress) {
+    const auto move = MoveBar(0, 0, 0, 0, 100, false);
+    EXPECT_TRUE(move.inRange);
+    EXPECT_EQ(move.position, std::nullopt);
+}
+
 TEST(MoveBarTest, RefusesAPositionOutOfRange) {
     EXPECT_FALSE(MoveBar(0, 101, 0, 0, 100, false).inRange);
     EXPECT_FALSE(MoveBar(0, -1, 0, 0, 100, false).inRange);

@@ -140,6 +140,28 @@ TEST(ExpansionLimitTest, GivesUpATextThatDoublesWithEveryTag) {
     EXPECT_EQ(expansion.text, L"^T0^");
 }
 
+// Whether a chain of that many tags, each of which names the next, comes to its end.
+bool EndsAfter(std::size_t replacements) {
+    const auto readTag = [=](std::wstring_view name) {
+        const std::size_t next = std::stoul(std::wstring(name)) + 1;
+        return next < replacements ? L'^' + std::to_wstring(next) + L'^' : std::wstring();
+    };
+    return !ExpandTags(L"^0^", readTag).endless;
+}
+
+TEST(ExpansionLimitTest, ReplacesAsOftenAsTheLimitSays) {
+    EXPECT_TRUE(EndsAfter(65'536 + 3));
+    EXPECT_FALSE(EndsAfter(65'536 + 4));
+}
+
+TEST(ExpansionLimitTest, TakesAsManyCharactersAsTheLimitSays) {
+    constexpr std::size_t most = 16'777'216;
+    for (const std::size_t length : {most - 1, most}) {
+        const auto readTag = [=](std::wstring_view) { return std::wstring(length, L'v'); };
+        EXPECT_EQ(ExpandTags(L"^A^", readTag).endless, length == most);
+    }
+}
+
 TEST(ExpansionLimitTest, ExpandsAMegabyteOfTags) {
     std::wstring value;
     for (int i = 0; i < 200'000; ++i) value += L"^A^-";
