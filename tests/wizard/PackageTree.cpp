@@ -123,6 +123,21 @@ void PackageTree::Add(const TestPackage& package) {
     AppendText((ProgramFolder() / L"Brevanto.script").wstring(), ScriptOf(added));
 }
 
+void PackageTree::SetCalls(const std::wstring& file, const ScriptedCall& install,
+                           const ScriptedCall& uninstall) {
+    std::wstring script;
+    for (TestPackage& package : packages) {
+        if (fs::path(package.path).filename() == file) {
+            package.install = install;
+            package.uninstall = uninstall;
+        }
+        script += ScriptOf(package);
+    }
+    const fs::path path = ProgramFolder() / L"Brevanto.script";
+    fs::remove(path);
+    AppendText(path.wstring(), script);
+}
+
 void PackageTree::WriteFile(const fs::path& path, std::string_view bytes) {
     fs::create_directories((root / path).parent_path());
     std::ofstream(root / path, std::ios::binary) << bytes;

@@ -56,6 +56,8 @@ public:
     void SetText(const std::wstring& key, const std::wstring& text, const std::wstring& language = L"en");
     // Adds the package's file and its part of the script.
     void Add(const TestPackage& package);
+    // Changes what the library does with the package of that file name, from its next start on.
+    void SetCalls(const std::wstring& file, const ScriptedCall& install, const ScriptedCall& uninstall);
     // Writes a file anywhere in the tree.
     void WriteFile(const std::filesystem::path& path, std::string_view bytes);
     void RemoveFile(const std::filesystem::path& path);

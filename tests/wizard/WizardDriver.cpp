@@ -64,12 +64,25 @@ std::wstring CommandLine(const std::filesystem::path& program, const std::wstrin
 }  // namespace
 
 void WizardDriver::Start(const std::wstring& arguments, const std::filesystem::path& workingFolder) {
+    Create(arguments, workingFolder, 0);
+}
+
+void WizardDriver::StartHeld() {
+    Create({}, {}, CREATE_SUSPENDED);
+}
+
+void WizardDriver::LetGo() {
+    ResumeThread(firstThread.get());
+}
+
+void WizardDriver::Create(const std::wstring& arguments, const std::filesystem::path& workingFolder,
+                          DWORD flags) {
     std::wstring commandLine = CommandLine(program, arguments);
     STARTUPINFOW startup{.cb = sizeof(STARTUPINFOW)};
     PROCESS_INFORMATION information{};
     const std::wstring folder = (workingFolder.empty() ? program.parent_path() : workingFolder).wstring();
     const auto start = [&] {
-        return CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+        return CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, flags, nullptr,
                               folder.c_str(), &startup, &information) != FALSE;
     };
     // A loaded Wine sometimes loses a process before its first instruction, and says so by this error:
@@ -105,7 +118,7 @@ void WizardDriver::StartRestricted() {
 }
 
 void WizardDriver::KeepProcess(const PROCESS_INFORMATION& information) {
-    const KernelHandle thread(information.hThread);
+    firstThread.reset(information.hThread);
     process.reset(information.hProcess);
     processId = information.dwProcessId;
 }
@@ -194,9 +207,9 @@ HWND WizardDriver::WaitForControl(int id) const {
 }
 
 // The window's thread answers a message of another process only between two of its own.
-void WizardDriver::Settle() const {
+bool WizardDriver::Settle() const {
     const auto limit = static_cast<UINT>(std::chrono::milliseconds(patience).count());
-    SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, limit, nullptr);
+    return SendMessageTimeoutW(MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, limit, nullptr) != 0;
 }
 
 void WizardDriver::Press(int id) const {

@@ -30,6 +30,9 @@ public:
 
     // Starts the program in its own folder, as a double click does, or in another working folder.
     void Start(const std::wstring& arguments = {}, const std::filesystem::path& workingFolder = {});
+    // Makes the process, which does nothing until it is let go.
+    void StartHeld();
+    void LetGo();
     // Starts the program for a user who is no administrator.
     void StartRestricted();
     bool IsRunning() const;
@@ -39,6 +42,7 @@ public:
     void Kill();
     // The exit code of the program that has ended.
     DWORD ExitCode() const;
+    HANDLE Process() const { return process.get(); }
 
     // The message box that the program shows now, if it does.
     std::optional<MessageBoxOnScreen> FindBox() const;
@@ -50,8 +54,9 @@ public:
     // The control of that id on the page that is shown, or null.
     HWND FindControl(int id) const;
     HWND WaitForControl(int id) const;
-    // Waits until the wizard has done what it was at, so that no half of it is seen.
-    void Settle() const;
+    // Waits until the wizard has done what it was at, so that no half of it is seen. False if it does not
+    // answer.
+    bool Settle() const;
     // Clicks the control of that id as soon as the page shows it enabled.
     void Press(int id) const;
     // Presses a key, given as its virtual code, in the control that has the focus.
@@ -75,9 +80,11 @@ public:
     void CloseMainWindow() const;
 
 private:
+    void Create(const std::wstring& arguments, const std::filesystem::path& workingFolder, DWORD flags);
     void KeepProcess(const PROCESS_INFORMATION& information);
 
     std::filesystem::path program;
     KernelHandle process;
+    KernelHandle firstThread;
     DWORD processId = 0;
 };

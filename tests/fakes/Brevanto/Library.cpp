@@ -44,7 +44,9 @@ std::wstring ScriptedLibrary::KeptFile(std::wstring_view path) const {
 void ScriptedLibrary::Keep(std::wstring_view path, std::uint32_t code, bool installed) const {
     const ScriptedPackage* const package = Find(path);
     if (package == nullptr || !package->keeps) return;
-    if (code != ERROR_SUCCESS && code != ERROR_SUCCESS_REBOOT_REQUIRED) return;
+    if (code != ERROR_SUCCESS && code != ERROR_SUCCESS_REBOOT_REQUIRED &&
+        code != ERROR_SUCCESS_REBOOT_INITIATED)
+        return;
     AppendText(KeptFile(path), JoinFields({installed ? L"1" : L"0"}));
 }
 
