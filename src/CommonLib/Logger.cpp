@@ -4,7 +4,9 @@
 
 #include <direct.h>
 
+#include <array>
 #include <stdexcept>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -50,6 +52,22 @@ FileHandle HoldFolder(const std::wstring& folder) {
     FileHandle held = OpenFolder(folder);
     if (!held && _wmkdir(folder.c_str()) == 0) held = OpenFolder(folder);
     return IsOpenAndNoLink(held) ? std::move(held) : FileHandle();
+}
+
+// What ends a record that a power cut or a full disk has cut at that end of the file, so that the next one
+// begins a line of its own; empty where none was. A sign of which one byte is there gets its other one.
+std::string EndOfCutRecord(HANDLE file, LARGE_INTEGER end) {
+    constexpr std::string_view lineEnd("\r\0\n\0", 4);
+    std::array<char, lineEnd.size()> last{};
+    DWORD read = 0;
+    if (end.LowPart == 0) return {};
+    if (end.LowPart >= last.size()) {
+        LONG highPart = 0;
+        SetFilePointer(file, static_cast<LONG>(end.LowPart - last.size()), &highPart, FILE_BEGIN);
+        ReadFile(file, last.data(), static_cast<DWORD>(last.size()), &read, nullptr);
+    }
+    if (std::string_view(last.data(), read) == lineEnd) return {};
+    return std::string(end.LowPart % sizeof(wchar_t), '\0').append(lineEnd);
 }
 
 }  // namespace
@@ -148,11 +166,13 @@ void Logger::AppendToFile(const wchar_t* name, const std::wstring& text) {
     GetFileInformationByHandleEx(file.get(), FileStandardInfo, &information, sizeof(information));
     // A file of a second name is somebody else's as well.
     if (information.NumberOfLinks != 1) return;
+    std::string bytes = EndOfCutRecord(file.get(), information.EndOfFile);
+    bytes.append(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t));
     // By design: the low 32 bits of the size alone place the record.
     LONG highPart = 0;
     SetFilePointer(file.get(), static_cast<LONG>(information.EndOfFile.LowPart), &highPart, FILE_BEGIN);
     DWORD written = 0;
-    WriteFile(file.get(), text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written, nullptr);
+    WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
 void LogBasic(std::wstring_view message, std::wstring_view level) {

@@ -133,6 +133,23 @@ TEST_F(LoggerTest, AppendsBehindTheRecordsOfEarlierRuns) {
     EXPECT_THAT(BasicMessages(), ElementsAre(L"earlier", L"later"));
 }
 
+// A power cut or a full disk ends a file anywhere, also between the two bytes of a sign.
+TEST_F(LoggerTest, BeginsALineOfItsOwnAfterARecordThatWasCut) {
+    LogBasic(L"message");
+    const std::string whole = BasicBytes();
+    const std::string lineEnd = ToUtf16Bytes(L"\r\n");
+    for (std::size_t size = 1; size < whole.size(); ++size) {
+        WriteBytes(LogFolder() + L"Basic.log", whole.substr(0, size));
+        LogBasic(L"message");
+        const std::string bytes = BasicBytes();
+        ASSERT_GE(bytes.size(), size + lineEnd.size() + whole.size()) << size;
+        const std::size_t start = bytes.size() - whole.size();
+        EXPECT_EQ(start % 2, 0U) << size;
+        EXPECT_EQ(bytes.substr(0, size), whole.substr(0, size)) << size;
+        EXPECT_EQ(bytes.substr(start - lineEnd.size(), lineEnd.size()), lineEnd) << size;
+    }
+}
+
 TEST_F(LoggerTest, LosesTheRecordWhereTheFileCannotBeOpened) {
     // A folder in the file's place refuses every user alike.
     fs::create_directories(LogFolder() + L"Basic.log");
