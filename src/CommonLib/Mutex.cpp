@@ -9,9 +9,11 @@ constexpr wchar_t mutexSource[] = L"CommonLib/Mutex";
 }  // namespace
 
 HANDLE Mutex::createMutex(SECURITY_ATTRIBUTES* attributes, const std::wstring& mutexName) {
-    handle.reset(CreateMutexW(attributes, FALSE, mutexName.c_str()));
-    if (!handle)
-        throw Win32Exception(L"Mutex::createMutex() CreateMutex failed", GetLastError(), mutexSource);
+    const HANDLE created = CreateMutexW(attributes, FALSE, mutexName.c_str());
+    const DWORD error = GetLastError();
+    handle.reset(created);
+    wasThereBefore = handle && error == ERROR_ALREADY_EXISTS;
+    if (!handle) throw Win32Exception(L"Mutex::createMutex() CreateMutex failed", error, mutexSource);
     return handle.get();
 }
 

@@ -16,6 +16,8 @@ public:
     // Creates the mutex, not owned, or opens the one of that name, and keeps the handle. The attributes may
     // be null. Throws Win32Exception.
     HANDLE createMutex(SECURITY_ATTRIBUTES* attributes, const std::wstring& mutexName);
+    // Whether the last createMutex has found a mutex of that name.
+    bool WasThereBefore() const { return wasThereBefore; }
     // Opens an existing mutex with full access and keeps the handle. Throws Win32Exception if there is none.
     HANDLE openMutex(const std::wstring& mutexName);
 
@@ -30,6 +32,7 @@ protected:
 
 private:
     KernelHandle handle;
+    bool wasThereBefore = false;
     // The owner alone writes both; other threads compare ownerThread with their own id.
     std::atomic<DWORD> lockCount = 0;
     std::atomic<DWORD> ownerThread = 0;

@@ -73,7 +73,8 @@ bool CKestruneApp::InitInstance() {
 }
 
 // The mutex that is not there is the normal case, and it leaves its error in the log of every first start.
-// Opening and creating are not one step: two copies started in the same instant both pass.
+// Opening and creating are not one step: of two copies started in the same instant both may open none, and
+// only one of them creates it.
 bool CKestruneApp::IsAnotherCopyRunning() {
     try {
         singleInstance.openMutex(singleInstanceName);
@@ -85,6 +86,7 @@ bool CKestruneApp::IsAnotherCopyRunning() {
         singleInstance.SetName(singleInstanceName);
         SecurityEveryone everyone;
         singleInstance.createMutex(everyone.getAttributes(), singleInstanceName);
+        return singleInstance.WasThereBefore();
     } catch (const Win32Exception& exception) {
         LogStartException(exception);
     }

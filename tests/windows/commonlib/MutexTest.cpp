@@ -34,6 +34,17 @@ TEST(MutexTest, IsNotOwnedWhenItIsCreated) {
     EXPECT_FALSE(IsTaken(OwnName()));
 }
 
+TEST(MutexTest, KnowsWhetherItWasThereBefore) {
+    Mutex first;
+    Mutex second;
+    first.createMutex(nullptr, OwnName());
+    EXPECT_FALSE(first.WasThereBefore());
+    second.createMutex(nullptr, OwnName());
+    EXPECT_TRUE(second.WasThereBefore());
+    second.createMutex(nullptr, OwnName() + L" another");
+    EXPECT_FALSE(second.WasThereBefore());
+}
+
 TEST(MutexTest, IsTakenBetweenAcquireAndRelease) {
     Mutex mutex;
     mutex.createMutex(nullptr, OwnName());
