@@ -54,7 +54,7 @@ logs=$(mktemp -d)
 trap 'rm -rf "$logs"' EXIT
 [ -z "$minutes" ] || export KESTRUNE_ENDURANCE_END=$(($(date +%s) + 60 * minutes))
 # No file of a run may grow beyond this, so that a log of that size meets a full disk.
-file_limit=$((16 * 1024 * 1024))
+file_limit=$((4 * 1024 * 1024))
 
 # run_kind KIND: its runs in a prefix and on a display of their own.
 run_kind() {

@@ -2,12 +2,12 @@
 
 #include <tlhelp32.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 
 #include "CommonLib/Files.h"
 #include "CommonLib/SingleInstance.h"
@@ -75,10 +75,6 @@ bool IsFileHeld(const std::wstring& path) {
                                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-void Click(HWND button) {
-    if (button != nullptr) PostMessageW(button, BM_CLICK, 0, 0);
-}
-
 }  // namespace
 
 unsigned EnduranceCount(const char* kind, unsigned usual) {
@@ -127,12 +123,31 @@ void EnduranceTest::DealCodes() {
     }
 }
 
-void EnduranceTest::DealStep(const std::string& fault, const ScriptStep& step) {
+void EnduranceTest::DealStepsOfTheLibrary() {
+    if (package.Pick(4) == 0) {
+        DealStep("box", {L"message", package.Toss() ? L"<FILE_IN_USE>true</FILE_IN_USE>"
+                                                    : L"<RM_FILE_IN_USE>true</RM_FILE_IN_USE>"});
+    }
+    if (package.Pick(4) == 0) DealStep("slow-library", {L"pause", std::to_wstring(50 * package.Pick(10))});
+    if (package.Pick(4) == 0) hanging = DealStep("hanging-library", {L"untilFile", Gate(L"go on")});
+}
+
+// A library that hangs holds nobody but the thread that has called it.
+void EnduranceTest::LetGoOnOnceSeenAlive() {
+    const auto isCalled = [this](const LibraryCall& call) { return call.Package() == hanging; };
+    if (hanging.empty() || !std::ranges::any_of(Calls(L"MsiInstallApp"), isCalled)) return;
+    EXPECT_TRUE(wizard.Settle()) << "hangs with its library";
+    Open(Gate(L"go on"));
+    hanging.clear();
+}
+
+std::wstring EnduranceTest::DealStep(const std::string& fault, const ScriptStep& step) {
     Deal(fault);
     const TestPackage one = tree.Packages().at(package.Pick(tree.Packages().size()));
     ScriptedCall install = one.install;
     install.steps.push_back(step);
     tree.SetCalls(FileOf(one), install, one.uninstall);
+    return FileOf(one);
 }
 
 void EnduranceTest::HealPackages() {
@@ -141,10 +156,14 @@ void EnduranceTest::HealPackages() {
         tree.SetCalls(FileOf(one), {}, {});
 }
 
+fs::path EnduranceTest::KeptFile(const TestPackage& one) const {
+    return tree.ProgramFolder() / (FileOf(one) + L".kept");
+}
+
 std::set<std::wstring> EnduranceTest::InstalledProducts() const {
     std::set<std::wstring> products;
     for (const TestPackage& one : tree.Packages()) {
-        const auto kept = ReadLines((tree.ProgramFolder() / (FileOf(one) + L".kept")).wstring());
+        const auto kept = ReadLines(KeptFile(one).wstring());
         const bool installed =
             kept.empty() ? !one.states.empty() && one.states.front().installed : kept.back().front() == L"1";
         if (installed) products.insert(FileOf(one));
@@ -152,13 +171,35 @@ std::set<std::wstring> EnduranceTest::InstalledProducts() const {
     return products;
 }
 
+// Of a package that the run finds as it was made up, its shape says what is installed.
+std::set<std::wstring> EnduranceTest::PlannedProducts() {
+    for (const TestPackage& one : tree.Packages()) {
+        const auto kept = ReadLines(KeptFile(one).wstring());
+        if (kept.empty()) continue;
+        package.options.installed.Set(ToUtf8(FileOf(one)), kept.back().front() == L"1"
+                                                               ? packagecheck::InstalledState::UpToDate
+                                                               : packagecheck::InstalledState::NotInstalled);
+    }
+    std::set<std::wstring> planned;
+    for (const auto& [file, document] : InstallationsOf(package.MakePlan().packages)) planned.insert(file);
+    return planned;
+}
+
 std::wstring EnduranceTest::PathOfLog(LogForm form) const {
     return LogFolder() + (form == LogForm::Basic ? L"Basic.log" : L"Advanced.log");
 }
 
+std::size_t EnduranceTest::SizeOfLog(LogForm form) const {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(PathOfLog(form), error);
+    return error ? 0 : static_cast<std::size_t>(size);
+}
+
 std::string EnduranceTest::BytesOfLog(LogForm form) const {
-    std::ifstream file(fs::path(PathOfLog(form)), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::string bytes(SizeOfLog(form), '\0');
+    std::ifstream(fs::path(PathOfLog(form)), std::ios::binary)
+        .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return bytes;
 }
 
 std::vector<LibraryCall> EnduranceTest::CallsOfRun() const {
@@ -169,7 +210,7 @@ std::vector<LibraryCall> EnduranceTest::CallsOfRun() const {
 
 void EnduranceTest::BeginRun() {
     callsBefore = Calls().size();
-    for (const LogForm form : bothLogs) logsBefore[form] = BytesOfLog(form).size();
+    for (const LogForm form : bothLogs) logsBefore[form] = SizeOfLog(form);
     installedBefore = InstalledProducts();
     isCancelled = false;
 }
@@ -182,11 +223,18 @@ RunTraces EnduranceTest::Traces() const {
             .basicLog = BytesOfLog(LogForm::Basic).substr(logsBefore.at(LogForm::Basic)),
             .advancedLog = BytesOfLog(LogForm::Advanced).substr(logsBefore.at(LogForm::Advanced)),
             .logsTakeRecords = logsTakeRecords,
-            .isCancelled = isCancelled};
+            .isCancelled = isCancelled,
+            .isOptional = isOptional};
+}
+
+void EnduranceTest::ExpectGoodRun(const RunTraces& run) const {
+    for (const std::string& fault : FaultsOf(run)) ADD_FAILURE() << fault;
 }
 
 void EnduranceTest::ExpectGoodEnd(const RunTraces& run) const {
-    for (const std::string& fault : FaultsOf(run)) ADD_FAILURE() << fault;
+    RunTraces ended = run;
+    ended.hasEnded = true;
+    ExpectGoodRun(ended);
     EXPECT_EQ(wizard.ExitCode(), 0U);
 }
 
@@ -224,7 +272,7 @@ bool EnduranceTest::WaitForEndAnswering(const std::function<bool()>& stop) {
 
 void EnduranceTest::AnswerAny(const WizardDriver& driver) {
     if (const auto box = driver.FindBox()) {
-        for (const int button : {IDOK, IDYES, IDCANCEL}) Click(GetDlgItem(box->window, button));
+        AnswerBox(*box);
     } else if (driver.FindControl(IDC_FILES_IN_USE_APPLICATIONS) != nullptr) {
         Click(driver.FindControl(package.Toss() ? IDC_FILES_IN_USE_RETRY : IDCANCEL));
     } else if (driver.FindControl(IDC_CLOSABLE_FILES_APPLICATIONS) != nullptr) {
@@ -232,8 +280,21 @@ void EnduranceTest::AnswerAny(const WizardDriver& driver) {
     }
 }
 
+void EnduranceTest::AnswerBox(const MessageBoxOnScreen& box) {
+    const bool isQuestion = GetDlgItem(box.window, IDYES) != nullptr;
+    const bool cancels = isQuestion && package.Pick(3) == 0;
+    Click(GetDlgItem(box.window, isQuestion ? (cancels ? IDYES : IDNO) : IDOK));
+    isCancelled = isCancelled || cancels;
+    WaitUntil([&] { return IsWindow(box.window) == FALSE; });
+}
+
+void EnduranceTest::Click(HWND button) {
+    if (button != nullptr && IsWindowEnabled(button) != FALSE) PostMessageW(button, BM_CLICK, 0, 0);
+}
+
 void EnduranceTest::ExpectNextRunWorks(const std::wstring& arguments) {
     HealPackages();
+    const std::set<std::wstring> planned = PlannedProducts();
     BeginRun();
     logsTakeRecords = true;
     wizard.Start(arguments);
@@ -248,7 +309,7 @@ void EnduranceTest::ExpectNextRunWorks(const std::wstring& arguments) {
 
 void EnduranceTest::BreakOff() {
     wizard.Kill();
-    for (const LogForm form : bothLogs) cuts[form].push_back(BytesOfLog(form).size());
+    for (const LogForm form : bothLogs) cuts[form].push_back(SizeOfLog(form));
 }
 
 void EnduranceTest::CutPower() {
@@ -258,10 +319,30 @@ void EnduranceTest::CutPower() {
 }
 
 void EnduranceTest::CutLog(LogForm form) {
-    const std::size_t size = BytesOfLog(form).size();
+    const std::size_t size = SizeOfLog(form);
     const std::size_t added = size - logsBefore.at(form);
     if (added == 0) return;
     const std::size_t rest = size - 1 - package.Pick(std::min<std::size_t>(added, 160));
     fs::resize_file(fs::path(PathOfLog(form)), rest);
     cuts[form].push_back(rest);
+}
+
+// The filling is not written, so it takes no room of the disk.
+void EnduranceTest::FillDisk() {
+    const std::size_t limit = Wanted("FILE_LIMIT").value_or(0);
+    fs::create_directories(LogFolder());
+    for (const LogForm form : bothLogs) {
+        const std::size_t filling = limit - 2 * package.Pick(2000);
+        std::ofstream(fs::path(PathOfLog(form)), std::ios::app).close();
+        fs::resize_file(fs::path(PathOfLog(form)), filling);
+        fillings[form] = filling;
+    }
+}
+
+void EnduranceTest::MakeRoom() {
+    for (const auto& [form, filling] : fillings) {
+        const std::string written = BytesOfLog(form).substr(filling);
+        std::ofstream(fs::path(PathOfLog(form)), std::ios::binary | std::ios::trunc) << written;
+        cuts[form].push_back(written.size());
+    }
 }

@@ -2,7 +2,8 @@
 // such run. Each is numbered within its kind, and so is a test by itself.
 #pragma once
 
-#include <optional>
+#include <functional>
+#include <map>
 #include <set>
 #include <string>
 
@@ -25,8 +26,10 @@ protected:
     bool WasDealt(const std::string& fault) const { return dealt.contains(fault); }
     // Lets the library return other codes than 0 for some packages.
     void DealCodes();
-    // Lets the library do something else on the way, such as to ask, for one package.
-    void DealStep(const std::string& fault, const ScriptStep& step);
+    // Lets the library ask, be slow or hang on the way.
+    void DealStepsOfTheLibrary();
+    // Once the library hangs, expects the program to answer, and lets the library go on.
+    void LetGoOnOnceSeenAlive();
     // Takes all faults of the packages back.
     void HealPackages();
 
@@ -34,7 +37,8 @@ protected:
     void BeginRun();
     // What the run has left so far.
     RunTraces Traces() const;
-    // Expects of a run that came to its end what RunJudge does, and whole logs.
+    // Expects of what a run has done so far what RunJudge does, or of all of it.
+    void ExpectGoodRun(const RunTraces& run) const;
     void ExpectGoodEnd(const RunTraces& run) const;
     // Expects whole logs, but for the places at which runs were broken off.
     void ExpectWholeLogs() const;
@@ -46,23 +50,35 @@ protected:
     bool WaitForEndAnswering(const std::function<bool()>& stop = {});
     // Answers a box or a question about files, if there is one.
     void AnswerAny(const WizardDriver& driver);
+    // Clicks what is there and enabled.
+    static void Click(HWND button);
 
     // Ends the program as a task manager does, and remembers where the logs end.
     void BreakOff();
     // Takes some of the last bytes of a log away, as when the power fails while they are written.
     void CutPower();
+    // Leaves room for few bytes more in the logs, and takes that back.
+    void FillDisk();
+    void MakeRoom();
 
     std::set<std::wstring> InstalledProducts() const;
+    // What a run without faults installs now, by the plan for the package.
+    std::set<std::wstring> PlannedProducts();
     std::wstring PathOfLog(LogForm form) const;
+    std::size_t SizeOfLog(LogForm form) const;
     std::string BytesOfLog(LogForm form) const;
     std::vector<LibraryCall> CallsOfRun() const;
 
     GeneratedPackage package;
-    std::set<std::wstring> planned;
     bool logsTakeRecords = true;
     bool isCancelled = false;
+    bool isOptional = false;
 
 private:
+    // Adds a step for one package; returns its file.
+    std::wstring DealStep(const std::string& fault, const ScriptStep& step);
+    void AnswerBox(const MessageBoxOnScreen& box);
+    std::filesystem::path KeptFile(const TestPackage& one) const;
     void CutLog(LogForm form);
 
     std::string kind;
@@ -71,5 +87,7 @@ private:
     std::size_t callsBefore = 0;
     std::map<LogForm, std::size_t> logsBefore;
     std::map<LogForm, std::vector<std::size_t>> cuts;
+    std::map<LogForm, std::size_t> fillings;
     std::set<std::wstring> installedBefore;
+    std::wstring hanging;
 };

@@ -38,7 +38,7 @@ public:
             if (call.name == L"MsiUninstallApp") removals.push_back(call.Package());
             if (call.name == L"failed") Find("the library waited in vain", call.Argument(L"step"));
         }
-        isRolledBack = run.isCancelled || Count(Stops) > 0;
+        isRolledBack = run.isCancelled || (!run.isOptional && Count(Stops) > 0);
     }
 
     std::vector<std::string> Faults() {
@@ -68,7 +68,7 @@ private:
     void JudgeOrder() {
         const auto stop = std::ranges::find_if(
             installs, [&](const std::wstring& package) { return Stops(CodesOf(package).install); });
-        if (stop != installs.end() && stop + 1 != installs.end())
+        if (!run.isOptional && stop != installs.end() && stop + 1 != installs.end())
             Find("is installed after a package that stops the run", *(stop + 1));
         for (const std::wstring& package : removals) {
             if (!isRolledBack) Find("is removed by a run that nothing stopped", package);
@@ -87,7 +87,27 @@ private:
         if (isInstalled && !expected) Find("is installed and not reported", package);
         if (!isInstalled && expected) Find("is reported and not installed", package);
         if (run.logsTakeRecords && isRemoved && codes.removal != 0) JudgeFailedRemoval(package, codes);
+        if (run.showsStatuses) JudgeStatus(package, codes, isInstalled, wasInstalled);
     }
+
+    // A package that failed may be there from before, or since it could not be removed; one that went in and
+    // whose dependent failed has failed with it.
+    void JudgeStatus(const std::wstring& package, const DealtCodes& codes, bool isInstalled,
+                     bool wasInstalled) {
+        const auto status = run.statuses.find(package);
+        if (status == run.statuses.end()) {
+            Find("is not on the Finish page", package);
+            return;
+        }
+        const bool saysInstalled = IsIn(static_cast<std::uint32_t>(status->second), {0, 3});
+        if (saysInstalled && !isInstalled) Find("is not installed, says the Finish page otherwise", package);
+        const bool mayBeThere =
+            wasInstalled || codes.removal != 0 || (Installs(codes.install) && HasFailedAny());
+        if (!saysInstalled && isInstalled && !mayBeThere)
+            Find("is installed, says the Finish page otherwise", package);
+    }
+
+    bool HasFailedAny() const { return Count(Fails) > 0; }
 
     void JudgeFailedRemoval(const std::wstring& package, const DealtCodes& codes) {
         const std::wstring report =
@@ -106,11 +126,15 @@ private:
     void JudgeReports() {
         ExpectRecords(L"MSI Installer returned an error", Count(Fails));
         ExpectRecords(L"MSI Installer returned reboot requires.", Count(Restarts));
-        ExpectRecords(L"Installation is Finished", 1);
+        if (run.hasEnded) JudgeEnd();
         // A package that fails under a cancel cancels once more.
         if (!run.isCancelled) ExpectRecords(L"User chose to cancel the installation.", isRolledBack ? 1 : 0);
-        if (CountIn(run.advancedLog, L"Controller::Close\r\n") != 1) Find("the walk was not closed");
         if (CountIn(run.basicLog, L"Unhandled exception") != 0) Find("an exception came through");
+    }
+
+    void JudgeEnd() {
+        ExpectRecords(L"Installation is Finished", 1);
+        if (CountIn(run.advancedLog, L"Controller::Close\r\n") != 1) Find("the walk was not closed");
     }
 
     const RunTraces& run;

@@ -16,7 +16,7 @@ struct DealtCodes {
     std::uint32_t removal = 0;
 };
 
-// What is known of a run that came to its end. Packages go by their file names.
+// What is known of a run. Packages go by their file names.
 struct RunTraces {
     std::vector<LibraryCall> calls;
     std::map<std::wstring, DealtCodes> codes;
@@ -29,6 +29,14 @@ struct RunTraces {
     bool logsTakeRecords = true;
     // Whether the user has cancelled.
     bool isCancelled = false;
+    // Whether it is the run of the optional software, which no failure stops.
+    bool isOptional = false;
+    // Whether the program has come to its end as well.
+    bool hasEnded = false;
+    // What the Finish page says of each package, where it was shown: 0 done, 1 failed, 2 cancelled, 3
+    // updated.
+    bool showsStatuses = false;
+    std::map<std::wstring, int> statuses;
 };
 
 // Returns what is wrong, one sentence for each product and each report.

@@ -14,6 +14,7 @@ protected:
     RunJudgeTest() {
         Call(L"MsiInstallApp", L"a.msi");
         Call(L"MsiInstallApp", L"b.msi");
+        run.hasEnded = true;
         run.installedAfter = {L"a.msi", L"b.msi"};
         Log(L"Installation is Finished");
         run.advancedLog = run.basicLog;
@@ -120,6 +121,27 @@ TEST_F(RunJudgeTest, FindsAWalkThatHasNotComeToItsEnd) {
 TEST_F(RunJudgeTest, FindsAnExceptionThatNobodyHasCaught) {
     Log(L"Unhandled exception in the install thread: x");
     EXPECT_THAT(FaultsOf(run), ElementsAre("an exception came through"));
+}
+
+TEST_F(RunJudgeTest, FindsAFinishPageThatSaysSomethingElse) {
+    run.showsStatuses = true;
+    run.statuses = {{L"a.msi", 0}};
+    EXPECT_THAT(FaultsOf(run), ElementsAre("b.msi: is not on the Finish page"));
+    run.statuses[L"b.msi"] = 2;
+    EXPECT_THAT(FaultsOf(run), ElementsAre("b.msi: is installed, says the Finish page otherwise"));
+    RollBack();
+    run.statuses[L"b.msi"] = 1;
+    EXPECT_THAT(FaultsOf(run), ElementsAre("a.msi: is not installed, says the Finish page otherwise"));
+    run.statuses[L"a.msi"] = 2;
+    EXPECT_THAT(FaultsOf(run), IsEmpty());
+}
+
+TEST_F(RunJudgeTest, LetsTheOptionalSoftwareGoOnAfterAFailure) {
+    run.isOptional = true;
+    run.codes = {{L"a.msi", {.install = 1603}}};
+    run.installedAfter.erase(L"a.msi");
+    Log(L"MSI Installer returned an error");
+    EXPECT_THAT(FaultsOf(run), IsEmpty());
 }
 
 TEST_F(RunJudgeTest, AsksNoReportsOfLogsThatTakeNone) {
