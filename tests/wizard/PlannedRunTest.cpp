@@ -1,15 +1,13 @@
 // Plans against the silent and the shown runs that they are of, for packages that a seed makes up.
 
 #include <algorithm>
-#include <array>
-#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "CommonLib/Utf8.h"
-#include "resources/resource.h"
 #include "tests/wizard/GeneratedPackage.h"
 #include "tests/wizard/NetworkPageTest.h"
+#include "tests/wizard/ShownPages.h"
 
 namespace {
 
@@ -30,31 +28,6 @@ TEST_P(PlannedRunTest, InstallsInThatOrderWithThoseDocuments) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, PlannedRunTest, testing::Range(1U, 1U + SeedCount()));
 
-struct KnownPage {
-    std::wstring_view title;
-    int control;  // that no other page has
-    int button;   // that leads on
-};
-
-constexpr std::array<KnownPage, 10> knownPages = {{
-    {L"Welcome", IDC_START_TITLE, IDOK},
-    {L"Licence", IDC_LICENCE_TEXT, IDOK},
-    {L"Manufacturer", IDC_MANUFACTURER_LIST, IDOK},
-    {L"Optional software", IDC_BYPASS_REINSTALL, IDOK},
-    {L"Connectivity", IDC_CONNECTIVITY_NETWORK, IDOK},
-    {L"Discovered printers", IDC_DISCOVERY_LIST, IDOK},
-    {L"Add port", IDC_ADD_PORT_LIST, IDOK},
-    {L"Progress", IDC_PROGRESS_BAR, IDOK},
-    {L"Finish", IDC_FINISH, IDC_FINISH},
-    {L"Restart", IDC_REBOOT_NOW, IDOK},
-}};
-
-// The pages that come up while packages are installed, or after it, step on by themselves until the end of
-// the installations.
-bool IsBeforeRun(std::wstring_view title) {
-    return title != L"Progress" && title != L"Finish" && title != L"Restart";
-}
-
 // The pages come up while the first package waits, so that none is over before it is seen.
 class PlannedWalkTest : public NetworkPageTest, public testing::WithParamInterface<unsigned> {
 protected:
@@ -68,41 +41,13 @@ protected:
         package.SetSettings(package.PageSettings());
     }
 
-    struct PageOnScreen {
-        const KnownPage* page = nullptr;
-        HWND control = nullptr;
-    };
-
-    PageOnScreen FindPage() const {
-        for (const KnownPage& page : knownPages) {
-            if (const HWND control = wizard.FindControl(page.control))
-                return {.page = &page, .control = control};
-        }
-        return {};
-    }
-
     bool WasShown(std::wstring_view title) const { return std::ranges::find(shown, title) != shown.end(); }
-
-    // A page on which the wizard has come to rest. While windows are destroyed a hidden one may seem to be
-    // shown.
-    PageOnScreen FindSettledPage() const {
-        const PageOnScreen found = FindPage();
-        if (found.page == nullptr) return found;
-        wizard.Settle();
-        return FindPage().control == found.control ? found : PageOnScreen{};
-    }
 
     // The second page of a kind is the one for the optional software.
     std::wstring_view TitleOf(const KnownPage& page) const {
         if (!WasShown(page.title)) return page.title;
         return page.title == L"Finish" ? L"Finish of the optional software"
                                        : L"Restart after the optional software";
-    }
-
-    void LeaveByButton(const KnownPage& page) const {
-        if (page.control == IDC_BYPASS_REINSTALL) wizard.Press(IDC_BYPASS_REINSTALL);
-        if (page.control == IDC_REBOOT_NOW) wizard.Press(IDC_REBOOT_LATER);
-        wizard.Press(page.button);
     }
 
     // A run that has shown its last page waits for the packages as well.
@@ -118,7 +63,7 @@ protected:
         bool isOpen = false;
         WaitUntil(
             [&] {
-                const PageOnScreen current = FindSettledPage();
+                const PageOnScreen current = FindSettledPage(wizard);
                 const bool isNew = current.page != nullptr && current.control != seen;
                 if (isNew) shown.push_back(TitleOf(*current.page));
                 if (isNew) seen = current.control;
@@ -126,7 +71,7 @@ protected:
                     Open(Gate(L"go on"));
                     isOpen = true;
                 } else if (isNew && (isOpen || IsBeforeRun(current.page->title))) {
-                    LeaveByButton(*current.page);
+                    LeaveByButton(wizard, *current.page);
                 }
                 return !wizard.IsRunning();
             },

@@ -15,14 +15,18 @@ std::wstring TakePiece(std::wstring& text) {
 
 }  // namespace
 
-// The page's header is a text of the package, and a text can show every setting.
+void ShowStatusOnFinishPage(PackageTree& tree) {
+    for (const wchar_t* header :
+         {L"INSTALL_CANCELED_TEXT", L"INSTALLATION_FAILED_TEXT", L"INSTALL_COMPLETE_TEXT",
+          L"DRIVER_INSTALL_COMPLETE_TEXT", L"AMAZON_INSTALL_COMPLETE_HEADER", L"USB_FINAL_TEXT"}) {
+        tree.SetText(header, L"^APP_INSTALLATION_STATUS^|^REBOOT^|^INSTALL_STATUS^|");
+    }
+}
+
 void ShownRunTest::SetUp() {
     WizardTest::SetUp();
     tree.SetSettings(Settings::shownFromProgress);
-    for (const wchar_t* header : {L"INSTALL_CANCELED_TEXT", L"INSTALLATION_FAILED_TEXT",
-                                  L"INSTALL_COMPLETE_TEXT", L"DRIVER_INSTALL_COMPLETE_TEXT"}) {
-        tree.SetText(header, L"^APP_INSTALLATION_STATUS^|^REBOOT^|^INSTALL_STATUS^|");
-    }
+    ShowStatusOnFinishPage(tree);
 }
 
 FinishedRun ShownRunTest::ReadFinishPage() {

@@ -20,6 +20,10 @@ struct StatusLine {
     int status = 0;
 };
 
+// Lets the header of the Finish page show what the page knows. The header is a text of the package, and a
+// text can show every setting.
+void ShowStatusOnFinishPage(PackageTree& tree);
+
 class ShownRunTest : public WizardTest {
 protected:
     void SetUp() override;
