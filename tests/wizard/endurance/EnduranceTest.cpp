@@ -202,6 +202,11 @@ std::string EnduranceTest::BytesOfLog(LogForm form) const {
     return bytes;
 }
 
+std::string EnduranceTest::AddedTo(LogForm form) const {
+    const std::string bytes = BytesOfLog(form);
+    return bytes.substr(std::min(bytes.size(), logsBefore.at(form)));
+}
+
 std::vector<LibraryCall> EnduranceTest::CallsOfRun() const {
     std::vector<LibraryCall> calls = Calls();
     calls.erase(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(callsBefore));
@@ -210,7 +215,8 @@ std::vector<LibraryCall> EnduranceTest::CallsOfRun() const {
 
 void EnduranceTest::BeginRun() {
     callsBefore = Calls().size();
-    for (const LogForm form : bothLogs) logsBefore[form] = SizeOfLog(form);
+    // Of a sign that was cut the program adds the other byte.
+    for (const LogForm form : bothLogs) logsBefore[form] = (SizeOfLog(form) + 1) / 2 * 2;
     installedBefore = InstalledProducts();
     isCancelled = false;
 }
@@ -220,8 +226,8 @@ RunTraces EnduranceTest::Traces() const {
             .codes = codes,
             .installedBefore = installedBefore,
             .installedAfter = InstalledProducts(),
-            .basicLog = BytesOfLog(LogForm::Basic).substr(logsBefore.at(LogForm::Basic)),
-            .advancedLog = BytesOfLog(LogForm::Advanced).substr(logsBefore.at(LogForm::Advanced)),
+            .basicLog = AddedTo(LogForm::Basic),
+            .advancedLog = AddedTo(LogForm::Advanced),
             .logsTakeRecords = logsTakeRecords,
             .isCancelled = isCancelled,
             .isOptional = isOptional};
@@ -320,7 +326,7 @@ void EnduranceTest::CutPower() {
 
 void EnduranceTest::CutLog(LogForm form) {
     const std::size_t size = SizeOfLog(form);
-    const std::size_t added = size - logsBefore.at(form);
+    const std::size_t added = AddedTo(form).size();
     if (added == 0) return;
     const std::size_t rest = size - 1 - package.Pick(std::min<std::size_t>(added, 160));
     fs::resize_file(fs::path(PathOfLog(form)), rest);

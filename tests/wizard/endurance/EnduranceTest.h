@@ -67,6 +67,8 @@ protected:
     std::wstring PathOfLog(LogForm form) const;
     std::size_t SizeOfLog(LogForm form) const;
     std::string BytesOfLog(LogForm form) const;
+    // What the run has added so far.
+    std::string AddedTo(LogForm form) const;
     std::vector<LibraryCall> CallsOfRun() const;
 
     GeneratedPackage package;
