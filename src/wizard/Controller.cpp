@@ -96,6 +96,7 @@ bool Controller::Start(Chain pages, bool silentRun) {
     places.clear();
     for (ChainRow& row : pages.rows) places.push_back({.row = std::move(row)});
     currentDialog = 0;
+    ended = false;
     BuildDialogs();
     UpdateHideFlags();
     DisableDiscovery();
@@ -309,6 +310,9 @@ bool Controller::Finish(bool reboot) {
             mainWindow->PostMessage(finishForWorker, static_cast<WPARAM>(reboot));
         return true;
     }
+    // A click that was posted before the end comes after it, and where the page of the progress is hidden the
+    // user and the install thread may both walk over the end.
+    if (ended) return true;
     ended = true;
     LogBasic(L"Installation is Finished");
     while (threadCount > 0) SleepAnsweringSentMessages(pollIntervalInMilliseconds);
@@ -324,7 +328,7 @@ bool Controller::Finish(bool reboot) {
 }
 
 void Controller::FinishForWorker(bool reboot) {
-    if (!ended) Finish(reboot);
+    Finish(reboot);
 }
 
 void Controller::Close() {

@@ -50,9 +50,10 @@ public:
     // ahead.
     bool Cancel(bool force);
     // Waits for the workers, closes the wizard, and starts the packages' programs or the restart. A worker
-    // cannot wait for itself, so that it only asks the main thread to. Returns true.
+    // cannot wait for itself, so that it only asks the main thread to. Does nothing after the end. Returns
+    // true.
     bool Finish(bool reboot);
-    // What a worker has asked for, on the main thread. Nothing if the end has come meanwhile.
+    // What a worker has asked for, on the main thread.
     void FinishForWorker(bool reboot);
     // Runs the step while the user is not being asked whether to cancel, so that none is asked too late. The
     // install thread.

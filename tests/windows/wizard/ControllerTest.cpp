@@ -215,6 +215,13 @@ TEST_F(ControllerTest, LeavesTheEndToTheThreadOfTheWindows) {
     EXPECT_EQ(ends, 1);
 }
 
+TEST_F(ControllerTest, EndsOnceHoweverOftenItIsTold) {
+    Walk({Page(PageRole::Ordinary)}, 0);
+    EXPECT_TRUE(controller.Finish(false));
+    EXPECT_TRUE(controller.Finish(false));
+    EXPECT_EQ(ends, 1);
+}
+
 TEST_F(ControllerTest, KeepsTheFocusOutOfPagesThatAreNotShown) {
     Walk(ClosingPages(), 0);
     const HWND first = controller.CurrentPage()->GetSafeHwnd();
