@@ -33,16 +33,17 @@ protected:
     // Takes all faults of the packages back.
     void HealPackages();
 
-    // Where a run begins: what it adds to the logs, and what was installed before it.
+    // Where a run begins: what it adds to the logs, what was installed before it, and the folders of tools.
     void BeginRun();
     // What the run has left so far.
     RunTraces Traces() const;
-    // Expects of what a run has done so far what RunJudge does, or of all of it.
+    // Expects of what a run has done so far what RunJudge does, or of all of it, and that no folder of a tool
+    // is left.
     void ExpectGoodRun(const RunTraces& run) const;
     void ExpectGoodEnd(const RunTraces& run) const;
     // Expects whole logs, but for the places at which runs were broken off.
     void ExpectWholeLogs() const;
-    // Expects that nothing of the program is left: no process, no lock, no folder of a tool.
+    // Expects that nothing of the program is left: no process, no lock, no file that somebody holds.
     void ExpectNothingLeft() const;
     // Expects that a run without faults comes to its end and has installed what is planned for it.
     void ExpectNextRunWorks(const std::wstring& arguments);

@@ -78,8 +78,22 @@ protected:
         run.showsStatuses = true;
     }
 
+    // Where the page of the progress is hidden, the walk goes on beside the installations. Where it is not,
+    // their thread moves the walk.
+    bool IsRunOver() const {
+        std::wstring installer;
+        std::wstring mover;
+        for (const LogRecord& record : AdvancedLog()) {
+            if (record.message == L"Installing Applications") installer = record.threadId;
+            if (record.message.starts_with(L"Controller::Next, Moving from")) mover = record.threadId;
+        }
+        return installer == mover;
+    }
+
     // What was installed so far is judged here; what comes after it is the optional software.
     void JudgeFinishPage() {
+        goesBeside = goesBeside || !IsRunOver();
+        if (goesBeside) return;
         RunTraces run = Traces();
         ReadStatuses(run);
         ExpectGoodRun(run);
@@ -121,6 +135,7 @@ protected:
     bool Walk(const std::function<bool()>& stop = {}) {
         seen = nullptr;
         hasGone = false;
+        goesBeside = false;
         isOptional = false;
         wizard.Start();
         return WaitUntil(
@@ -133,6 +148,7 @@ protected:
 
     std::size_t deedsLeft = 0;
     bool hasGone = false;
+    bool goesBeside = false;
     ProcessCounts atFirst;
     HWND seen = nullptr;
 };
