@@ -20,6 +20,7 @@ protected:
 
     void SetUp() override {
         EnduranceTest::SetUp();
+        if (IsSkipped()) return;
         ParkMouse();
         AddFourDevices();
         package.AddPackages();

@@ -24,6 +24,7 @@ protected:
 
     void SetUp() override {
         EnduranceTest::SetUp();
+        if (IsSkipped()) return;
         const bool takesAddress = package.Toss();
         package.AddPackages();
         package.SetSettings(Element(L"SILENT_INSTALL", L"true") +

@@ -11,6 +11,7 @@ protected:
 
     void SetUp() override {
         EnduranceTest::SetUp();
+        if (IsSkipped()) return;
         // Installs nothing before it is settled who runs, so that no copy comes after the end of the other.
         tree.Add({.path = L"Applications\\!first.msi",
                   .keeps = true,
