@@ -34,7 +34,6 @@ void GrowColumns(HWND list, LONG from, LONG to) {
 FreshDialog::FreshDialog(UINT dialogTemplate, HWND like) {
     DialogTemplate source(dialogTemplate);
     if (source.IsEmpty()) return;
-    source.SetExtendedStyle(static_cast<DWORD>(GetWindowLongPtrW(like, GWL_EXSTYLE)));
     source.Grow(GrownPoints(), templatePoints);
     dialog = CreateDialogIndirectParamW(
         GetModuleHandleW(nullptr), source.get(), GetParent(like),

@@ -5,7 +5,8 @@
 
 class FreshDialog {
 public:
-    // Made like that window, which was made from that template; for its thread. Empty if the system refuses.
+    // Made where that window is, which was made from that template; for its thread. Empty if the system
+    // refuses. From which side it is read makes no difference: places within a window count from there.
     FreshDialog(UINT dialogTemplate, HWND like);
     FreshDialog(const FreshDialog&) = delete;
     FreshDialog& operator=(const FreshDialog&) = delete;

@@ -57,7 +57,7 @@ TEST_F(DriverInfoTest, SupportsTheBrandedToolByTheLastPackage) {
 std::vector<std::wstring> MissingProperties() {
     std::vector<std::wstring> messages;
     for (const RecordedLine& line : TheLog().advanced) {
-        if (line.message.find(L"Failed to get DRIVER") == 0) messages.push_back(line.message);
+        if (line.message.starts_with(L"Failed to get DRIVER")) messages.push_back(line.message);
     }
     return messages;
 }

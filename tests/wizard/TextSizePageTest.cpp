@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "resources/resource.h"
+#include "tests/wizard/BitmapFile.h"
 #include "tests/wizard/PageTest.h"
 #include "tests/wizard/UserTextSize.h"
 
@@ -10,8 +11,11 @@ namespace {
 
 class TextSizePageTest : public PageTest {
 protected:
+    static constexpr int logoWidth = 100;
+
     void SetUp() override {
         PageTest::SetUp();
+        tree.WriteFile(L"Setup\\res\\images\\logo.bmp", BitmapFile(RGB(0, 0, 255), logoWidth));
         UseSettings(L"");
         StartOn(IDC_START_TITLE);
         wizard.Settle();
@@ -68,9 +72,9 @@ TEST_F(TextSizePageTest, GrowsWithTheTextsAndGoesOn) {
 }
 
 TEST_F(TextSizePageTest, GrowsTheLogoToo) {
-    const SIZE logo = SizeOf(wizard.FindControl(IDC_MAIN_LOGO));
+    EXPECT_EQ(SizeOf(wizard.FindControl(IDC_MAIN_LOGO)).cx, logoWidth);
     Choose(200);
-    EXPECT_GT(SizeOf(wizard.FindControl(IDC_MAIN_LOGO)).cx, logo.cx * 5 / 4);
+    EXPECT_EQ(SizeOf(wizard.FindControl(IDC_MAIN_LOGO)).cx, 2 * logoWidth);
 }
 
 TEST_F(TextSizePageTest, KeepsTheFocusAndItsMiddle) {
