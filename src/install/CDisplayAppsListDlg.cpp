@@ -34,6 +34,11 @@ bool CDisplayAppsListDlg::OnInitDialog() {
     return true;
 }
 
+void CDisplayAppsListDlg::OnTextSize(HFONT letters) {
+    InstallDialogEx::OnTextSize(letters);
+    statusList.LoadPictures();
+}
+
 LRESULT CDisplayAppsListDlg::OnShowWindow(WPARAM, LPARAM) {
     statusList.Fill();
     ShowControl(IDC_STATUS_LIST, true);

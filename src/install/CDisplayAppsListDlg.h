@@ -12,6 +12,7 @@ public:
 
 private:
     bool OnInitDialog() override;
+    void OnTextSize(HFONT letters) override;
     const MessageMap& GetMessageMap() const override;
 
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
