@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 
+#include "tests/wizard/LostProcess.h"
 #include "tests/wizard/Waiting.h"
 
 namespace {
@@ -85,12 +86,7 @@ void WizardDriver::Create(const std::wstring& arguments, const std::filesystem::
         return CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, flags, nullptr,
                               folder.c_str(), &startup, &information) != FALSE;
     };
-    // A loaded Wine sometimes loses a process before its first instruction, and says so by this error:
-    // nothing of the program has run then.
-    bool started = start();
-    for (int lost = 0; !started && lost < 3 && GetLastError() == ERROR_INTERNAL_ERROR; ++lost)
-        started = start();
-    ASSERT_TRUE(started) << "error " << GetLastError();
+    ASSERT_TRUE(StartUnlessLost(start)) << "error " << GetLastError();
     KeepProcess(information);
 }
 

@@ -6,9 +6,23 @@
 #include "CommonLib/Win32Exception.h"
 #include "tests/windows/world/ChildProcess.h"
 #include "tests/windows/world/ScratchFolder.h"
+#include "tests/wizard/LostProcess.h"
 #include "tests/wizard/Waiting.h"
 
 namespace {
+
+void Launch(Application& application) {
+    const bool launched = StartUnlessLost([&] {
+        try {
+            application.launch();
+            return true;
+        } catch (const Win32Exception& exception) {
+            SetLastError(exception.getCode());
+            return false;
+        }
+    });
+    ASSERT_TRUE(launched) << "error " << GetLastError();
+}
 
 TEST(ApplicationTest, StartsTheCommandLineAndDoesNotHoldTheProcess) {
     const ScratchFolder folder;
@@ -17,7 +31,7 @@ TEST(ApplicationTest, StartsTheCommandLineAndDoesNotHoldTheProcess) {
         application.program = CompanionPath();
         application.commandLine =
             L"\"" + CompanionPath() + L"\" leave-trace \"" + (folder / L"trace") + L"\"";
-        application.launch();
+        Launch(application);
     }
     EXPECT_TRUE(WaitUntil([&] { return ReadBytes(folder / L"trace") == "started"; }));
 }
@@ -28,7 +42,7 @@ TEST(ApplicationTest, LeavesTheCommandLineAsItWas) {
     const std::wstring line = L"\"" + CompanionPath() + L"\" end-with 0";
     application.program = CompanionPath();
     application.commandLine = line;
-    application.launch();
+    Launch(application);
     EXPECT_EQ(application.commandLine, line);
 }
 
