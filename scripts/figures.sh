@@ -87,6 +87,8 @@ requests() {
     WINEPREFIX=$asked wineserver -w || true
     WINEPREFIX=$asked wineserver -d1 -f -p > "$log" 2>&1 &
     server=$!
+    # A program that came first would start a server of its own.
+    until WINEPREFIX=$asked wineserver -k0; do sleep 0.1; done
     # The desktop comes with the first program.
     WINEPREFIX=$asked wine explorer /desktop=kestrune,1400x1400 cmd /c ver > /dev/null 2>&1 < /dev/null
     sleep 2
