@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "framework/ChildWindows.h"
 #include "framework/DialogTemplate.h"
 #include "framework/TextSize.h"
 
@@ -51,8 +52,7 @@ HFONT FreshDialog::Letters() const {
 }
 
 void FreshDialog::PlaceControlsOf(HWND other) const {
-    for (HWND measure = GetWindow(dialog, GW_CHILD); measure != nullptr;
-         measure = GetWindow(measure, GW_HWNDNEXT)) {
+    ForEachChild(dialog, [&](HWND measure) {
         const HWND control = GetDlgItem(other, GetDlgCtrlID(measure));
         RECT place = PlaceWithList(measure);
         MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
@@ -60,5 +60,5 @@ void FreshDialog::PlaceControlsOf(HWND other) const {
         SetWindowPos(control, nullptr, place.left, place.top, place.right - place.left,
                      place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
         GrowColumns(control, width, WidthOf(control));
-    }
+    });
 }

@@ -10,6 +10,7 @@
 
 #include "CommonLib/Files.h"
 #include "framework/CWinApp.h"
+#include "framework/ChildWindows.h"
 #include "framework/HighContrast.h"
 #include "framework/Resolution.h"
 #include "framework/Spoken.h"
@@ -254,26 +255,25 @@ void InstallDialogEx::RenewFonts(HFONT letters) {
     LOGFONTW description{};
     GetObjectW(letters, sizeof(description), &description);
     const Font formerTemplateFont = std::exchange(templateFont, Font(CreateFontIndirectW(&description)));
-    for (HWND control = GetWindow(GetSafeHwnd(), GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT)) {
+    ForEachChild(GetSafeHwnd(), [&](HWND control) {
         const auto font = reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
         const auto own = std::ranges::find(former, font, &Font::get);
         const Font& renewed =
             own == former.end() ? templateFont : *fonts[static_cast<std::size_t>(own - former.begin())];
         ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(renewed.get()), FALSE);
-    }
+    });
 }
 
 void InstallDialogEx::RenewIcons() {
     for (PictureIcon* const icon : Icons()) {
         const Icon former = icon->Renew(GetSafeHwnd());
-        for (HWND control = GetWindow(GetSafeHwnd(), GW_CHILD); former && control != nullptr;
-             control = GetWindow(control, GW_HWNDNEXT)) {
-            const LRESULT shown =
-                HasClass(control, WC_BUTTONW) ? ::SendMessageW(control, BM_GETIMAGE, IMAGE_ICON, 0) : 0;
+        if (!former) continue;
+        ForEachChild(GetSafeHwnd(), [&](HWND control) {
+            if (!HasClass(control, WC_BUTTONW)) return;
+            const LRESULT shown = ::SendMessageW(control, BM_GETIMAGE, IMAGE_ICON, 0);
             if (reinterpret_cast<HICON>(shown) == former.get())
                 ::SendMessageW(control, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon->Current()));
-        }
+        });
     }
 }
 

@@ -11,6 +11,7 @@
 #include <iostream>
 #include <new>
 
+#include "tests/wizard/GdiObjects.h"
 #include "tests/wizard/Waiting.h"
 
 namespace {
@@ -26,29 +27,6 @@ int CountKernelHandles() {
         DWORD flags = 0;
         if (GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags) != FALSE) ++count;
     }
-    return count;
-}
-
-// An entry of the table of GDI objects that a 64-bit system maps into every process.
-struct GdiEntry {
-    std::uint64_t object;
-    std::uint32_t owner;
-    std::uint16_t generation;
-    std::uint8_t type;
-    std::uint8_t flags;
-    std::uint64_t userData;
-};
-
-// Where the system does not tell its count, its table does.
-int CountGdiObjects() {
-    if (const DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return static_cast<int>(told);
-    constexpr std::size_t tablePlace = 0xF8;
-    constexpr int entryCount = 0x4000;
-    const auto* const process =
-        reinterpret_cast<const std::uint8_t*>(NtCurrentTeb()->ProcessEnvironmentBlock);
-    const auto* const table = *reinterpret_cast<const GdiEntry* const*>(process + tablePlace);
-    int count = 0;
-    for (int index = 0; index < entryCount; ++index) count += table[index].type != 0 ? 1 : 0;
     return count;
 }
 
@@ -78,7 +56,7 @@ void PrintTo(const ObjectCounts& counts, std::ostream* stream) {
 
 ObjectCounts CountObjects() {
     return {.kernelHandles = CountKernelHandles(),
-            .gdiObjects = CountGdiObjects(),
+            .gdiObjects = static_cast<int>(CountGdiObjects(GetCurrentProcess())),
             .userObjects = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)),
             .allocations = liveAllocations};
 }

@@ -8,37 +8,13 @@
 #include <cstdint>
 #include <span>
 
-namespace {
+#include "tests/wizard/GdiObjects.h"
 
-// An entry of the table of GDI objects that a 64-bit system maps into every process.
-struct GdiEntry {
-    std::uint64_t object;
-    std::uint32_t owner;
-    std::uint16_t generation;
-    std::uint8_t type;
-    std::uint8_t flags;
-    std::uint64_t userData;
-};
+namespace {
 
 template <class Value>
 bool Read(HANDLE process, const void* place, Value* values, std::size_t count) {
     return ReadProcessMemory(process, place, values, count * sizeof(Value), nullptr) != FALSE;
-}
-
-// Where the system does not tell its count, its table does.
-std::size_t CountGdiObjects(HANDLE process) {
-    if (const DWORD told = GetGuiResources(process, GR_GDIOBJECTS)) return told;
-    constexpr std::size_t tablePlace = 0xF8;
-    PROCESS_BASIC_INFORMATION information{};
-    NtQueryInformationProcess(process, ProcessBasicInformation, &information, sizeof(information), nullptr);
-    const auto* const block = reinterpret_cast<const std::uint8_t*>(information.PebBaseAddress);
-    const void* table = nullptr;
-    std::vector<GdiEntry> entries(0x4000);
-    if (!Read(process, block + tablePlace, &table, 1) ||
-        !Read(process, table, entries.data(), entries.size()))
-        return 0;
-    return static_cast<std::size_t>(
-        std::ranges::count_if(entries, [](const GdiEntry& entry) { return entry.type != 0; }));
 }
 
 // An entry of the system's list of all handles.
