@@ -49,7 +49,7 @@ lacking_packages() {
 }
 
 build_packages() {
-    need_packages cmake ninja-build ccache g++-mingw-w64-x86-64-posix lld wixl msitools librsvg2-bin icoutils netpbm fonttools fonts-noto-core \
+    need_packages cmake ninja-build ccache clang g++-mingw-w64-x86-64-posix lld wixl msitools librsvg2-bin icoutils netpbm fonttools fonts-noto-core \
         fonts-liberation fp-utils googletest \
         libglib2.0-dev libmsi-dev nlohmann-json3-dev pkg-config \
         python3 python3-jsonschema wine wine64 xvfb xauth

@@ -17,7 +17,7 @@ void Launch(Application& application) {
             application.launch();
             return true;
         } catch (const Win32Exception& exception) {
-            SetLastError(exception.getCode());
+            SetLastError(static_cast<DWORD>(exception.getCode()));
             return false;
         }
     });

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "CommonLib/Win32Exception.h"
 
 namespace {
@@ -43,7 +45,8 @@ TEST(Win32ExceptionTest, IsCaughtAsAnException) {
 }
 
 TEST(SystemMessageTest, StandsOnOneLine) {
-    for (const DWORD code : {ERROR_FILE_NOT_FOUND, ERROR_INVALID_HANDLE, ERROR_INSTALL_FAILURE}) {
+    for (const DWORD code :
+         std::to_array<DWORD>({ERROR_FILE_NOT_FOUND, ERROR_INVALID_HANDLE, ERROR_INSTALL_FAILURE})) {
         EXPECT_THAT(SystemMessage(code), Not(HasSubstr(L"\n")));
         EXPECT_THAT(SystemMessage(code), Not(HasSubstr(L"\r")));
     }
