@@ -11,7 +11,7 @@
 namespace {
 
 // A worker may outlive the application object.
-std::atomic<CWinApp*> application = nullptr;
+std::atomic<CWinApp*> currentApplication = nullptr;
 
 bool IsOfThisThread(HWND window) {
     return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
@@ -24,11 +24,11 @@ bool IsSwitchCharacter(wchar_t character) {
 }  // namespace
 
 CWinApp::CWinApp() {
-    application = this;
+    currentApplication = this;
 }
 
 CWinApp::~CWinApp() {
-    application = nullptr;
+    currentApplication = nullptr;
 }
 
 bool CWinApp::InitInstance() {
@@ -75,7 +75,7 @@ void CWinApp::ParseCommandLine(CCommandLineInfo& receiver) const {
 }
 
 void CWinApp::ReportUnhandledException(const std::wstring& where) noexcept {
-    CWinApp* const app = application;
+    CWinApp* const app = currentApplication;
     if (app == nullptr) return;
     try {
         std::rethrow_exception(std::current_exception());
@@ -87,16 +87,16 @@ void CWinApp::ReportUnhandledException(const std::wstring& where) noexcept {
 }
 
 CWinApp* AfxGetApp() {
-    return application;
+    return currentApplication;
 }
 
 CWnd* AfxGetMainWnd() {
-    const CWinApp* const app = application;
+    const CWinApp* const app = currentApplication;
     return app == nullptr ? nullptr : app->GetMainWnd();
 }
 
 void EndMessageLoop() {
-    if (application == nullptr) return;
+    if (currentApplication == nullptr) return;
     if (CWnd* const mainWindow = AfxGetMainWnd()) mainWindow->PostMessage(WM_CLOSE);
     PostQuitMessage(0);
 }

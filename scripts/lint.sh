@@ -34,7 +34,7 @@ includes() {
         python3 scripts/breaks.py --check && python3 scripts/check-test-names.py
 }
 
-tidy() { python3 scripts/run-tidy.py build/windows src framework standins tools package; }
+tidy() { python3 scripts/run-tidy.py build/windows; }
 
 # Of the tests it takes a view into a parameter for one into a temporary, and a lambda that its test ends in time for one
 # that outlives it; the small windows of the benchmarks end with their parents.

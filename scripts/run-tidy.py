@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over the program, as many batches at a time as there are cores, and only over those batches that
-changed, with what they include, since they last passed. A batch is what the build compiles at a time: most of the time
-goes into the headers, which are read once for all its sources.
+"""Runs clang-tidy over the sources that the build compiles, as many batches at a time as there are cores, and only over
+those batches that changed, with what they include, since they last passed. A batch is all sources of a part of the tree,
+read as one: nearly all of the time goes into the headers, which are read and looked through once for all of them. So what
+a source keeps to itself must be the only one of its name in its part.
 
-usage: run-tidy.py BUILD_FOLDER FOLDER...    the batches that hold sources of these folders
+usage: run-tidy.py BUILD_FOLDER    with the commands of that build
 
 Windows sources are read by clang with the headers of mingw-w64, of the compiler that builds them, and without its
 precompiled headers.
@@ -15,42 +16,81 @@ import json
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 import sys
 
+ROOT = pathlib.Path.cwd()
 GCC = '/usr/lib/gcc/x86_64-w64-mingw32/12-posix'
 SYSTEM_HEADERS = [f'{GCC}/include/c++', f'{GCC}/include/c++/x86_64-w64-mingw32', '/usr/x86_64-w64-mingw32/include']
-PRECOMPILED = re.compile(r' (-Winvalid-pch|-fpch-preprocess|-include \S*cmake_pch\.hxx)(?= )')
 INCLUDE = re.compile(r'^\s*#include\s+"([^"]+)"', re.M)
+ENTRY = re.compile(r'^\w[\w ]*\b(w?main|wWinMain|DllMain)\(', re.M)
+
+# The parts, of which the first that a source lies in takes it; what only computes is a part of its own.
+LOGIC = 'logic'
+PARTS = ['src', 'framework', 'standins/discovery', 'standins', 'package', 'tools', 'tests/fakes', 'tests/unit/discovery',
+         'tests/unit/packagecheck', 'tests/unit/printerqueue', 'tests/unit/rollout', 'tests/unit', 'tests/windows/standins',
+         'tests/windows', 'tests/wizard', 'tests/bench']
+SAME_PART = {'framework': 'src', 'package': 'standins'}
+
+# What the macros of the tests do to every test, what fixtures are, and what costs a test nothing.
+NOT_OF_TESTS = ['cppcoreguidelines-owning-memory', 'cppcoreguidelines-slicing', 'cppcoreguidelines-special-member-functions',
+                'cppcoreguidelines-virtual-class-destructor', 'performance-inefficient-string-concatenation',
+                'performance-inefficient-vector-operation']
 
 
-def write_commands(build, folder):
-    """Writes the commands of the build without the precompiled headers, and returns their sources."""
-    commands = json.loads((build / 'compile_commands.json').read_text())
-    for entry in commands:
-        entry['command'] = PRECOMPILED.sub('', entry['command'])
-    (folder / 'compile_commands.json').write_text(json.dumps(commands))
-    return [pathlib.Path(entry['file']) for entry in commands]
+def logic_sources():
+    floors = (ROOT / 'src/floors.cmake').read_text(encoding='utf-8')
+    listed = re.findall(r'^floor\((\w+)\s+LOGIC\s([\w\s]*?)\sSYSTEM', floors, re.M)
+    return {f'src/{folder}/{name}.cpp' for folder, names in listed for name in names.split()}
 
 
-def batches_of(sources, folders):
-    """Those of the sources that the build made of sources in the folders."""
-    roots = [pathlib.Path(folder).resolve() for folder in folders]
-
-    def concerns(batch):
-        return any(pathlib.Path(name).is_relative_to(root) for name in INCLUDE.findall(batch.read_text()) for root in roots)
-
-    return sorted(str(source) for source in sources if source.parent.name == 'Unity' and concerns(source))
+def part_of(source, logic):
+    if source in logic:
+        return LOGIC
+    part = next((part for part in PARTS if source.startswith(part + '/')), None)
+    return SAME_PART.get(part, part)
 
 
-def tidy_command(commands, source):
-    extra = ['--extra-arg-before=--target=x86_64-w64-windows-gnu', '--extra-arg=-Wno-unused-command-line-argument',
-             '--extra-arg=-Wno-unknown-warning-option']
-    for folder in SYSTEM_HEADERS:
-        extra += ['--extra-arg=-isystem', f'--extra-arg={folder}']
-    # That a batch includes its sources is no mistake.
-    extra += ['--checks=-bugprone-suspicious-include']
-    return ['clang-tidy', '--quiet', '-p', str(commands), *extra, source]
+def options_of(command):
+    """Where a command finds its headers, and what it defines."""
+    words = shlex.split(command)
+    joined = [word for word in words if word.startswith(('-I', '-D'))]
+    return joined + [f'-isystem{folder}' for word, folder in zip(words, words[1:]) if word == '-isystem']
+
+
+def parts_of(build):
+    """The sources of each part, with the options of all of them."""
+    logic, parts = logic_sources(), {}
+    for entry in json.loads((build / 'compile_commands.json').read_text()):
+        compiled = pathlib.Path(entry['file'])
+        sources = INCLUDE.findall(compiled.read_text()) if compiled.parent.name == 'Unity' else [compiled]
+        for source in map(pathlib.Path, sources):
+            name = str(source.relative_to(ROOT)) if source.is_relative_to(ROOT) else ''
+            part = part_of(name, logic)
+            if part is not None and source.suffix == '.cpp':
+                known, options = parts.setdefault(part, (set(), {}))
+                known.add(name)
+                options.update(dict.fromkeys(options_of(entry['command'])))
+    return {part: (sorted(sources), list(options)) for part, (sources, options) in parts.items()}
+
+
+def batch_text(sources):
+    """Several programs have an entry each, which get names of their own."""
+    text = ''
+    for number, name in enumerate(sources):
+        entry = ENTRY.search((ROOT / name).read_text(encoding='utf-8'))
+        line = f'#include "{ROOT / name}"\n'
+        text += f'#define {entry[1]} {entry[1]}{number}\n{line}#undef {entry[1]}\n' if entry else line
+    return text
+
+
+def tidy_command(part, batch, options):
+    checks = ['-bugprone-suspicious-include', *(f'-{check}' for check in NOT_OF_TESTS if part.startswith('tests/'))]
+    system = [f'-isystem{folder}' for folder in SYSTEM_HEADERS]
+    return ['clang-tidy', '--quiet', f'--config-file={ROOT}/.clang-tidy', f'--checks={",".join(checks)}',
+            f'--header-filter=^{re.escape(str(ROOT))}/(framework|package|src|standins|tests|tools)/', str(batch), '--',
+            '--target=x86_64-w64-windows-gnu', '-std=c++20', '-O0', *options, *system]
 
 
 @functools.lru_cache(maxsize=None)
@@ -62,39 +102,41 @@ def own_includes(path):
     return found
 
 
-def digest_of(source):
-    """Over what the findings depend on: the rules, the source, and the project's headers that it reaches."""
-    seen, waiting = set(), [pathlib.Path(source)]
+def digest_of(sources):
+    """Over what the findings depend on: the rules, this script, the sources, and the project's headers that they reach."""
+    seen, waiting = set(), [pathlib.Path(source) for source in sources]
     while waiting:
         path = waiting.pop()
         if path not in seen:
             seen.add(path)
             waiting += own_includes(path)
     digest = hashlib.sha256()
-    for path in [*pathlib.Path().glob('.clang-tidy'), *sorted(seen)]:
+    for path in [pathlib.Path('.clang-tidy'), pathlib.Path(__file__), *sorted(seen)]:
         digest.update(path.read_bytes())
     return digest.hexdigest()
 
 
-def main():
-    build, folders = pathlib.Path(sys.argv[1]), sys.argv[2:]
-    stamps = build / 'tidy'
-    stamps.mkdir(exist_ok=True)
-    sources = batches_of(write_commands(build, stamps), folders)
-
-    def run(source):
-        digest = digest_of(source)
-        stamp = stamps / (source.removeprefix(str(build.resolve())).replace('/', '_') + '.passed')
-        if stamp.exists() and stamp.read_text() == digest:
-            return ''
-        result = subprocess.run(tidy_command(stamps, source), capture_output=True, text=True)
-        if result.returncode == 0:
-            stamp.write_text(digest)
-            return ''
+def findings_of(folder, part, sources, options):
+    batch = folder / f'{part.replace("/", "_")}.cpp'
+    stamp, digest = batch.with_suffix('.passed'), digest_of(sources)
+    if stamp.exists() and stamp.read_text() == digest:
+        return ''
+    batch.write_text(batch_text(sources))
+    result = subprocess.run(tidy_command(part, batch, options), capture_output=True, text=True)
+    if result.returncode != 0:
         return result.stdout + result.stderr
+    stamp.write_text(digest)
+    return ''
 
+
+def main():
+    build = pathlib.Path(sys.argv[1])
+    folder = build / 'tidy'
+    folder.mkdir(exist_ok=True)
+    # The longest first, so that no core waits for it at the end.
+    parts = sorted(parts_of(build).items(), key=lambda part: -len(part[1][0]))
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        findings = ''.join(pool.map(run, sources))
+        findings = ''.join(pool.map(lambda part: findings_of(folder, part[0], *part[1]), parts))
     print(findings)
     sys.exit(1 if findings else 0)
 

@@ -38,9 +38,9 @@ std::size_t CountPieces(std::wstring_view text, bool (*passes)(std::wstring_view
 
 constexpr std::size_t ipV6Size = 16;
 
-using Bytes = std::vector<std::uint8_t>;
+using Octets = std::vector<std::uint8_t>;
 
-void AppendIpV4(std::wstring_view text, Bytes& bytes) {
+void AppendIpV4(std::wstring_view text, Octets& bytes) {
     for (const std::wstring& number : SplitClosed(std::wstring(text) + L'.', L'.')) {
         bytes.push_back(static_cast<std::uint8_t>(LeadingInteger(number)));
     }
@@ -53,7 +53,7 @@ std::optional<unsigned> HexadecimalDigit(wchar_t character) {
     return std::nullopt;
 }
 
-bool AppendGroup(std::wstring_view text, Bytes& bytes) {
+bool AppendGroup(std::wstring_view text, Octets& bytes) {
     constexpr std::size_t longestGroup = 4;
     if (text.empty() || text.size() > longestGroup) return false;
     unsigned group = 0;
@@ -69,8 +69,8 @@ bool AppendGroup(std::wstring_view text, Bytes& bytes) {
 
 // The groups between single colons, none in an empty text. At the end of the address the last one may be an
 // IPv4 address.
-std::optional<Bytes> ReadGroups(std::wstring_view text, bool isEnd) {
-    Bytes bytes;
+std::optional<Octets> ReadGroups(std::wstring_view text, bool isEnd) {
+    Octets bytes;
     for (bool more = !text.empty(); more && bytes.size() < ipV6Size;) {
         const std::size_t colon = text.find(L':');
         more = colon != std::wstring_view::npos;
@@ -85,15 +85,15 @@ std::optional<Bytes> ReadGroups(std::wstring_view text, bool isEnd) {
     return bytes;
 }
 
-Bytes ReadIpV6(std::wstring_view text) {
+Octets ReadIpV6(std::wstring_view text) {
     const std::size_t gap = text.find(L"::");
-    const std::optional<Bytes> head = ReadGroups(text.substr(0, gap), gap == std::wstring_view::npos);
+    const std::optional<Octets> head = ReadGroups(text.substr(0, gap), gap == std::wstring_view::npos);
     if (!head) return {};
-    if (gap == std::wstring_view::npos) return head->size() == ipV6Size ? *head : Bytes();
-    const std::optional<Bytes> tail = ReadGroups(text.substr(gap + 2), true);
+    if (gap == std::wstring_view::npos) return head->size() == ipV6Size ? *head : Octets();
+    const std::optional<Octets> tail = ReadGroups(text.substr(gap + 2), true);
     // The gap stands for one group at least.
     if (!tail || head->size() + tail->size() > ipV6Size - 2) return {};
-    Bytes bytes(*head);
+    Octets bytes(*head);
     bytes.resize(ipV6Size - tail->size());
     bytes.insert(bytes.end(), tail->begin(), tail->end());
     return bytes;
@@ -111,7 +111,7 @@ bool IsValidIpV4Text(std::wstring_view text) {
 }
 
 std::vector<std::uint8_t> AddressBytes(std::wstring_view text) {
-    Bytes bytes;
+    Octets bytes;
     if (IsValidIpV4Text(text)) {
         AppendIpV4(text, bytes);
         return bytes;

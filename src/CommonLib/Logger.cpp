@@ -18,7 +18,7 @@
 
 namespace {
 
-Singleton<Logger> singleton;
+Singleton<Logger> sharedLogger;
 
 LogTime LocalTime() {
     SYSTEMTIME now{};
@@ -73,11 +73,11 @@ std::string EndOfCutRecord(HANDLE file, LARGE_INTEGER end) {
 }  // namespace
 
 Logger& Logger::GetInstance() {
-    return singleton.Get();
+    return sharedLogger.Get();
 }
 
 void Logger::DestroyInstance() {
-    singleton.Destroy();
+    sharedLogger.Destroy();
 }
 
 Logger::Logger() {

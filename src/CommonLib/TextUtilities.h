@@ -12,6 +12,9 @@ std::wstring ToDecimalString(std::uint32_t number);
 // Returns the pieces that a separator closes, in order; a rest after the last separator is dropped.
 std::vector<std::wstring> SplitClosed(std::wstring_view text, wchar_t separator);
 
+// Keeps the sign after it where it stands in a text that is written from the right.
+inline constexpr wchar_t leftToRightMark = L'\u200E';
+
 constexpr bool IsDigit(wchar_t character) {
     return character >= L'0' && character <= L'9';
 }

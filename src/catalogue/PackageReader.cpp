@@ -14,9 +14,9 @@
 namespace {
 
 // Reads one package with all that it takes along.
-class Reader {
+class PropertyReader {
 public:
-    explicit Reader(const CatalogueSource& catalogueSource)
+    explicit PropertyReader(const CatalogueSource& catalogueSource)
         : source(catalogueSource), language(source.localizer.GetString(TextKey::LANGUAGE_ID)) {}
 
     MSI_APP Read(const std::wstring& path) {
@@ -127,5 +127,5 @@ void ReadInstalledState(IMsiInterface& msi, MSI_APP& record) {
 }
 
 MSI_APP ReadProperties(const CatalogueSource& source, const std::wstring& path) {
-    return Reader(source).Read(path);
+    return PropertyReader(source).Read(path);
 }

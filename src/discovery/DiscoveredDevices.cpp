@@ -19,12 +19,12 @@ DiscoveredDevice FirstThat(const Devices& devices, Condition condition) {
     return found == devices.end() ? DiscoveredDevice{} : *found;
 }
 
-Singleton<DiscoveredDevices> singleton;
+Singleton<DiscoveredDevices> sharedDevices;
 
 }  // namespace
 
 DiscoveredDevices& DiscoveredDevices::GetInstance() {
-    return singleton.Get();
+    return sharedDevices.Get();
 }
 
 void DiscoveredDevices::Assign(std::list<DiscoveredDevice> delivered) {

@@ -34,9 +34,9 @@ struct MalformedReply : std::runtime_error {
 };
 
 // A place in bytes that never leaves them.
-class Reader {
+class FieldReader {
 public:
-    explicit Reader(Bytes source, std::size_t start = 0) : bytes(source) { Skip(start); }
+    explicit FieldReader(Bytes source, std::size_t start = 0) : bytes(source) { Skip(start); }
 
     void Skip(std::uint64_t count) {
         if (count > bytes.size() - position) throw MalformedReply();
@@ -118,12 +118,12 @@ NpaLayout ReadLayout(Bytes block) {
 
 // The checked block of a packet, from its own length field on.
 Bytes BlockOf(Bytes packet) {
-    Reader reader(packet);
+    FieldReader reader(packet);
     if (LowByte(reader.Take(1)) != startByte) throw MalformedReply();
     if (Length(reader.Take(2)) != packet.size() - headerLength) throw MalformedReply();
     const Bytes fromBlock = packet.subspan(std::min(packet.size(), blockStart));
-    const std::uint64_t length = Length(Reader(fromBlock).Take(blockLengthWidth));
-    const Bytes block = Reader(fromBlock).Take(length + blockLengthWidth);
+    const std::uint64_t length = Length(FieldReader(fromBlock).Take(blockLengthWidth));
+    const Bytes block = FieldReader(fromBlock).Take(length + blockLengthWidth);
     if (block.size() < layoutStart || block[4] != 'P' || block[5] != '{') throw MalformedReply();
     return block;
 }
@@ -158,7 +158,7 @@ private:
     };
 
     void Enter(std::size_t position) {
-        Reader reader(bytes, position);
+        FieldReader reader(bytes, position);
         reader.Skip(layout.idWidth + layout.typeWidth);
         const std::uint64_t count = Length(reader.Take(layout.countWidth));
         reader.Skip(layout.groupLengthWidth);
@@ -167,7 +167,7 @@ private:
 
     void ReadElement() {
         const std::size_t start = open.back().position;
-        Reader reader(bytes, start);
+        FieldReader reader(bytes, start);
         const auto id = static_cast<std::int8_t>(LowByte(reader.Take(layout.idWidth)));
         const std::uint8_t type = LowByte(reader.Take(layout.typeWidth));
         path.resize(open.back().pathLength);
@@ -180,7 +180,7 @@ private:
     }
 
     void ReadGroup(std::size_t start) {
-        Reader after(bytes, start);
+        FieldReader after(bytes, start);
         after.Skip(layout.idWidth + layout.typeWidth + layout.countWidth);
         const std::uint64_t length = Length(after.Take(layout.groupLengthWidth));
         Charge(after.Position() - start);
@@ -190,7 +190,7 @@ private:
         if (open.size() > 1 || path.find("1.1") != std::string::npos) Enter(start);
     }
 
-    void ReadLeaf(std::size_t start, Reader& reader, std::uint8_t type) {
+    void ReadLeaf(std::size_t start, FieldReader& reader, std::uint8_t type) {
         const Bytes value = reader.Take(Length(reader.Take(layout.leafLengthWidth)));
         Charge(reader.Position() - start);
         open.back().position = reader.Position();

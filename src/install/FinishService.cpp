@@ -13,7 +13,7 @@
 namespace {
 
 // No path of the system is longer.
-constexpr std::size_t longestPath = 32767;
+constexpr std::size_t longestSearchedPath = 32767;
 
 // The file that the path names, as it stands or with the extension that may be left out; empty if none.
 std::wstring ProgramFile(const std::wstring& path) {
@@ -28,7 +28,7 @@ std::wstring ProgramFile(const std::wstring& path) {
 void Describe(Application& application, const std::wstring& folder, const std::wstring& entry) {
     for (std::size_t end = entry.size(); end != 0 && end != std::wstring::npos;
          end = entry.find_last_of(L' ', end - 1)) {
-        if (entry[end - 1] == L' ' || folder.size() + end > longestPath) continue;
+        if (entry[end - 1] == L' ' || folder.size() + end > longestSearchedPath) continue;
         const std::wstring path = folder + L"\\" + entry.substr(0, end);
         application.program = ProgramFile(path);
         if (application.program.empty()) continue;

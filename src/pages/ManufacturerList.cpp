@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "CommonLib/TextUtilities.h"
 #include "CommonLib/Vendor.h"
 #include "settings/TagNames.h"
 
@@ -27,7 +28,6 @@ std::wstring BrandFor(std::wstring_view oem, std::wstring_view chosen) {
 }
 
 std::wstring MarkFinalPoint(std::wstring name) {
-    constexpr wchar_t leftToRightMark = 0x200E;
     if (name.ends_with(L'.')) name += leftToRightMark;
     return name;
 }

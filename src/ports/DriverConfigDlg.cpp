@@ -23,7 +23,7 @@
 
 namespace {
 
-constexpr WPARAM longestPath = 260;
+constexpr WPARAM longestTypedPath = 260;
 // By design: one less than can be typed.
 constexpr std::size_t charactersRead = 259;
 
@@ -88,7 +88,7 @@ bool DriverConfigDlg::OnInitDialog() {
     SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);
     SetUpControl(IDCANCEL, TextKey::CANCEL_BUTTON, fontButton);
     SetControlFont(IDC_DRIVER_CONFIG_PATH, fontBody);
-    ::SendMessageW(GetDlgItem(IDC_DRIVER_CONFIG_PATH), EM_SETLIMITTEXT, longestPath, 0);
+    ::SendMessageW(GetDlgItem(IDC_DRIVER_CONFIG_PATH), EM_SETLIMITTEXT, longestTypedPath, 0);
     // The choice is never offered, but its state is still kept.
     EnableControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, false);
     ShowControl(IDC_DRIVER_CONFIG_APPLY_FUTURE, false);

@@ -1,13 +1,8 @@
 #include "ports/PortText.h"
 
 #include "CommonLib/AddressText.h"
+#include "CommonLib/TextUtilities.h"
 #include "settings/TextExpansion.h"
-
-namespace {
-
-constexpr wchar_t leftToRightMark = L'\u200E';
-
-}  // namespace
 
 std::wstring ShownPortName(std::wstring name, bool rightToLeftTexts, bool rightToLeftLocale) {
     for (const wchar_t bracket : {L')', L'}', L']'}) {

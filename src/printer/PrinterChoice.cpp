@@ -6,10 +6,6 @@
 
 namespace {
 
-std::wstring FlagText(bool flag) {
-    return flag ? L"true" : L"false";
-}
-
 void AddTags(std::vector<TagValue>& tags, std::vector<TagValue> more) {
     tags.insert(tags.end(), more.begin(), more.end());
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "settings/DeviceDocument.h"
+#include "settings/PackageWords.h"
 #include "settings/TagDocument.h"
 #include "settings/TagNames.h"
 
@@ -46,7 +47,7 @@ std::wstring PrinterDescription::BuildDeviceElement(std::wstring device) const {
     TagDocument::RemoveElement(device, Tag::DRIVER_ID);
     const bool add = PortNeedsAdding(TagDocument::ValueOf(device, Tag::PORT_TYPE),
                                      TagDocument::ValueOf(device, Tag::PORT_NAME));
-    TagDocument::SetElement(device, Tag::ADD_PORT, add ? L"true" : L"false");
+    TagDocument::SetElement(device, Tag::ADD_PORT, FlagText(add));
     return TagDocument::MakeElement(Tag::DEVICE, device);
 }
 
@@ -89,7 +90,7 @@ void PrinterDescription::FillCurrentDevice(const MSI_APP& driver) {
                          Tag::DEFAULT_PRINTER_NAME, Tag::OEM_NAME});
     if (settings.GetBool(Tag::ADD_PORT)) TagDocument::SetElement(currentDevice, Tag::ADD_PORT, L"true");
     const bool makeDefault = settings.GetBool(Tag::SET_DEFAULT) && driver.isPrinterDriver;
-    TagDocument::SetElement(currentDevice, Tag::SET_DEFAULT, makeDefault ? L"true" : L"false");
+    TagDocument::SetElement(currentDevice, Tag::SET_DEFAULT, FlagText(makeDefault));
     CopyToCurrentDevice({Tag::DRIVERCONFIG_PATH, Tag::CONFIG_EXE_PATH, Tag::OMBREL_DESC});
     if (settings.GetBool(Tag::CONFIG_APPLY_FUTURE)) {
         TagDocument::SetElement(currentDevice, Tag::CONFIG_APPLY_FUTURE, L"true");

@@ -6,6 +6,7 @@
 #include "CommonLib/Singleton.h"
 #include "settings/DeviceDocument.h"
 #include "settings/KeyedValues.h"
+#include "settings/PackageWords.h"
 #include "settings/SettingsMerge.h"
 #include "settings/StartMarker.h"
 #include "settings/TagDocument.h"
@@ -13,20 +14,16 @@
 
 namespace {
 
-Singleton<InstallSettings> singleton;
-
-constexpr std::wstring_view FlagText(bool flag) {
-    return flag ? L"true" : L"false";
-}
+Singleton<InstallSettings> sharedSettings;
 
 }  // namespace
 
 InstallSettings& InstallSettings::GetInstance() {
-    return singleton.Get();
+    return sharedSettings.Get();
 }
 
 void InstallSettings::DestroyInstance() {
-    singleton.Destroy();
+    sharedSettings.Destroy();
 }
 
 std::wstring InstallSettings::GetString(TextTag tag) const {

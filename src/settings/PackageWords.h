@@ -1,6 +1,13 @@
 // The words by which packages say what they are.
 #pragma once
 
+#include <string>
+
+// Returns the value of a flag.
+inline std::wstring FlagText(bool flag) {
+    return flag ? L"true" : L"false";
+}
+
 // Device types, the property DEVICETYPE; a page says with the same words what discovery is to look for.
 namespace DeviceType {
 

@@ -15,7 +15,7 @@
 
 namespace {
 
-Singleton<Localizer> singleton;
+Singleton<Localizer> sharedLocalizer;
 
 // The whole file as text, without a byte order mark. False if it cannot be opened.
 bool ReadLanguageFile(const std::wstring& path, std::wstring& text) {
@@ -52,11 +52,11 @@ std::wstring ReadFileOfPackage(const std::wstring& fileName) {
 }  // namespace
 
 Localizer& Localizer::GetInstance() {
-    return singleton.Get();
+    return sharedLocalizer.Get();
 }
 
 void Localizer::DestroyInstance() {
-    singleton.Destroy();
+    sharedLocalizer.Destroy();
 }
 
 LanguageSource SystemLanguageSource() {

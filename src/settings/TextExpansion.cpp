@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::wstring_view accessKey = L"&amp";
 constexpr wchar_t tagSign = L'^';
-constexpr wchar_t leftToRightMark = L'\u200E';
 
 // The work of expanding one value. Everything in front of the first "^" is settled, so the text is kept as a
 // settled part and a rest, whose characters stand in reverse order: the next one is the last.

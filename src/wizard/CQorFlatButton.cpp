@@ -41,7 +41,7 @@ COLORREF TextUnderTheMouse() {
                                  SystemColour(COLOR_BTNFACE)));
 }
 
-COLORREF TextColour(const DRAWITEMSTRUCT& item) {
+COLORREF CaptionColour(const DRAWITEMSTRUCT& item) {
     if (!IsHighContrastOn()) return RGB(255, 255, 255);
     if (Has(item, ODS_DISABLED)) return GetSysColor(COLOR_GRAYTEXT);
     if (Has(item, ODS_SELECTED)) return GetSysColor(COLOR_HIGHLIGHTTEXT);
@@ -165,7 +165,7 @@ void CQorFlatButton::DrawCaption(const DRAWITEMSTRUCT& item) const {
         area.top += pressedShift;
     }
     SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, TextColour(item));
+    SetTextColor(item.hDC, CaptionColour(item));
     const std::wstring text = sign.empty() ? GetWindowText() : sign;
     UINT format = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
     if (Has(item, ODS_NOACCEL)) format |= DT_HIDEPREFIX;

@@ -9,14 +9,14 @@
 
 namespace {
 
-constexpr COLORREF linkColour = RGB(0x00, 0x66, 0xCC);
+constexpr COLORREF buttonLinkColour = RGB(0x00, 0x66, 0xCC);
 constexpr COLORREF white = RGB(255, 255, 255);
 constexpr wchar_t missingPictureSign[] = L"?";
 
 struct LinkColours {
     COLORREF pen = white;
     COLORREF brush = white;
-    COLORREF text = linkColour;
+    COLORREF text = buttonLinkColour;
 };
 
 LinkColours ColoursFor(const DRAWITEMSTRUCT& item) {

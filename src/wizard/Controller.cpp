@@ -17,7 +17,7 @@ namespace {
 
 constexpr DWORD pollIntervalInMilliseconds = 500;
 
-Singleton<Controller> singleton;
+Singleton<Controller> sharedController;
 
 void CallIfSet(const std::function<void()>& end) {
     if (end) end();
@@ -50,7 +50,7 @@ void SleepAnsweringSentMessages(DWORD milliseconds) {
 }  // namespace
 
 Controller& Controller::GetInstance() {
-    return singleton.Get();
+    return sharedController.Get();
 }
 
 Controller::Controller() : Controller(InstallSettings::GetInstance(), Localizer::GetInstance()) {}

@@ -22,7 +22,7 @@ struct Entry {
 };
 
 // An open folder, and what in it is still to be removed.
-struct OpenFolder {
+struct FolderOnTheWay {
     FileHandle handle;
     std::vector<Entry> entries;
 };
@@ -109,7 +109,7 @@ private:
         way.push_back({.handle = std::move(entry), .entries = std::move(entries)});
     }
     void Step() {
-        OpenFolder& last = way.back();
+        FolderOnTheWay& last = way.back();
         if (last.entries.empty()) {
             Remove(last.handle);
             way.pop_back();
@@ -120,7 +120,7 @@ private:
         if (FileHandle handle = OpenBelow(last.handle, next.name)) Take(std::move(handle), next.isLink);
     }
 
-    std::vector<OpenFolder> way;
+    std::vector<FolderOnTheWay> way;
 };
 
 }  // namespace

@@ -17,9 +17,9 @@ constexpr std::wstring_view unicastAddress = L"UnicastAddress";
 constexpr std::wstring_view remoteSubnets = L"RemoteSubnets";
 constexpr std::wstring_view oemByte = L"OEMBYTE";
 constexpr std::wstring_view seriesText = L"SERIESSTRID";
-constexpr std::wstring_view ipAddress = L"IPADDRESS";
+constexpr std::wstring_view addressElement = L"IPADDRESS";
 constexpr std::wstring_view ipName = L"IPNAME";
-constexpr std::wstring_view hardwareAddress = L"MACUAA";
+constexpr std::wstring_view hardwareAddressElement = L"MACUAA";
 constexpr std::wstring_view modelText = L"1284STRID";
 constexpr std::wstring_view multiFunctionModel = L"aioModelName";
 // Of the recall documents.
@@ -119,9 +119,9 @@ std::wstring MakeDeviceDocument(const DeviceFacts& device, std::wstring_view ser
                                 bool resolvesLocalNames) {
     const std::wstring address = Widen(MainAddress(device).ToHostText());
     const std::wstring localName = resolvesLocalNames ? PlainText(device.localName) : std::wstring();
-    std::wstring document = MakeElement(ipAddress, address) +
+    std::wstring document = MakeElement(addressElement, address) +
                             MakeElement(ipName, localName.empty() ? address : localName) +
-                            MakeElement(hardwareAddress, HardwareText(device.hardwareAddress)) +
+                            MakeElement(hardwareAddressElement, HardwareText(device.hardwareAddress)) +
                             MakeElement(modelText, FullModelOf(device)) + MakeElement(seriesText, series);
     if (device.canScan.value_or(false) || device.hasFax.value_or(false)) {
         document += MakeElement(multiFunctionModel, FullModelOf(device));

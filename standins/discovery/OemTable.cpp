@@ -9,13 +9,13 @@ namespace discovery {
 
 namespace {
 
-constexpr std::wstring_view blanks = L" \t\r\uFEFF";
+constexpr std::wstring_view blanksAndMark = L" \t\r\uFEFF";
 constexpr int largestByte = 255;
 
 std::wstring_view Trim(std::wstring_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
+    const std::size_t first = text.find_first_not_of(blanksAndMark);
     if (first == std::wstring_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(blanksAndMark) - first + 1);
 }
 
 std::optional<int> DigitValue(wchar_t digit, int base) {

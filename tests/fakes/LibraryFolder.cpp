@@ -13,7 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto longestWait = 120s;
 constexpr auto pollInterval = 5ms;
 
 }  // namespace

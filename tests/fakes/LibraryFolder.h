@@ -1,6 +1,8 @@
 // What every scripted library needs of its surroundings.
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -8,7 +10,12 @@
 // backslash.
 std::wstring OwnFolder();
 
-// False if the file does not come into being within two minutes, longer than any test waits.
+// Longer than any test waits; a step that runs into it leaves a line in the record.
+inline constexpr std::chrono::seconds longestWait{120};
+// What an export returns whose caller has too little room.
+inline constexpr std::uint32_t bufferTooSmall = 122;
+
+// False if the file does not come into being within the longest wait.
 bool WaitForFile(const std::wstring& path);
 
 // Appends a line to a record: the thread, the name of the export and its arguments, each as name=value.

@@ -58,6 +58,10 @@ std::wstring JoinFields(const std::vector<std::wstring>& fields) {
     return line + L"\n";
 }
 
+std::uint32_t ReadNumber(const std::wstring& field) {
+    return static_cast<std::uint32_t>(std::stoul(field));
+}
+
 std::vector<std::vector<std::wstring>> ReadLines(const std::wstring& path) {
     const std::wstring text = ReadText(path);
     std::vector<std::vector<std::wstring>> lines;

@@ -3,6 +3,7 @@
 // escaped.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,9 @@ std::wstring UnescapeField(std::wstring_view text);
 
 // The line of these fields, with its line end.
 std::wstring JoinFields(const std::vector<std::wstring>& fields);
+
+// The number that a field holds; throws std::invalid_argument where there is none.
+std::uint32_t ReadNumber(const std::wstring& field);
 
 // The fields of every line of the file that is complete. A missing file holds none.
 std::vector<std::vector<std::wstring>> ReadLines(const std::wstring& path);

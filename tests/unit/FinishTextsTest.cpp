@@ -25,7 +25,7 @@ TEST_P(FinishHeaderTest, ShowsTheTextsOfTheOutcome) {
     EXPECT_EQ(IsUsbFinish(GetParam().outcome), GetParam().usbFinish);
 }
 
-const std::wstring network = L"AMAZON_INSTALL_COMPLETE_TEXT1";
+const std::wstring networkText = L"AMAZON_INSTALL_COMPLETE_TEXT1";
 const std::wstring usb = L"AMAZON_INSTALL_USB_PATH_COMPLETE_TEXT1";
 
 INSTANTIATE_TEST_SUITE_P(
@@ -46,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
                    {.installStatus = L"NOT_SUPPORTED", .dotNetFailed = true},
                    L"DRIVER_INSTALL_COMPLETE_TEXT",
                    L"REQUIRED_DEPENDENCY",
-                   network},
+                   networkText},
         HeaderCase{
             "Failed", {.installStatus = L"FAILED", .usb = true}, L"INSTALLATION_FAILED_TEXT", L"", L""},
         HeaderCase{"UsbOfTheSecondKind",
@@ -56,23 +56,23 @@ INSTANTIATE_TEST_SUITE_P(
                    usb,
                    true},
         HeaderCase{"Usb", {.usb = true}, L"USB_FINAL_TEXT", L"", usb, true},
-        HeaderCase{"OptionalRun", {.optionalInstall = true}, L"INSTALL_COMPLETE_TEXT", L"", network},
+        HeaderCase{"OptionalRun", {.optionalInstall = true}, L"INSTALL_COMPLETE_TEXT", L"", networkText},
         HeaderCase{"PredefinedRun",
                    {.amazonSupported = true, .installFromConfig = true},
                    L"INSTALL_COMPLETE_TEXT",
                    L"",
-                   network},
+                   networkText},
         HeaderCase{"NetworkOfTheSecondKind",
                    {.amazonSupported = true},
                    L"AMAZON_INSTALL_COMPLETE_HEADER",
                    L"",
-                   network},
-        HeaderCase{"Network", {}, L"DRIVER_INSTALL_COMPLETE_TEXT", L"", network},
+                   networkText},
+        HeaderCase{"Network", {}, L"DRIVER_INSTALL_COMPLETE_TEXT", L"", networkText},
         HeaderCase{"NotSupportedReadsAsAGoodRun",
                    {.installStatus = L"NOT_SUPPORTED"},
                    L"DRIVER_INSTALL_COMPLETE_TEXT",
                    L"",
-                   network}),
+                   networkText}),
     [](const auto& header) { return header.param.name; });
 
 TEST(FinishPictureTest, TellsTheOutcome) {

@@ -16,8 +16,8 @@ const ChosenDevice device{.rowName = L"Loom",
                           .isMultiFunction = true,
                           .hasFax = true};
 const ChoiceInputs inputs{.driverId = L"HVMONO", .driverPath = L"C:\\d.msi"};
-const ChoiceInputs predefined{.fromConfig = true, .driverId = L"HVMONO", .driverPath = L"C:\\d.msi"};
-const ChoiceInputs amazon{.isAmazon = true, .driverId = L"HVMONO", .driverPath = L"C:\\d.msi"};
+const ChoiceInputs predefinedInputs{.fromConfig = true, .driverId = L"HVMONO", .driverPath = L"C:\\d.msi"};
+const ChoiceInputs amazonInputs{.isAmazon = true, .driverId = L"HVMONO", .driverPath = L"C:\\d.msi"};
 
 TEST(ChooseDeviceTest, SetsPortNamesAndDriverInThisOrder) {
     EXPECT_THAT(
@@ -46,7 +46,7 @@ TEST(ChooseDeviceTest, LeavesTheDevicesOfAPackageWithoutAnyAlone) {
 }
 
 TEST(ChooseDeviceTest, NamesTheDevicesOfAPredefinedConfigurationAndPicksNoDriver) {
-    const PrinterChoice choice = ChooseDevice(device, predefined);
+    const PrinterChoice choice = ChooseDevice(device, predefinedInputs);
     EXPECT_EQ(choice.detectedName, L"Loom");
     EXPECT_THAT(choice.deviceTags,
                 ElementsAre(TagValue{Tag::PORT_NAME, L"host"}, TagValue{Tag::IPADDRESS, L"10.0.0.7"},
@@ -81,7 +81,7 @@ TEST(PickedDriverTest, IsTheOnlyPrinterDriverWhereThePackageSaysSo) {
     EXPECT_EQ(ChooseDevice(device, PickedOnly(inputs)).onlyPrinterDriver, L"HVMONO");
     EXPECT_EQ(ChoosePort(port, PickedOnly(inputs)).onlyPrinterDriver, L"HVMONO");
     EXPECT_EQ(ChooseUsb(PickedOnly(inputs)).onlyPrinterDriver, L"HVMONO");
-    EXPECT_EQ(ChooseDevice(device, PickedOnly(amazon)).onlyPrinterDriver, L"HVMONO");
+    EXPECT_EQ(ChooseDevice(device, PickedOnly(amazonInputs)).onlyPrinterDriver, L"HVMONO");
 }
 
 TEST(PickedDriverTest, LeavesTheOthersAloneWithoutThat) {
@@ -92,8 +92,8 @@ TEST(PickedDriverTest, LeavesTheOthersAloneWithoutThat) {
 }
 
 TEST(PickedDriverTest, LeavesTheOthersAloneWhereNobodyPicks) {
-    EXPECT_EQ(ChooseDevice(device, PickedOnly(predefined)).onlyPrinterDriver, std::nullopt);
-    EXPECT_EQ(ChooseUsb(PickedOnly(predefined)).onlyPrinterDriver, std::nullopt);
+    EXPECT_EQ(ChooseDevice(device, PickedOnly(predefinedInputs)).onlyPrinterDriver, std::nullopt);
+    EXPECT_EQ(ChooseUsb(PickedOnly(predefinedInputs)).onlyPrinterDriver, std::nullopt);
     EXPECT_EQ(ChooseUsb(PickedOnly({})).onlyPrinterDriver, std::nullopt);
 }
 
@@ -108,7 +108,7 @@ TEST(ChoosePortTest, SetsAPortOfTheSystemWithoutAHost) {
 // The flag that adds the port comes last in the settings, and before the type in the devices.
 TEST(ChoosePortTest, OrdersTheTagsOfTheDevicesOtherwise) {
     const PrinterChoice choice =
-        ChoosePort({.name = L"p", .host = L"h", .type = L"t", .add = true}, predefined);
+        ChoosePort({.name = L"p", .host = L"h", .type = L"t", .add = true}, predefinedInputs);
     EXPECT_THAT(choice.tags, ElementsAre(TagValue{Tag::PORT_NAME, L"p"}, TagValue{Tag::HOST_NAME, L"h"},
                                          TagValue{Tag::PORT_TYPE, L"t"}, TagValue{Tag::ADD_PORT, L"true"}));
     EXPECT_THAT(choice.deviceTags,
@@ -132,7 +132,7 @@ TEST(ChooseUsbTest, SetsTheTypeAloneAndNoDriverPath) {
 }
 
 TEST(ChooseUsbTest, PutsTheDevicesOfAPredefinedConfigurationOnUsb) {
-    EXPECT_THAT(ChooseUsb(predefined).deviceTags, ElementsAre(TagValue{Tag::PORT_TYPE, L"USB"}));
+    EXPECT_THAT(ChooseUsb(predefinedInputs).deviceTags, ElementsAre(TagValue{Tag::PORT_TYPE, L"USB"}));
 }
 
 TEST(ChooseAddressTest, PutsSettingsAndDevicesOnTheAddressAndLeavesDiscoveryOut) {
@@ -176,18 +176,21 @@ const PartsCase partsCases[] = {
      {false, false, untouched, untouched},
      {{L"SCAN", false}, {L"HVMONO"}}},
     {"DeviceWithFaxOfAmazon",
-     ChooseDevice(device, amazon),
+     ChooseDevice(device, amazonInputs),
      {untouched, untouched, untouched, true},
      {{L"SCAN"}, {L"HVMONO"}}},
     {"PlainDeviceOfAmazon",
-     ChooseDevice(plain, amazon),
+     ChooseDevice(plain, amazonInputs),
      {untouched, untouched, untouched, false},
      {{L"SCAN", false}, {L"HVMONO"}}},
     {"Port", ChoosePort(port, inputs), {true, untouched, untouched, untouched}, {{L"HVMONO"}, {L"SCAN"}}},
-    {"PredefinedPort", ChoosePort(port, predefined), {}, {{L"SCAN"}}},
-    {"PortOfAmazon", ChoosePort(port, amazon), {false, false, untouched, true}, {{L"HVMONO"}, {L"SCAN"}}},
+    {"PredefinedPort", ChoosePort(port, predefinedInputs), {}, {{L"SCAN"}}},
+    {"PortOfAmazon",
+     ChoosePort(port, amazonInputs),
+     {false, false, untouched, true},
+     {{L"HVMONO"}, {L"SCAN"}}},
     {"Usb", ChooseUsb(inputs), {false, false, untouched, true}, {{L"SCAN"}, {L"HVMONO"}}},
-    {"PredefinedUsb", ChooseUsb(predefined), {false, false, false, true}, {{L"SCAN"}, {L"HVMONO"}}},
+    {"PredefinedUsb", ChooseUsb(predefinedInputs), {false, false, false, true}, {{L"SCAN"}, {L"HVMONO"}}},
     {"Network", ChooseNetwork(), {false, false, untouched, untouched}, {}},
     {"Address", ChooseAddress({L"a", L""}), {}, {}},
 };

@@ -8,7 +8,7 @@ std::string BitmapFile(COLORREF colour, int width) {
                                   .biPlanes = 1,
                                   .biBitCount = 24};
     constexpr DWORD start = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
-    const auto size = static_cast<DWORD>(width * height * 3);
+    const auto size = static_cast<DWORD>(width) * static_cast<DWORD>(height) * 3;
     const BITMAPFILEHEADER file{.bfType = 0x4D42, .bfSize = start + size, .bfOffBits = start};
     std::string bytes(reinterpret_cast<const char*>(&file), sizeof(file));
     bytes.append(reinterpret_cast<const char*>(&header), sizeof(header));

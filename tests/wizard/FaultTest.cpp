@@ -154,7 +154,7 @@ TEST_F(FaultTest, APropertyDocumentOfAMegabyteIsRead) {
 
 TEST_F(FaultTest, ABrokenLanguageFileGivesTheTextsThatItHas) {
     tree.WriteFile(L"Setup\\res\\en_strings.xml",
-                   std::string("<LANGUAGE_ID>1033</LANGUAGE_ID>\n\xFF\xFE<INSTALL_TITLE>\0\n</INSTALL", 66));
+                   std::string("<LANGUAGE_ID>1033</LANGUAGE_ID>\n\xFF\xFE<INSTALL_TITLE>\0\n</INSTALL", 60));
     Run();
     ExpectUsualRun();
     EXPECT_EQ(Calls(L"MsiGetProperties").front().Argument(L"language"), L"1033");

@@ -346,10 +346,10 @@ TEST_P(FirstPagesFocusTest, GoesRoundTheControlsOfThePage) {
     std::vector<int> round = GetParam().controls;
     StartInFront(round.front());
     EXPECT_EQ(Focused(round.front()), round.front());
-    std::ranges::rotate(round, round.begin() + 1);
+    std::rotate(round.begin(), round.begin() + 1, round.end());
     EXPECT_EQ(TabRound({VK_TAB}), round);
     std::ranges::reverse(round);
-    std::ranges::rotate(round, round.begin() + 1);
+    std::rotate(round.begin(), round.begin() + 1, round.end());
     EXPECT_EQ(TabRound({VK_SHIFT, VK_TAB}), round);
 }
 

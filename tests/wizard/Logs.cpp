@@ -42,7 +42,7 @@ std::wstring WithoutPadding(std::wstring_view text) {
 // Takes one field with its separator from the front: all up to the separator after the least width.
 std::wstring TakeField(std::wstring_view& line, std::size_t leastWidth) {
     const std::size_t end = line.find(separator, leastWidth);
-    const std::wstring field = WithoutPadding(line.substr(0, end));
+    std::wstring field = WithoutPadding(line.substr(0, end));
     line.remove_prefix(end == std::wstring_view::npos ? line.size() : end + separator.size());
     return field;
 }

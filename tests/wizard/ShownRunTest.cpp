@@ -8,7 +8,7 @@ constexpr wchar_t divider = L'|';
 
 std::wstring TakePiece(std::wstring& text) {
     const std::size_t end = text.find(divider);
-    const std::wstring piece = text.substr(0, end);
+    std::wstring piece = text.substr(0, end);
     text.erase(0, end == std::wstring::npos ? end : end + 1);
     return piece;
 }

@@ -164,7 +164,7 @@ MessageBoxOnScreen WizardDriver::WaitForBox() const {
 }
 
 MessageBoxOnScreen WizardDriver::Answer(int button) const {
-    const MessageBoxOnScreen box = WaitForBox();
+    MessageBoxOnScreen box = WaitForBox();
     const HWND control = GetDlgItem(box.window, button);
     EXPECT_NE(control, nullptr) << "the box has no button " << button;
     PostMessageW(control, BM_CLICK, 0, 0);

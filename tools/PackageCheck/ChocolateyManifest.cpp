@@ -4,14 +4,11 @@
 
 #include "tools/PackageCheck/ManifestText.h"
 #include "tools/PackageCheck/Manifests.h"
+#include "tools/PackageCheck/SourceText.h"
 
 namespace packagecheck {
 
 namespace {
-
-// Windows PowerShell takes a script without it for one in the code page of the system, in which a letter of
-// UTF-8 may be a quote.
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 std::string MetadataElement(std::string_view name, std::string_view value) {
     std::string element = "    <";
@@ -49,6 +46,8 @@ std::string Nuspec(const ManifestData& data) {
 
 // What both scripts begin with.
 std::string ScriptHead() {
+    // Windows PowerShell takes a script without it for one in the code page of the system, in which a letter
+    // of UTF-8 may be a quote.
     return std::string(byteOrderMark) +
            "$ErrorActionPreference = 'Stop'\n"
            "$tools = Split-Path -Parent $MyInvocation.MyCommand.Definition\n"

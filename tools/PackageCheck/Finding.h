@@ -17,6 +17,7 @@ struct Position {
     std::size_t line = 0;
     std::size_t column = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): no pointer is compared here.
     auto operator<=>(const Position&) const = default;
 };
 
@@ -24,6 +25,7 @@ struct Place {
     std::string file;  // from the package's root, with "/"; empty for the package as a whole
     Position position;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): no pointer is compared here.
     auto operator<=>(const Place&) const = default;
 };
 

@@ -169,6 +169,7 @@ std::span<const std::wstring_view> DeviceTags() {
 
 std::vector<std::wstring_view> SettingsTagNames() {
     std::vector<std::wstring_view> names;
+    names.reserve(settingsTags.size());
     for (const KnownTag& tag : settingsTags) names.push_back(tag.name);
     return names;
 }

@@ -73,7 +73,7 @@ void CheckFlags(const SettingsCheck& check) {
 }
 
 // A tag that does nothing under a condition.
-struct Condition {
+struct TagCondition {
     std::wstring_view tag;
     bool (*takesEffectAway)(const InstallSettings& settings);
     const char* why;
@@ -91,7 +91,7 @@ bool HasFewManufacturers(const InstallSettings& settings) {
     return ParseManufacturers(settings.GetString(Tag::MANUFACTURERS)).size() < 2;
 }
 
-constexpr std::array<Condition, 17> conditions = {{
+constexpr std::array<TagCondition, 17> conditions = {{
     {Tag::HIDE_START, IsSilent, "SILENT_INSTALL hides every page"},
     {Tag::HIDE_EULA, IsSilent, "SILENT_INSTALL hides every page"},
     {Tag::HIDE_PROGRESS, IsSilent, "SILENT_INSTALL hides every page"},
@@ -123,7 +123,7 @@ constexpr std::array<Condition, 17> conditions = {{
 
 // What the user's file overlays was written for other runs; only what one file says in vain is worth a word.
 void CheckConditions(const SettingsCheck& check) {
-    for (const Condition& condition : conditions) {
+    for (const TagCondition& condition : conditions) {
         if (check.ValueOf(condition.tag).empty() || !condition.takesEffectAway(check.settings)) continue;
         const bool isInherited = check.package.User() != nullptr &&
                                  check.package.PlaceOf(condition.tag).file != check.package.User()->Path();

@@ -10,7 +10,6 @@ namespace {
 
 // So many characters at most are counted to find the place of one.
 constexpr std::size_t charactersBetweenMarks = 1024;
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr char endMark = '\x1A';
 
 bool LooksLikeUtf16(std::string_view bytes) {

@@ -13,6 +13,9 @@ namespace packagecheck {
 // The wizard reads a line in pieces of so many bytes.
 inline constexpr std::size_t longestPiece = 2047;
 
+// In front of a text in UTF-8.
+inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
 // How the wizard decodes the lines of a file.
 enum class Decoding {
     Pieces,  // the settings: each piece of at most 2,047 bytes by itself

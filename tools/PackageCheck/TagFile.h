@@ -23,6 +23,7 @@ public:
           elements(source.Text(), tags) {}
     TagFile(const TagFile&) = delete;
     TagFile& operator=(const TagFile&) = delete;
+    ~TagFile() = default;
 
     const std::string& Path() const { return path; }
     const SourceText& Source() const { return source; }

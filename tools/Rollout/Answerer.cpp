@@ -20,12 +20,12 @@
 #include "settings/TextKeys.h"
 #include "tools/Rollout/Inquiry.h"
 #include "tools/Rollout/OfferedPackages.h"
+#include "tools/Rollout/Questions.h"
 #include "tools/Rollout/RunPlan.h"
 
 namespace rollout {
 namespace {
 
-constexpr int triesForFilesInUse = 2;
 constexpr DWORD pauseForFilesInUseInMilliseconds = 2000;
 
 // Answers the library while it removes a package, as the boxes of a run are answered: nobody's program is

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int messageTextId = 0xFFFF;
 constexpr UINT longestTextInMilliseconds = 1000;
-constexpr std::size_t longestText = 2048;
+constexpr std::size_t longestBoxText = 2048;
 
 std::wstring ClassOf(HWND window) {
     std::array<wchar_t, 64> name{};
@@ -19,13 +19,13 @@ std::wstring ClassOf(HWND window) {
 }
 
 std::wstring TextOf(HWND window) {
-    std::wstring text(longestText, L'\0');
+    std::wstring text(longestBoxText, L'\0');
     DWORD_PTR length = 0;
     if (SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
                             SMTO_ABORTIFHUNG, longestTextInMilliseconds, &length) == 0) {
         length = 0;
     }
-    text.resize(std::min(static_cast<std::size_t>(length), longestText));
+    text.resize(std::min(static_cast<std::size_t>(length), longestBoxText));
     return text;
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 // In bytes: more than the description of any package, and a library that prints without an end is not
 // listened to.
-constexpr std::size_t longestLine = 1u << 26;
+constexpr std::size_t longestInquiry = 1u << 26;
 constexpr std::chrono::milliseconds signalInterval{200};
 // The pipe of a process breaks a moment before its end.
 constexpr std::chrono::seconds longestEnd{2};
@@ -89,7 +89,7 @@ void Inquirer::ReadLines() {
     std::string text;
     std::array<char, 4096> buffer{};
     DWORD count = 0;
-    while (text.size() < longestLine &&
+    while (text.size() < longestInquiry &&
            ReadFile(output.get(), buffer.data(), buffer.size(), &count, nullptr) != FALSE) {
         text.append(buffer.data(), count);
         const std::lock_guard guard(lock);

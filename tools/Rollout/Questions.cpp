@@ -16,8 +16,6 @@ constexpr int retryButton = 4;
 constexpr int noButton = 7;
 // A box with one button may give it the id of OK or of Cancel.
 constexpr std::array careful = {noButton, abortButton, cancelButton, okButton};
-// Whoever has the files open may be done with them in a moment.
-constexpr int triesForFilesInUse = 2;
 
 bool Has(const std::vector<int>& buttons, int button) {
     return std::ranges::find(buttons, button) != buttons.end();

@@ -23,6 +23,9 @@ enum class QuestionKind {
     Unknown
 };
 
+// Whoever has the files open may be done with them in a moment.
+inline constexpr int triesForFilesInUse = 2;
+
 // A box on the screen.
 struct Box {
     std::wstring title;

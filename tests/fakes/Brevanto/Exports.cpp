@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::uint32_t bufferTooSmall = 122;
 constexpr std::uint32_t packageOpenFailed = 1619;
 constexpr wchar_t garbage = 0xCDCD;
 // Any value but 0 says yes.

@@ -10,11 +10,6 @@
 
 namespace {
 
-using namespace std::chrono_literals;
-
-// Longer than any test waits; a step that runs into it leaves a line in the record.
-constexpr auto longestWait = 120s;
-
 std::wstring FileName(std::wstring_view path) {
     return std::wstring(path.substr(path.find_last_of(L'\\') + 1));
 }

@@ -8,14 +8,10 @@ namespace {
 
 using Fields = std::vector<std::wstring>;
 
-std::uint32_t Number(const std::wstring& text) {
-    return static_cast<std::uint32_t>(std::stoul(text));
-}
-
 void TakeStep(const Fields& fields, ScriptedCall& call) {
     const std::wstring& kind = fields.at(1);
     if (kind == L"return") {
-        call.code = Number(fields.at(2));
+        call.code = ReadNumber(fields.at(2));
     } else {
         call.steps.push_back({.kind = kind, .argument = fields.size() > 2 ? fields[2] : std::wstring()});
     }
@@ -26,9 +22,9 @@ void TakeLine(const Fields& fields, ScriptedPackage& package) {
     if (verb == L"properties") {
         package.properties = fields.at(1);
     } else if (verb == L"propertiesCode") {
-        package.propertiesCode = Number(fields.at(1));
+        package.propertiesCode = ReadNumber(fields.at(1));
     } else if (verb == L"propertiesLength") {
-        package.propertiesLength = Number(fields.at(1));
+        package.propertiesLength = ReadNumber(fields.at(1));
     } else if (verb == L"state") {
         package.states.push_back({.installed = fields.at(1) == L"1",
                                   .upToDate = fields.at(2) == L"1",

@@ -25,3 +25,7 @@ private:
     std::wstring folder;
     std::vector<NetworkRun> runs;
 };
+
+inline ScriptedNetwork& Network() {
+    return ScriptedNetwork::GetInstance();
+}

@@ -13,12 +13,7 @@
 
 namespace {
 
-constexpr std::uint32_t bufferTooSmall = 122;
 constexpr std::uint32_t noAnswer = 1460;
-
-ScriptedNetwork& Network() {
-    return ScriptedNetwork::GetInstance();
-}
 
 std::wstring Hex(const std::uint8_t* bytes, std::uint32_t count) {
     std::wstring text;

@@ -8,10 +8,6 @@ namespace {
 
 using Fields = std::vector<std::wstring>;
 
-std::uint32_t Number(const std::wstring& text) {
-    return static_cast<std::uint32_t>(std::stoul(text));
-}
-
 std::vector<std::uint8_t> Bytes(const std::wstring& hex) {
     std::vector<std::uint8_t> bytes;
     for (std::size_t place = 0; place + 1 < hex.size(); place += 2) {
@@ -24,9 +20,9 @@ void TakeStep(const std::wstring& kind, const std::wstring& argument, NetworkAns
     if (kind == L"pause" || kind == L"untilFile") {
         answer.waits.emplace_back(kind, argument);
     } else if (kind == L"return") {
-        answer.code = Number(argument);
+        answer.code = ReadNumber(argument);
     } else if (kind == L"required") {
-        answer.required = Number(argument);
+        answer.required = ReadNumber(argument);
     } else if (kind == L"again") {
         answer.again = true;
     } else if (kind == L"foreign") {

@@ -8,16 +8,6 @@
 #include "tests/fakes/LibraryFolder.h"
 #include "tests/fakes/Network/Network.h"
 
-namespace {
-
-constexpr std::uint32_t bufferTooSmall = 122;
-
-ScriptedNetwork& Network() {
-    return ScriptedNetwork::GetInstance();
-}
-
-}  // namespace
-
 extern "C" {
 
 void Initialize() {

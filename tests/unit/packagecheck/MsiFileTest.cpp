@@ -19,6 +19,12 @@ MsiContents Written(const std::vector<std::string>& statements) {
     return database ? ReadContents(*database) : MsiContents();
 }
 
+const std::string createDirectory =
+    "CREATE TABLE `Directory` (`Directory` CHAR(72) NOT NULL, `Directory_Parent` CHAR(72), `DefaultDir` "
+    "CHAR(255) NOT NULL PRIMARY KEY `Directory`)";
+const std::string createUpgrade =
+    "CREATE TABLE `Upgrade` (`UpgradeCode` CHAR(38) NOT NULL, `Attributes` LONG NOT NULL, `ActionProperty` "
+    "CHAR(72) NOT NULL PRIMARY KEY `UpgradeCode`)";
 const std::string createProperty =
     "CREATE TABLE `Property` (`Property` CHAR(72) NOT NULL, `Value` LONGCHAR NOT NULL LOCALIZABLE PRIMARY "
     "KEY `Property`)";
@@ -41,10 +47,7 @@ TEST(MsiFileTest, ReadsTheSummary) {
 
 TEST(MsiFileTest, ReadsFilesWithTheirFolders) {
     const MsiContents contents = Written(
-        {createProperty,
-         "CREATE TABLE `Directory` (`Directory` CHAR(72) NOT NULL, `Directory_Parent` CHAR(72), `DefaultDir` "
-         "CHAR(255) "
-         "NOT NULL PRIMARY KEY `Directory`)",
+        {createProperty, createDirectory,
          "INSERT INTO `Directory` (`Directory`, `Directory_Parent`, `DefaultDir`) VALUES ('TARGETDIR', '', "
          "'SourceDir')",
          "INSERT INTO `Directory` (`Directory`, `Directory_Parent`, `DefaultDir`) VALUES ('V', 'TARGETDIR', "
@@ -66,10 +69,7 @@ TEST(MsiFileTest, ReadsFilesWithTheirFolders) {
 
 TEST(MsiFileTest, ReadsUpgradesAndSequences) {
     const MsiContents contents = Written(
-        {createProperty,
-         "CREATE TABLE `Upgrade` (`UpgradeCode` CHAR(38) NOT NULL, `Attributes` LONG NOT NULL, "
-         "`ActionProperty` CHAR(72) "
-         "NOT NULL PRIMARY KEY `UpgradeCode`)",
+        {createProperty, createUpgrade,
          "INSERT INTO `Upgrade` (`UpgradeCode`, `Attributes`, `ActionProperty`) VALUES ('{A}', 1, 'OLDER')",
          "INSERT INTO `Upgrade` (`UpgradeCode`, `Attributes`, `ActionProperty`) VALUES ('{B}', 258, 'NEWER')",
          "CREATE TABLE `AdminExecuteSequence` (`Action` CHAR(72) NOT NULL, `Sequence` SHORT PRIMARY KEY "

@@ -33,7 +33,7 @@ TEST_F(LoggerTest, BeginsANewFileWithTheRecordAndNoMark) {
     EXPECT_EQ(bytes.substr(0, 18), ToUtf16Bytes(L"ERROR    "));
     const std::string end = ToUtf16Bytes(L"  Add Eula dialog failed.\r\n");
     EXPECT_EQ(bytes.substr(bytes.size() - end.size()), end);
-    EXPECT_EQ(bytes.size(), 2 * (7 + 2 + 19) + end.size());
+    EXPECT_EQ(bytes.size(), std::size_t{2} * (7 + 2 + 19) + end.size());
 }
 
 TEST_F(LoggerTest, PutsTheLocalTimeIntoTheRecord) {

@@ -87,12 +87,12 @@ TEST_F(DeviceDriversTest, OffersTheConfigurationAsSoonAsADriverHasATool) {
     EXPECT_TRUE(IsShown(IDC_DISCOVERY_CONFIGURE));
 }
 
-struct ConfigureCase {
+struct UsbConfigureCase {
     const wchar_t* driverId;
     bool isEnabledOnUsb;
 };
 
-class ConfigureOnUsbTest : public DeviceDriversTest, public testing::WithParamInterface<ConfigureCase> {};
+class ConfigureOnUsbTest : public DeviceDriversTest, public testing::WithParamInterface<UsbConfigureCase> {};
 
 TEST_P(ConfigureOnUsbTest, IsShutForTheNewerKindOfDriver) {
     Settings().SetStrings({{Tag::USB_SUPPORTED, L"1"},
@@ -111,7 +111,8 @@ TEST_P(ConfigureOnUsbTest, IsShutForTheNewerKindOfDriver) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Drivers, ConfigureOnUsbTest,
-                         testing::Values(ConfigureCase{L"MONO1", true}, ConfigureCase{L"COLOR1V4", false}));
+                         testing::Values(UsbConfigureCase{L"MONO1", true},
+                                         UsbConfigureCase{L"COLOR1V4", false}));
 
 TEST_F(DeviceDriversTest, HidesTheDriverListInARunFromConfiguration) {
     Settings().SetBool(Tag::INSTALL_FROM_CONFIG, true);

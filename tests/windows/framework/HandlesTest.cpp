@@ -51,6 +51,7 @@ TEST_F(HandlesTest, KeepsTheLastErrorWhenItCloses) {
 TEST_F(HandlesTest, HandsTheHandleOn) {
     Number first(5);
     const Number second(std::move(first));
+    // NOLINTNEXTLINE(bugprone-use-after-move): the owner is empty then.
     EXPECT_FALSE(first);
     EXPECT_EQ(second.get(), 5);
     EXPECT_TRUE(closed.empty());

@@ -7,6 +7,7 @@
 #include "resources/resource.h"
 #include "tests/windows/world/AddPortPageWorld.h"
 #include "tests/windows/world/FakeShare.h"
+#include "tests/windows/world/PatchedExport.h"
 #include "tests/wizard/Waiting.h"
 
 namespace {
@@ -191,21 +192,13 @@ TEST_F(AddPortNextTest, TakesAPortWithoutTheMarksOfItsName) {
     EXPECT_EQ(Settings().GetString(Tag::PORT_NAME), L"Office (1)");
 }
 
-FARPROC(WINAPI* findExport)(HMODULE, LPCSTR) = nullptr;
-
 int WINAPI TellHebrew(LPCWSTR, LCTYPE, LPWSTR text, int) {
     std::wstring_view(L"040d").copy(text, 5);
     return 5;
 }
 
-FARPROC WINAPI FindExportOrHebrew(HMODULE library, LPCSTR name) {
-    if (std::string_view("GetLocaleInfoEx") != name) return findExport(library, name);
-    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&TellHebrew));
-}
-
 TEST_F(AddPortNextTest, TakesTheMarksOffAnAddress) {
-    findExport = &GetProcAddress;
-    const PatchedImport locale("GetProcAddress", &FindExportOrHebrew);
+    const PatchedExport locale("GetLocaleInfoEx", &TellHebrew);
     Open("RTL");
     page.FillPortList({{L"10.1.2.3", L"Standard TCP/IP Port"}});
     EXPECT_EQ(Cell(0, 0), L"\u202D10.1.2.3\u202C");

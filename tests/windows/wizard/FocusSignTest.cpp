@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr double signLimit = 3.0;
+constexpr double focusSignLimit = 3.0;
 
 // What the user can reach by the keyboard, the arrows included.
 bool TakesFocus(HWND control) {
@@ -38,7 +38,7 @@ std::ptrdiff_t SmallestSign(HWND control) {
     if (kind == WC_EDITW || kind == L"RichEdit20W") return letter;
     RECT area{};
     GetWindowRect(control, &area);
-    return 2 * std::min(area.right - area.left, area.bottom - area.top);
+    return std::ptrdiff_t{2} * std::min(area.right - area.left, area.bottom - area.top);
 }
 
 // Keeps the caret from blinking.
@@ -102,7 +102,7 @@ protected:
         EXPECT_EQ(GetFocus(), control);
         const std::vector<double> contrasts = ContrastsBetween(without, with);
         const auto seen =
-            std::ranges::count_if(contrasts, [](double contrast) { return contrast >= signLimit; });
+            std::ranges::count_if(contrasts, [](double contrast) { return contrast >= focusSignLimit; });
         EXPECT_GE(seen, SmallestSign(control))
             << "in " << GetDlgCtrlID(control) << ", of " << contrasts.size() << " pixels";
     }

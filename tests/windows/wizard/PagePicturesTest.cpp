@@ -86,7 +86,7 @@ private:
         const auto* const pixels = static_cast<const unsigned char*>(bits);
         // The rows stand from the bottom up.
         for (int row = height - top - cellHeight; row < height - top; ++row) {
-            const unsigned char* const first = pixels + row * width + left;
+            const unsigned char* const first = pixels + std::ptrdiff_t{row} * width + left;
             for (const unsigned char shade : std::span(first, cellWidth)) seen[shade] = true;
         }
         return static_cast<std::size_t>(std::ranges::count(seen, true));

@@ -248,7 +248,7 @@ public:
     HRESULT STDMETHODCALLTYPE get__NewEnum(IUnknown**) override { return E_NOTIMPL; }
 };
 
-class Profile : public Automation<INetFwProfile> {
+class FirewallProfile : public Automation<INetFwProfile> {
 public:
     HRESULT STDMETHODCALLTYPE get_AuthorizedApplications(INetFwAuthorizedApplications** programs) override {
         *programs = new ProgramSet;
@@ -278,7 +278,7 @@ public:
 class Policy : public Automation<INetFwPolicy> {
 public:
     HRESULT STDMETHODCALLTYPE get_CurrentProfile(INetFwProfile** profile) override {
-        *profile = new Profile;
+        *profile = new FirewallProfile;
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE GetProfileByType(NET_FW_PROFILE_TYPE, INetFwProfile**) override {

@@ -41,7 +41,8 @@ Picture PictureOf(HWND window) {
     GdiFlush();
     Picture picture{.width = area.right, .height = area.bottom, .pixels = {}};
     const auto* const pixels = static_cast<const RGBQUAD*>(bits);
-    std::transform(pixels, pixels + area.right * area.bottom, std::back_inserter(picture.pixels),
+    std::transform(pixels, pixels + std::ptrdiff_t{area.right} * area.bottom,
+                   std::back_inserter(picture.pixels),
                    [](const RGBQUAD& pixel) { return RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue); });
     return picture;
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr DWORD patienceInMilliseconds = 60000;
+constexpr DWORD patienceWithThreads = 60000;
 
 std::mutex lock;
 std::vector<KernelHandle> threads;
@@ -41,7 +41,7 @@ std::vector<DWORD> ThreadWatch::WaitForAll() {
     const std::lock_guard guard(lock);
     std::vector<DWORD> codes;
     for (const KernelHandle& thread : threads) {
-        WaitForSingleObject(thread.get(), patienceInMilliseconds);
+        WaitForSingleObject(thread.get(), patienceWithThreads);
         DWORD code = 0;
         GetExitCodeThread(thread.get(), &code);
         codes.push_back(code);
