@@ -14,7 +14,8 @@ struct Record {
     std::vector<Record> parts;
 };
 
-// Each format defines these two. Whatever the bytes are, writing what was read ends and gives a whole input:
-// the same bytes where the format was obeyed, others with lengths and numbers that fit where it was not.
+// Each format defines these two. Whatever the bytes are, writing what was read gives a whole input: the same
+// bytes where the format was obeyed, but for pointers in names, and others with lengths and numbers that fit
+// where it was not.
 Record ReadRecords(std::string_view input);
 std::string WriteRecords(const Record& whole);
