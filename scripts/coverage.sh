@@ -16,7 +16,8 @@ mkdir -p "$counts" out
 
 # counted COMMAND...: runs a program that writes its counts down.
 counted() {
-    local log=$counts/$(basename "$1").log
+    local log
+    log=$counts/$(basename "$1").log
     LLVM_PROFILE_FILE="$counts/%p.profraw" "$@" > "$log" 2>&1 && return
     tail -n 30 "$log"
     echo "coverage: $1 failed"
