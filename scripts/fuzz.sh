@@ -66,7 +66,7 @@ fuzz() {
     return $code
 }
 
-# pack READER: of all that was found, what covers more than the seeds, as an archive. Two runs make the same of the same.
+# pack READER: keeps what covers more than the seeds, of all that was found, as an archive.
 pack() {
     local reader=$1 chosen archive=tests/fuzz/corpora/$1.tar.xz
     chosen=$(mktemp -d)
