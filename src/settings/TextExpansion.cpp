@@ -75,12 +75,13 @@ private:
     }
 
     // A sign without a second one names all the rest. At the very start nothing is erased: with no value to
-    // put in front the same sign is found for ever. Elsewhere the rest becomes the value alone, so that a
-    // name that comes up twice leads back to where it was.
+    // put in front the same sign is found for ever, and a value that has come to nothing leads back to it.
+    // Elsewhere the rest becomes the value alone, so that a name that comes up twice leads back to where it
+    // was.
     bool TakeTail(const std::wstring& name, const std::wstring& value) {
         regions.clear();
         names.clear();
-        if (settled.empty()) return !value.empty();
+        if (settled.empty()) return !value.empty() && !std::exchange(beganWithTail, true);
         rest.clear();
         return tails.insert(name).second;
     }
@@ -91,6 +92,7 @@ private:
     std::vector<Region> regions;  // from the outermost to the innermost value around the next sign
     std::set<std::wstring> names;
     std::set<std::wstring> tails;
+    bool beganWithTail = false;
     std::size_t replacementsLeft;
     std::size_t characters = 0;
 };

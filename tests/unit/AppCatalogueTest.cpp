@@ -25,6 +25,13 @@ protected:
     AppCatalogue catalogue;
 };
 
+TEST_F(AppCatalogueTest, IsOneForTheWholeProgram) {
+    AppCatalogue::GetInstance().Append(MSI_APP());
+    EXPECT_EQ(AppCatalogue::GetInstance().Select({}).size(), 1U);
+    EXPECT_THAT(Names(), IsEmpty());
+    AppCatalogue::GetInstance().Clear();
+}
+
 TEST_F(AppCatalogueTest, KeepsTheOrderOfItsRecords) {
     Append(L"b");
     Append(L"a");

@@ -32,6 +32,14 @@ protected:
     DriverInfo drivers;
 };
 
+TEST_F(DriverInfoTest, IsOneForTheWholeProgram) {
+    DriverInfo::GetInstance().PopulateDriverList(Source());
+    EXPECT_FALSE(DriverInfo::GetInstance().GetDrivers().empty());
+    DriverInfo::GetInstance().Clear();
+    EXPECT_TRUE(DriverInfo::GetInstance().GetDrivers().empty());
+    EXPECT_EQ(drivers.GetDrivers().size(), 4U);
+}
+
 TEST_F(DriverInfoTest, SelectsEveryDriverFromTheStart) {
     EXPECT_THAT(Selected(), ElementsAre(L"a1", L"a2", L"b", L"scan"));
 }

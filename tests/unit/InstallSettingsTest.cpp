@@ -110,6 +110,14 @@ TEST_F(InstallSettingsTest, AppendsProgramsWithNothingBetween) {
     EXPECT_EQ(Document(), L"<STARTAPP>a.exe;b.exe</STARTAPP>");
 }
 
+TEST_F(InstallSettingsTest, GivesTheValuesOfItsFilesAsTheyStandButWithoutAMarker) {
+    Settings().Append(L"<A>1</A>");
+    EXPECT_EQ(Settings().FileValues(), L"<A>1</A>");
+    Settings().Append(L"\u00EF\u00BB\u00BF<B>2</B>");
+    EXPECT_EQ(Settings().FileValues(), Settings().StripMarker());
+    EXPECT_EQ(Document(), L"<A>1</A>\u00EF\u00BB\u00BF<B>2</B>");
+}
+
 TEST_F(InstallSettingsTest, BeginsEmptyAgainWhenItWasDestroyed) {
     Settings().SetString(TextTag(L"A"), L"1");
     InstallSettings::DestroyInstance();

@@ -154,6 +154,16 @@ TEST(ExpansionLimitTest, ReplacesAsOftenAsTheLimitSays) {
     EXPECT_FALSE(EndsAfter(65'536 + 4));
 }
 
+TEST(ExpansionLimitTest, ReadsNothingOnceATextIsBackAtItsStart) {
+    std::vector<std::wstring> names;
+    const auto readTag = [&](std::wstring_view name) {
+        names.emplace_back(name);
+        return std::wstring(name == L"A" ? L"^UNSET^" : L"");
+    };
+    EXPECT_TRUE(ExpandTags(L"^A", readTag).endless);
+    EXPECT_EQ(names, (std::vector<std::wstring>{L"A", L"UNSET", L"A"}));
+}
+
 TEST(ExpansionLimitTest, TakesAsManyCharactersAsTheLimitSays) {
     constexpr std::size_t most = 16'777'216;
     for (const std::size_t length : {most - 1, most}) {

@@ -45,6 +45,20 @@ TEST(SnmpMessageTest, ReadsEachKindOfValue) {
                                     std::int64_t{0xFFFFFFFF}));
 }
 
+TEST(SnmpMessageTest, ReadsCountersAsNumbersThatAreNeverNegative) {
+    const Bytes packet =
+        wire::SnmpPacket({.bindings = {{name, Bytes("\x41\x05\x00\x80\x00\x00\x00", 7)},
+                                       {name, Bytes("\x43\x01\x07", 3)},
+                                       {name, Bytes("\x46\x09\x00\x7F\x00\x00\x00\x00\x00\x00\x01", 11)},
+                                       {name, Bytes("\x40\x04\xC0\x00\x02\x07", 6)}}});
+    const auto message = DecodeSnmpResponse(packet);
+    ASSERT_TRUE(message);
+    std::vector<discovery::SnmpValue> values;
+    for (const discovery::SnmpBinding& binding : message->bindings) values.push_back(binding.value);
+    EXPECT_THAT(values, ElementsAre(std::int64_t{0x80000000}, std::int64_t{7},
+                                    std::int64_t{0x7F00000000000001}, Bytes("\xC0\x00\x02\x07", 4)));
+}
+
 TEST(SnmpMessageTest, ReadsWhatADeviceRefuses) {
     const auto message = DecodeSnmpResponse(wire::SnmpPacket(
         {.version = discovery::SnmpVersion::V1, .errorStatus = 2, .errorIndex = 3, .bindings = {}}));
@@ -60,6 +74,29 @@ TEST(SnmpMessageTest, ReadsNothingOfWhatIsCutOff) {
     for (std::size_t size = 0; size < packet.size(); ++size) {
         EXPECT_FALSE(DecodeSnmpResponse(BytesView(packet).substr(0, size))) << size;
     }
+}
+
+TEST(SnmpMessageTest, ReadsNothingOfAnotherVersion) {
+    EXPECT_FALSE(DecodeSnmpResponse(wire::SnmpPacket({.version = discovery::SnmpVersion{3}})));
+    EXPECT_TRUE(DecodeSnmpResponse(wire::SnmpPacket({.version = discovery::SnmpVersion::V1})));
+}
+
+// An answer without values whose request id is of those bytes.
+Bytes AnswerWithId(BytesView id) {
+    using discovery::BerTag;
+    using discovery::MakeBer;
+    const Bytes fields = MakeBer(BerTag::Integer, id) + wire::NumberValue(0) + wire::NumberValue(0) +
+                         MakeBer(BerTag::Sequence, {});
+    return MakeBer(BerTag::Sequence,
+                   wire::NumberValue(1) + wire::OctetValue("public") +
+                       MakeBer(static_cast<std::uint8_t>(discovery::SnmpPdu::Response), fields));
+}
+
+TEST(SnmpMessageTest, ReadsIdsOf32BitsAndNoOthers) {
+    EXPECT_TRUE(DecodeSnmpResponse(AnswerWithId(Bytes("\x00\x7F\xFF\xFF\xFF", 5))));
+    EXPECT_TRUE(DecodeSnmpResponse(AnswerWithId(Bytes("\x80\x00\x00\x00", 4))));
+    EXPECT_FALSE(DecodeSnmpResponse(AnswerWithId(Bytes("\x00\x80\x00\x00\x00", 5))));
+    EXPECT_FALSE(DecodeSnmpResponse(AnswerWithId(Bytes("\xFF\x7F\xFF\xFF\xFF", 5))));
 }
 
 struct Broken {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "tests/unit/packagecheck/MsiWriter.h"
 #include "tests/unit/packagecheck/TemporaryFolder.h"
 #include "tools/PackageCheck/FolderTree.h"
 
@@ -26,6 +27,22 @@ TEST_F(FolderTreeTest, TellsAnEmptyFileFromOneThatCannotBeOpened) {
     folder.Write("empty.txt", "");
     EXPECT_EQ(tree.Read("empty.txt", 10), "");
     EXPECT_EQ(tree.Read("missing.txt", 10), std::nullopt);
+}
+
+TEST_F(FolderTreeTest, ReadsAPackageOrSaysWhyNot) {
+    const std::filesystem::path path = folder.Path() + "/Some.msi";
+    WriteMsi(path,
+             {"CREATE TABLE `Property` (`Property` CHAR(72) NOT NULL, `Value` LONGCHAR NOT NULL LOCALIZABLE "
+              "PRIMARY KEY `Property`)",
+              "INSERT INTO `Property` (`Property`, `Value`) VALUES ('DRIVERID', 'HVMONO')"});
+    folder.Write("Bad.msi", "This is no package.");
+    const packagecheck::MsiReading some = tree.ReadMsi("Some.msi");
+    ASSERT_TRUE(some.contents) << some.error;
+    EXPECT_EQ(some.contents->PropertyOf(L"DRIVERID"), L"HVMONO");
+    EXPECT_EQ(some.error, "");
+    const packagecheck::MsiReading bad = tree.ReadMsi("Bad.msi");
+    EXPECT_FALSE(bad.contents);
+    EXPECT_NE(bad.error, "");
 }
 
 // What is in the way of the file is a folder.

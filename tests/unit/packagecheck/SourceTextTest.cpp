@@ -65,6 +65,13 @@ TEST(SourceTextTest, LosesACharacterBetweenTwoPiecesOfSettings) {
     EXPECT_TRUE(SourceText(bytes, Decoding::Whole).Flaws().empty());
 }
 
+TEST(SourceTextTest, SplitsNothingWhereNoCharacterBeginsAtTheEndOfAPiece) {
+    const SourceText settings(std::string(2044, 'x') + "\x80\x80\x80" + "y", Decoding::Pieces);
+    ASSERT_EQ(settings.Flaws().size(), 1U);
+    EXPECT_EQ(settings.Flaws().front().kind, FlawKind::NotUtf8);
+    EXPECT_EQ(settings.Flaws().front().position, (Position{.line = 1, .column = 2045}));
+}
+
 TEST(SourceTextTest, SplitsNoCharacterOfALanguage) {
     const SourceText language(std::string(2046, 'x') + "\xC3", Decoding::Whole);
     ASSERT_EQ(language.Flaws().size(), 1U);
