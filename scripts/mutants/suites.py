@@ -109,8 +109,9 @@ class Suite:
 
     def build(self):
         """Whether the tests build, and everything that the compiler says."""
-        result = subprocess.run(['cmake', '--build', self.folder, '--target', self.target, '--', '-k', '0'], cwd=breaks.TREE,
-                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors='replace')
+        result = subprocess.run(['cmake', '--build', self.folder, '-j', str(os.cpu_count()), '--target', self.target, '--',
+                                 '-k', '0'], cwd=breaks.TREE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                                errors='replace')
         return result.returncode == 0, result.stdout
 
     def start(self):
