@@ -111,6 +111,18 @@ TEST(DnsMessageTest, FollowsAFewPointersAndNoMore) {
     EXPECT_FALSE(DecodeDnsResponse(AnswerThroughPointers(17)));
 }
 
+TEST(DnsMessageTest, FollowsAPointerThatTakesBothItsBytes) {
+    Bytes packet("\0\7\x84\0\0\0\0\2\0\0\0\0", headerSize);
+    packet += Bytes("\0\0\x2F\0\1\0\0\0\0\2\x03", 11) + Bytes(512, 'x');
+    const std::size_t place = packet.size();
+    packet += Bytes("\1a\0\xC2", 4) + static_cast<char>(place - 512);
+    packet += Bytes("\0\1\0\1\0\0\0\0\0\4\1\2\3\4", 14);
+    const auto response = DecodeDnsResponse(packet);
+    ASSERT_TRUE(response);
+    ASSERT_THAT(response->records, SizeIs(1));
+    EXPECT_THAT(response->records[0].name, ElementsAre("a"));
+}
+
 TEST(DnsMessageTest, ReadsANameThatIsAsLongAsCanBe) {
     const Bytes longest = '\x3F' + Bytes(63, 'x');
     EXPECT_TRUE(DecodeDnsResponse(AnswerNamed(longest + longest + longest + '\x3E' + Bytes(62, 'x') + '\0')));

@@ -30,8 +30,8 @@ TEST(HttpResponseTest, ReadsABodyOfALengthThatIsTold) {
 
 TEST(HttpResponseTest, ReadsABodyInChunks) {
     EXPECT_THAT(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: 1\r\nTransfer-Encoding: chunked\r\n\r\n"
-                       "2\r\nab\r\n0A;note\r\n0123456789\r\n0\r\n\r\n"),
-                Optional(Bytes("ab0123456789")));
+                       "2\r\nab\r\n0A;note\r\n0123456789\r\n10\r\n0123456789abcdef\r\n0\r\n\r\n"),
+                Optional(Bytes("ab01234567890123456789abcdef")));
     EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n", true));
     EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nx\r\n", true));
 }

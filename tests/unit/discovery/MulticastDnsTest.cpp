@@ -94,7 +94,7 @@ TEST_F(MulticastDnsTest, TellsNewsFromWhatItKnows) {
 TEST_F(MulticastDnsTest, HearsOfTheServicesOfPrintersAlone) {
     for (const DnsName& other :
          {DnsName{"Loom", "_web", "_tcp", "local"}, DnsName{"Loom_ipp", "_tcp", "local"},
-          DnsName{"_ipp", "_tcp", "local"}, DnsName{"Loom", "local"}}) {
+          DnsName{"_ipp", "_tcp", "local"}, DnsName{"._ipp", "_tcp", "local"}, DnsName{"Loom", "local"}}) {
         EXPECT_FALSE(Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, other)));
     }
 }

@@ -257,8 +257,9 @@ TEST_F(SearchTest, AsksASilentHostInFourPassesByBothVersions) {
 TEST_F(SearchTest, AsksByEachWayWhatAPlanNames) {
     SearchPlan plan = SimulatedNetwork::NeighbourPlan();
     plan.sweeps.clear();
-    // By multicast of both protocols and by a broadcast; nobody's name is asked for.
-    EXPECT_THAT(Search(plan).TakeDatagrams(Time(0)), SizeIs(3));
+    plan.links.push_back({.zone = 3, .subnets = {Subnet(NetworkAddress(0xC6336400), 24)}});
+    // By multicast of both protocols and by a broadcast on each link; nobody's name is asked for.
+    EXPECT_THAT(Search(plan).TakeDatagrams(Time(0)), SizeIs(6));
 }
 
 TEST_F(SearchTest, SendsNoMoreThanItsShare) {
