@@ -46,7 +46,7 @@ def is_below(file, path):
 def sample(mutants, options):
     if not 0 < options.count < len(mutants):
         return mutants
-    return sorted(random.Random(options.seed).sample(mutants, options.count), key=lambda mutant: mutant.number)
+    return random.Random(options.seed).sample(mutants, options.count)
 
 
 def try_all(suite, mutants, reach):
@@ -54,7 +54,7 @@ def try_all(suite, mutants, reach):
     verdicts = []
     for mutant in mutants:
         began = time.monotonic()
-        verdict, test = suite.verdict(mutant.number, reach)
+        verdict, test = suite.verdict(mutant, reach)
         verdicts.append(verdict)
         print(f'{verdict:17} {time.monotonic() - began:3.0f} s  {mutant}{"  by " + test if test else ""}', flush=True)
     return verdicts

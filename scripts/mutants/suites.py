@@ -3,6 +3,7 @@ import collections
 import dataclasses
 import math
 import os
+import pathlib
 import re
 import resource
 import signal
@@ -13,7 +14,7 @@ import breaks
 
 # On a machine that has other work, what waits may take that much longer than the processor does.
 PATIENCE = 5
-# The tests of a mutant are run in batches, the shortest first; how long all batches up to one may take.
+# The tests of a mutant are run in batches, the shortest first; the milliseconds that all batches up to one may take.
 BATCHES = (300, 3000, float('inf'))
 
 
@@ -23,14 +24,18 @@ class Reach:
     tests: dict
     milliseconds: dict
 
-    def batches(self, number):
-        """The tests that come to a mutant."""
+    def batches(self, mutant):
+        """The tests that come to a mutant: first those that bear the name of its source, for they see most of it."""
+        name = pathlib.PurePath(mutant.file).stem
         batches = collections.defaultdict(list)
         taken = 0
-        for test in sorted(self.tests[number], key=lambda test: (self.milliseconds[test], test)):
-            taken += self.milliseconds[test]
-            batches[next(bound for bound in BATCHES if taken <= bound)].append(test)
-        return batches.values()
+        for test in sorted(self.tests[mutant.number], key=lambda test: (self.milliseconds[test], test)):
+            if name in test.partition('.')[0]:
+                batches[0].append(test)
+            else:
+                taken += self.milliseconds[test]
+                batches[next(bound for bound in BATCHES if taken <= bound)].append(test)
+        return [batches[bound] for bound in sorted(batches)]
 
     def bound(self, tests):
         """The seconds after which the tests do not end any more."""
@@ -146,13 +151,12 @@ class Suite:
             raise RuntimeError(breaks.last_lines(run.text))
         return read_reach(breaks.TREE / 'build/reached', mutants), time.monotonic() - began
 
-    def verdict(self, number, reach):
+    def verdict(self, mutant, reach):
         """What the tests make of a mutant, and the first test that failed."""
-        tests = reach.tests[number]
-        if not tests:
+        if not reach.tests[mutant.number]:
             return 'NOT REACHED', ''
-        for batch in reach.batches(number):
-            run = self.run(batch, reach.bound(batch), KESTRUNE_MUTANT=str(number), GTEST_FAIL_FAST='1')
+        for batch in reach.batches(mutant):
+            run = self.run(batch, reach.bound(batch), KESTRUNE_MUTANT=str(mutant.number), GTEST_FAIL_FAST='1')
             if run.ended and not run.failed:
                 continue
             self.clean()

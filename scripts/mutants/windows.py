@@ -38,10 +38,10 @@ class WindowsSuite(suites.Suite):
     def run(self, tests, bound, **environment):
         return super().run(tests, bound, **self.environment, **environment)
 
-    def verdict(self, number, reach):
+    def verdict(self, mutant, reach):
         """A kill counts where it is seen twice: a desktop can disturb a test as well."""
-        verdict, test = super().verdict(number, reach)
+        verdict, test = super().verdict(mutant, reach)
         if not verdict.startswith('killed'):
             return verdict, test
-        again = dataclasses.replace(reach, tests={number: {test} if test else reach.tests[number]})
-        return super().verdict(number, again)
+        again = dataclasses.replace(reach, tests={mutant.number: {test} if test else reach.tests[mutant.number]})
+        return super().verdict(mutant, again)
