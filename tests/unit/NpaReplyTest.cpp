@@ -190,6 +190,7 @@ TEST_P(LooseLayoutTest, LeavesTheTreeAtItsPlace) {
 // Whatever stands in the two bytes after a brace is stepped over, another brace as well.
 INSTANTIATE_TEST_SUITE_P(Layouts, LooseLayoutTest,
                          testing::Values("P{ID:1,DT:1}..{NE:1,LD:2}..{LD:2}xyz",
+                                         "P{ID:1a,DT:1}P{NE:1,LD:2}P{LD:2}",
                                          "P{ID:1,DT:1}}}NE:1,LD:2}}}LD:2}"));
 
 TEST(NpaReplyTest, ReadsALengthInMoreBytesThanANumberHas) {

@@ -55,6 +55,17 @@ TEST(NetworkAddressTest, TellsHostsFromOthers) {
     }
 }
 
+TEST(NetworkAddressTest, TellsAddressesOfALinkFromOthers) {
+    const auto isLinkLocal = [](const wchar_t* text) {
+        return NetworkAddress::FromText(text)->IsLinkLocal();
+    };
+    for (const wchar_t* const text : {L"169.254.0.1", L"fe80::1", L"febf::1"}) EXPECT_TRUE(isLinkLocal(text));
+    for (const wchar_t* const text :
+         {L"169.253.0.1", L"10.254.0.1", L"fec0::1", L"fc80::1", L"2001:db8::1"}) {
+        EXPECT_FALSE(isLinkLocal(text));
+    }
+}
+
 TEST(SubnetTest, ReadsTheFormOfASearchDocument) {
     const auto subnet = Subnet::FromText(L"192.0.2.77:255.255.255.0");
     ASSERT_TRUE(subnet);
