@@ -18,16 +18,15 @@ constexpr std::string_view headEnd = "\r\n\r\n";
 constexpr std::string_view interim = "100";
 constexpr std::string_view success = "200";
 
-std::string_view TrimBlanks(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
+std::string_view WithoutBlanksInFront(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
     return text;
 }
 
 std::optional<std::size_t> Number(std::string_view text, int base) {
     std::size_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, base);
-    if (error != std::errc() || end == text.data() || number > longestResponse) return std::nullopt;
+    const std::errc error = std::from_chars(text.data(), text.data() + text.size(), number, base).ec;
+    if (error != std::errc() || number > longestResponse) return std::nullopt;
     return number;
 }
 
@@ -103,7 +102,7 @@ void HttpResponse::ReadHead(BytesView head) {
         const std::string_view line = TakeLine(head);
         const std::size_t colon = std::min(line.find(':'), line.size());
         const std::string_view name = line.substr(0, colon);
-        const std::string_view value = TrimBlanks(line.substr(std::min(colon + 1, line.size())));
+        const std::string_view value = WithoutBlanksInFront(line.substr(std::min(colon + 1, line.size())));
         if (EqualsInAnyCase(name, "Content-Length") && stage != Stage::Chunks) {
             const std::optional<std::size_t> number = Number(value, 10);
             length = number.value_or(0);

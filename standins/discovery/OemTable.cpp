@@ -40,7 +40,8 @@ std::optional<int> ReadByte(std::wstring_view text) {
 
 void ReadLine(std::wstring_view line, OemTable& table) {
     const std::size_t equals = line.find(L'=');
-    if (line.starts_with(L'#') || equals == std::wstring_view::npos) return;
+    if (equals == std::wstring_view::npos) return;
+    // A comment has no number.
     const std::optional<int> number = ReadByte(Trim(line.substr(0, equals)));
     if (!number) return;
     for (const std::wstring& maker : SplitClosed(std::wstring(line.substr(equals + 1)) + L',', L',')) {

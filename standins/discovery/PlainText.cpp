@@ -17,7 +17,7 @@ TextCharacter NextCharacter(std::string_view bytes) {
 }
 
 bool IsTextual(std::uint32_t character) {
-    if (character < U' ' || (character >= 0x7F && character < 0xA0)) return false;
+    if (character <= U' ' || (character >= 0x7F && character < 0xA0)) return false;
     if (character == U'<' || character == U'>' || character == U';') return false;
     const bool isMark = (character >= 0x200B && character <= 0x200F) ||
                         (character >= 0x2028 && character <= 0x202E) ||
@@ -34,7 +34,7 @@ std::wstring PlainText(std::string_view bytes) {
     while (!bytes.empty() && text.size() + 3 <= longestPlainText) {
         const TextCharacter next = NextCharacter(bytes);
         bytes.remove_prefix(next.length);
-        if (next.code == U' ' || !IsTextual(next.code)) {
+        if (!IsTextual(next.code)) {
             isBlankDue = !text.empty();
             continue;
         }

@@ -107,6 +107,17 @@ TEST_F(ApplyChoiceTest, LeadsToTheHelpOfTheFirstDevice) {
     EXPECT_EQ(Link(), L"http://help?productCode=Brand_M1&loc=en");
 }
 
+TEST_F(ApplyChoiceTest, SaysInTheLogWhereACodeHasNothingBehindTheBrand) {
+    settings.SetStrings({{Tag::DRIVER_MODEL_NAME, L"Brand M2"}, {Tag::PRINTER_NAME, L"S1"}});
+    settings.SetString(Tag::OEM_NAME, L"Brand");
+    settings.SetString(TextTag(L"MODEL_PRODUCT_CODE"), L"S1:Brand M2");
+    Apply({.links = LinkSource::Settings});
+    EXPECT_TRUE(TheLog().basic.empty());
+    settings.SetString(TextTag(L"MODEL_PRODUCT_CODE"), L"S1:Brand");
+    Apply({.links = LinkSource::Settings});
+    EXPECT_EQ(TheLog().basic.size(), 1U);
+}
+
 TEST_F(ApplyChoiceTest, LeadsToTheGeneralHelpWithoutADevice) {
     Apply({.links = LinkSource::FirstDevice});
     EXPECT_EQ(Link(), L"http://help?loc=en");

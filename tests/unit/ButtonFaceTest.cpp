@@ -46,6 +46,12 @@ TEST(ReadableOnTest, KeepsAColourThatCanBeRead) {
     EXPECT_EQ(ReadableOn(0xFFFFFF, 0x777777, 0x000000), 0x000000U);
 }
 
+TEST(ReadableOnTest, KnowsHowDarkADarkGroundIs) {
+    // 4.42 and 4.55 to 1.
+    EXPECT_EQ(ReadableOn(0x0A0A0A, 0x777777, 0xFFFFFF), 0xFFFFFFU);
+    EXPECT_EQ(ReadableOn(0x0A0A0A, 0x797979, 0xFFFFFF), 0x797979U);
+}
+
 TEST(ReadableOnTest, TakesTheOtherWhereTheGroundHasTheSameColour) {
     EXPECT_EQ(ReadableOn(0xFFFFFF, 0xFFFFFF, 0x000000), 0x000000U);
     EXPECT_EQ(ReadableOn(0xFFFF00, 0xFFFF00, 0x000000), 0x000000U);

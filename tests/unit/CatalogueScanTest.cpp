@@ -51,6 +51,13 @@ TEST_F(CatalogueScanTest, OffersOptionalPackagesOnTheirSystemsAlone) {
     EXPECT_THAT(Applications(), ElementsAre(L"there"));
 }
 
+TEST_F(CatalogueScanTest, TakesNoApplicationForAPrinterDriver) {
+    Add(L"Applications\\x64\\a", {{L"DRIVERID", L"NEW"}});
+    AppCatalogue applications;
+    ScanApplications(Source(), applications);
+    EXPECT_THAT(applications.Select({}), ElementsAre(Field(&MSI_APP::isPrinterDriver, false)));
+}
+
 TEST_F(CatalogueScanTest, TakesTheDriversThatThisSystemAccepts) {
     settings.SetString(Tag::WIN8_DRVTYPES, L"NEW");
     settings.SetString(Tag::WINXP_DRVTYPES, L"OLD");

@@ -38,6 +38,13 @@ TEST(IndexedDocumentTest, FindsWhatWasAppendedBehindARemovedEnd) {
     EXPECT_EQ(document.ValueOf(L"A"), L"3</A>");
 }
 
+TEST(IndexedDocumentTest, FindsANameOfTwoWordsInFrontOfAnAttribute) {
+    IndexedDocument document(L"<A j x>0<A kk x>0<A k x>1</A k>");
+    EXPECT_EQ(document.ValueOf(L"A k"), L"1");
+    EXPECT_EQ(document.ValueOf(L"A"), L"");
+    EXPECT_TRUE(document.HasValue(L"A k"));
+}
+
 TEST(IndexedDocumentTest, ServesNamesThatHoldSigns) {
     IndexedDocument document(L"<a<b>1</a<b>");
     EXPECT_TRUE(document.HasValue(L"a<b"));

@@ -2,11 +2,13 @@
 
 #include "settings/Localizer.h"
 #include "settings/TagNames.h"
+#include "settings/TextKeys.h"
 #include "tests/unit/RecordedLog.h"
 
 namespace {
 
 using testing::ElementsAre;
+using testing::Field;
 using testing::IsEmpty;
 
 // The texts of one language file, for a user with an English system.
@@ -41,6 +43,21 @@ TEST_F(LocalizerInMemoryTest, ReadsOneFileOnce) {
     EXPECT_EQ(TextOf(L"one"), L"one");
     EXPECT_EQ(TextOf(L"two"), L"one");
     EXPECT_THAT(filesRead, ElementsAre(L"en_strings.xml"));
+}
+
+TEST_F(LocalizerInMemoryTest, ReadsTheFileOfTheUsersLanguageWhateverItsCountry) {
+    const Localizer austrian(settings, {.languageId = 0x0C07, .readFile = [this](const std::wstring& name) {
+                                            filesRead.push_back(name);
+                                            return std::wstring();
+                                        }});
+    austrian.GetString(TextKey::READING_ORDER);
+    EXPECT_THAT(filesRead, ElementsAre(L"de_strings.xml"));
+    EXPECT_EQ(austrian.GetSystemLanguageCode(), L"de");
+    EXPECT_THAT(
+        TheLog().advanced,
+        ElementsAre(Field(&RecordedLine::message,
+                          L"Localizer::GetXmlFileName(), currentLangId = 3079 primaryLangId = 7"),
+                    Field(&RecordedLine::message, L"Language resource file being used: de_strings.xml")));
 }
 
 TEST_F(LocalizerInMemoryTest, AsksForTheFileOfTheOption) {

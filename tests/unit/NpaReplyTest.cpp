@@ -190,7 +190,23 @@ TEST_P(LooseLayoutTest, LeavesTheTreeAtItsPlace) {
 // Whatever stands in the two bytes after a brace is stepped over, another brace as well.
 INSTANTIATE_TEST_SUITE_P(Layouts, LooseLayoutTest,
                          testing::Values("P{ID:1,DT:1}..{NE:1,LD:2}..{LD:2}xyz",
+                                         "P{ID:1a,DT:1}P{NE:1,LD:2}P{LD:2}",
                                          "P{ID:1,DT:1}}}NE:1,LD:2}}}LD:2}"));
+
+TEST(NpaReplyTest, ReadsALengthInMoreBytesThanANumberHas) {
+    const Builder builder({.leafLength = 10});
+    const auto info = Decode(BranchOf(builder, {1, 1}, builder.Number(1, {7})));
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->numbers.at("1.1.1.1"), 7u);
+}
+
+TEST(NpaReplyTest, ReadsALengthBeyondOneByte) {
+    const Builder builder;
+    const std::string text(0x123, 'x');
+    const auto info = Decode(BranchOf(builder, {1, 2}, builder.Text(1, text)));
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->texts.at("1.1.2.1").size(), text.size());
+}
 
 TEST(NpaReplyTest, RefusesALengthThatNoNumberHolds) {
     const Builder builder({.leafLength = 9});

@@ -79,6 +79,10 @@ TEST(TagDocumentTest, TellsCharactersWithTheSameLowByteApart) {
     EXPECT_EQ(TagDocument::ValueOf(document, L"\u0141"), L"1");
 }
 
+TEST(TagDocumentTest, TakesTheRestOfANameForNoTag) {
+    EXPECT_EQ(TagDocument::ValueOf(L"<A>0<<A>1</<A>", L"<A"), L"1");
+}
+
 TEST(TagDocumentTest, FindsNamesThatHoldSigns) {
     EXPECT_EQ(TagDocument::ValueOf(L"<a<b>1</a<b>", L"a<b"), L"1");
     EXPECT_EQ(TagDocument::ValueOf(L"<<<<<a>1</<<<a>", L"<<<a"), L"1");

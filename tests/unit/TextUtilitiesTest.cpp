@@ -29,6 +29,8 @@ TEST(TextUtilitiesTest, ComparesWithoutRegardToCase) {
     EXPECT_FALSE(EqualsIgnoringCase(L"YES ", L"YES"));
     EXPECT_FALSE(EqualsIgnoringCase(L"YE", L"YES"));
     EXPECT_FALSE(EqualsIgnoringCase(L"@", L"`"));
+    EXPECT_FALSE(EqualsIgnoringCase(L"[", L"{"));
+    EXPECT_TRUE(EqualsIgnoringCase(L"abcxyz", L"ABCXYZ"));
 }
 
 struct IntegerCase {
@@ -77,11 +79,13 @@ TEST_P(LeadingNumberTest, ReadsTheNumberInFront) {
 }
 
 const NumberCase numbers[] = {
-    {L"12", 12}, {L"12.5", 12.5}, {L" -0.25x", -0.25}, {L".5", 0.5},
-    {L"5.", 5},  {L"1e3", 1000},  {L"1e+3", 1000},     {L"1E-2", 0.01},
-    {L"1e", 1},  {L"1e+", 1},     {L"1.2.3", 1.2},     {L"", 0},
-    {L".", 0},   {L"-", 0},       {L"inf", 0},         {L"nan", 0},
-    {L"e3", 0},  {L"1,5", 1},     {L"1e-999", 0},      {L"1e999", std::numeric_limits<double>::infinity()},
+    {L"12", 12},     {L"12.5", 12.5}, {L" -0.25x", -0.25},
+    {L".5", 0.5},    {L"5.", 5},      {L"1e3", 1000},
+    {L"1e+3", 1000}, {L"1E-2", 0.01}, {L"1e", 1},
+    {L"1e+", 1},     {L"1.2.3", 1.2}, {L"", 0},
+    {L".", 0},       {L"-", 0},       {L"inf", 0},
+    {L"nan", 0},     {L"0x10", 0},    {L"e3", 0},
+    {L"1,5", 1},     {L"1e-999", 0},  {L"1e999", std::numeric_limits<double>::infinity()},
 };
 
 INSTANTIATE_TEST_SUITE_P(Texts, LeadingNumberTest, testing::ValuesIn(numbers));

@@ -10,6 +10,19 @@ TEST(Utf8Test, GoesThereAndBack) {
     EXPECT_EQ(FromUtf8(ToUtf8(text)), text);
 }
 
+TEST(Utf8Test, KnowsTheFirstAndTheLastCharacterOfEachLength) {
+    for (const std::uint32_t code :
+         {0x7FU, 0x80U, 0x7FFU, 0x800U, 0xD7FFU, 0xE000U, 0xFFFFU, 0x10000U, 0x10FFFFU}) {
+        std::string bytes;
+        AppendCharacter(bytes, code);
+        std::wstring text;
+        AppendCharacter(text, code);
+        EXPECT_EQ(FromUtf8(bytes), text) << code;
+        EXPECT_EQ(ToUtf8(text), bytes) << code;
+        EXPECT_EQ(FirstCharacter(bytes).length, bytes.size()) << code;
+    }
+}
+
 TEST(Utf8Test, ReplacesHalfAPair) {
     EXPECT_EQ(ToUtf8(std::wstring{wchar_t(0xD83D)}), "\xEF\xBF\xBD");
     EXPECT_EQ(ToUtf8(std::wstring{wchar_t(0xDDA8), L'a'}),

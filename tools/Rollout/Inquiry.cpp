@@ -23,7 +23,7 @@ std::string Line(const Json& document) {
 
 // Throws where the line is no document, or no object.
 std::optional<Json> ReadAnswer(std::string_view line, const char* kind) {
-    Json document = Json::parse(line, nullptr, false);
+    Json document = Json::parse(line);
     if (document.value(markName, 0) != markValue || document.value("kind", "") != kind) return std::nullopt;
     return document;
 }

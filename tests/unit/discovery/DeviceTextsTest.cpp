@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "CommonLib/Utf8.h"
 #include "standins/discovery/DeviceFacts.h"
 #include "standins/discovery/OemTable.h"
 #include "standins/discovery/PlainText.h"
@@ -51,6 +52,9 @@ TEST(DeviceNameTest, SaysTheMakerOnce) {
     EXPECT_EQ(NameOf(ReadDeviceId("MFG:Halvenny;MDL:halvenny Loom 310;")).model, "Loom 310");
     EXPECT_EQ(NameOf("Halvenny Loom 310", "Halvenny", discovery::Witness::Announcement).model, "Loom 310");
     EXPECT_EQ(NameOf("(Loom 310)", "", discovery::Witness::Announcement).model, "Loom 310");
+    EXPECT_EQ(NameOf("(X)", "", discovery::Witness::Announcement).model, "X");
+    EXPECT_EQ(NameOf("()", "", discovery::Witness::Announcement).model, "()");
+    EXPECT_EQ(NameOf("Loom (310)", "", discovery::Witness::Announcement).model, "Loom (310)");
     EXPECT_EQ(NameOf("Halvennyx 310", "Halvenny", discovery::Witness::Announcement).model, "Halvennyx 310");
 }
 
@@ -62,6 +66,21 @@ TEST(DeviceFactsTest, BelievesTheBetterWitness) {
     EXPECT_EQ(facts.name.model, "Loom 310");
     Complete(facts, {.isColour = false});
     EXPECT_EQ(facts.isColour, true);
+}
+
+TEST(DeviceFactsTest, HasABoundedNumberOfAddresses) {
+    discovery::DeviceFacts more;
+    for (std::uint32_t number = 1; number <= 20; ++number) more.addresses.emplace_back(number);
+    discovery::DeviceFacts facts;
+    Complete(facts, more);
+    EXPECT_EQ(facts.addresses.size(), 16U);
+    EXPECT_EQ(facts.addresses.back(), discovery::NetworkAddress(16));
+}
+
+TEST(DeviceFactsTest, BelievesTheFirstOfTwoWitnessesOfAKind) {
+    discovery::DeviceFacts facts{.name = NameOf("Loom", "", discovery::Witness::Announcement)};
+    Complete(facts, {.name = NameOf("Spindle", "", discovery::Witness::Announcement)});
+    EXPECT_EQ(facts.name.model, "Loom");
 }
 
 TEST(PlainTextTest, ReadsUtf8AndWhatIsNone) {
@@ -91,9 +110,32 @@ TEST(PlainTextTest, HoldsNothingThatCouldBeMoreThanText) {
     EXPECT_EQ(PlainText(std::string("a\0b", 3)), L"a b");
 }
 
+TEST(PlainTextTest, LeavesOutTheMarksAndTheirNeighboursIn) {
+    const auto isLeftOut = [](std::uint32_t code) {
+        std::string bytes = "a";
+        AppendCharacter(bytes, code);
+        return PlainText(bytes + "b") == L"a b";
+    };
+    for (const auto& [first, last] : std::vector<std::pair<std::uint32_t, std::uint32_t>>{
+             {0x7F, 0x9F}, {0x200B, 0x200F}, {0x2028, 0x202E}, {0x2060, 0x206F}, {0xFEFF, 0xFEFF}}) {
+        EXPECT_FALSE(isLeftOut(first - 1)) << first;
+        EXPECT_TRUE(isLeftOut(first)) << first;
+        EXPECT_TRUE(isLeftOut(last)) << last;
+        EXPECT_FALSE(isLeftOut(last + 1)) << last;
+    }
+}
+
 TEST(PlainTextTest, IsBounded) {
-    EXPECT_LE(PlainText(std::string(100000, 'x')).size(), discovery::longestPlainText);
-    EXPECT_GE(PlainText(std::string(100000, 'x')).size(), discovery::longestPlainText - 3);
+    // There is room for a blank and for a character of two units until the end.
+    EXPECT_EQ(PlainText(std::string(100000, 'x')).size(), discovery::longestPlainText - 2);
+}
+
+TEST(OemTableTest, ReadsDigitsOfTheBaseAlone) {
+    const auto table = ReadOemTable(L"#7=Nobody\n10=Ten\n0xAF=Halvenny\n0xfa=Norrlund");
+    EXPECT_THAT(table, ElementsAre(Pair(10, ElementsAre(L"Ten")), Pair(0xAF, ElementsAre(L"Halvenny")),
+                                   Pair(0xFA, ElementsAre(L"Norrlund"))));
+    EXPECT_THAT(MakersOf(table, L"a"), IsEmpty());
+    EXPECT_THAT(MakersOf(table, L"0Xa"), ElementsAre(L"Ten"));
 }
 
 TEST(OemTableTest, ReadsMakersByTheirNumber) {

@@ -85,19 +85,57 @@ INSTANTIATE_TEST_SUITE_P(Names, BrokenDnsNameTest,
                                          BrokenName{"APointerBeyondThePacket", "\xFF\xFF"},
                                          BrokenName{"ALoopOfTwo", Bytes("\1a\xC0\x10\1b\xC0\x0C", 8)},
                                          BrokenName{"ALongName", LongName()},
-                                         BrokenName{"ALabelOfAnUnknownKind", Bytes("\x41x\0", 3)}),
+                                         BrokenName{"ALabelOfAnUnknownKind", '\x40' + Bytes(64, 'x') + '\0'}),
                          [](const testing::TestParamInfo<BrokenName>& broken) {
                              return std::string(broken.param.name);
                          });
 
-TEST(DnsMessageTest, EndsAChainOfPointers) {
-    // Each pointer leads to the one before it; the record's name to the last.
-    Bytes packet("\0\7\x84\0\0\1\0\1\0\0\0\0", headerSize);
-    constexpr std::size_t links = 100;
-    packet += Bytes("\0\0\1\0\1", 5);
-    for (std::size_t link = 0; link < links; ++link)
-        packet += Bytes("\xC0", 1) + static_cast<char>(headerSize + 2 * link + 4);
-    EXPECT_FALSE(DecodeDnsResponse(packet));
+// An answer whose last record has a name of so many pointers: the others stand one behind the other in the
+// data of the record before it, each leads to the one before it, and the first to an empty name.
+Bytes AnswerThroughPointers(std::size_t pointers) {
+    Bytes packet("\0\7\x84\0\0\0\0\2\0\0\0\0", headerSize);
+    packet += Bytes("\0\0\x2F\0\1\0\0\0\0", 9);
+    discovery::AppendBigEndian(packet, static_cast<std::uint32_t>(2 * pointers - 1), 2);
+    std::size_t target = packet.size();
+    packet += '\0';
+    for (std::size_t count = 0; count < pointers; ++count) {
+        const std::size_t place = packet.size();
+        packet += Bytes("\xC0", 1) + static_cast<char>(target);
+        target = place;
+    }
+    return packet + Bytes("\0\1\0\1\0\0\0\0\0\4\1\2\3\4", 14);
+}
+
+TEST(DnsMessageTest, FollowsAFewPointersAndNoMore) {
+    EXPECT_TRUE(DecodeDnsResponse(AnswerThroughPointers(16)));
+    EXPECT_FALSE(DecodeDnsResponse(AnswerThroughPointers(17)));
+}
+
+TEST(DnsMessageTest, FollowsAPointerThatTakesBothItsBytes) {
+    Bytes packet("\0\7\x84\0\0\0\0\2\0\0\0\0", headerSize);
+    packet += Bytes("\0\0\x2F\0\1\0\0\0\0\2\x03", 11) + Bytes(512, 'x');
+    const std::size_t place = packet.size();
+    packet += Bytes("\1a\0\xC2", 4) + static_cast<char>(place - 512);
+    packet += Bytes("\0\1\0\1\0\0\0\0\0\4\1\2\3\4", 14);
+    const auto response = DecodeDnsResponse(packet);
+    ASSERT_TRUE(response);
+    ASSERT_THAT(response->records, SizeIs(1));
+    EXPECT_THAT(response->records[0].name, ElementsAre("a"));
+}
+
+TEST(DnsMessageTest, ReadsANameThatIsAsLongAsCanBe) {
+    const Bytes longest = '\x3F' + Bytes(63, 'x');
+    EXPECT_TRUE(DecodeDnsResponse(AnswerNamed(longest + longest + longest + '\x3E' + Bytes(62, 'x') + '\0')));
+    EXPECT_FALSE(DecodeDnsResponse(AnswerNamed(longest + longest + longest + longest + '\0')));
+}
+
+TEST(DnsMessageTest, ReadsTheRecordsOfAllSections) {
+    Bytes packet =
+        wire::DnsPacket(7).Pointer(type, instance).Texts(instance, {}).Address(host, Bytes(4, '\1')).Packet();
+    packet.replace(6, 6, Bytes("\0\1\0\1\0\1", 6));
+    const auto response = DecodeDnsResponse(packet);
+    ASSERT_TRUE(response);
+    EXPECT_THAT(response->records, SizeIs(3));
 }
 
 TEST(DnsMessageTest, ReadsNoQuestionAndNoRefusal) {
@@ -121,6 +159,7 @@ TEST(DnsMessageTest, RefusesAddressesOfAnotherSize) {
 TEST(DnsMessageTest, ComparesNamesWithoutCase) {
     EXPECT_EQ(discovery::KeyOf({"LOOM 310", "_Ipp", "_tcp", "Local"}), "loom 310._ipp._tcp.local");
     EXPECT_THAT(discovery::DnsNameOf("printer.local."), ElementsAre("printer", "local"));
+    EXPECT_THAT(discovery::DnsNameOf("printer..local"), ElementsAre("printer", "local"));
     EXPECT_THAT(discovery::DnsNameOf(""), IsEmpty());
 }
 

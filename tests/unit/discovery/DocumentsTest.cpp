@@ -62,6 +62,13 @@ TEST(DocumentsTest, WritesAnAddressWithoutColons) {
     EXPECT_THAT(DocumentOf(device, true), HasSubstr(L"<IPADDRESS>2001-db8--7.ipv6-literal.net</IPADDRESS>"));
 }
 
+TEST(DocumentsTest, TakesTheAddressOfVersion4EvenIfOnlyItsNeighboursReachIt) {
+    DeviceFacts device = Loom();
+    device.addresses = {NetworkAddress::FromText(L"2001:db8::7").value(),
+                        NetworkAddress::FromText(L"169.254.3.4").value()};
+    EXPECT_THAT(DocumentOf(device, true), HasSubstr(L"<IPADDRESS>169.254.3.4</IPADDRESS>"));
+}
+
 TEST(DocumentsTest, NamesADeviceThatDoesNotNameItselfByItsAddress) {
     DeviceFacts device = Loom();
     device.name = {};

@@ -45,6 +45,17 @@ TEST(FoundDevicesTest, KeepsDevicesApartThatWereSoldWithOneIdentity) {
     EXPECT_THAT(devices.Printers(), SizeIs(2));
 }
 
+TEST(FoundDevicesTest, KeepsDevicesOfOneIdentityApartByTheirNames) {
+    FoundDevices devices;
+    devices.Add({.addresses = {first}, .localName = "loom", .hardwareAddress = hardware, .isPrinter = true});
+    devices.Add({.addresses = {six}, .localName = "loom", .hardwareAddress = hardware, .isPrinter = true});
+    EXPECT_THAT(devices.Printers(), SizeIs(1));
+    const NetworkAddress otherSix = NetworkAddress::FromText(L"fe80::8%2").value();
+    devices.Add(
+        {.addresses = {otherSix}, .localName = "fjell", .hardwareAddress = hardware, .isPrinter = true});
+    EXPECT_THAT(devices.Printers(), SizeIs(2));
+}
+
 TEST(FoundDevicesTest, ListsPrintersAlone) {
     FoundDevices devices;
     devices.Add({.addresses = {first}});

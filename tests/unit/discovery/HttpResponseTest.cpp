@@ -24,13 +24,14 @@ std::optional<Bytes> BodyOf(BytesView received, bool isClosed = false) {
 
 TEST(HttpResponseTest, ReadsABodyOfALengthThatIsTold) {
     EXPECT_THAT(BodyOf("HTTP/1.1 200 OK\r\ncontent-length:  3 \r\n\r\nabcd"), Optional(Bytes("abc")));
+    EXPECT_THAT(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: \t3\r\n\r\nabcd"), Optional(Bytes("abc")));
     EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nab", true));
 }
 
 TEST(HttpResponseTest, ReadsABodyInChunks) {
     EXPECT_THAT(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: 1\r\nTransfer-Encoding: chunked\r\n\r\n"
-                       "2\r\nab\r\n0A;note\r\n0123456789\r\n0\r\n\r\n"),
-                Optional(Bytes("ab0123456789")));
+                       "2\r\nab\r\n0A;note\r\n0123456789\r\n10\r\n0123456789abcdef\r\n0\r\n\r\n"),
+                Optional(Bytes("ab01234567890123456789abcdef")));
     EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n", true));
     EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nx\r\n", true));
 }
@@ -49,7 +50,28 @@ TEST(HttpResponseTest, HasNoBodyWhereTheAnswerIsAnother) {
     EXPECT_FALSE(BodyOf("HTTP/1.1 404 Not Found\r\nContent-Length: 1\r\n\r\na"));
     EXPECT_FALSE(BodyOf("HTTP/1.1\r\n\r\na", true));
     EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: many\r\n\r\na", true));
+    EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: 99999999999999999999\r\n\r\na", true));
+    EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: \r\n\r\na", true));
     EXPECT_FALSE(BodyOf("", true));
+}
+
+// Whether an answer is given up that has come so far.
+bool IsGivenUp(BytesView received) {
+    HttpResponse response;
+    response.Receive(received);
+    return response.IsOver() && !response.Body();
+}
+
+TEST(HttpResponseTest, GivesUpOnWhatIsLongerThanAnAnswerOfAPrinter) {
+    const Bytes head = "HTTP/1.1 200 OK\r\n";
+    EXPECT_FALSE(IsGivenUp(head + "Content-Length: 1048576\r\n\r\n"));
+    EXPECT_TRUE(IsGivenUp(head + "Content-Length: 1048577\r\n\r\n"));
+    const Bytes untilClosed = head + "\r\n" + Bytes(1048576 - head.size() - 2, 'x');
+    EXPECT_FALSE(IsGivenUp(untilClosed));
+    EXPECT_TRUE(IsGivenUp(untilClosed + 'x'));
+    const Bytes chunks = head + "Transfer-Encoding: chunked\r\n\r\n";
+    EXPECT_FALSE(IsGivenUp(chunks + Bytes(255, '1')));
+    EXPECT_TRUE(IsGivenUp(chunks + Bytes(256, '1')));
 }
 
 TEST(HttpResponseTest, GivesUpOnWhatDoesNotEnd) {

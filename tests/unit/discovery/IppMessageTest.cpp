@@ -51,7 +51,23 @@ TEST(IppMessageTest, LeavesCollectionsOut) {
 TEST(IppMessageTest, ReadsNoAnswerToAnotherRequestAndNoRefusal) {
     EXPECT_TRUE(DecodeIppResponse(9, IppAnswer({})));
     EXPECT_FALSE(DecodeIppResponse(8, IppAnswer({})));
+    EXPECT_TRUE(DecodeIppResponse(9, IppAnswer({}, 0x00FF)));
+    EXPECT_FALSE(DecodeIppResponse(9, IppAnswer({}, 0x0100)));
     EXPECT_FALSE(DecodeIppResponse(9, IppAnswer({}, 0x0406)));
+}
+
+TEST(IppMessageTest, PassesTheEndOfACollectionOverThatNeverBegan) {
+    const auto attributes = DecodeIppResponse(
+        9, IppAnswer(IppAttribute(0x37, "", "") + IppAttribute(0x22, "color-supported", "\1")));
+    ASSERT_TRUE(attributes);
+    EXPECT_EQ(FirstValue(*attributes, "color-supported"), "true");
+}
+
+TEST(IppMessageTest, ReadsNoAttributeInFrontOfTheGroups) {
+    const auto attributes = DecodeIppResponse(
+        9, Bytes("\1\1\0\0\0\0\0\x09", 8) + IppAttribute(0x41, "printer-info", "Loom") + '\3');
+    ASSERT_TRUE(attributes);
+    EXPECT_THAT(*attributes, IsEmpty());
 }
 
 TEST(IppMessageTest, ReadsNothingOfWhatIsCutOff) {

@@ -32,11 +32,13 @@ auto Asks(DnsType wanted) {
 
 class MulticastDnsTest : public testing::Test {
 protected:
-    void Hear(const wire::DnsPacket& packet, std::uint16_t port = discovery::multicastDnsPort) {
-        dns.Receive({.peer = discovery::NetworkAddress(0xC0000207),
-                     .port = port,
-                     .link = 0,
-                     .bytes = packet.Packet()});
+    // Returns whether that was news.
+    bool Hear(const wire::DnsPacket& packet, std::uint16_t port = discovery::multicastDnsPort,
+              std::size_t link = 0) {
+        return dns.Receive({.peer = discovery::NetworkAddress(0xC0000207),
+                            .port = port,
+                            .link = link,
+                            .bytes = packet.Packet()});
     }
 
     // The questions for what is missing, of one of the packets by which they go out.
@@ -77,8 +79,61 @@ TEST_F(MulticastDnsTest, AsksForTheOtherAddressWhereThatOfIpV6CameFirst) {
     EXPECT_THAT(Questions(), UnorderedElementsAre(Asks(DnsType::Txt), Asks(DnsType::A)));
 }
 
+TEST_F(MulticastDnsTest, TellsNewsFromWhatItKnows) {
+    for (const wire::DnsPacket& packet :
+         {wire::DnsPacket(7).Pointer(serviceOfIpp, loom), wire::DnsPacket(7).Service(loom, loomHost, 631),
+          wire::DnsPacket(7).Texts(loom, {"rp=ipp/print"}), wire::DnsPacket(7).Address(loomHost, ipV4)}) {
+        EXPECT_TRUE(Hear(packet));
+        EXPECT_FALSE(Hear(packet));
+    }
+    EXPECT_FALSE(Hear(wire::DnsPacket(7).Address(loomHost, Bytes(4, '\0'))));
+    EXPECT_FALSE(Hear(wire::DnsPacket(7).Service({"Other", "_ipp", "_tcp", "local"}, loomHost, 631)));
+    EXPECT_FALSE(Hear(wire::DnsPacket(7).Texts({"Other", "_ipp", "_tcp", "local"}, {})));
+}
+
+TEST_F(MulticastDnsTest, HearsOfTheServicesOfPrintersAlone) {
+    for (const DnsName& other :
+         {DnsName{"Loom", "_web", "_tcp", "local"}, DnsName{"Loom_ipp", "_tcp", "local"},
+          DnsName{"_ipp", "_tcp", "local"}, DnsName{"._ipp", "_tcp", "local"}, DnsName{"Loom", "local"}}) {
+        EXPECT_FALSE(Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, other)));
+    }
+}
+
+TEST_F(MulticastDnsTest, AsksOnEachLink) {
+    std::vector<Datagram> sent;
+    MulticastDns(7, {2, 3}).Browse(sent);
+    EXPECT_THAT(sent, testing::ElementsAre(Field(&Datagram::link, 0U), Field(&Datagram::link, 0U),
+                                           Field(&Datagram::link, 1U), Field(&Datagram::link, 1U)));
+}
+
+TEST_F(MulticastDnsTest, KnowsTheLinkOfAnAddressByThatOfTheAnswer) {
+    const Bytes neighbour("\xFE\x80\0\0\0\0\0\0\0\0\0\0\0\0\0\7", 16);
+    Hear(wire::DnsPacket(7).Address(loomHost, neighbour));
+    Hear(wire::DnsPacket(7).Address({"far", "local"}, neighbour), discovery::multicastDnsPort, 1);
+    EXPECT_EQ(dns.AddressesOf("loom.local").front().ToText(), "fe80::7%2");
+    EXPECT_EQ(dns.AddressesOf("far.local").front().ToText(), "fe80::7");
+}
+
+TEST_F(MulticastDnsTest, KeepsNoMoreHostsThanANetworkCanHave) {
+    for (int number = 0; number < 5000; ++number) {
+        Hear(wire::DnsPacket(7).Address({"host" + std::to_string(number), "local"}, ipV4));
+    }
+    EXPECT_EQ(dns.TakeNewAddresses().size(), 4096U);
+}
+
+TEST_F(MulticastDnsTest, TellsAFaxByItsService) {
+    const DnsName fax{"Loom 310", "_fax-ipp", "_tcp", "local"};
+    Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom).Service(loom, loomHost, 631).Address(loomHost, ipV4));
+    ASSERT_EQ(Printers().size(), 1U);
+    EXPECT_EQ(Printers().front().hasFax, std::nullopt);
+    EXPECT_EQ(Printers().front().canScan, std::nullopt);
+    Hear(wire::DnsPacket(7).Pointer({"_fax-ipp", "_tcp", "local"}, fax).Service(fax, loomHost, 631));
+    ASSERT_EQ(Printers().size(), 1U);
+    EXPECT_EQ(Printers().front().hasFax, true);
+}
+
 TEST_F(MulticastDnsTest, AnotherPortCountsForNothing) {
-    Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom), 4711);
+    EXPECT_FALSE(Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom), 4711));
     EXPECT_THAT(Questions(), IsEmpty());
 }
 

@@ -32,6 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
                             "2001-db8--1-0-0-1.ipv6-literal.net"},
                     Written{L"fe80::1%12", "fe80::1%12", "fe80--1s12.ipv6-literal.net"},
                     Written{L"2001:db8::1%12", "2001:db8::1", "2001-db8--1.ipv6-literal.net"},
+                    Written{L"fe80::1%eth0", "fe80::1", "fe80--1.ipv6-literal.net"},
                     Written{L"::1", "::1", "0--1.ipv6-literal.net"},
                     Written{L"2001:db8::", "2001:db8::", "2001-db8--0.ipv6-literal.net"},
                     Written{L"1:0:2:0:3:0:4:0", "1:0:2:0:3:0:4:0", "1-0-2-0-3-0-4-0.ipv6-literal.net"}));
@@ -54,6 +55,17 @@ TEST(NetworkAddressTest, TellsHostsFromOthers) {
     }
 }
 
+TEST(NetworkAddressTest, TellsAddressesOfALinkFromOthers) {
+    const auto isLinkLocal = [](const wchar_t* text) {
+        return NetworkAddress::FromText(text)->IsLinkLocal();
+    };
+    for (const wchar_t* const text : {L"169.254.0.1", L"fe80::1", L"febf::1"}) EXPECT_TRUE(isLinkLocal(text));
+    for (const wchar_t* const text :
+         {L"169.253.0.1", L"10.254.0.1", L"fec0::1", L"fc80::1", L"2001:db8::1"}) {
+        EXPECT_FALSE(isLinkLocal(text));
+    }
+}
+
 TEST(SubnetTest, ReadsTheFormOfASearchDocument) {
     const auto subnet = Subnet::FromText(L"192.0.2.77:255.255.255.0");
     ASSERT_TRUE(subnet);
@@ -72,6 +84,11 @@ TEST(SubnetTest, TakesBothAddressesOfTheSmallest) {
     EXPECT_EQ(pair->HostCount(), 2U);
     EXPECT_EQ(pair->Host(1).ToText(), "192.0.2.7");
     EXPECT_EQ(Subnet::FromText(L"192.0.2.6:255.255.255.255")->HostCount(), 1U);
+}
+
+TEST(SubnetTest, HasAPrefixThatFitsAnAddress) {
+    EXPECT_EQ(Subnet(NetworkAddress(0xC0000207), 33).PrefixLength(), 32);
+    EXPECT_EQ(Subnet(NetworkAddress(0xC0000207), -1).PrefixLength(), 0);
 }
 
 TEST(SubnetTest, RefusesWhatIsNoSubnet) {

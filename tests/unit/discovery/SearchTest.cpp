@@ -100,12 +100,15 @@ TEST_F(SearchTest, FindsWhoKnowsVersion1Only) {
     ASSERT_THAT(AddressesOf(devices), ElementsAre("192.0.2.10"));
     EXPECT_EQ(devices[0].name.model, "Halvenny Loom 310");
     EXPECT_EQ(devices[0].isColour, false);
+    EXPECT_EQ(devices[0].hasFax, std::nullopt);
 }
 
 TEST_F(SearchTest, FindsWhoHasAnAddressOfIpV6Alone) {
     network.Add({.address = "fe80::20", .host = "six", .announcesItself = true});
     const auto devices = SearchNeighbours();
     ASSERT_THAT(AddressesOf(devices), ElementsAre("fe80::20%2"));
+    network.Add({.address = "2001:db8::20", .host = "seven", .announcesItself = true});
+    EXPECT_THAT(AddressesOf(SearchNeighbours()), UnorderedElementsAre("fe80::20%2", "2001:db8::20"));
 }
 
 TEST_F(SearchTest, CountsADeviceOnceHoweverManyWaysItAnswersIn) {
@@ -224,6 +227,67 @@ TEST_F(SearchTest, SweepsALargeSubnetWithinItsPace) {
     EXPECT_EQ(network.Run(search).size(), 200U);
     EXPECT_LE(network.mostPerSecond(), 1100U);
     EXPECT_LE(network.now, Time(12000));
+}
+
+TEST_F(SearchTest, AsksASilentHostInFourPassesByBothVersions) {
+    SearchPlan plan;
+    plan.hosts = {{.address = NetworkAddress(0xC0000214), .ipp = {}}};
+    Search search(plan);
+    std::vector<std::pair<Time, discovery::SnmpVersion>> asked;
+    std::vector<Time> connected;
+    Time now{};
+    for (; !search.IsOver(now); now = search.NextDue(now)) {
+        for (const Datagram& sent : search.TakeDatagrams(now)) {
+            if (sent.port == discovery::snmpPort)
+                asked.emplace_back(now, wire::ReadSnmpQuestion(sent.bytes).version);
+        }
+        for (const auto& stream : search.TakeStreams()) {
+            connected.push_back(now);
+            search.CloseStream(stream.number, now);
+        }
+    }
+    using discovery::SnmpVersion;
+    EXPECT_THAT(asked,
+                ElementsAre(std::pair(Time(0), SnmpVersion::V2c), std::pair(Time(250), SnmpVersion::V1),
+                            std::pair(Time(750), SnmpVersion::V2c), std::pair(Time(1250), SnmpVersion::V1)));
+    EXPECT_THAT(connected, ElementsAre(Time(600)));
+    EXPECT_EQ(now, Time(1700));
+}
+
+TEST_F(SearchTest, AsksByEachWayWhatAPlanNames) {
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.sweeps.clear();
+    plan.links.push_back({.zone = 3, .subnets = {Subnet(NetworkAddress(0xC6336400), 24)}});
+    // By multicast of both protocols and by a broadcast on each link; nobody's name is asked for.
+    EXPECT_THAT(Search(plan).TakeDatagrams(Time(0)), SizeIs(6));
+}
+
+TEST_F(SearchTest, SendsNoMoreThanItsShare) {
+    SearchPlan plan;
+    plan.sweeps = {Subnet(NetworkAddress(0x0A000000), 16)};
+    Search search(plan);
+    EXPECT_THAT(search.TakeDatagrams(Time(0)), SizeIs(64));
+    EXPECT_THAT(search.TakeDatagrams(Time(1000)), SizeIs(1000));
+    EXPECT_THAT(search.TakeDatagrams(Time(1000)), IsEmpty());
+}
+
+TEST_F(SearchTest, SweepsEachOfItsSubnets) {
+    SearchPlan plan;
+    plan.sweeps = {Subnet(NetworkAddress(0xC0000210), 30), Subnet(NetworkAddress(0xC0000220), 30)};
+    Search search(plan);
+    network.Run(search);
+    std::vector<std::string> asked;
+    for (const auto& [peer, count] : network.sentTo) asked.push_back(peer.ToText());
+    EXPECT_THAT(asked, ElementsAre("192.0.2.17", "192.0.2.18", "192.0.2.33", "192.0.2.34"));
+}
+
+TEST_F(SearchTest, AsksANeighbourAgainThatStaysSilentInSnmp) {
+    network.Add({.address = "192.0.2.10", .host = "loom", .announcesItself = true});
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.sweeps.clear();
+    Search search(plan);
+    EXPECT_THAT(network.Run(search), SizeIs(1));
+    EXPECT_EQ(network.sentTo[NetworkAddress(0xC000020A)], 2U);
 }
 
 TEST_F(SearchTest, AsksOneHostAlone) {

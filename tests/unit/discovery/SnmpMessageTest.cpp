@@ -59,6 +59,25 @@ TEST(SnmpMessageTest, ReadsCountersAsNumbersThatAreNeverNegative) {
                                     std::int64_t{0x7F00000000000001}, Bytes("\xC0\x00\x02\x07", 4)));
 }
 
+// An answer to the request whose id has those bytes.
+Bytes AnswerTo(BytesView requestId) {
+    using discovery::BerTag;
+    using discovery::MakeBer;
+    using discovery::MakeBerInteger;
+    constexpr std::uint8_t response = 0xA2;
+    const Bytes pdu = MakeBer(BerTag::Integer, requestId) + MakeBerInteger(0) + MakeBerInteger(0) +
+                      MakeBer(BerTag::Sequence, {});
+    return MakeBer(BerTag::Sequence,
+                   MakeBerInteger(1) + MakeBer(BerTag::Octets, "public") + MakeBer(response, pdu));
+}
+
+TEST(SnmpMessageTest, ReadsRequestIdsOf32Bits) {
+    EXPECT_TRUE(DecodeSnmpResponse(AnswerTo(Bytes("\x7F\xFF\xFF\xFF", 4))));
+    EXPECT_TRUE(DecodeSnmpResponse(AnswerTo(Bytes("\x80\0\0\0", 4))));
+    EXPECT_FALSE(DecodeSnmpResponse(AnswerTo(Bytes("\0\x80\0\0\0", 5))));
+    EXPECT_FALSE(DecodeSnmpResponse(AnswerTo(Bytes("\xFF\x7F\xFF\xFF\xFF", 5))));
+}
+
 TEST(SnmpMessageTest, ReadsWhatADeviceRefuses) {
     const auto message = DecodeSnmpResponse(wire::SnmpPacket(
         {.version = discovery::SnmpVersion::V1, .errorStatus = 2, .errorIndex = 3, .bindings = {}}));

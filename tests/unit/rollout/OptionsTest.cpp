@@ -27,6 +27,23 @@ TEST(RolloutOptionsTest, TakeAValueAfterTheSignOrAsTheNextArgument) {
     EXPECT_EQ(options.collectFolder, L"c d");
 }
 
+TEST(RolloutOptionsTest, TakeNoTimeAtAllAndAWholeDay) {
+    const Options options = ParseOptions({L"--wait=0", L"--timeout=86400"});
+    EXPECT_EQ(options.error, L"");
+    EXPECT_EQ(options.wait, std::chrono::seconds(0));
+    EXPECT_EQ(options.timeout, std::chrono::hours(24));
+}
+
+TEST(RolloutOptionsTest, TakeADryRunOrARemovalAlone) {
+    EXPECT_EQ(ParseOptions({L"--uninstall"}).error, L"");
+    EXPECT_EQ(ParseOptions({L"--dry-run"}).error, L"");
+}
+
+TEST(RolloutOptionsTest, SayWhatAQuestionIsMetWith) {
+    EXPECT_EQ(ParseOptions({L"--on-question=answer"}).onQuestion, QuestionPolicy::Answer);
+    EXPECT_EQ(ParseOptions({L"--on-question=fail"}).onQuestion, QuestionPolicy::Fail);
+}
+
 TEST(RolloutOptionsTest, HandTheSwitchesOfTheWizardOn) {
     const Options options = ParseOptions({L"-ip=10.0.0.5", L"/p=Front desk", L"-ip=10.0.0.6", L"-lang="});
     EXPECT_EQ(options.error, L"");
@@ -57,9 +74,10 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         WrongCase{{L"--tomeout", L"5"}, L"unknown: --tomeout"}, WrongCase{{L"word"}, L"unknown: word"},
         // The wizard knows its switches in small letters alone, and would leave this one out.
-        WrongCase{{L"-IP=10.0.0.5"}, L"unknown: -IP"}, WrongCase{{L"--dry-run=yes"}, L"unknown"},
-        WrongCase{{L"--wait"}, L"--wait wants a value"}, WrongCase{{L"--report="}, L"--report wants"},
-        WrongCase{{L"--wait", L"5m"}, L"wants seconds"}, WrongCase{{L"--wait", L"-1"}, L"wants seconds"},
+        WrongCase{{L"-IP=10.0.0.5"}, L"unknown: -IP"}, WrongCase{{L"xip=10.0.0.5"}, L"unknown: xip"},
+        WrongCase{{L"--dry-run=yes"}, L"unknown"}, WrongCase{{L"--wait"}, L"--wait wants a value"},
+        WrongCase{{L"--report="}, L"--report wants"}, WrongCase{{L"--wait", L"5m"}, L"wants seconds"},
+        WrongCase{{L"--wait", L"-1"}, L"wants seconds"},
         WrongCase{{L"--timeout", L"86401"}, L"wants seconds"},
         WrongCase{{L"--timeout", L"99999999999999999999"}, L"wants seconds"},
         WrongCase{{L"--on-question", L"no"}, L"answer or fail"},

@@ -15,10 +15,24 @@ RunEvent EventFor(std::uint32_t code) {
 TEST(RunEventTest, IsAsGraveAsItsCode) {
     EXPECT_EQ(EventFor(0).kind, EventKind::Information);
     EXPECT_EQ(EventFor(3010).kind, EventKind::Information);
-    EXPECT_NE(EventFor(0).id, EventFor(3010).id);
     for (const std::uint32_t code : {1602U, 1618U, 1638U, 1460U})
         EXPECT_EQ(EventFor(code).kind, EventKind::Warning);
     for (const std::uint32_t code : {1603U, 87U, 740U}) EXPECT_EQ(EventFor(code).kind, EventKind::Error);
+}
+
+TEST(RunEventTest, HasANumberByWhichItIsFound) {
+    EXPECT_EQ(BeginningOf({}).id, 1U);
+    EXPECT_EQ(EventFor(0).id, 2U);
+    EXPECT_EQ(EventFor(3010).id, 3U);
+    EXPECT_EQ(EventFor(1602).id, 4U);
+    EXPECT_EQ(EventFor(1603).id, 5U);
+}
+
+TEST(RunEventTest, NamesNoProductOfWhichNothingIsKnown) {
+    const Report report{.packages = {{.product = L"Alpha"}, {.product = L"Beta"}},
+                        .results = {{.outcome = PackageOutcome::Installed}}};
+    EXPECT_THAT(EndOf(report).text, HasSubstr(L"Alpha"));
+    EXPECT_THAT(EndOf(report).text, testing::Not(HasSubstr(L"Beta")));
 }
 
 TEST(RunEventTest, NamesThePackageTheReasonAndWhatBecameOfEachProduct) {

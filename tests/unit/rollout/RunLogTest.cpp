@@ -49,12 +49,15 @@ TEST(RecordReaderTest, ReadsAnEmptyMessage) {
 // However the bytes come, each record comes once.
 TEST(RecordReaderTest, WaitsForTheEndOfALine) {
     const std::string bytes = LogLine(L"ERROR", L"One") + LogLine(L"", L"Two");
-    RecordReader reader;
-    std::vector<RunRecord> records;
-    for (const char byte : bytes) {
-        for (RunRecord& record : reader.Take({&byte, 1})) records.push_back(std::move(record));
+    for (const std::size_t piece : {1U, 3U}) {
+        RecordReader reader;
+        std::vector<RunRecord> records;
+        for (std::size_t start = 0; start < bytes.size(); start += piece) {
+            for (RunRecord& record : reader.Take(std::string_view(bytes).substr(start, piece)))
+                records.push_back(std::move(record));
+        }
+        EXPECT_THAT(records, ElementsAre(Is(L"ERROR", L"One"), Is(L"", L"Two")));
     }
-    EXPECT_THAT(records, ElementsAre(Is(L"ERROR", L"One"), Is(L"", L"Two")));
 }
 
 TEST(RecordReaderTest, KeepsTheLinesOfAMessageTogether) {
@@ -80,6 +83,15 @@ TEST(RecordReaderTest, DoesNotKeepALineWithoutAnEnd) {
     RecordReader reader;
     EXPECT_THAT(reader.Take(std::string(std::size_t{1} << 24, 'x')), IsEmpty());
     EXPECT_THAT(reader.Take(LogLine(L"", L"New")), ElementsAre(Is(L"", L"New")));
+}
+
+TEST(RecordReaderTest, KeepsTheLongestLineThatItWaitsFor) {
+    const std::string head = LogLine(L"", L"").substr(0, 2 * 30);
+    for (const std::size_t excess : {0U, 1U}) {
+        RecordReader reader;
+        reader.Take(head + Utf16Bytes(std::wstring((std::size_t{1} << 22) - 30 + excess, L'x')));
+        EXPECT_EQ(reader.Take(Utf16Bytes(L"\r\n")).size(), 1 - excess);
+    }
 }
 
 struct FindingCase {

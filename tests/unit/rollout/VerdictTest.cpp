@@ -199,12 +199,23 @@ TEST_F(RemovalVerdictTest, IsAFailureWhereSomethingIs) {
 }
 
 TEST_F(RemovalVerdictTest, TellsOfARestartACancelAndABusyInstaller) {
-    facts.removalCodes = {0, 3010};
-    EXPECT_EQ(CodeOf(upToDate, absent), Code::RestartWanted);
+    facts.removalCodes = {0};
+    EXPECT_EQ(CodeOf(upToDate, absent), Code::Done);
+    for (const std::uint32_t code : {3010U, 1641U}) {
+        facts.removalCodes = {0, code};
+        EXPECT_EQ(CodeOf(upToDate, absent), Code::RestartWanted);
+    }
     facts.removalCodes = {1602};
     EXPECT_EQ(CodeOf(upToDate, upToDate), Code::Cancelled);
     facts.removalCodes = {1618};
     EXPECT_EQ(CodeOf(upToDate, upToDate), Code::InstallerBusy);
+}
+
+TEST_F(RemovalVerdictTest, SaysWhetherARemovalWasCancelled) {
+    const auto reason = [&] { return JudgeRemoval({{.outcome = PackageOutcome::Remains}}, facts).reason; };
+    EXPECT_EQ(reason(), L"A package could not be removed.");
+    facts.removalCodes = {1602};
+    EXPECT_EQ(reason(), L"The removal of a package was cancelled.");
 }
 
 TEST_F(RemovalVerdictTest, LeavesWhatIsNewer) {

@@ -55,6 +55,16 @@ TEST_F(StatusListViewTest, LeavesNamesAloneForOtherUsers) {
     EXPECT_EQ(NameIn(0), L".NET");
 }
 
+TEST_F(StatusListViewTest, CentresItsLastColumnAlone) {
+    view.Fill();
+    const int count = Header_GetItemCount(ListView_GetHeader(list));
+    for (int column = 0; column < count; ++column) {
+        LVCOLUMNW shown{.mask = LVCF_FMT};
+        ASSERT_TRUE(ListView_GetColumn(list, column, &shown));
+        EXPECT_EQ((shown.fmt & LVCFMT_JUSTIFYMASK) == LVCFMT_CENTER, column == count - 1) << column;
+    }
+}
+
 // The first line is that of the framework.
 TEST_F(StatusListViewTest, ShowsACheckForWhatWentWellAndACrossForTheRest) {
     constexpr int check = 0;

@@ -117,6 +117,11 @@ TEST_F(ControllerTest, ShowsTheFirstPageBeforeItMakesTheOthers) {
     EXPECT_NE(IsWindowEnabled(controller.CurrentPage()->GetSafeHwnd()), FALSE);
 }
 
+TEST_F(ControllerTest, EndsAtOnceWhereThereIsNoPage) {
+    EXPECT_FALSE(controller.Start({}, false));
+    EXPECT_THAT(BasicMessages(), Contains(L"Controller::Start, Starting Dialog is NULL"));
+}
+
 TEST_F(ControllerTest, MakesAllPagesWhereTheFirstIsPassedOver) {
     bool isShown = false;
     std::vector<ChainRow> rows{Page(PageRole::Ordinary, true), Page(PageRole::Ordinary)};
