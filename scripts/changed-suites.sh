@@ -38,6 +38,7 @@ suites_of() {
         tests/fakes/*) echo windows wizard lint ;;
         src/*.cpp | src/*.h) of_source "$1" ;;
         standins/PrinterQueue/*) echo unit fuzz standins network wizard lint ;;
+        standins/discovery/*) echo unit fuzz standins network lint ;;
         standins/*) echo standins lint ;;
         framework/LoadConfiguration.cpp | resources/*.manifest) echo packages windows wizard lint ;;
         framework/* | resources/*) echo windows wizard lint ;;
@@ -53,7 +54,8 @@ suites_of() {
         scripts/run-standin-tests.sh) echo standins ;;
         scripts/run-wizard-tests.sh) echo wizard ;;
         scripts/wine.sh) echo unit windows standins wizard ;;
-        scripts/lint.sh | scripts/run-tidy.py | scripts/check-* | scripts/draw-folders.py | .clang-*) echo lint ;;
+        scripts/coverage* | scripts/fuzz.sh | scripts/mutate.py | scripts/mutants/*) echo lint ;;
+        scripts/lint.sh | scripts/run-tidy.py | scripts/floors.py | scripts/check-* | scripts/draw-folders.py | .clang-*) echo lint ;;
         *) echo unit fuzz windows standins network wizard lint ;;
     esac
 }

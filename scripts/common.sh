@@ -4,6 +4,14 @@ cd "$root"
 
 say() { printf '\n== %s\n' "$*"; }
 
+# alone FILE COMMAND...: runs the command while no other script runs one with that file; suites run beside each other.
+alone() {
+    local file=$1
+    shift
+    mkdir -p "$(dirname "$file")"
+    (flock 9 && "$@") 9> "$file"
+}
+
 update_package_lists() { if [ "$(id -u)" = 0 ]; then apt-get update -qq; else sudo apt-get update -qq; fi; }
 
 # Installs those of the named Debian packages that the machine lacks.
@@ -12,17 +20,22 @@ need_packages() {
     for package in "$@"; do
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
     done
-    [ ${#missing[@]} -eq 0 ] && return
-    say "Installing ${missing[*]}"
+    [ ${#missing[@]} -eq 0 ] || alone "$root/build/apt.lock" install_packages "${missing[@]}"
+}
+
+install_packages() {
+    say "Installing $*"
     local sudo=
     [ "$(id -u)" = 0 ] || sudo=sudo
     update_package_lists
-    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" > /dev/null
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "$@" > /dev/null
 }
 
 # unpack_packages FOLDER PACKAGE...: unpacks the named Debian packages into a folder, once. What is unpacked is not
 # installed: a daemon among it starts neither now nor with the machine.
-unpack_packages() {
+unpack_packages() { alone "$root/build/apt.lock" unpack_packages_alone "$@"; }
+
+unpack_packages_alone() {
     local folder=$1 archives
     shift
     [ "$(cat "$folder/unpacked" 2> /dev/null)" != "$*" ] || return 0
@@ -97,5 +110,5 @@ build() {
     [ $# -eq 0 ] || targets=(--target "$@")
     local quiet=()
     [ -t 1 ] || quiet=(-- --quiet)
-    cmake --build "build/$preset" "${targets[@]}" "${quiet[@]}"
+    alone "build/$preset.lock" cmake --build "build/$preset" "${targets[@]}" "${quiet[@]}"
 }

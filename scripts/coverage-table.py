@@ -9,8 +9,7 @@ import collections
 import os
 import sys
 
-import breaks
-import mutate
+import floors
 
 # Whatever comes from a network, a package, a device or another program is read here, and every line of it is to be run.
 READERS = {
@@ -51,7 +50,7 @@ def read_counts(path):
         for line in exported:
             kind, _, rest = line.rstrip('\n').partition(':')
             if kind == 'SF':
-                file = os.path.relpath(rest, breaks.ROOT)
+                file = os.path.relpath(rest, floors.ROOT)
             elif kind == 'DA':
                 number, count = rest.split(',')[:2]
                 counts[file][int(number)] = int(count)
@@ -60,13 +59,13 @@ def read_counts(path):
 
 def parts_of(counts):
     """The parts of the table: name, files and limit. A folder of the logic has none; all of it together has."""
-    logic = mutate.sources([])
+    logic = floors.logic_sources()
     folders = sorted({os.path.dirname(name) for name in logic})
     parts = [(folder, [name for name in logic if os.path.dirname(name) == folder], 0) for folder in folders]
     parts.append(('kestrune_logic', logic, LEAST_OF_LOGIC))
     for reader, stems in READERS.items():
         names = [f'{stem}{end}' for stem in stems for end in ('.h', '.cpp')]
-        files = [name for name in names if name in counts or name.endswith('.cpp') and (breaks.ROOT / name).exists()]
+        files = [name for name in names if name in counts or name.endswith('.cpp') and (floors.ROOT / name).exists()]
         parts.append((f'reader: {reader}', files, LEAST_OF_READERS))
     return parts
 
@@ -79,7 +78,7 @@ def uncounted(counts, parts):
 def leave_out_windows(counts):
     """Takes the lines away that only Windows runs."""
     for file, texts in WINDOWS_ALONE.items():
-        lines = (breaks.ROOT / file).read_text(encoding='utf-8').splitlines()
+        lines = (floors.ROOT / file).read_text(encoding='utf-8').splitlines()
         for text in texts:
             if text not in lines:
                 sys.exit(f'coverage: {file} has no line any more: {text.strip()}')

@@ -14,7 +14,7 @@ prepare_network() {
     local lacking
     if [ ! -f "$network_tools/unpacked" ]; then
         lacking=$(lacking_packages "${network_packages[@]}" | sort) || {
-            update_package_lists
+            alone "$root/build/apt.lock" update_package_lists
             lacking=$(lacking_packages "${network_packages[@]}" | sort) || return 1
         }
         # shellcheck disable=SC2086

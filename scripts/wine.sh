@@ -15,8 +15,10 @@ wine_stop() {
     WINEPREFIX=$1 wineserver -w 2> /dev/null || true
 }
 
-wine_make_template() {
-    [ -f "$wine_template/ready" ] && return
+wine_make_template() { [ -f "$wine_template/ready" ] || alone "$wine_home/template.lock" make_template; }
+
+make_template() {
+    [ ! -f "$wine_template/ready" ] || return 0
     say "Making a Wine prefix"
     rm -rf "$wine_template"
     mkdir -p "$wine_template" "$HOME"

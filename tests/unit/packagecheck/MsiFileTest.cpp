@@ -19,12 +19,6 @@ MsiContents Written(const std::vector<std::string>& statements) {
     return database ? ReadContents(*database) : MsiContents();
 }
 
-const std::string createDirectory =
-    "CREATE TABLE `Directory` (`Directory` CHAR(72) NOT NULL, `Directory_Parent` CHAR(72), `DefaultDir` "
-    "CHAR(255) NOT NULL PRIMARY KEY `Directory`)";
-const std::string createUpgrade =
-    "CREATE TABLE `Upgrade` (`UpgradeCode` CHAR(38) NOT NULL, `Attributes` LONG NOT NULL, `ActionProperty` "
-    "CHAR(72) NOT NULL PRIMARY KEY `UpgradeCode`)";
 const std::string createProperty =
     "CREATE TABLE `Property` (`Property` CHAR(72) NOT NULL, `Value` LONGCHAR NOT NULL LOCALIZABLE PRIMARY "
     "KEY `Property`)";
@@ -47,7 +41,10 @@ TEST(MsiFileTest, ReadsTheSummary) {
 
 TEST(MsiFileTest, ReadsFilesWithTheirFolders) {
     const MsiContents contents = Written(
-        {createProperty, createDirectory,
+        {createProperty,
+         "CREATE TABLE `Directory` (`Directory` CHAR(72) NOT NULL, `Directory_Parent` CHAR(72), `DefaultDir` "
+         "CHAR(255) "
+         "NOT NULL PRIMARY KEY `Directory`)",
          "INSERT INTO `Directory` (`Directory`, `Directory_Parent`, `DefaultDir`) VALUES ('TARGETDIR', '', "
          "'SourceDir')",
          "INSERT INTO `Directory` (`Directory`, `Directory_Parent`, `DefaultDir`) VALUES ('V', 'TARGETDIR', "
@@ -69,7 +66,10 @@ TEST(MsiFileTest, ReadsFilesWithTheirFolders) {
 
 TEST(MsiFileTest, ReadsUpgradesAndSequences) {
     const MsiContents contents = Written(
-        {createProperty, createUpgrade,
+        {createProperty,
+         "CREATE TABLE `Upgrade` (`UpgradeCode` CHAR(38) NOT NULL, `Attributes` LONG NOT NULL, "
+         "`ActionProperty` CHAR(72) "
+         "NOT NULL PRIMARY KEY `UpgradeCode`)",
          "INSERT INTO `Upgrade` (`UpgradeCode`, `Attributes`, `ActionProperty`) VALUES ('{A}', 1, 'OLDER')",
          "INSERT INTO `Upgrade` (`UpgradeCode`, `Attributes`, `ActionProperty`) VALUES ('{B}', 258, 'NEWER')",
          "CREATE TABLE `AdminExecuteSequence` (`Action` CHAR(72) NOT NULL, `Sequence` SHORT PRIMARY KEY "

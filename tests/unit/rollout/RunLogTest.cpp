@@ -86,7 +86,7 @@ TEST(RecordReaderTest, DoesNotKeepALineWithoutAnEnd) {
 }
 
 TEST(RecordReaderTest, KeepsTheLongestLineThatItWaitsFor) {
-    const std::string head = LogLine(L"", L"").substr(0, 2 * 30);
+    const std::string head = LogLine(L"", L"").substr(0, std::size_t{2} * 30);
     for (const std::size_t excess : {0U, 1U}) {
         RecordReader reader;
         reader.Take(head + Utf16Bytes(std::wstring((std::size_t{1} << 22) - 30 + excess, L'x')));
