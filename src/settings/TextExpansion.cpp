@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "CommonLib/TextUtilities.h"
+
 namespace {
 
 constexpr std::wstring_view accessKey = L"&amp";

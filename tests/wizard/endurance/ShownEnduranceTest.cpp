@@ -107,6 +107,8 @@ protected:
     // left again.
     void Step() {
         AnswerAny(wizard);
+        // A key may have opened the dialog of the search, which only goes when it is told.
+        if (wizard.FindControl(IDC_MODIFY_SEARCH_LOCAL) != nullptr) Click(wizard.FindControl(IDCANCEL));
         const PageOnScreen current = FindSettledPage(wizard);
         if (current.page == nullptr || wizard.FindBox() || current.page->title == L"Progress") return;
         const bool isNew = current.control != seen;
