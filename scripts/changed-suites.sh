@@ -55,7 +55,7 @@ suites_of() {
         scripts/run-wizard-tests.sh) echo wizard ;;
         scripts/wine.sh) echo unit windows standins wizard ;;
         scripts/coverage* | scripts/fuzz.sh | scripts/mutate.py | scripts/mutants/*) echo lint ;;
-        scripts/lint.sh | scripts/run-tidy.py | scripts/floors.py | scripts/check-* | scripts/draw-folders.py | .clang-*) echo lint ;;
+        scripts/lint.sh | scripts/run-tidy.py | scripts/floors.py | scripts/mingw.py | scripts/check-* | scripts/draw-folders.py | .clang-*) echo lint ;;
         *) echo unit fuzz windows standins network wizard lint ;;
     esac
 }

@@ -21,9 +21,8 @@ import subprocess
 import sys
 
 from floors import ROOT, logic_sources
+from mingw import SYSTEM_HEADERS
 
-GCC = '/usr/lib/gcc/x86_64-w64-mingw32/12-posix'
-SYSTEM_HEADERS = [f'{GCC}/include/c++', f'{GCC}/include/c++/x86_64-w64-mingw32', '/usr/x86_64-w64-mingw32/include']
 INCLUDE = re.compile(r'^\s*#include\s+"([^"]+)"', re.M)
 ENTRY = re.compile(r'^\w[\w ]*\b(w?main|wWinMain|DllMain)\(', re.M)
 

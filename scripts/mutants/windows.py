@@ -3,11 +3,8 @@ import dataclasses
 import subprocess
 
 import breaks
+from mingw import SYSTEM_HEADERS
 from mutants import suites
-
-# Those of the compiler that builds the tests.
-GCC = '/usr/lib/gcc/x86_64-w64-mingw32/12-posix'
-SYSTEM_HEADERS = (f'{GCC}/include/c++', f'{GCC}/include/c++/x86_64-w64-mingw32', '/usr/x86_64-w64-mingw32/include')
 
 
 class WindowsSuite(suites.Suite):
