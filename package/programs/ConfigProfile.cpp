@@ -1,22 +1,25 @@
 #include "package/programs/ConfigProfile.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
+
+struct Entity {
+    wchar_t character;
+    const wchar_t* text;
+};
+
+constexpr auto entities = std::to_array<Entity>({{L'&', L"&amp;"}, {L'<', L"&lt;"}, {L'"', L"&quot;"}});
 
 std::wstring Escaped(std::wstring_view text) {
     std::wstring escaped;
     for (const wchar_t character : text) {
-        switch (character) {
-            case L'&':
-                escaped += L"&amp;";
-                break;
-            case L'<':
-                escaped += L"&lt;";
-                break;
-            case L'"':
-                escaped += L"&quot;";
-                break;
-            default:
-                escaped += character;
+        const auto* const entity = std::ranges::find(entities, character, &Entity::character);
+        if (entity == entities.end()) {
+            escaped += character;
+        } else {
+            escaped += entity->text;
         }
     }
     return escaped;

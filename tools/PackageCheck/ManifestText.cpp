@@ -45,6 +45,14 @@ bool IsSingleQuote(std::uint32_t code) {
     return code == '\'' || (code >= 0x2018 && code <= 0x201B);
 }
 
+struct XmlEntity {
+    std::uint32_t code;
+    const char* text;
+};
+
+constexpr auto xmlEntities =
+    std::to_array<XmlEntity>({{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}});
+
 bool IsLetterOrDigit(char letter) {
     return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
            (letter >= '0' && letter <= '9');
@@ -82,21 +90,11 @@ std::string YamlText(std::string_view text) {
 std::string XmlText(std::string_view text) {
     std::string escaped;
     ForEachCharacter(text, [&](std::uint32_t code) {
-        switch (code) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            default:
-                escaped += IsUnprintable(code) ? " " : BytesOf(code);
+        const auto* const entity = std::ranges::find(xmlEntities, code, &XmlEntity::code);
+        if (entity != xmlEntities.end()) {
+            escaped += entity->text;
+        } else {
+            escaped += IsUnprintable(code) ? " " : BytesOf(code);
         }
     });
     return escaped;

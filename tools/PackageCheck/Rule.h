@@ -12,6 +12,7 @@ enum class Severity { Warning, Error };
 std::string_view NameOf(Severity severity);
 
 // A rule never changes its id: build servers and suppressions refer to it. All texts are English, in UTF-8.
+// The rules give them in this order.
 struct Rule {
     std::string_view id;
     Severity severity = Severity::Warning;

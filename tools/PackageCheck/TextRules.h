@@ -9,70 +9,67 @@ namespace packagecheck {
 namespace rules {
 
 inline constexpr Rule fileUnreadable{
-    .id = "file-unreadable",
-    .severity = Severity::Error,
-    .effect = "The wizard runs as if the file were not there.",
-    .cure = "Give the file back the rights to be read, or replace it.",
-    .explanation =
-        "The file is in the package and cannot be opened. For defaultInstallSettings.xml that means that "
-        "the program ends at once, without a message."};
+    "file-unreadable",
+    Severity::Error,
+    "The wizard runs as if the file were not there.",
+    "Give the file back the rights to be read, or replace it.",
+    "The file is in the package and cannot be opened. For defaultInstallSettings.xml that means that the "
+    "program ends at once, without a message.",
+};
 
 inline constexpr Rule fileUtf16{
-    .id = "file-utf16",
-    .severity = Severity::Error,
-    .effect = "The file arrives as rubbish: no setting and no text of it is found.",
-    .cure = "Save the file as UTF-8. --fix does it.",
-    .explanation =
-        "The wizard reads its files as UTF-8, and of each line what stands in front of the first null "
-        "byte. In UTF-16 every other byte of ordinary text is one. The vendor is then \"Printer\"."};
+    "file-utf16",
+    Severity::Error,
+    "The file arrives as rubbish: no setting and no text of it is found.",
+    "Save the file as UTF-8. --fix does it.",
+    "The wizard reads its files as UTF-8, and of each line what stands in front of the first null byte. In "
+    "UTF-16 every other byte of ordinary text is one. The vendor is then \"Printer\".",
+};
 
 inline constexpr Rule fileNotUtf8{
-    .id = "file-not-utf8",
-    .severity = Severity::Error,
-    .effect = "Letters outside of ASCII are shown as replacement characters.",
-    .cure = "Save the file as UTF-8.",
-    .explanation =
-        "The file holds bytes that are no character of UTF-8, as a file in a code page of Windows does. A "
-        "value that is compared with another one is then unequal to it."};
+    "file-not-utf8",
+    Severity::Error,
+    "Letters outside of ASCII are shown as replacement characters.",
+    "Save the file as UTF-8.",
+    "The file holds bytes that are no character of UTF-8, as a file in a code page of Windows does. A value "
+    "that is compared with another one is then unequal to it.",
+};
 
 inline constexpr Rule fileNull{
-    .id = "file-null-character",
-    .severity = Severity::Error,
-    .effect = "What follows the null character in its line is lost.",
-    .cure = "Remove the character.",
-    .explanation =
-        "A line is taken up to its first null character, in pieces of 2,047 bytes. The end of the line goes "
-        "with what is lost, so the next line is put straight after what is left."};
+    "file-null-character",
+    Severity::Error,
+    "What follows the null character in its line is lost.",
+    "Remove the character.",
+    "A line is taken up to its first null character, in pieces of 2,047 bytes. The end of the line goes with "
+    "what is lost, so the next line is put straight after what is left.",
+};
 
 inline constexpr Rule fileEndMark{
-    .id = "file-end-mark",
-    .severity = Severity::Error,
-    .effect = "Everything after the character U+001A is lost.",
-    .cure = "Remove the character. --fix does it where nothing follows.",
-    .explanation =
-        "Windows takes U+001A (Ctrl+Z) for the end of a file that is read as text. Old editors and the "
-        "command copy write it at the end."};
+    "file-end-mark",
+    Severity::Error,
+    "Everything after the character U+001A is lost.",
+    "Remove the character. --fix does it where nothing follows.",
+    "Windows takes U+001A (Ctrl+Z) for the end of a file that is read as text. Old editors and the command "
+    "copy write it at the end.",
+};
 
 inline constexpr Rule fileMarkTwice{
-    .id = "file-start-marker",
-    .severity = Severity::Warning,
-    .effect =
-        "The log shows the settings in another form, and whoever reads the file sees three strange "
-        "characters.",
-    .cure = "Remove the characters in front of the first element. --fix does it.",
-    .explanation =
-        "The file begins with a byte order mark that was converted to UTF-8 a second time. The wizard "
-        "steps over it; its log writes the document anew without it, with a doubled sign in front."};
+    "file-start-marker",
+    Severity::Warning,
+    "The log shows the settings in another form, and whoever reads the file sees three strange characters.",
+    "Remove the characters in front of the first element. --fix does it.",
+    "The file begins with a byte order mark that was converted to UTF-8 a second time. The wizard steps over "
+    "it; its log writes the document anew without it, with a doubled sign in front.",
+};
 
 inline constexpr Rule lineSplit{
-    .id = "line-splits-character",
-    .severity = Severity::Error,
-    .effect = "One character of the line is shown as replacement characters.",
-    .cure = "Divide the line where the format allows it, or move the character by a blank.",
-    .explanation =
-        "The settings are read in pieces of 2,047 bytes, each decoded by itself. A character of several "
-        "bytes "
-        "that lies across such a border is lost."};
+    "line-splits-character",
+    Severity::Error,
+    "One character of the line is shown as replacement characters.",
+    "Divide the line where the format allows it, or move the character by a blank.",
+    "The settings are read in pieces of 2,047 bytes, each decoded by itself. A character of several bytes "
+    "that lies across such a border is lost.",
+};
 
 }  // namespace rules
 

@@ -1,5 +1,7 @@
+#include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "tools/PackageCheck/ManifestText.h"
 #include "tools/PackageCheck/Manifests.h"
@@ -36,18 +38,19 @@ std::string EndYaml(YamlDocument document, std::string_view type) {
     return document.Add("ManifestType", type).Add("ManifestVersion", "1.6.0").Text();
 }
 
+// What Rollout's codes mean, in the words that the format knows.
+constexpr auto returnCodes = std::to_array<std::pair<int, const char*>>({{87, "invalidParameter"},
+                                                                         {1602, "cancelledByUser"},
+                                                                         {1618, "installInProgress"},
+                                                                         {1638, "downgrade"},
+                                                                         {3010, "rebootRequiredToFinish"}});
+
 void AddReturnCodes(YamlDocument& document) {
-    document.Line("ExpectedReturnCodes:")
-        .Line("- InstallerReturnCode: 87")
-        .Line("  ReturnResponse: invalidParameter")
-        .Line("- InstallerReturnCode: 1602")
-        .Line("  ReturnResponse: cancelledByUser")
-        .Line("- InstallerReturnCode: 1618")
-        .Line("  ReturnResponse: installInProgress")
-        .Line("- InstallerReturnCode: 1638")
-        .Line("  ReturnResponse: downgrade")
-        .Line("- InstallerReturnCode: 3010")
-        .Line("  ReturnResponse: rebootRequiredToFinish");
+    document.Line("ExpectedReturnCodes:");
+    for (const auto& [code, response] : returnCodes) {
+        document.Line("- InstallerReturnCode: " + std::to_string(code))
+            .Line(std::string("  ReturnResponse: ") + response);
+    }
 }
 
 void AddProducts(YamlDocument& document, const ManifestData& data) {
