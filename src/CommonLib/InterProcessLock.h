@@ -11,6 +11,7 @@ public:
     explicit InterProcessLock(const std::wstring& lockName);
 
     // As Mutex::acquire. Throws Win32Exception with code 0 if the name is empty.
+    // NOLINTNEXTLINE(bugprone-derived-method-shadowing-base-method): nobody has a lock by the base.
     void acquire();
 };
 

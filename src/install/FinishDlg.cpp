@@ -86,8 +86,8 @@ LRESULT FinishDlg::OnShowWindow(WPARAM shown, LPARAM) {
 }
 
 void FinishDlg::HideWhatIsNotOffered() {
-    for (const int id : {IDC_FINISH_ERROR_LINK, IDC_FINISH_HIDDEN_TEXT, static_cast<int>(IDOK),
-                         IDC_FINISH_OPTIONAL_TEXT, IDC_WEB_LINK}) {
+    for (const int id :
+         {IDC_FINISH_ERROR_LINK, IDC_FINISH_HIDDEN_TEXT, IDOK, IDC_FINISH_OPTIONAL_TEXT, IDC_WEB_LINK}) {
         ShowControl(id, false);
     }
     EnableControl(IDC_FINISH_HIDDEN_TEXT, false);

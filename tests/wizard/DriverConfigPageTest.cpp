@@ -168,7 +168,7 @@ TEST_F(DriverConfigPageTest, GivesTheFocusBackToItsButton) {
     wizard.BringToFront();
     EXPECT_TRUE(hasFocus(IDC_DRIVER_CONFIG_PATH));
     for (const int id : {IDC_DRIVER_CONFIG_NEW, IDC_DRIVER_CONFIG_LOAD, IDC_DRIVER_CONFIG_RESET,
-                         IDC_HELP_BUTTON, static_cast<int>(IDOK), static_cast<int>(IDCANCEL)}) {
+                         IDC_HELP_BUTTON, IDOK, IDCANCEL}) {
         PressKeys({VK_TAB});
         EXPECT_TRUE(hasFocus(id)) << id;
     }

@@ -208,8 +208,7 @@ TEST_P(PortFocusTest, GoesRoundTheControlsOfTheKindOfPort) {
     for (int kind = 0; kind < GetParam(); ++kind) PressKeys({VK_DOWN});
     wizard.WaitForControl(fields[GetParam()].front());
     std::vector<int> round = fields[GetParam()];
-    for (const int id :
-         {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_BACK, static_cast<int>(IDCANCEL), IDC_ADD_PORT_KIND})
+    for (const int id : {IDC_ADD_PORT_DRIVER_LIST, IDC_ADD_PORT_BACK, IDCANCEL, IDC_ADD_PORT_KIND})
         round.push_back(id);
     EXPECT_EQ(TabRound({VK_TAB}), round);
 }

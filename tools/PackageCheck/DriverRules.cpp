@@ -64,6 +64,7 @@ private:
 
     std::vector<std::wstring_view> Identifiers() const {
         std::vector<std::wstring_view> names;
+        names.reserve(printerDrivers.size());
         for (const auto& [id, driver] : printerDrivers) names.push_back(id);
         return names;
     }

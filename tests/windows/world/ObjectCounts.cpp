@@ -68,7 +68,8 @@ bool LeavesNothingBehind(const std::function<void()>& deed) {
         deed();
         if (WaitUntil([&] { return CountObjects() == before; }, std::chrono::seconds(2))) return true;
         std::cout << "before: " << testing::PrintToString(before)
-                  << ", after: " << testing::PrintToString(CountObjects()) << std::endl;
+                  << ", after: " << testing::PrintToString(CountObjects()) << '\n'
+                  << std::flush;
     }
     return false;
 }

@@ -96,7 +96,7 @@ void EnduranceTest::TearDown() {
     if (Wanted("SEED") && !IsSkipped()) {
         std::cout << "[ DEALT    ] " << kind << ' ' << GetParam() << ':';
         for (const std::string& fault : dealt) std::cout << ' ' << fault;
-        std::cout << std::endl;
+        std::cout << '\n' << std::flush;
     }
     NetworkPageTest::TearDown();
 }

@@ -34,8 +34,8 @@ protected:
     void DoSomething() {
         static constexpr std::array<WORD, 8> keys = {VK_TAB,   VK_TAB,  VK_DOWN, VK_UP,
                                                      VK_SPACE, VK_LEFT, VK_F5,   VK_ESCAPE};
-        static constexpr std::array controls = {static_cast<int>(IDCANCEL), static_cast<int>(IDOK),
-                                                IDC_DISCOVERY_LIST, IDC_MANUFACTURER_LIST, IDC_LICENCE_TEXT};
+        static constexpr std::array controls = {IDCANCEL, IDOK, IDC_DISCOVERY_LIST, IDC_MANUFACTURER_LIST,
+                                                IDC_LICENCE_TEXT};
         if (package.Toss()) {
             Deal("keys");
             PressKeys({keys.at(package.Pick(keys.size()))});
