@@ -48,6 +48,7 @@ const MessageMap& CDialogEx::Events() {
                                              On::Click(IDOK, &CDialogEx::OnOK),
                                              On::Click(IDCANCEL, &CDialogEx::OnCancel),
                                              On::Message(WM_DRAWITEM, &CDialogEx::OnDrawItem),
+                                             On::Message(WM_NOTIFY, &CDialogEx::OnNotify),
                                              On::Message(WM_SYSCOLORCHANGE, &CDialogEx::OnSystemColours),
                                              On::Message(WM_SETTINGCHANGE, &CDialogEx::OnSettingChange),
                                          });
@@ -119,6 +120,11 @@ LRESULT CDialogEx::OnDrawItem(WPARAM, LPARAM item) {
     const auto& drawing = *reinterpret_cast<const DRAWITEMSTRUCT*>(item);
     if (CWnd* const control = FromHandle(drawing.hwndItem)) control->DrawItem(drawing);
     return TRUE;
+}
+
+LRESULT CDialogEx::OnNotify(WPARAM id, LPARAM record) {
+    CWnd* const control = FromHandle(reinterpret_cast<const NMHDR*>(record)->hwndFrom);
+    return control == nullptr ? Default() : control->SendMessage(OCM_NOTIFY, id, record);
 }
 
 // The system tells the windows of the desktop alone, and a control asks for the colours when it is told.

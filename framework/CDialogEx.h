@@ -53,6 +53,8 @@ protected:
 
 private:
     LRESULT OnDrawItem(WPARAM, LPARAM item);
+    // Hands what the dialog has no handler for back to the control that it comes from.
+    LRESULT OnNotify(WPARAM id, LPARAM record);
     LRESULT OnSystemColours(WPARAM, LPARAM);
     LRESULT OnSettingChange(WPARAM setting, LPARAM);
     void RedrawAll();

@@ -6,6 +6,19 @@
 #include <array>
 #include <utility>
 
+#include "framework/SystemLibrary.h"
+
+namespace {
+
+// Found by name: the library brings that of the spooler along, which nearly no run needs. Once it has shown a
+// dialog, threads of the system may be in it.
+auto OpenFileDialog() {
+    static const Library dialogs = LoadSystemLibrary(L"comdlg32.dll");
+    return dialogs ? FindExport<decltype(&GetOpenFileNameW)>(dialogs.get(), "GetOpenFileNameW") : nullptr;
+}
+
+}  // namespace
+
 CFileDialog::CFileDialog(std::wstring extension, const std::wstring& suggestion,
                          const std::wstring& filterPairs, const CWnd& parentWindow)
     : defaultExtension(std::move(extension)), filter(filterPairs), parent(parentWindow) {
@@ -27,7 +40,8 @@ int CFileDialog::DoModal() {
                           .lpstrInitialDir = folder.c_str(),
                           .Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR,
                           .lpstrDefExt = defaultExtension.c_str()};
-    if (GetOpenFileNameW(&request) == FALSE) return IDCANCEL;
+    const auto open = OpenFileDialog();
+    if (open == nullptr || open(&request) == FALSE) return IDCANCEL;
     pathName = buffer.data();
     return IDOK;
 }

@@ -36,7 +36,7 @@ LRESULT CListCtrl::OnSetFocus(WPARAM, LPARAM) {
 }
 
 void CListCtrl::FocusARow() {
-    if (GetFocus() == GetSafeHwnd() && ListView_GetNextItem(GetSafeHwnd(), -1, LVNI_FOCUSED) < 0)
+    if (GetFocus() == GetSafeHwnd() && FocusedRow() < 0)
         ListView_SetItemState(GetSafeHwnd(), 0, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
@@ -152,6 +152,10 @@ LPARAM CListCtrl::GetItemData(int row) const {
     return item.lParam;
 }
 
+void CListCtrl::SetItemCount(int count) {
+    ListView_SetItemCount(GetSafeHwnd(), count);
+}
+
 void CListCtrl::FitColumnToHeading(int column) {
     SetColumnWidth(column, LVSCW_AUTOSIZE_USEHEADER);
 }
@@ -168,6 +172,20 @@ int CListCtrl::SelectedRow() const {
     // The count is known; a walk over many unselected rows is not worth its time.
     if (ListView_GetSelectedCount(GetSafeHwnd()) == 0) return -1;
     return ListView_GetNextItem(GetSafeHwnd(), -1, LVNI_SELECTED);
+}
+
+int CListCtrl::FocusedRow() const {
+    return ListView_GetNextItem(GetSafeHwnd(), -1, LVNI_FOCUSED);
+}
+
+int CListCtrl::TopRow() const {
+    return ListView_GetTopIndex(GetSafeHwnd());
+}
+
+void CListCtrl::ScrollTo(int topRow) {
+    RECT row{};
+    ListView_GetItemRect(GetSafeHwnd(), 0, &row, LVIR_BOUNDS);
+    ListView_Scroll(GetSafeHwnd(), 0, (topRow - TopRow()) * (row.bottom - row.top));
 }
 
 void CListCtrl::SelectRow(int row) {

@@ -17,20 +17,26 @@ public:
     void DeleteAllItems();
     void DeleteAllColumns();
 
-    // Both put the new thing at that index.
+    // Both put the new thing at that index; a row is put into a list that keeps its rows itself.
     void InsertColumn(int column, std::wstring heading);
     void InsertItem(int row, std::wstring text, LPARAM data);
     void SetItemText(int row, int column, std::wstring text);
     // The number with which the row was inserted.
     LPARAM GetItemData(int row) const;
+    // For a list that asks for the texts of its rows (LVS_OWNERDATA): tells it how many there are.
+    void SetItemCount(int count);
 
     // Makes the column as wide as its heading asks for; the last one takes the rest of the list.
     void FitColumnToHeading(int column);
     void SetColumnWidth(int column, int pixels);
     int GetColumnWidth(int column) const;
 
-    // The first selected row, or -1.
+    // The first selected row, and the one that the keyboard is on, or -1.
     int SelectedRow() const;
+    int FocusedRow() const;
+    // The first row that is seen; the list is scrolled so that it is that one.
+    int TopRow() const;
+    void ScrollTo(int topRow);
     // Selects the row and puts the focus of the list on it. A row that there is not changes nothing.
     void SelectRow(int row);
 

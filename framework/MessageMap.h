@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <olectl.h>
+
 #include <functional>
 #include <vector>
 
@@ -66,13 +68,26 @@ struct EventsOf {
     static MessageMapEntry Notify(UINT id, UINT code, LRESULT (Window::*handler)(NMHDR&)) {
         return {.matches =
                     [id, code](const WindowMessage& m) {
-                        if (m.message != WM_NOTIFY) return false;
-                        const NMHDR& header = *reinterpret_cast<const NMHDR*>(m.lParam);
-                        return header.idFrom == id && header.code == code;
+                        return m.message == WM_NOTIFY && RecordOf(m).idFrom == id && RecordOf(m).code == code;
                     },
-                .handle =
-                    [handler](CWnd& window, const WindowMessage& m) {
-                        return (static_cast<Window&>(window).*handler)(*reinterpret_cast<NMHDR*>(m.lParam));
-                    }};
+                .handle = WithRecord(handler)};
+    }
+
+    // A notification of the control itself that its dialog has not handled. The handler returns the result.
+    static MessageMapEntry OwnNotify(UINT code, LRESULT (Window::*handler)(NMHDR&)) {
+        return {.matches =
+                    [code](const WindowMessage& m) {
+                        return m.message == OCM_NOTIFY && RecordOf(m).code == code;
+                    },
+                .handle = WithRecord(handler)};
+    }
+
+private:
+    static NMHDR& RecordOf(const WindowMessage& message) { return *reinterpret_cast<NMHDR*>(message.lParam); }
+
+    static auto WithRecord(LRESULT (Window::*handler)(NMHDR&)) {
+        return [handler](CWnd& window, const WindowMessage& m) {
+            return (static_cast<Window&>(window).*handler)(RecordOf(m));
+        };
     }
 };

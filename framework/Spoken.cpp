@@ -63,6 +63,10 @@ void TellNews(HWND control) {
     NotifyWinEvent(liveRegionChanged, control, OBJID_CLIENT, CHILDID_SELF);
 }
 
+void TellNewRows(HWND list) {
+    NotifyWinEvent(EVENT_OBJECT_REORDER, list, OBJID_CLIENT, CHILDID_SELF);
+}
+
 void ForgetSpoken(HWND control) {
     if (const auto service = Annotations()) Clear(*service.Get(), control);
 }

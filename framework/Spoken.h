@@ -24,6 +24,9 @@ inline constexpr DWORD liveRegionChanged = 0x8019;
 void SpeakAsNews(HWND control);
 void TellNews(HWND control);
 
+// Tells that other rows stand in a list: one that keeps none itself does not know.
+void TellNewRows(HWND list);
+
 // Takes back what has been set for a control, or for all in a window, as is due before they go.
 void ForgetSpoken(HWND control);
 void ForgetSpokenIn(HWND window);

@@ -22,4 +22,4 @@ add_library(kestrune_framework STATIC
   framework/SystemLibrary.cpp
   framework/TextSize.cpp)
 target_link_libraries(kestrune_framework PUBLIC kestrune_options
-  user32 gdi32 comctl32 comdlg32 shell32 ole32 uuid)
+  user32 gdi32 comctl32 shell32 ole32 uuid)

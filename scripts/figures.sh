@@ -28,7 +28,7 @@ make_tree() {
     local number
     rm -rf "$tree"
     mkdir -p "$tree"/Setup/{x64,res} "$tree"/{Applications,Drivers}/x64
-    cp build/windows/tests/bench/{SystemBench,EmptyDialog}.exe build/windows/Kestrune.exe \
+    cp build/windows/tests/bench/{SystemBench,EmptyDialog,EmptyConsole}.exe build/windows/Kestrune.exe \
         build/windows/tests/fakes/complete/Brevanto.dll "$tree/Setup/x64/"
     cp package/strings/en_strings.xml "$tree/Setup/res/"
     printf '<%s>%s</%s>\n' OEM Bench OEM WIN8_DRVTYPES BENCH WIN8_DRVTYPES SILENT_INSTALL true SILENT_INSTALL \
@@ -49,7 +49,7 @@ show_pages() { sed -i 's#<SILENT_INSTALL>true#<SILENT_INSTALL>false#' "$tree/Set
 take_sample() {
     rm -rf "$tree"
     cp -r out/package "$tree"
-    cp build/windows/tests/bench/{SystemBench,EmptyDialog}.exe build/windows/Kestrune.exe "$tree/Setup/x64/"
+    cp build/windows/tests/bench/{SystemBench,EmptyDialog,EmptyConsole}.exe build/windows/Kestrune.exe "$tree/Setup/x64/"
 }
 
 # in_tree COMMAND...: runs it beside the program.
@@ -144,9 +144,11 @@ memory() {
 
 memories() {
     make_tree 100
-    figure 'memory of a silent run on 100 packages' "$(memory timeout 60 wine Kestrune.exe)" KB '25600 KB'
+    figure 'memory of a silent run on 100 packages' "$(memory timeout 60 wine Kestrune.exe)" KB '25600 KB' \
+        'an empty program' "$(memory timeout 8 wine EmptyConsole.exe)"
     take_sample
-    figure 'memory of the first page, sample package' "$(memory timeout 8 wine Kestrune.exe)" KB '30720 KB'
+    figure 'memory of the first page, sample package' "$(memory timeout 8 wine Kestrune.exe)" KB '30720 KB' \
+        'an empty dialog' "$(memory timeout 8 wine EmptyDialog.exe)"
 }
 
 lists() {
@@ -199,7 +201,7 @@ languages() {
 processor_time() { awk '/^cpu / { for (i = 2; i <= 9; ++i) all += $i; print $9, all }' /proc/stat; }
 
 need_packages time libbenchmark-dev
-build windows Kestrune SystemBench EmptyDialog ScriptedBrevanto
+build windows Kestrune SystemBench EmptyDialog EmptyConsole ScriptedBrevanto
 build native PackageCheck
 build bench kestrune_bench
 scripts/build-package.sh build/windows > /dev/null

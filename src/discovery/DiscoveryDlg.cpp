@@ -222,6 +222,7 @@ void DiscoveryDlg::Tell(const std::wstring& news) {
 }
 
 LRESULT DiscoveryDlg::OnSelectionChanged(NMHDR&) {
+    if (deviceList.IsSorting()) return 0;
     AllowNext(deviceList.SelectedRow() >= 0);
     if (!state.canGoOn) return 0;
     SelectDriver(GetDriverForSelection());

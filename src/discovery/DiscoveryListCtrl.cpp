@@ -5,16 +5,17 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <map>
+#include <numeric>
+#include <string_view>
 
 #include "CommonLib/Files.h"
 #include "CommonLib/IpAddress.h"
 #include "discovery/RowOrder.h"
 #include "framework/CImage.h"
-#include "framework/Handles.h"
 #include "framework/HeldDrawing.h"
 #include "framework/Resolution.h"
 #include "framework/Spoken.h"
-#include "framework/SystemLibrary.h"
 #include "settings/ColourWords.h"
 #include "settings/TextExpansion.h"
 #include "settings/TextKeys.h"
@@ -46,22 +47,29 @@ int Scaled(int pixels, HWND window) {
     return MulDiv(pixels, ResolutionOf(window), plainResolution);
 }
 
-struct Sorting {
-    std::vector<SortedCell> cells;
-    bool ascending;
-};
+// The same as LVFI_PARTIAL, since Windows Vista.
+constexpr UINT findSubstring = 4;
+constexpr UINT findBeginning = LVFI_PARTIAL | findSubstring;
 
-int CALLBACK CompareRows(LPARAM first, LPARAM second, LPARAM sorting) {
-    const Sorting& order = *reinterpret_cast<const Sorting*>(sorting);
-    return CompareCells(order.cells[static_cast<std::size_t>(first)],
-                        order.cells[static_cast<std::size_t>(second)], order.ascending);
+// Whether a text is what is searched for, or begins with it where that is enough; in any case of its letters.
+bool IsWanted(std::wstring_view text, const LVFINDINFOW& wanted) {
+    const std::wstring_view part = wanted.psz;
+    if ((wanted.flags & findBeginning) != 0) text = text.substr(0, part.size());
+    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, text.data(), static_cast<int>(text.size()),
+                          part.data(), static_cast<int>(part.size())) == CSTR_EQUAL;
 }
 
 }  // namespace
 
 const MessageMap& DiscoveryListCtrl::GetMessageMap() const {
-    static const MessageMap map(
-        &Events(), {EventsOf<DiscoveryListCtrl>::Message(WM_KEYUP, &DiscoveryListCtrl::OnKeyUp)});
+    using On = EventsOf<DiscoveryListCtrl>;
+    static const MessageMap map(&Events(),
+                                {
+                                    On::Message(WM_KEYUP, &DiscoveryListCtrl::OnKeyUp),
+                                    On::Message(LVM_FINDITEMW, &DiscoveryListCtrl::OnFindItem),
+                                    On::OwnNotify(LVN_GETDISPINFOW, &DiscoveryListCtrl::OnTextAsked),
+                                    On::OwnNotify(LVN_ODFINDITEMW, &DiscoveryListCtrl::OnRowAsked),
+                                });
     return map;
 }
 
@@ -74,7 +82,7 @@ std::wstring DiscoveryListCtrl::ShownColour(const std::wstring& colour) const {
 void DiscoveryListCtrl::ShowMessage(const std::wstring& heading) {
     DeleteAllItems();
     DeleteAllColumns();
-    rows.clear();
+    TakeRows({});
     InsertColumn(0, heading);
     FitColumnToHeading(0);
     SetSpokenDescription(GetSafeHwnd(), {});
@@ -85,14 +93,12 @@ void DiscoveryListCtrl::ShowDevices(const std::list<DiscoveredDevice>& devices) 
         const HeldDrawing held(*this);
         DeleteAllItems();
         DeleteAllColumns();
-        rows.clear();
         InsertColumns();
-        for (const DiscoveredDevice& device : devices) {
-            InsertRow({device.series.empty() ? device.model : device.series, device.address,
-                       ShownColour(device.colour)});
-        }
+        TakeRows(devices);
         if (!images) LoadImages();
-        if (Sort()) ShowOrder();
+        Sort();
+        SetItemCount(static_cast<int>(order.size()));
+        ShowOrder();
         FocusARow();
     }
     UpdateWindow(GetSafeHwnd());
@@ -107,31 +113,92 @@ void DiscoveryListCtrl::InsertColumns() {
     FitColumnToHeading(lastColumn);
 }
 
-void DiscoveryListCtrl::InsertRow(const Row& row) {
-    const int index = static_cast<int>(rows.size());
-    InsertItem(index, row[nameColumn], index);
-    SetItemText(index, addressColumn, ShownAddress(row[addressColumn]));
-    SetItemText(index, lastColumn, row[lastColumn]);
-    rows.push_back(row);
+void DiscoveryListCtrl::TakeRows(const std::list<DiscoveredDevice>& devices) {
+    // A text is looked up once: the devices are many, and their colours few.
+    std::map<std::wstring_view, std::wstring> colours;
+    rows.clear();
+    rows.reserve(devices.size());
+    for (const DiscoveredDevice& device : devices) {
+        if (!colours.contains(device.colour)) colours[device.colour] = ShownColour(device.colour);
+        rows.push_back(
+            {device.series.empty() ? device.model : device.series, device.address, colours[device.colour]});
+    }
+    order.resize(rows.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+}
+
+LRESULT DiscoveryListCtrl::OnTextAsked(NMHDR& header) {
+    const LVITEMW& item = reinterpret_cast<const NMLVDISPINFOW&>(header).item;
+    if ((item.mask & LVIF_TEXT) != 0) lstrcpynW(item.pszText, ShownText(item).c_str(), item.cchTextMax);
+    return 0;
+}
+
+std::wstring DiscoveryListCtrl::ShownText(const LVITEMW& item) const {
+    // Anybody may ask the control for any column.
+    if (static_cast<std::size_t>(item.iSubItem) >= columnCount) return {};
+    const std::wstring& text = RowAt(item.iItem)[static_cast<std::size_t>(item.iSubItem)];
+    return item.iSubItem == addressColumn ? ShownAddress(text) : text;
+}
+
+// The control asks for who types.
+LRESULT DiscoveryListCtrl::OnRowAsked(NMHDR& header) {
+    const auto& search = reinterpret_cast<const NMLVFINDITEMW&>(header);
+    return FindRow(search.lvfi, search.iStart);
+}
+
+// A program asks for what is behind a row. Some versions of the control ask on as if that row counted.
+LRESULT DiscoveryListCtrl::OnFindItem(WPARAM behind, LPARAM wanted) {
+    return FindRow(*reinterpret_cast<const LVFINDINFOW*>(wanted), static_cast<int>(behind) + 1);
+}
+
+int DiscoveryListCtrl::FindRow(const LVFINDINFOW& wanted, int start) const {
+    if ((wanted.flags & (LVFI_STRING | findBeginning)) == 0) return -1;
+    const int end = (wanted.flags & LVFI_WRAP) != 0 ? start + GetItemCount() : GetItemCount();
+    for (int place = start; place < end; ++place) {
+        const int row = place % GetItemCount();
+        if (IsWanted(RowAt(row)[nameColumn], wanted)) return row;
+    }
+    return -1;
+}
+
+const DiscoveryListCtrl::Row& DiscoveryListCtrl::RowAt(int row) const {
+    return rows[order.at(static_cast<std::size_t>(row))];
 }
 
 void DiscoveryListCtrl::OnColumnClick(int column) {
     if (GetItemCount() == 0) return;
     sortAscending = column != sortColumn || !sortAscending;
     sortColumn = column;
-    if (Sort()) ShowOrder();
+    const std::vector<std::size_t> formerOrder = order;
+    Sort();
+    ShowOrder();
+    const HeldDrawing held(*this);
+    const int topRow = TopRow();
+    isSorting = true;
+    MoveState(LVIS_FOCUSED, FocusedRow(), formerOrder);
+    MoveState(LVIS_SELECTED, SelectedRow(), formerOrder);
+    isSorting = false;
+    // Not every version of the control stays where it is when a row gets the focus.
+    ScrollTo(topRow);
 }
 
-bool DiscoveryListCtrl::Sort() {
-    // Loaded for the length of the sort, or each cell's check would load it anew.
-    const Library network = LoadSystemLibrary(L"Ws2_32.dll");
-    Sorting sorting{.cells = {}, .ascending = sortAscending};
-    sorting.cells.reserve(rows.size());
+void DiscoveryListCtrl::Sort() {
+    const IpAddressReader addresses;
+    std::vector<SortedCell> cells;
+    cells.reserve(rows.size());
     for (const Row& row : rows) {
         const std::wstring& text = row.at(static_cast<std::size_t>(sortColumn));
-        sorting.cells.push_back({.text = text, .isAddress = IsValidIpAddress(text) == 1});
+        cells.push_back({.text = text, .isAddress = addresses.Read(text) == 1});
     }
-    return ListView_SortItems(GetSafeHwnd(), &CompareRows, reinterpret_cast<LPARAM>(&sorting)) != FALSE;
+    SortRows(order, cells, sortAscending);
+}
+
+// The control knows rows by their place alone.
+void DiscoveryListCtrl::MoveState(UINT state, int from, const std::vector<std::size_t>& formerOrder) {
+    if (from < 0) return;
+    const auto row = std::ranges::find(order, formerOrder.at(static_cast<std::size_t>(from)));
+    ListView_SetItemState(GetSafeHwnd(), from, 0, state);
+    ListView_SetItemState(GetSafeHwnd(), static_cast<int>(row - order.begin()), state, state);
 }
 
 void DiscoveryListCtrl::LoadImages() {
@@ -156,14 +223,15 @@ void DiscoveryListCtrl::ShowOrder() {
                        reinterpret_cast<LPARAM>(&item));
     }
     SetSpokenDescription(GetSafeHwnd(), SpokenOrder());
+    TellNewRows(GetSafeHwnd());
 }
 
 std::wstring DiscoveryListCtrl::SpokenOrder() const {
-    const std::wstring order = localizer.GetString(sortAscending ? TextKey::DISCOVERED_LIST_ASCENDING
-                                                                 : TextKey::DISCOVERED_LIST_DESCENDING);
-    return order.empty()
-               ? order
-               : localizer.GetString(headingKeys.at(static_cast<std::size_t>(sortColumn))) + L", " + order;
+    const std::wstring direction = localizer.GetString(sortAscending ? TextKey::DISCOVERED_LIST_ASCENDING
+                                                                     : TextKey::DISCOVERED_LIST_DESCENDING);
+    return direction.empty() ? direction
+                             : localizer.GetString(headingKeys.at(static_cast<std::size_t>(sortColumn))) +
+                                   L", " + direction;
 }
 
 std::wstring DiscoveryListCtrl::SelectedName() const {
@@ -176,7 +244,7 @@ std::wstring DiscoveryListCtrl::SelectedAddress() const {
 
 std::wstring DiscoveryListCtrl::SelectedText(std::size_t column) const {
     const int row = SelectedRow();
-    return row < 0 ? std::wstring() : rows.at(static_cast<std::size_t>(GetItemData(row))).at(column);
+    return row < 0 ? std::wstring() : RowAt(row).at(column);
 }
 
 // Who reaches the list by the keyboard finds a row there.

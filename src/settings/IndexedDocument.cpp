@@ -17,7 +17,7 @@ bool IsSimple(std::wstring_view name) {
 }  // namespace
 
 IndexedDocument::IndexedDocument(std::wstring document) : text(std::move(document)), signs(1) {
-    IndexFrom(0);
+    AddSignsFrom(0);
 }
 
 std::wstring IndexedDocument::ValueOf(std::wstring_view name) {
@@ -41,32 +41,42 @@ void IndexedDocument::RemoveElement(std::wstring_view name) {
         *this = IndexedDocument(std::move(remaining));
         return;
     }
-    const std::size_t open = FirstSign(tags, name);
-    const std::size_t close = FirstSign(tags, L'/' + std::wstring(name));
+    const std::wstring closeTag = L'/' + std::wstring(name);
+    const std::size_t open = FirstSign(name);
+    const std::size_t close = FirstSign(closeTag);
     if (open == nowhere || close == nowhere) return;
     if (close < open) Drop({.start = signs[open].position, .end = text.size()});
     Remove(open, close < open ? signs[head].previous : signs[close].next);
+    // The index forgets what is not asked for again.
+    FirstIndexedSign(name);
+    FirstIndexedSign(closeTag);
 }
 
 void IndexedDocument::Append(std::wstring_view element) {
     const std::size_t start = text.size();
     text += element;
-    IndexFrom(start);
+    AddSignsFrom(start);
 }
 
 std::wstring IndexedDocument::Text() const {
     return LiveText({.start = 0, .end = text.size()});
 }
 
-void IndexedDocument::IndexFrom(std::size_t start) {
-    const std::size_t firstNew = signs.size();
+void IndexedDocument::AddSignsFrom(std::size_t start) {
     for (std::size_t i = start; i < text.size(); ++i) {
         if (text[i] == L'<' || text[i] == L'>') AddSign(i);
     }
-    for (std::size_t sign = firstNew; sign < signs.size(); ++sign) {
-        if (!signs[sign].opens) continue;
-        IndexTag(sign);
-        IndexWord(sign, signs[sign].position + 1);
+}
+
+// A step is long beside the look-up that follows it, and short beside a document.
+void IndexedDocument::IndexFurther() {
+    constexpr std::size_t step = 16;
+    const std::size_t end = std::min(firstUnindexed + step, signs.size());
+    for (; firstUnindexed < end; ++firstUnindexed) {
+        const Sign& sign = signs[firstUnindexed];
+        if (!sign.opens || sign.removed) continue;
+        IndexTag(firstUnindexed);
+        IndexWord(firstUnindexed, sign.position + 1);
     }
 }
 
@@ -100,21 +110,29 @@ void IndexedDocument::IndexWord(std::size_t sign, std::size_t from) {
     }
 }
 
-std::size_t IndexedDocument::FirstSign(SignIndex& index, std::wstring_view key) {
-    const auto entry = index.find(key);
-    if (entry == index.end()) return nowhere;
+std::size_t IndexedDocument::FirstSign(std::wstring_view key) {
+    std::size_t sign = FirstIndexedSign(key);
+    for (; sign == nowhere && firstUnindexed < signs.size(); sign = FirstIndexedSign(key)) IndexFurther();
+    return sign;
+}
+
+std::size_t IndexedDocument::FirstIndexedSign(std::wstring_view key) {
+    const auto entry = tags.find(key);
+    if (entry == tags.end()) return nowhere;
     SignHeap& heap = entry->second;
     while (!heap.empty() && signs[heap.front()].removed) {
         std::pop_heap(heap.begin(), heap.end(), std::greater<>());
         heap.pop_back();
     }
-    return heap.empty() ? nowhere : heap.front();
+    if (!heap.empty()) return heap.front();
+    tags.erase(entry);
+    return nowhere;
 }
 
 bool IndexedDocument::FindValue(std::wstring_view name, Span& value) {
-    const std::size_t close = FirstSign(tags, L'/' + std::wstring(name));
+    const std::size_t close = FirstSign(L'/' + std::wstring(name));
     if (close == nowhere) return false;
-    const std::size_t open = FirstSign(tags, name);
+    const std::size_t open = FirstSign(name);
     std::size_t tagEnd = open == nowhere ? nowhere : signs[open].next;
     if (open == nowhere && !FindAttributeTag(name, tagEnd)) return false;
     value.start = signs[tagEnd].position + 1;

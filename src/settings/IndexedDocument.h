@@ -53,11 +53,13 @@ private:
     using SignHeap = std::vector<std::size_t>;
     using SignIndex = std::unordered_map<std::wstring, SignHeap, TextHash, std::equal_to<>>;
 
-    void IndexFrom(std::size_t start);
+    void AddSignsFrom(std::size_t start);
+    void IndexFurther();
     void AddSign(std::size_t position);
     void IndexTag(std::size_t sign);
     void IndexWord(std::size_t sign, std::size_t from);
-    std::size_t FirstSign(SignIndex& index, std::wstring_view key);
+    std::size_t FirstSign(std::wstring_view key);
+    std::size_t FirstIndexedSign(std::wstring_view key);
 
     bool FindValue(std::wstring_view name, Span& value);
     bool FindAttributeTag(std::wstring_view name, std::size_t& tagEnd);
@@ -71,6 +73,9 @@ private:
 
     std::wstring text;
     std::vector<Sign> signs;
+    // Signs are indexed as far as they have been asked for: whoever goes through a document from its front
+    // has a small index. Nothing but a removal up to the end changes what is not indexed yet.
+    std::size_t firstUnindexed = 1;
     SignIndex tags;                              // by the whole text of the tag
     SignIndex words;                             // by the text in front of the first blank
     std::map<std::size_t, std::size_t> dropped;  // start and end of what has been removed from the text

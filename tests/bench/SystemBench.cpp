@@ -127,7 +127,7 @@ long long MeasureStart(const std::wstring& name) {
     return duration;
 }
 
-// A window with an empty list.
+// A window with an empty list, which is asked for its texts as a dialog asks it.
 class ListWindow : public CWnd {
 public:
     static constexpr int listId = 1;
@@ -139,9 +139,16 @@ public:
             CreateWindowExW(0, L"Static", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 600, 400, nullptr,
                             nullptr, GetModuleHandleW(nullptr), nullptr);
         }
-        CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, 0, 0, 580,
-                        360, GetSafeHwnd(), reinterpret_cast<HMENU>(INT_PTR{listId}),
-                        GetModuleHandleW(nullptr), nullptr);
+        CreateWindowExW(0, WC_LISTVIEWW, L"",
+                        WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL, 0, 0, 580, 360,
+                        GetSafeHwnd(), reinterpret_cast<HMENU>(INT_PTR{listId}), GetModuleHandleW(nullptr),
+                        nullptr);
+    }
+
+protected:
+    LRESULT WindowProc(const WindowMessage& message) override {
+        if (message.message != WM_NOTIFY) return CWnd::WindowProc(message);
+        return ::SendMessageW(GetDlgItem(listId), OCM_NOTIFY, message.wParam, message.lParam);
     }
 };
 

@@ -108,6 +108,14 @@ TEST_F(PlantedLibraryTest, IsNotLoadedByARun) {
     EXPECT_THAT(LoadedPlants(tree.ProgramFolder()), IsEmpty());
 }
 
+// The library of the system's dialogs brings the spooler along, and what that needs: megabytes in every run,
+// for a dialog that few of them open.
+TEST_F(LibrarySearchTest, BringsNoLibraryOfTheSpooler) {
+    const std::set<std::wstring> imports = ImportsOf(BuildFolder() / L"Kestrune.exe", true);
+    EXPECT_THAT(imports, testing::Contains(L"user32.dll"));
+    EXPECT_THAT(imports, Not(testing::Contains(testing::AnyOf(L"comdlg32.dll", L"winspool.drv"))));
+}
+
 TEST_F(LibrarySearchTest, LetsALibraryOfThePackageFindWhatLiesBesideIt) {
     tree.UseLibrary(L"with_neighbour");
     Plant(tree.ProgramFolder() / L"Neighbour.dll");

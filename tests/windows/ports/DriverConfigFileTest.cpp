@@ -16,6 +16,7 @@
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/PatchedExport.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/windows/world/SettingsWorld.h"
@@ -244,7 +245,7 @@ class LoadTest : public DriverConfigFileTest {
 protected:
     void Load(const std::wstring& chosen) {
         choice = chosen;
-        const PatchedImport choosing("GetOpenFileNameW", &ChooseFile);
+        const PatchedExport choosing("GetOpenFileNameW", &ChooseFile);
         Press(IDC_DRIVER_CONFIG_LOAD);
     }
 };
@@ -288,9 +289,19 @@ BOOL WINAPI FailToChoose(LPOPENFILENAMEW) {
     throw Exception(L"broken", 5);
 }
 
+TEST_F(LoadTest, KeepsTheFieldWhereTheSystemHasNoSuchDialog) {
+    Open();
+    Load(L"C:\\presets\\a.zdc");
+    const PatchedImport missing(
+        "GetProcAddress", +[](HMODULE, const char*) -> FARPROC { return nullptr; });
+    Press(IDC_DRIVER_CONFIG_LOAD);
+    EXPECT_EQ(Path(), L"C:\\presets\\a.zdc");
+    EXPECT_THAT(app.Exceptions(), IsEmpty());
+}
+
 TEST_F(LoadTest, TellsOfAnException) {
     Open();
-    const PatchedImport choosing("GetOpenFileNameW", &FailToChoose);
+    const PatchedExport choosing("GetOpenFileNameW", &FailToChoose);
     Press(IDC_DRIVER_CONFIG_LOAD);
     EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", L"Driver Configuration load exception: broken: 5")));
     EXPECT_THAT(app.Exceptions(), IsEmpty());

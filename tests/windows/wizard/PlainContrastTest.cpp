@@ -128,13 +128,29 @@ std::vector<double> ContrastsOfEntry(HWND combo) {
         combo, [&] { select(entry); }, [&] { select(-1); });
 }
 
+// Answers a list that asks for the text of its first cell with that text.
+LRESULT CALLBACK AnswerFirstCell(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                 DWORD_PTR text) {
+    const LRESULT result = DefSubclassProc(dialog, message, wParam, lParam);
+    if (message != WM_NOTIFY || reinterpret_cast<const NMHDR*>(lParam)->code != LVN_GETDISPINFOW)
+        return result;
+    const LVITEMW& item = reinterpret_cast<const NMLVDISPINFOW*>(lParam)->item;
+    if ((item.mask & LVIF_TEXT) != 0 && item.iItem == 0 && item.iSubItem == 0)
+        lstrcpynW(item.pszText, reinterpret_cast<const wchar_t*>(text), item.cchTextMax);
+    return result;
+}
+
+void PutInFirstCell(HWND list, const wchar_t* text) {
+    if ((StyleOf(list) & LVS_OWNERDATA) != 0)
+        SetWindowSubclass(GetParent(list), &AnswerFirstCell, 0, reinterpret_cast<DWORD_PTR>(text));
+    else
+        ListView_SetItemText(list, 0, 0, const_cast<wchar_t*>(text));
+}
+
 std::vector<double> ContrastsOfRow(HWND list, UINT state) {
     ListView_SetItemState(list, 0, state, LVIS_SELECTED | LVIS_FOCUSED);
-    wchar_t text[] = L"Ink";
-    wchar_t blank[] = L" ";
     return ContrastsOf(
-        list, [&] { ListView_SetItemText(list, 0, 0, text); },
-        [&] { ListView_SetItemText(list, 0, 0, blank); });
+        list, [&] { PutInFirstCell(list, L"Ink"); }, [&] { PutInFirstCell(list, L" "); });
 }
 
 std::vector<double> ContrastsOfHeading(HWND heading) {
