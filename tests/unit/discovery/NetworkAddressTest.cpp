@@ -89,6 +89,8 @@ TEST(SubnetTest, TakesBothAddressesOfTheSmallest) {
 TEST(SubnetTest, HasAPrefixThatFitsAnAddress) {
     EXPECT_EQ(Subnet(NetworkAddress(0xC0000207), 33).PrefixLength(), 32);
     EXPECT_EQ(Subnet(NetworkAddress(0xC0000207), -1).PrefixLength(), 0);
+    EXPECT_FALSE(Subnet(NetworkAddress(0xC0000207), 1).Contains(NetworkAddress(0x01020304)));
+    EXPECT_TRUE(Subnet(NetworkAddress(0xC0000207), 0).Contains(NetworkAddress(0x01020304)));
 }
 
 TEST(SubnetTest, RefusesWhatIsNoSubnet) {
