@@ -49,6 +49,8 @@ TEST(RunEventTest, IsNoLongerThanTheSystemTakes) {
     const std::vector<PackageEntry> packages(2000, {.product = std::wstring(100, L'x')});
     const Report report{.packages = packages, .results = std::vector<PackageResult>(packages.size())};
     EXPECT_EQ(EndOf(report).text.size(), 30000U);
+    const std::size_t rest = EndOf({}).text.size();
+    EXPECT_EQ(EndOf({.verdict = {.reason = std::wstring(30001 - rest, L'x')}}).text.size(), 30000U);
 }
 
 }  // namespace

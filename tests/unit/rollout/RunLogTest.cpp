@@ -31,8 +31,8 @@ testing::Matcher<const RunRecord&> Is(const std::wstring& level, const std::wstr
 
 TEST(RecordReaderTest, ReadsWhatTheLogWrites) {
     RecordReader reader;
-    const auto records = reader.Take(LogLine(L"ERROR", L"Failed") + LogLine(L"", L"Done  so far"));
-    EXPECT_THAT(records, ElementsAre(Is(L"ERROR", L"Failed"), Is(L"", L"Done  so far")));
+    const auto records = reader.Take(LogLine(L"ERROR", L"Failed: 7 \u20AC") + LogLine(L"", L"Done  so far"));
+    EXPECT_THAT(records, ElementsAre(Is(L"ERROR", L"Failed: 7 \u20AC"), Is(L"", L"Done  so far")));
     EXPECT_EQ(records.front().time, L"2026/03/01-09:05:07");
 }
 
