@@ -104,6 +104,32 @@ TEST_F(SearchTest, TakesNothingButAnAddressForThatOfTheHardware) {
     }
 }
 
+TEST_F(SearchTest, KnowsNoColourOfWhoNamesNone) {
+    network.Add({.address = "192.0.2.10", .answersSnmp = true, .colorants = {"unknown"}});
+    const auto devices = AskHost("192.0.2.10");
+    ASSERT_THAT(devices, SizeIs(1));
+    EXPECT_EQ(devices[0].isColour, std::nullopt);
+}
+
+TEST_F(SearchTest, AsksOnForTheColumnsThatNoErrorNames) {
+    network.Add(
+        {.address = "192.0.2.10",
+         .answersSnmp = true,
+         .colorants = {"black", "cyan"},
+         .lie = [count = 0](const Datagram& answer) mutable {
+             Datagram other = answer;
+             const auto message = discovery::DecodeSnmpResponse(answer.bytes);
+             if (message && ++count == 2) {
+                 other.bytes = wire::SnmpPacket(
+                     {.requestId = message->requestId, .errorStatus = 2, .errorIndex = 1, .bindings = {}});
+             }
+             return std::vector{other};
+         }});
+    const auto devices = AskHost("192.0.2.10");
+    ASSERT_THAT(devices, SizeIs(1));
+    EXPECT_EQ(devices[0].isColour, true);
+}
+
 TEST_F(SearchTest, FindsWhoKnowsVersion1Only) {
     network.Add({.address = "192.0.2.10", .answersSnmp = true, .knowsVersion2c = false});
     const auto devices = SearchNeighbours();
@@ -186,6 +212,15 @@ TEST_F(SearchTest, WantsToBeWokenLaterThanNow) {
     EXPECT_EQ(search.NextDue(Time(250)), Time(251));
 }
 
+TEST_F(SearchTest, IsWokenForTheNextPassAndNotBefore) {
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.sweeps.clear();
+    Search search(plan);
+    for (const Time now : {Time(0), Time(250), Time(750)}) search.TakeDatagrams(now);
+    // When the quiet after a pass is over it may end.
+    EXPECT_EQ(search.NextDue(Time(750)), Time(750 + 450));
+}
+
 TEST_F(SearchTest, TellsOfTheHostThatWasAskedForAlone) {
     const discovery::DnsName other{"Other", "_ipp", "_tcp", "local"};
     network.Add({.address = "192.0.2.20",
@@ -202,6 +237,20 @@ TEST_F(SearchTest, TellsOfTheHostThatWasAskedForAlone) {
                  }});
     EXPECT_THAT(AddressesOf(AskHost("192.0.2.20")), ElementsAre("192.0.2.20"));
     EXPECT_EQ(network.sentTo.count(NetworkAddress(0xC0000215)), 0U);
+}
+
+TEST_F(SearchTest, HearsTheHostThatWasAskedForThroughAnyLink) {
+    network.Add(
+        {.address = "198.51.100.7", .host = "far", .announcesItself = true, .lie = [](Datagram answer) {
+             answer.link = 0;
+             return std::vector{answer};
+         }});
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.asksNeighbours = false;
+    plan.sweeps.clear();
+    plan.hosts = {{.address = NetworkAddress(0xC6336407), .ipp = {}}};
+    Search search(plan);
+    EXPECT_THAT(AddressesOf(network.Run(search)), ElementsAre("198.51.100.7"));
 }
 
 TEST_F(SearchTest, FindsNearlyAllInANetworkThatLosesAFifth) {
@@ -427,6 +476,8 @@ TEST_F(SearchTest, AsksByIppWhoIsSilentOtherwise) {
     network.Add({.address = "192.0.2.20", .ipp = {{"/ipp/print", IppPrinter()}}});
     const auto devices = AskHost("192.0.2.20");
     ASSERT_THAT(AddressesOf(devices), ElementsAre("192.0.2.20"));
+    // A tenth of a second after the answer.
+    EXPECT_EQ(network.now, Time(600 + 100));
     EXPECT_EQ(devices[0].name.maker, "Norrlund");
     EXPECT_EQ(devices[0].name.model, "Fjell 40c");
     EXPECT_EQ(devices[0].isColour, true);

@@ -33,6 +33,7 @@ TEST(RunEventTest, NamesNoProductOfWhichNothingIsKnown) {
                         .results = {{.outcome = PackageOutcome::Installed}}};
     EXPECT_THAT(EndOf(report).text, HasSubstr(L"Alpha"));
     EXPECT_THAT(EndOf(report).text, testing::Not(HasSubstr(L"Beta")));
+    EXPECT_THAT(EndOf({.results = report.results}).text, testing::Not(HasSubstr(L"installed")));
 }
 
 TEST(RunEventTest, NamesThePackageTheReasonAndWhatBecameOfEachProduct) {

@@ -140,6 +140,8 @@ TEST(RunLogTest, HasRecordsThatSayNothingToWhoWatches) {
     EXPECT_TRUE(IsNoise({.message = L"<OEM>Testwerk</OEM>"}));
     EXPECT_FALSE(IsNoise({.message = L"Exception in CKestruneApp::InitInstance error code = 5"}));
     EXPECT_FALSE(IsNoise({.message = L"Installing Applications"}));
+    EXPECT_FALSE(IsNoise({.message = std::wstring(400, L'x')}));
+    EXPECT_TRUE(IsNoise({.message = std::wstring(401, L'x')}));
 }
 
 }  // namespace
