@@ -97,7 +97,8 @@ class Suite:
     """The tests of the logic, on this machine."""
     preset, target, listed_in = 'native', 'kestrune_unit_tests', 'tests/unit/CMakeLists.txt'
     # What the tests are of.
-    mutated = ('kestrune_logic', 'discovery_engine', 'intention', 'rollout_logic')
+    mutated = ('kestrune_logic', 'discovery_engine', 'intention', 'rollout_logic', 'shown_text', 'packagecheck',
+               'printerqueue_logic')
     options = ('-DKESTRUNE_SANITIZE=OFF', '-DKESTRUNE_FUZZ=OFF', '-DCMAKE_CXX_FLAGS_DEBUG=-O1 -w',
                '-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld')
     # A number that is no longer known when it is compiled is no mistake, and all faults are wanted at once.
