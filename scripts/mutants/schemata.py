@@ -15,12 +15,14 @@ SWITCH = '#include "scripts/mutants/MutantSwitch.h"\n#line 1\n'
 
 @dataclasses.dataclass(frozen=True)
 class Mutant:
-    """A change of a source; old and new are the lines without it and with it."""
+    """A change of a source; old and new are the lines without it and with it, and function the line that the function
+    around it begins with."""
     number: int
     file: str
     line: int
     last_line: int
     change: syntax.Change
+    function: str
     old: str
     new: str
 
@@ -73,8 +75,14 @@ def mutant_of(number, file, text, change):
     last = text.find('\n', change.end)
     shown = text[first:change.start], text[change.start:change.end], text[change.end:last]
     line = text.count('\n', 0, change.start) + 1
-    return Mutant(number, file, line, line + shown[1].count('\n'), change, old=one_line(''.join(shown)),
-                  new=one_line(shown[0] + change.new + shown[2]))
+    return Mutant(number, file, line, line + shown[1].count('\n'), change, function=function_around(text, change.start),
+                  old=one_line(''.join(shown)), new=one_line(shown[0] + change.new + shown[2]))
+
+
+def function_around(text, place):
+    """The last line up to a place that begins with a word."""
+    lines = re.findall(r'^\w.*', text[:place], re.M)
+    return one_line(lines[-1]) if lines else ''
 
 
 # --- the rewritten sources

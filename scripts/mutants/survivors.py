@@ -5,17 +5,19 @@ import tomllib
 import breaks
 
 TABLE = breaks.TABLES / 'survivors.toml'
-FIELDS = {'file', 'old', 'new', 'reason'}
+NEEDED = {'file', 'old', 'reason'}
+OPTIONAL = {'function', 'new'}
 
 
 def read():
     """The rows: a file, its line without the change and with it, and why nobody can tell them apart. A row without the
-    changed line is of every change in the line."""
+    changed line is of every change in the line. Where the line stands more than once, the function is the line that its
+    own begins with."""
     rows = tomllib.loads(TABLE.read_text(encoding='utf-8'))['survivor']
     for row in rows:
-        if row.keys() | {'new'} != FIELDS or not row['reason'].endswith('.'):
-            sys.exit(f'{TABLE.name}: a row has {", ".join(sorted(FIELDS))}, and its reason is a sentence: {row}')
-    return {(row['file'], row['old'], row.get('new')) for row in rows}
+        if row.keys() - OPTIONAL != NEEDED or not row['reason'].endswith('.'):
+            sys.exit(f'{TABLE.name}: a row has {", ".join(sorted(NEEDED))}, and its reason is a sentence: {row}')
+    return {(row['file'], row.get('function'), row['old'], row.get('new')) for row in rows}
 
 
 def without(mutants):
@@ -23,11 +25,11 @@ def without(mutants):
     rows = read()
     files = {mutant.file for mutant in mutants}
     known = {key for mutant in mutants for key in keys_of(mutant)}
-    for file, old, new in rows - known:
+    for file, _, old, new in rows - known:
         if file in files:
             sys.exit(f'{TABLE.name}: no mutant of {file} is {old}  =>  {new or "another line"}')
     return [mutant for mutant in mutants if not rows & keys_of(mutant)]
 
 
 def keys_of(mutant):
-    return {(mutant.file, mutant.old, mutant.new), (mutant.file, mutant.old, None)}
+    return {(mutant.file, function, mutant.old, new) for function in (mutant.function, None) for new in (mutant.new, None)}

@@ -71,7 +71,7 @@ bool AppendGroup(std::wstring_view text, Octets& bytes) {
 // IPv4 address.
 std::optional<Octets> ReadGroups(std::wstring_view text, bool isEnd) {
     Octets bytes;
-    for (bool more = !text.empty(); more && bytes.size() < ipV6Size;) {
+    for (bool more = !text.empty(); more;) {
         const std::size_t colon = text.find(L':');
         more = colon != std::wstring_view::npos;
         if (!more && isEnd && IsValidIpV4Text(text)) {

@@ -12,7 +12,7 @@ std::wstring_view ValueFrom(std::wstring_view document, std::size_t start, std::
 bool FindAttributeValue(std::wstring_view document, std::wstring_view name, std::size_t close,
                         std::wstring& value) {
     const std::size_t open = FindAttributeTag(document, name);
-    if (open == nowhere || close == nowhere) return false;
+    if (open == nowhere) return false;
     const std::size_t end = document.find(L'>', open);
     if (end == nowhere) return false;
     value = ValueFrom(document, end + 1, close);

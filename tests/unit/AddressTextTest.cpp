@@ -22,7 +22,7 @@ const AddressCase hostNames[] = {
     {L"a-b.c", true}, {L"a", true},    {L"1", true},     {L"10.0.0.7", true}, {L"A--b", true},
     {L"-a", false},   {L"a-", false},  {L"a..b", false}, {L"", false},        {L".a", false},
     {L"a.", false},   {L"a_b", false}, {L"a b", false},  {L"a\n", false},     {L"\u00E4", false},
-    {L"a.-b", false}, {L"-", false},   {L"a-.b", false},
+    {L"a.-b", false}, {L"-", false},   {L"a-.b", false}, {L"a{b", false},     {L"a[b", false},
 };
 
 INSTANTIATE_TEST_SUITE_P(Names, HostNameTest, testing::ValuesIn(hostNames));

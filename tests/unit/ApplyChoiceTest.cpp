@@ -158,6 +158,18 @@ TEST_F(DetectedNamesTest, AreThoseOfThePrinterAndItsStream) {
                             L"<DRIVER_ID>A</DRIVER_ID><PRINTER_NAME>own</PRINTER_NAME>"));
 }
 
+TEST_F(DetectedNamesTest, ComeFromTheChoice) {
+    const std::wstring device = L"<DRIVER_ID>B</DRIVER_ID><DETECT_PRINTER>true</DETECT_PRINTER>";
+    settings.SetDevices({device});
+    Apply({});
+    EXPECT_THAT(settings.GetDevices(), ElementsAre(device));
+    PrinterChoice choice;
+    choice.detectedName = L"Loom";
+    Apply(choice);
+    EXPECT_THAT(settings.GetDevices(),
+                ElementsAre(L"<DRIVER_ID>B</DRIVER_ID><PRINTER_NAME>Loom</PRINTER_NAME>"));
+}
+
 // What the wizard settles before its first page.
 using PreparationTest = ApplyChoiceTest;
 

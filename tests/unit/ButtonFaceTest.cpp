@@ -44,6 +44,8 @@ TEST(ReadableOnTest, KeepsAColourThatCanBeRead) {
     // 4.54 and 4.48 to 1.
     EXPECT_EQ(ReadableOn(0xFFFFFF, 0x767676, 0x000000), 0x767676U);
     EXPECT_EQ(ReadableOn(0xFFFFFF, 0x777777, 0x000000), 0x000000U);
+    // 4.52 to 1.
+    EXPECT_EQ(ReadableOn(0x000000, 0x008800, 0xFFFFFF), 0x008800U);
 }
 
 TEST(ReadableOnTest, KnowsHowDarkADarkGroundIs) {

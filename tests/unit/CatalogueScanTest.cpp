@@ -51,6 +51,16 @@ TEST_F(CatalogueScanTest, OffersOptionalPackagesOnTheirSystemsAlone) {
     EXPECT_THAT(Applications(), ElementsAre(L"there"));
 }
 
+TEST_F(CatalogueScanTest, LeavesTheChoiceOfAllButTheAlwaysInstalled) {
+    for (const wchar_t* path : {L"Applications\\x64\\a", L"Common\\x64\\b", L"Optional\\x64\\c"})
+        Add(path, {});
+    AppCatalogue applications;
+    ScanApplications(Source(), applications);
+    EXPECT_THAT(applications.Select({}),
+                ElementsAre(Field(&MSI_APP::isOptional, false), Field(&MSI_APP::isOptional, true),
+                            Field(&MSI_APP::isOptional, true)));
+}
+
 TEST_F(CatalogueScanTest, TakesNoApplicationForAPrinterDriver) {
     Add(L"Applications\\x64\\a", {{L"DRIVERID", L"NEW"}});
     AppCatalogue applications;

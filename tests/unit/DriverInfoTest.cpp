@@ -40,6 +40,12 @@ TEST_F(DriverInfoTest, IsOneForTheWholeProgram) {
     EXPECT_EQ(drivers.GetDrivers().size(), 4U);
 }
 
+TEST_F(DriverInfoTest, KnowsTheRoomThatADriverTakes) {
+    Add(L"Drivers\\x64\\large", {{L"DRIVERID", L"B"}, {L"INSTALLSIZE", L"12 MB"}});
+    drivers.PopulateDriverList(Source());
+    EXPECT_THAT(drivers.GetDrivers(), testing::Contains(testing::Field(&MSI_APP::installSizeMb, 12)));
+}
+
 TEST_F(DriverInfoTest, SelectsEveryDriverFromTheStart) {
     EXPECT_THAT(Selected(), ElementsAre(L"a1", L"a2", L"b", L"scan"));
 }

@@ -36,6 +36,8 @@ TEST(RowOrderTest, PutsAddressesInTheOrderOfTheirNumbers) {
     EXPECT_EQ(Addresses(L"10.0.1.0", L"10.0.0.255"), 1);
     EXPECT_EQ(Addresses(L"9.255.255.255", L"10.0.0.0"), -1);
     EXPECT_EQ(Addresses(L"10.0.0.9", L"10.0.0.9"), 0);
+    EXPECT_EQ(Addresses(L"10.0", L"10.0.0.9"), 0);
+    EXPECT_EQ(Addresses(L"10.0.0.9", L"10.0"), 0);
 }
 
 TEST(RowOrderTest, PutsAddressesWithoutPointsByTheirLeadingNumber) {

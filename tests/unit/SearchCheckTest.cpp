@@ -151,16 +151,16 @@ TEST_P(SubnetTest, ReopensAsItWasTyped) {
     EXPECT_EQ(search.mask, mask);
 }
 
-INSTANTIATE_TEST_SUITE_P(Addresses, SubnetTest,
-                         testing::Values(std::pair(L"10.1.0.0", L"255.255.0.0"),
-                                         std::pair(L"2001:db8::", L"ffff:ffff::"),
-                                         std::pair(L"2001:db8::1", L"ffff:ffff::"),
-                                         std::pair(L"2001:db8::1:2", L"ffff::"),
-                                         std::pair(L"1:2:3:4:5:6:7:8", L"FFFF:FFFF:FFFF:FFFF:0:0:0:0"),
-                                         std::pair(L"::1", L"ffff:8000::"), std::pair(L"1::2", L"3:ff01::"),
-                                         std::pair(L"::", L"::"), std::pair(L"fe80::1%3", L"ffff::"),
-                                         std::pair(L"::ffff:10.1.0.0", L"255.255.0.0"),
-                                         std::pair(L"2001:db8::1", L""), std::pair(L"", L"")));
+INSTANTIATE_TEST_SUITE_P(
+    Addresses, SubnetTest,
+    testing::Values(std::pair(L"10.1.0.0", L"255.255.0.0"), std::pair(L"2001:db8::", L"ffff:ffff::"),
+                    std::pair(L"2001:db8::1", L"ffff:ffff::"), std::pair(L"2001:db8::1:2", L"ffff::"),
+                    std::pair(L"1:2:3:4:5:6:7:8", L"FFFF:FFFF:FFFF:FFFF:0:0:0:0"),
+                    std::pair(L"::1", L"ffff:8000::"), std::pair(L"1::2", L"3:ff01::"),
+                    std::pair(L"::", L"::"), std::pair(L"1::2", L"3:0::"), std::pair(L"fe80::1%3", L"ffff::"),
+                    std::pair(L"::ffff:10.1.0.0", L"255.255.0.0"),
+                    std::pair(L"1111:2222:3333:4444:5555:6666:255.255.255.255", L"ffff::"),
+                    std::pair(L"2001:db8::1", L""), std::pair(L"", L"")));
 
 TEST(SubnetSizeTest, IsReadThoughItIsAMegabyteOfColons) {
     const std::wstring colons(1'000'000, L':');

@@ -47,6 +47,6 @@ TEST_P(BrokenUtf8Test, IsReplacedByteByByte) {
 INSTANTIATE_TEST_SUITE_P(Bytes, BrokenUtf8Test,
                          testing::Values("\xC3", "\xE2\x82", "\xF0\x9F\x96", "\xC0\x80", "\xE0\x80\x80",
                                          "\xED\xA0\x80", "\xF4\x90\x80\x80", "\x80", "\xFF",
-                                         "\xF5\x80\x80\x80"));
+                                         "\xF5\x80\x80\x80", "\x80\x90\x80\x80", "\xF8\x90\x80\x80"));
 
 }  // namespace

@@ -32,6 +32,11 @@ TEST(BerTest, ReadsALengthOfOneToFourBytes) {
     EXPECT_EQ(ContentsOf(Bytes("\x04\x84\0\0\0\x03xyz", 9)), "xyz");
 }
 
+TEST(BerTest, RefusesALengthOfMoreBytesAndOfNone) {
+    EXPECT_THROW(ContentsOf(Bytes("\x04\x85\0\0\0\0\x03xyz", 10)), discovery::Malformed);
+    EXPECT_THROW(ContentsOf("\x04\x80xyz"), discovery::Malformed);
+}
+
 TEST(BerTest, WritesALengthOfOneByteAsLongAsItFits) {
     EXPECT_EQ(MakeBer(octets, Bytes(127, 'x')), "\x04\x7F" + Bytes(127, 'x'));
     EXPECT_EQ(MakeBer(octets, Bytes(128, 'x')), Bytes("\x04\x82\0\x80", 4) + Bytes(128, 'x'));

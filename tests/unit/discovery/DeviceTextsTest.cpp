@@ -16,6 +16,7 @@ using discovery::PlainText;
 using discovery::ReadDeviceId;
 using discovery::ReadOemTable;
 using discovery::ReadTxtRecord;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
@@ -34,6 +35,7 @@ TEST(DeviceIdTest, ReadsKeysInAnyFormAndOrder) {
 
 TEST(DeviceIdTest, PassesTheLengthInFrontOver) {
     EXPECT_THAT(ReadDeviceId(Bytes("\0\x0AMFG:H;;;", 10)), ElementsAre(Pair("mfg", "H")));
+    EXPECT_THAT(ReadDeviceId(Bytes("\1\4MFG:H;X:", 10) + Bytes(250, 'x')), Contains(Pair("mfg", "H")));
     EXPECT_THAT(ReadDeviceId(""), IsEmpty());
 }
 
@@ -128,6 +130,8 @@ TEST(PlainTextTest, LeavesOutTheMarksAndTheirNeighboursIn) {
 TEST(PlainTextTest, IsBounded) {
     // There is room for a blank and for a character of two units until the end.
     EXPECT_EQ(PlainText(std::string(100000, 'x')).size(), discovery::longestPlainText - 2);
+    EXPECT_EQ(PlainText(std::string(4095, ' ') + 'x'), L"x");
+    EXPECT_EQ(PlainText(std::string(4096, ' ') + 'x'), L"");
 }
 
 TEST(OemTableTest, ReadsDigitsOfTheBaseAlone) {

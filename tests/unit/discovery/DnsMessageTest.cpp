@@ -112,15 +112,20 @@ TEST(DnsMessageTest, FollowsAFewPointersAndNoMore) {
 }
 
 TEST(DnsMessageTest, FollowsAPointerThatTakesBothItsBytes) {
-    Bytes packet("\0\7\x84\0\0\0\0\2\0\0\0\0", headerSize);
-    packet += Bytes("\0\0\x2F\0\1\0\0\0\0\2\x03", 11) + Bytes(512, 'x');
-    const std::size_t place = packet.size();
-    packet += Bytes("\1a\0\xC2", 4) + static_cast<char>(place - 512);
-    packet += Bytes("\0\1\0\1\0\0\0\0\0\4\1\2\3\4", 14);
-    const auto response = DecodeDnsResponse(packet);
-    ASSERT_TRUE(response);
-    ASSERT_THAT(response->records, SizeIs(1));
-    EXPECT_THAT(response->records[0].name, ElementsAre("a"));
+    for (const std::uint32_t room : {256U, 512U}) {
+        Bytes packet("\0\7\x84\0\0\0\0\2\0\0\0\0", headerSize);
+        packet += Bytes("\0\0\x2F\0\1\0\0\0\0", 9);
+        discovery::AppendBigEndian(packet, room + 3, 2);
+        packet += Bytes(room, 'x');
+        const auto place = static_cast<std::uint32_t>(packet.size());
+        packet += Bytes("\1a\0", 3);
+        discovery::AppendBigEndian(packet, 0xC000 | place, 2);
+        packet += Bytes("\0\1\0\1\0\0\0\0\0\4\1\2\3\4", 14);
+        const auto response = DecodeDnsResponse(packet);
+        ASSERT_TRUE(response);
+        ASSERT_THAT(response->records, SizeIs(1));
+        EXPECT_THAT(response->records[0].name, ElementsAre("a"));
+    }
 }
 
 TEST(DnsMessageTest, ReadsANameThatIsAsLongAsCanBe) {
@@ -136,6 +141,15 @@ TEST(DnsMessageTest, ReadsTheRecordsOfAllSections) {
     const auto response = DecodeDnsResponse(packet);
     ASSERT_TRUE(response);
     EXPECT_THAT(response->records, SizeIs(3));
+}
+
+TEST(DnsMessageTest, PassesTheQuestionsOver) {
+    const Bytes question = wire::NameBytes(host) + Bytes("\0\1\0\1", 4);
+    const auto response =
+        DecodeDnsResponse(Bytes("\0\7\x84\0\0\3\0\1\0\0\0\0", headerSize) + question + question + question +
+                          question + Bytes("\0\0\0\0\0\4\1\2\3\4", 10));
+    ASSERT_TRUE(response);
+    EXPECT_THAT(response->records, SizeIs(1));
 }
 
 TEST(DnsMessageTest, ReadsNoQuestionAndNoRefusal) {
@@ -160,6 +174,7 @@ TEST(DnsMessageTest, ComparesNamesWithoutCase) {
     EXPECT_EQ(discovery::KeyOf({"LOOM 310", "_Ipp", "_tcp", "Local"}), "loom 310._ipp._tcp.local");
     EXPECT_THAT(discovery::DnsNameOf("printer.local."), ElementsAre("printer", "local"));
     EXPECT_THAT(discovery::DnsNameOf("printer..local"), ElementsAre("printer", "local"));
+    EXPECT_THAT(discovery::DnsNameOf("p.local"), ElementsAre("p", "local"));
     EXPECT_THAT(discovery::DnsNameOf(""), IsEmpty());
 }
 

@@ -38,6 +38,14 @@ TEST(FoundDevicesTest, KnowsADeviceByItsIdentities) {
     EXPECT_THAT(named.Printers(), SizeIs(1));
 }
 
+TEST(FoundDevicesTest, JoinsDevicesWhoseCommonIdentityIsToldLater) {
+    FoundDevices devices;
+    devices.Add({.addresses = {six}, .hardwareAddress = hardware, .isPrinter = true});
+    devices.Add({.addresses = {first}, .isPrinter = true});
+    devices.Add({.addresses = {first}, .hardwareAddress = hardware});
+    EXPECT_THAT(devices.Printers(), SizeIs(1));
+}
+
 TEST(FoundDevicesTest, KeepsDevicesApartThatWereSoldWithOneIdentity) {
     FoundDevices devices;
     devices.Add({.addresses = {first}, .hardwareAddress = hardware, .uuid = "a-b", .isPrinter = true});

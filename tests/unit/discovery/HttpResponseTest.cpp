@@ -28,6 +28,12 @@ TEST(HttpResponseTest, ReadsABodyOfALengthThatIsTold) {
     EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nab", true));
 }
 
+TEST(HttpResponseTest, PassesOtherHeadersOver) {
+    EXPECT_THAT(
+        BodyOf("HTTP/1.1 200 OK\r\nContent-Length: 3\r\nContent-Type: application/ipp\r\nAge: 1\r\n\r\nabc"),
+        Optional(Bytes("abc")));
+}
+
 TEST(HttpResponseTest, ReadsABodyInChunks) {
     EXPECT_THAT(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: 1\r\nTransfer-Encoding: chunked\r\n\r\n"
                        "2\r\nab\r\n0A;note\r\n0123456789\r\n10\r\n0123456789abcdef\r\n0\r\n\r\n"),
@@ -72,6 +78,8 @@ TEST(HttpResponseTest, GivesUpOnWhatIsLongerThanAnAnswerOfAPrinter) {
     const Bytes chunks = head + "Transfer-Encoding: chunked\r\n\r\n";
     EXPECT_FALSE(IsGivenUp(chunks + Bytes(255, '1')));
     EXPECT_TRUE(IsGivenUp(chunks + Bytes(256, '1')));
+    EXPECT_FALSE(IsGivenUp(chunks + "1;" + Bytes(252, 'x') + "\r\n"));
+    EXPECT_TRUE(IsGivenUp(chunks + "1;" + Bytes(253, 'x') + "\r\n"));
 }
 
 TEST(HttpResponseTest, GivesUpOnWhatDoesNotEnd) {

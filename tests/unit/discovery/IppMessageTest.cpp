@@ -29,13 +29,16 @@ TEST(IppMessageTest, ReadsEachKindOfValue) {
                                        IppAttribute(0x21, "copies", Bytes("\0\0\1\0", 4)) +
                                        IppAttribute(0x35, "printer-info", Bytes("\0\2de\0\4Loom", 10)) +
                                        IppAttribute(0x44, "ipp-features-supported", "airprint") +
-                                       IppAttribute(0x44, "", "faxout")));
+                                       IppAttribute(0x44, "", "faxout") + IppAttribute(0x40, "note", "x") +
+                                       IppAttribute(0x3F, "form", "x")));
     ASSERT_TRUE(attributes);
     EXPECT_EQ(FirstValue(*attributes, "printer-make-and-model"), "Halvenny Loom");
     EXPECT_EQ(FirstValue(*attributes, "color-supported"), "true");
     EXPECT_EQ(FirstValue(*attributes, "copies"), "256");
     EXPECT_EQ(FirstValue(*attributes, "printer-info"), "Loom");
     EXPECT_THAT(attributes->at("ipp-features-supported"), ElementsAre("airprint", "faxout"));
+    EXPECT_EQ(FirstValue(*attributes, "note"), "x");
+    EXPECT_EQ(FirstValue(*attributes, "form"), "");
     EXPECT_EQ(FirstValue(*attributes, "attributes-charset"), "");
 }
 
@@ -46,6 +49,7 @@ TEST(IppMessageTest, LeavesCollectionsOut) {
                      IppAttribute(0x22, "color-supported", Bytes("\0", 1))));
     ASSERT_TRUE(attributes);
     EXPECT_THAT(attributes->at("color-supported"), ElementsAre("false"));
+    EXPECT_EQ(attributes->count("media-col"), 0U);
 }
 
 TEST(IppMessageTest, ReadsNoAnswerToAnotherRequestAndNoRefusal) {

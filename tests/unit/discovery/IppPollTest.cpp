@@ -49,6 +49,11 @@ TEST_F(IppPollTest, TellsThatAPrinterHasAnswered) {
     EXPECT_EQ(Printers().front().uuid, "a-b");
 }
 
+TEST_F(IppPollTest, SpeaksOfAnAddressOfIpV6InBracketsAndWithoutItsZone) {
+    poll.Ask(NetworkAddress::FromText(L"fe80::7%2").value(), {});
+    EXPECT_THAT(Due().front().request, testing::HasSubstr("Host: [fe80::7]:631\r\n"));
+}
+
 TEST_F(IppPollTest, KeepsAnIdentityThatIsSaidWithoutItsKind) {
     poll.Ask(host, {});
     EXPECT_TRUE(Answer(Due().front().number, wire::IppAttribute(0x45, "printer-uuid", "a-b-c-d-e-f")));

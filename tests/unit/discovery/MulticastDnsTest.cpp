@@ -132,6 +132,16 @@ TEST_F(MulticastDnsTest, TellsAFaxByItsService) {
     EXPECT_EQ(Printers().front().hasFax, true);
 }
 
+TEST_F(MulticastDnsTest, ReadsAPathWithItsSlashAndWithout) {
+    for (const std::string path : {"rp=ipp/print", "rp=/ipp/print"}) {
+        Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom).Service(loom, loomHost, 631).Texts(loom, {path}));
+        Hear(wire::DnsPacket(7).Address(loomHost, ipV4));
+        ASSERT_EQ(Printers().size(), 1U);
+        EXPECT_EQ(Printers().front().ipp, (discovery::IppPlace{.port = 631, .path = "/ipp/print"}));
+        dns = MulticastDns(7, {2});
+    }
+}
+
 TEST_F(MulticastDnsTest, AnotherPortCountsForNothing) {
     EXPECT_FALSE(Hear(wire::DnsPacket(7).Pointer(serviceOfIpp, loom), 4711));
     EXPECT_THAT(Questions(), IsEmpty());

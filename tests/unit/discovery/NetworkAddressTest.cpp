@@ -49,6 +49,7 @@ TEST(NetworkAddressTest, TellsHostsFromOthers) {
     const auto isHost = [](const wchar_t* text) { return NetworkAddress::FromText(text)->IsHost(); };
     EXPECT_TRUE(isHost(L"192.0.2.7"));
     EXPECT_TRUE(isHost(L"fe80::1"));
+    EXPECT_TRUE(isHost(L"::2"));
     for (const wchar_t* const text :
          {L"0.0.0.0", L"127.0.0.1", L"224.0.0.251", L"255.255.255.255", L"::", L"::1", L"ff02::fb"}) {
         EXPECT_FALSE(isHost(text));
@@ -89,6 +90,8 @@ TEST(SubnetTest, TakesBothAddressesOfTheSmallest) {
 TEST(SubnetTest, HasAPrefixThatFitsAnAddress) {
     EXPECT_EQ(Subnet(NetworkAddress(0xC0000207), 33).PrefixLength(), 32);
     EXPECT_EQ(Subnet(NetworkAddress(0xC0000207), -1).PrefixLength(), 0);
+    EXPECT_FALSE(Subnet(NetworkAddress(0xC0000207), 1).Contains(NetworkAddress(0x01020304)));
+    EXPECT_TRUE(Subnet(NetworkAddress(0xC0000207), 0).Contains(NetworkAddress(0x01020304)));
 }
 
 TEST(SubnetTest, RefusesWhatIsNoSubnet) {

@@ -94,6 +94,42 @@ TEST_F(SearchTest, FindsWhoAnswersSnmp) {
     EXPECT_EQ(devices[0].canScan, true);
 }
 
+TEST_F(SearchTest, TakesNothingButAnAddressForThatOfTheHardware) {
+    for (const std::string& bytes : {std::string(6, '\0'), std::string(5, '\2'), std::string(7, '\2')}) {
+        network = {};
+        network.Add({.address = "192.0.2.10", .answersSnmp = true, .hardwareAddress = bytes});
+        const auto devices = AskHost("192.0.2.10");
+        ASSERT_THAT(devices, SizeIs(1));
+        EXPECT_EQ(devices[0].hardwareAddress, "");
+    }
+}
+
+TEST_F(SearchTest, KnowsNoColourOfWhoNamesNone) {
+    network.Add({.address = "192.0.2.10", .answersSnmp = true, .colorants = {"unknown"}});
+    const auto devices = AskHost("192.0.2.10");
+    ASSERT_THAT(devices, SizeIs(1));
+    EXPECT_EQ(devices[0].isColour, std::nullopt);
+}
+
+TEST_F(SearchTest, AsksOnForTheColumnsThatNoErrorNames) {
+    network.Add(
+        {.address = "192.0.2.10",
+         .answersSnmp = true,
+         .colorants = {"black", "cyan"},
+         .lie = [count = 0](const Datagram& answer) mutable {
+             Datagram other = answer;
+             const auto message = discovery::DecodeSnmpResponse(answer.bytes);
+             if (message && ++count == 2) {
+                 other.bytes = wire::SnmpPacket(
+                     {.requestId = message->requestId, .errorStatus = 2, .errorIndex = 1, .bindings = {}});
+             }
+             return std::vector{other};
+         }});
+    const auto devices = AskHost("192.0.2.10");
+    ASSERT_THAT(devices, SizeIs(1));
+    EXPECT_EQ(devices[0].isColour, true);
+}
+
 TEST_F(SearchTest, FindsWhoKnowsVersion1Only) {
     network.Add({.address = "192.0.2.10", .answersSnmp = true, .knowsVersion2c = false});
     const auto devices = SearchNeighbours();
@@ -134,6 +170,14 @@ TEST_F(SearchTest, IsOverAtOnceWhereThereIsNobodyToAsk) {
     EXPECT_EQ(network.now, Time(0));
 }
 
+TEST_F(SearchTest, IsOverAtItsLimit) {
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.limit = Time(100);
+    Search search(plan);
+    network.Run(search);
+    EXPECT_EQ(network.now, Time(100));
+}
+
 TEST_F(SearchTest, WaitsForThoseWhoAnswerSlowly) {
     network.Add({.address = "192.0.2.10", .answersSnmp = true, .delay = Time(3)});
     network.Add({.address = "192.0.2.11", .answersSnmp = true, .delay = Time(400)});
@@ -147,6 +191,34 @@ TEST_F(SearchTest, WaitsLongerWhereTheFirstAnswersAreSlow) {
     plan.sweeps.clear();
     Search search(plan);
     EXPECT_THAT(network.Run(search), SizeIs(2));
+}
+
+TEST_F(SearchTest, WaitsThreeTimesAsLongAsTheSlowestAnswer) {
+    network.Add({.address = "192.0.2.10", .host = "a", .announcesItself = true, .delay = Time(200)});
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.sweeps.clear();
+    Search search(plan);
+    network.Run(search);
+    // The second pass goes out at 250.
+    EXPECT_EQ(network.now, Time(250 + 3 * 200));
+}
+
+TEST_F(SearchTest, WantsToBeWokenLaterThanNow) {
+    SearchPlan plan;
+    plan.hosts = {{.address = NetworkAddress(0xC0000214), .ipp = {}}};
+    Search search(plan);
+    search.TakeDatagrams(Time(0));
+    EXPECT_EQ(search.NextDue(Time(0)), Time(250));
+    EXPECT_EQ(search.NextDue(Time(250)), Time(251));
+}
+
+TEST_F(SearchTest, IsWokenForTheNextPassAndNotBefore) {
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.sweeps.clear();
+    Search search(plan);
+    for (const Time now : {Time(0), Time(250), Time(750)}) search.TakeDatagrams(now);
+    // When the quiet after a pass is over it may end.
+    EXPECT_EQ(search.NextDue(Time(750)), Time(750 + 450));
 }
 
 TEST_F(SearchTest, TellsOfTheHostThatWasAskedForAlone) {
@@ -164,6 +236,21 @@ TEST_F(SearchTest, TellsOfTheHostThatWasAskedForAlone) {
                      return std::vector{answer, more};
                  }});
     EXPECT_THAT(AddressesOf(AskHost("192.0.2.20")), ElementsAre("192.0.2.20"));
+    EXPECT_EQ(network.sentTo.count(NetworkAddress(0xC0000215)), 0U);
+}
+
+TEST_F(SearchTest, HearsTheHostThatWasAskedForThroughAnyLink) {
+    network.Add(
+        {.address = "198.51.100.7", .host = "far", .announcesItself = true, .lie = [](Datagram answer) {
+             answer.link = 0;
+             return std::vector{answer};
+         }});
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.asksNeighbours = false;
+    plan.sweeps.clear();
+    plan.hosts = {{.address = NetworkAddress(0xC6336407), .ipp = {}}};
+    Search search(plan);
+    EXPECT_THAT(AddressesOf(network.Run(search)), ElementsAre("198.51.100.7"));
 }
 
 TEST_F(SearchTest, FindsNearlyAllInANetworkThatLosesAFifth) {
@@ -187,6 +274,67 @@ TEST_F(SearchTest, OnePassWithoutNewsIsNoEvidenceWhereAnswersGetLost) {
     network.Add({.address = "192.0.2.11", .host = "b", .announcesItself = true, .lie = FromAnswer(2)});
     network.Add({.address = "192.0.2.12", .host = "c", .announcesItself = true, .lie = FromAnswer(4)});
     EXPECT_THAT(SearchNeighbours(), SizeIs(3));
+}
+
+TEST_F(SearchTest, TwoPassesWithoutNewsAreEvidenceWhereAnswersGetLost) {
+    network.Add({.address = "192.0.2.10", .answersSnmp = true, .lie = FromAnswer(2)});
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.sweeps.clear();
+    Search search(plan);
+    network.Run(search);
+    EXPECT_EQ(network.sentTo[NetworkAddress(0xC00002FF)], 4U);
+}
+
+TEST_F(SearchTest, MakesNoMoreThanEightPassesThoughEachBringsNews) {
+    for (int number = 1; number < 12; ++number) {
+        network.Add(
+            {.address = "192.0.2." + std::to_string(number), .answersSnmp = true, .lie = FromAnswer(number)});
+    }
+    SearchPlan plan = SimulatedNetwork::NeighbourPlan();
+    plan.sweeps.clear();
+    Search search(plan);
+    network.Run(search);
+    EXPECT_EQ(network.sentTo[NetworkAddress(0xC00002FF)], 8U);
+}
+
+TEST_F(SearchTest, AsksOthersOnThoughItsHostHasAnswered) {
+    SearchPlan neighbours = SimulatedNetwork::NeighbourPlan();
+    neighbours.sweeps.clear();
+    SearchPlan sweep;
+    sweep.sweeps = {Subnet(NetworkAddress(0xC000020B), 32)};
+    for (SearchPlan plan : {neighbours, sweep}) {
+        network = {};
+        network.Add({.address = "192.0.2.10", .answersSnmp = true});
+        network.Add({.address = "192.0.2.11", .answersSnmp = true, .lie = FromAnswer(2)});
+        plan.hosts = {{.address = NetworkAddress(0xC000020A), .ipp = {}}};
+        Search search(plan);
+        network.Run(search);
+        EXPECT_NE(search.Devices().Find(NetworkAddress(0xC000020B)), nullptr);
+    }
+}
+
+TEST_F(SearchTest, AsksForAllColumnsAtATime) {
+    network.Add({.address = "192.0.2.10", .answersSnmp = true});
+    AskHost("192.0.2.10");
+    // One packet of these is that of multicast DNS.
+    EXPECT_EQ(network.sentTo[NetworkAddress(0xC000020A)], 3U);
+}
+
+TEST_F(SearchTest, ReadsSixteenRowsOfATable) {
+    network.Add(
+        {.address = "192.0.2.10", .answersSnmp = true, .colorants = std::vector<std::string>(20, "unknown")});
+    AskHost("192.0.2.10");
+    EXPECT_EQ(network.sentTo[NetworkAddress(0xC000020A)], 17U);
+}
+
+TEST_F(SearchTest, AsksAQuestionOfAConversationEightTimes) {
+    network.Add({.address = "192.0.2.10",
+                 .answersSnmp = true,
+                 .lie = [isFirst = true](const Datagram& answer) mutable {
+                     return std::exchange(isFirst, false) ? std::vector{answer} : std::vector<Datagram>{};
+                 }});
+    AskHost("192.0.2.10");
+    EXPECT_EQ(network.sentTo[NetworkAddress(0xC000020A)], 2U + 8U);
 }
 
 TEST_F(SearchTest, RepeatsAQuestionOfAConversation) {
@@ -254,6 +402,18 @@ TEST_F(SearchTest, AsksASilentHostInFourPassesByBothVersions) {
     EXPECT_EQ(now, Time(1700));
 }
 
+TEST_F(SearchTest, WaitsTwoSecondsForAHostThatTakesAConnectionAndSaysNothing) {
+    SearchPlan plan;
+    plan.hosts = {{.address = NetworkAddress(0xC0000214), .ipp = {}}};
+    Search search(plan);
+    Time now{};
+    for (; !search.IsOver(now); now = search.NextDue(now)) {
+        search.TakeDatagrams(now);
+        search.TakeStreams();
+    }
+    EXPECT_EQ(now, Time(600 + 2000));
+}
+
 TEST_F(SearchTest, AsksByEachWayWhatAPlanNames) {
     SearchPlan plan = SimulatedNetwork::NeighbourPlan();
     plan.sweeps.clear();
@@ -269,6 +429,14 @@ TEST_F(SearchTest, SendsNoMoreThanItsShare) {
     EXPECT_THAT(search.TakeDatagrams(Time(0)), SizeIs(64));
     EXPECT_THAT(search.TakeDatagrams(Time(1000)), SizeIs(1000));
     EXPECT_THAT(search.TakeDatagrams(Time(1000)), IsEmpty());
+}
+
+TEST_F(SearchTest, IsNotOverWhereItsSweepWasHeldUp) {
+    SearchPlan plan;
+    plan.sweeps = {Subnet(NetworkAddress(0x0A000000), 16)};
+    Search search(plan);
+    search.TakeDatagrams(Time(0));
+    EXPECT_FALSE(search.IsOver(Time(4000)));
 }
 
 TEST_F(SearchTest, SweepsEachOfItsSubnets) {
@@ -297,10 +465,19 @@ TEST_F(SearchTest, AsksOneHostAlone) {
     EXPECT_LE(network.now, Time(700));
 }
 
+TEST_F(SearchTest, IsOverATenthOfASecondAfterItsHostHasToldAll) {
+    network.Add({.address = "192.0.2.20", .answersSnmp = true});
+    AskHost("192.0.2.20");
+    // Two questions of SNMP, each answered after three milliseconds.
+    EXPECT_EQ(network.now, Time(2 * 3 + 100));
+}
+
 TEST_F(SearchTest, AsksByIppWhoIsSilentOtherwise) {
     network.Add({.address = "192.0.2.20", .ipp = {{"/ipp/print", IppPrinter()}}});
     const auto devices = AskHost("192.0.2.20");
     ASSERT_THAT(AddressesOf(devices), ElementsAre("192.0.2.20"));
+    // A tenth of a second after the answer.
+    EXPECT_EQ(network.now, Time(600 + 100));
     EXPECT_EQ(devices[0].name.maker, "Norrlund");
     EXPECT_EQ(devices[0].name.model, "Fjell 40c");
     EXPECT_EQ(devices[0].isColour, true);

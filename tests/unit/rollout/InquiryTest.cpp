@@ -23,6 +23,7 @@ PackageDescription SampleDescription() {
 TEST(InquiryTest, BringsADescriptionOverInOneLine) {
     const std::string line = WriteDescription(SampleDescription());
     EXPECT_EQ(line.find('\n'), std::string::npos);
+    EXPECT_EQ(line.find('\xC3'), std::string::npos) << "who reads it may take it for another code page";
     const auto read = ReadDescription(line);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->vendor, L"Müller & Söhne");

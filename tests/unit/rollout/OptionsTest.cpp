@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongCase{{L"--dry-run=yes"}, L"unknown"}, WrongCase{{L"--wait"}, L"--wait wants a value"},
         WrongCase{{L"--report="}, L"--report wants"}, WrongCase{{L"--wait", L"5m"}, L"wants seconds"},
         WrongCase{{L"--wait", L"-1"}, L"wants seconds"},
-        WrongCase{{L"--timeout", L"86401"}, L"wants seconds"},
+        WrongCase{{L"--timeout", L"86401"}, L"wants seconds, at most 86400"},
         WrongCase{{L"--timeout", L"99999999999999999999"}, L"wants seconds"},
         WrongCase{{L"--on-question", L"no"}, L"answer or fail"},
         WrongCase{{L"--dry-run", L"--uninstall"}, L"exclude"}, WrongCase{{L""}, L"unknown"}));

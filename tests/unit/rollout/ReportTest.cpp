@@ -29,7 +29,8 @@ Report SampleReport() {
                        .title = L"T",
                        .text = L"X",
                        .answer = IDC_FILES_IN_USE_RETRY}},
-        .log = {{.level = L"ERROR", .time = L"2026/03/01-09:05:07", .message = std::wstring(5000, L'x')}}};
+        .log = {
+            {.level = L"ERROR", .time = L"2026/03/01-09:05:07", .message = L'y' + std::wstring(4999, L'x')}}};
 }
 
 TEST(RolloutReportTest, HoldsEachPackageWithItsStates) {
@@ -55,7 +56,12 @@ TEST(RolloutReportTest, TellsOfBoxesAndOfTheLog) {
     EXPECT_EQ(report["questions"][0]["kind"], "filesInUse");
     EXPECT_EQ(report["questions"][0]["answer"], "retry");
     EXPECT_EQ(report["log"][0]["level"], "ERROR");
-    EXPECT_EQ(report["log"][0]["message"].get<std::string>().size(), 1000U);
+    EXPECT_EQ(report["log"][0]["message"], 'y' + std::string(999, 'x'));
+}
+
+TEST(RolloutReportTest, IsIndentedAndHoldsLettersAsTheyAre) {
+    const std::string report = WriteReport(SampleReport());
+    EXPECT_NE(report.find("\n  \"vendor\": \"M\xC3\xBCller\",\n"), std::string::npos) << report;
 }
 
 // The packages are known before the run, and their results only after it.

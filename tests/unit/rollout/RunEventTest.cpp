@@ -33,6 +33,7 @@ TEST(RunEventTest, NamesNoProductOfWhichNothingIsKnown) {
                         .results = {{.outcome = PackageOutcome::Installed}}};
     EXPECT_THAT(EndOf(report).text, HasSubstr(L"Alpha"));
     EXPECT_THAT(EndOf(report).text, testing::Not(HasSubstr(L"Beta")));
+    EXPECT_THAT(EndOf({.results = report.results}).text, testing::Not(HasSubstr(L"installed")));
 }
 
 TEST(RunEventTest, NamesThePackageTheReasonAndWhatBecameOfEachProduct) {
@@ -49,6 +50,8 @@ TEST(RunEventTest, IsNoLongerThanTheSystemTakes) {
     const std::vector<PackageEntry> packages(2000, {.product = std::wstring(100, L'x')});
     const Report report{.packages = packages, .results = std::vector<PackageResult>(packages.size())};
     EXPECT_EQ(EndOf(report).text.size(), 30000U);
+    const std::size_t rest = EndOf({}).text.size();
+    EXPECT_EQ(EndOf({.verdict = {.reason = std::wstring(30001 - rest, L'x')}}).text.size(), 30000U);
 }
 
 }  // namespace

@@ -31,8 +31,8 @@ testing::Matcher<const RunRecord&> Is(const std::wstring& level, const std::wstr
 
 TEST(RecordReaderTest, ReadsWhatTheLogWrites) {
     RecordReader reader;
-    const auto records = reader.Take(LogLine(L"ERROR", L"Failed") + LogLine(L"", L"Done  so far"));
-    EXPECT_THAT(records, ElementsAre(Is(L"ERROR", L"Failed"), Is(L"", L"Done  so far")));
+    const auto records = reader.Take(LogLine(L"ERROR", L"Failed: 7 \u20AC") + LogLine(L"", L"Done  so far"));
+    EXPECT_THAT(records, ElementsAre(Is(L"ERROR", L"Failed: 7 \u20AC"), Is(L"", L"Done  so far")));
     EXPECT_EQ(records.front().time, L"2026/03/01-09:05:07");
 }
 
@@ -140,6 +140,8 @@ TEST(RunLogTest, HasRecordsThatSayNothingToWhoWatches) {
     EXPECT_TRUE(IsNoise({.message = L"<OEM>Testwerk</OEM>"}));
     EXPECT_FALSE(IsNoise({.message = L"Exception in CKestruneApp::InitInstance error code = 5"}));
     EXPECT_FALSE(IsNoise({.message = L"Installing Applications"}));
+    EXPECT_FALSE(IsNoise({.message = std::wstring(400, L'x')}));
+    EXPECT_TRUE(IsNoise({.message = std::wstring(401, L'x')}));
 }
 
 }  // namespace

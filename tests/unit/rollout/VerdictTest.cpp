@@ -78,6 +78,13 @@ TEST(VerdictTest, IsAFailureWhereOneOfThemSaysSo) {
     EXPECT_EQ(CodeOf(upToDate, upToDate, facts), Code::Failed);
 }
 
+TEST(VerdictTest, IsACancelWhereTheLogSaysSoWhateverTheStateIs) {
+    RunFacts facts = Ended();
+    facts.log.packageCancelled = true;
+    EXPECT_EQ(CodeOf(absent, upToDate, facts), Code::Cancelled);
+    EXPECT_EQ(CodeOf(absent, absent, facts), Code::Cancelled);
+}
+
 TEST(VerdictTest, IsAFailureOfARunThatDidNotComeToItsEnd) {
     RunFacts facts = Ended();
     facts.exitCode = 1;

@@ -227,4 +227,13 @@ TEST_F(DeviceDriversTest, ClosesNextForTheCommandThatHasNoControlWithoutARow) {
     EXPECT_FALSE(IsEnabled(IDOK));
 }
 
+TEST_F(DeviceDriversTest, GoesBackToTheFirstRowAsToAnyOther) {
+    Show();
+    Deliver({{.series = L"A", .address = L"10.0.0.1"}});
+    Select(0);
+    SetFocus(At(IDCANCEL));
+    page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_DISCOVERY_BACK_TO_LIST, BN_CLICKED));
+    EXPECT_EQ(GetFocus(), At(IDC_DISCOVERY_LIST));
+}
+
 }  // namespace

@@ -167,6 +167,15 @@ TEST_F(DeviceExchangesTest, ReadNoMoreOfAReplyThanItsLengthSays) {
     EXPECT_THAT(Colours(), ElementsAre(L"color", L""));
 }
 
+TEST_F(DeviceExchangesTest, TakeAReplyWithoutLengthForNone) {
+    AddDevice(L"10.0.0.1");
+    Script({L"reply", L"10.0.0.1:color;"});
+    Script({L"colours", L"required", L"0"});
+    RunOnce();
+    EXPECT_THAT(Colours(), ElementsAre(L""));
+    EXPECT_THAT(BasicMessages(), Not(Contains(L"The reply of Quelmar.dll lies in foreign memory")));
+}
+
 TEST_F(DeviceExchangesTest, ReadNothingFromMemoryThatIsNotTheProgramsOwn) {
     AddDevice(L"10.0.0.1");
     Script({L"reply", L"10.0.0.1:color;"});

@@ -54,6 +54,14 @@ TEST_F(DiscoveryDlgTest, SelectsTheFourthRow) {
     EXPECT_EQ(GetFocus(), At(IDC_DISCOVERY_LIST));
 }
 
+TEST_F(DiscoveryDlgTest, ProposesNoRowToWhoHasPickedAConnection) {
+    Settings().SetString(Tag::USB_SUPPORTED, L"1");
+    Show();
+    Click(IDC_DISCOVERY_USB);
+    Deliver(FourDevices());
+    EXPECT_EQ(SelectedRow(), -1);
+}
+
 TEST_F(DiscoveryDlgTest, FocusesTheSelectedRowForWhoComesBack) {
     Show();
     Deliver(FourDevices());
@@ -167,6 +175,15 @@ TEST_F(DiscoveryDlgTest, ShowsThatItsListIsDisabled) {
     EXPECT_EQ(SendMessageW(list, LVM_GETTEXTCOLOR, 0, 0), text);
 }
 
+TEST_F(DiscoveryDlgTest, HasMoreRoomForAnAddressThanItsHeadingNeeds) {
+    Show();
+    Deliver({{.series = L"A"}});
+    const HWND list = At(IDC_DISCOVERY_LIST);
+    const int width = ListView_GetColumnWidth(list, 1);
+    ListView_SetColumnWidth(list, 1, LVSCW_AUTOSIZE_USEHEADER);
+    EXPECT_EQ(width, ListView_GetColumnWidth(list, 1) + 100);
+}
+
 TEST_F(DiscoveryDlgTest, ShowsACutTextUnderTheMouse) {
     Show();
     constexpr LRESULT tips = LVS_EX_LABELTIP | LVS_EX_INFOTIP;
@@ -189,6 +206,7 @@ TEST_P(SelectionTextTest, SaysWhatWillBeInstalled) {
               .hasFax = GetParam().hasFax}});
     Select(0);
     EXPECT_EQ(TextOf(At(IDC_DISCOVERY_SELECTION_TEXT)), GetParam().key);
+    EXPECT_TRUE(IsShown(IDC_DISCOVERY_SELECTION_TEXT));
 }
 
 INSTANTIATE_TEST_SUITE_P(Devices, SelectionTextTest,
@@ -314,6 +332,16 @@ TEST_F(DiscoveryDlgTest, SelectsTheFirstRowForWhoComesByTheTabKey) {
     SendMessageW(At(IDC_DISCOVERY_LIST), WM_KEYUP, VK_TAB, 0);
     EXPECT_EQ(ListView_GetSelectedCount(At(IDC_DISCOVERY_LIST)), 1u);
     EXPECT_EQ(SelectedRow(), 1);
+}
+
+TEST_F(DiscoveryDlgTest, LeavesTheRowOfWhoComesByTheTabKeyToASelectedOne) {
+    Show();
+    Deliver({{.series = L"B"}, {.series = L"A"}});
+    const HWND list = At(IDC_DISCOVERY_LIST);
+    Select(0);
+    ListView_SetItemState(list, 1, LVIS_FOCUSED, LVIS_FOCUSED);
+    SendMessageW(list, WM_KEYUP, VK_TAB, 0);
+    EXPECT_EQ(ListView_GetNextItem(list, -1, LVNI_FOCUSED), 1);
 }
 
 TEST_F(DiscoveryDlgTest, GivesTheMessageThatItGotLast) {

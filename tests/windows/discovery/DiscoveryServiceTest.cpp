@@ -34,10 +34,11 @@ TEST_F(DiscoveryServiceTest, CallsTheLibrariesInTheirOrderOverItsLife) {
 TEST_F(DiscoveryServiceTest, ClosesTheLibrariesOnce) {
     Start();
     service->Close();
+    const auto isClosed = ElementsAre(L"Initialize", L"BidiInitialize", L"Uninitialize", L"BidiUninitialize");
+    EXPECT_THAT(CallNames(), isClosed);
     service->Close();
     service.reset();
-    EXPECT_THAT(CallNames(),
-                ElementsAre(L"Initialize", L"BidiInitialize", L"Uninitialize", L"BidiUninitialize"));
+    EXPECT_THAT(CallNames(), isClosed);
 }
 
 TEST_F(DiscoveryServiceTest, AsksOnAWorkerOfItsOwn) {

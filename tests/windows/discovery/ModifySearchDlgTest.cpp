@@ -115,6 +115,17 @@ TEST_F(ModifySearchDlgTest, StoresAnEmptyHostOnEnter) {
     EXPECT_EQ(Search(), L"<UnicastAddress></UnicastAddress>");
 }
 
+TEST_F(ModifySearchDlgTest, StoresNothingOnAnotherKey) {
+    Open();
+    Choose(IDC_MODIFY_SEARCH_BY_HOST);
+    for (MSG key :
+         {MSG{.message = WM_KEYDOWN, .wParam = L'A'}, MSG{.message = WM_KEYUP, .wParam = VK_RETURN}}) {
+        key.hwnd = At(IDCANCEL);
+        dialog.PreTranslateMessage(&key);
+        EXPECT_EQ(Search(), L"");
+    }
+}
+
 TEST_F(ModifySearchDlgTest, StoresTheSubnet) {
     Open();
     TypeSubnet(L"10.1.0.0", L"255.255.0.0");

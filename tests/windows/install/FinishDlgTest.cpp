@@ -59,6 +59,29 @@ TEST_F(FinishDlgTest, LeavesTheStatusOfACancelledRun) {
     EXPECT_EQ(GetWindowLongPtrW(page.GetDlgItem(IDC_FINISH_ERROR_LINK), GWL_STYLE) & WS_VISIBLE, 0);
 }
 
+TEST_F(FinishDlgTest, CannotBeLeftWhileTheListOfSoftwareIsOpen) {
+    for (const BOOL before : {TRUE, FALSE}) {
+        EnableWindow(page.GetDlgItem(IDC_FINISH), before);
+        const DialogUser user(window.GetSafeHwnd(), [this](HWND list) {
+            EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDC_FINISH)));
+            ClickOn(list, IDOK);
+        });
+        page.SendMessage(WM_COMMAND, IDC_FINISH_SOFTWARE_LIST_LINK,
+                         reinterpret_cast<LPARAM>(page.GetDlgItem(IDC_FINISH_SOFTWARE_LIST_LINK)));
+        EXPECT_EQ(IsWindowEnabled(page.GetDlgItem(IDC_FINISH)), before);
+    }
+}
+
+TEST_F(FinishDlgTest, AsksForTheOptionalSoftwareOrForNothingMore) {
+    app.SetMainWnd(&window);
+    page.SendMessage(WM_COMMAND, IDOK);
+    EXPECT_TRUE(Settings().GetBool(Tag::OPTIONAL_INSTALL));
+    page.SendMessage(WM_COMMAND, IDC_FINISH);
+    EXPECT_FALSE(Settings().GetBool(Tag::OPTIONAL_INSTALL));
+    // The message that ends the program must not reach the next test.
+    PumpMessages();
+}
+
 TEST_F(FinishDlgTest, NamesItWhereItsLineMakesTheRunAFailedOne) {
     Settings().SetString(Tag::APP_INSTALLATION_STATUS,
                          L"<App 0><NAME>Framework</NAME><STATUS>1</STATUS></App 0>");

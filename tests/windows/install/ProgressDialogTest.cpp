@@ -56,6 +56,8 @@ TEST_F(ProgressDialogTest, BeginsWithItsTexts) {
 
 TEST_F(ProgressDialogTest, NeverGoesBackWithinAnInstallation) {
     page.BeginRun(2);
+    Tell(L"<PERCENT>1</PERCENT>");
+    EXPECT_EQ(Position(), 1);
     Tell(L"<PERCENT>80</PERCENT>");
     EXPECT_EQ(Position(), 80);
     Tell(L"<PERCENT>40</PERCENT>");

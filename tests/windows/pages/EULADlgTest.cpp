@@ -1,3 +1,7 @@
+#include <windows.h>
+
+#include <richedit.h>
+
 #include "pages/EULADlg.h"
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
@@ -20,6 +24,11 @@ class EULADlgTest : public SettingsWorld {
 protected:
     EULADlgTest() { EXPECT_TRUE(window.Create(IDD_TEST, nullptr)); }
 
+    void AddLongText() const {
+        std::string text;
+        for (int line = 0; line < 200; ++line) text += "Be kind.\n";
+        tree.Add(L"Notices\\EULA\\eula_en.txt", text);
+    }
     // The text that the page shows once it is built.
     std::wstring Shown() {
         EXPECT_TRUE(page.Create(IDD_LICENCE, &window));
@@ -56,11 +65,32 @@ TEST_F(EULADlgTest, CanBeAgreedToAtOnceWhereTheTextIsShort) {
 }
 
 TEST_F(EULADlgTest, CannotBeAgreedToAtOnceWhereTheTextIsLong) {
-    std::string text;
-    for (int line = 0; line < 200; ++line) text += "Be kind.\n";
-    tree.Add(L"Notices\\EULA\\eula_en.txt", text);
+    AddLongText();
     Shown();
     EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+}
+
+TEST_F(EULADlgTest, CanBeAgreedToAtTheEndOfALongText) {
+    AddLongText();
+    Shown();
+    SendMessageW(page.GetDlgItem(IDC_LICENCE_TEXT), WM_VSCROLL, SB_BOTTOM, 0);
+    PumpMessages();
+    EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+}
+
+TEST_F(EULADlgTest, TakesOneUnitInFrontOfTheEndForTheEnd) {
+    AddLongText();
+    Shown();
+    const HWND text = page.GetDlgItem(IDC_LICENCE_TEXT);
+    SCROLLINFO scroll{.cbSize = sizeof(SCROLLINFO), .fMask = SIF_ALL};
+    GetScrollInfo(text, SB_VERT, &scroll);
+    for (const LONG missing : {2, 1}) {
+        POINT place{.x = 0, .y = scroll.nMax - static_cast<LONG>(scroll.nPage) - missing};
+        SendMessageW(text, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
+        page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_LICENCE_TEXT, EN_VSCROLL),
+                         reinterpret_cast<LPARAM>(text));
+        EXPECT_EQ(IsWindowEnabled(page.GetDlgItem(IDOK)) != FALSE, missing == 1);
+    }
 }
 
 TEST_F(EULADlgTest, FallsBackToEnglish) {

@@ -45,6 +45,13 @@ TEST_F(AddPortDlgTest, HeadsTheListWithoutTheAccessKey) {
     EXPECT_EQ(Heading(At(IDC_ADD_PORT_LIST), 1), L"Type");
 }
 
+TEST_F(AddPortDlgTest, HasMoreRoomForAHeadingThanItsText) {
+    Open();
+    const HWND list = At(IDC_ADD_PORT_LIST);
+    EXPECT_GE(ListView_GetColumnWidth(list, 0),
+              ListView_GetStringWidth(list, L"Port name:") + GetSystemMetrics(SM_CXVSCROLL));
+}
+
 struct LayoutCase {
     int kind;
     std::vector<int> shown;

@@ -13,6 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 std::vector<std::wstring> unpackings;
 // The processes that were waited for, in the order of their starts.
@@ -50,11 +51,13 @@ protected:
 
     static std::wstring Kit() { return GetTemporaryFolder() + L"ArdentisKit"; }
     static std::wstring Tools() { return Kit() + L"\\Maker\\ArdentisKit\\"; }
-    static void Resolve() {
+    void Resolve() const {
         const PatchedImport starting("CreateProcessW", &KeepUnpacking);
         const PatchedImport waiting("WaitForSingleObject", &KeepWait);
-        ResolveConfigExePaths(Settings(), AppCatalogue::GetInstance());
+        ResolveConfigExePaths(Settings(), applications);
     }
+
+    AppCatalogue applications;
 };
 
 TEST_F(ConfigExePathsTest, UnpackTheLastPackageThatHoldsTheName) {
@@ -70,6 +73,20 @@ TEST_F(ConfigExePathsTest, UnpackTheLastPackageThatHoldsTheName) {
     EXPECT_EQ(awaited, started);
     EXPECT_THAT(Settings().GetDevices(),
                 ElementsAre(L"<CONFIG_EXE_PATH>" + Tools() + L"TheArdentis.exe</CONFIG_EXE_PATH>"));
+}
+
+TEST_F(ConfigExePathsTest, UnpackTheNewerToolOfTheCatalogueOnceMore) {
+    MSI_APP tool;
+    tool.appType = L"V4DRIVERCONFIG";
+    tool.msiPath = L"C:\\tool.msi";
+    applications.Append(tool);
+    Resolve();
+    EXPECT_THAT(unpackings, ElementsAre(HasSubstr(L"tool.msi")));
+    unpackings.clear();
+    tree.Add(L"Setup\\MakerArdentis.msi");
+    Settings().SetDevices({L"<CONFIG_EXE_PATH>Ardentis</CONFIG_EXE_PATH>"});
+    Resolve();
+    EXPECT_THAT(unpackings, ElementsAre(HasSubstr(L"MakerArdentis.msi"), HasSubstr(L"tool.msi")));
 }
 
 TEST_F(ConfigExePathsTest, UnpackNothingWhereNoPackageFits) {

@@ -26,6 +26,22 @@ public:
     void Cancel() override {}
 };
 
+// Notes that it is run and that it is cancelled.
+class NotingService : public Service {
+public:
+    NotingService(std::vector<std::string>& services, int ownPlace)
+        : notes(services), place(std::to_string(ownPlace)) {}
+    std::uint32_t DoRun() override {
+        notes.push_back("run " + place);
+        return MsiCode::Success;
+    }
+    void Cancel() override { notes.push_back("cancel " + place); }
+
+private:
+    std::vector<std::string>& notes;
+    std::string place;
+};
+
 class ControllerTest : public SettingsWorld {
 protected:
     ControllerTest() {
@@ -70,12 +86,23 @@ protected:
         return {Page(PageRole::Ordinary), Page(PageRole::CoreFinish), PageOfRestart(PageRole::CoreReboot),
                 Page(PageRole::Finish), PageOfRestart(PageRole::Reboot)};
     }
-    void Walk(std::vector<ChainRow> rows, int steps) {
+    // Four pages with services that note what becomes of them.
+    std::vector<ChainRow> PagesWithServices() {
+        std::vector<ChainRow> rows;
+        for (int place = 0; place < 4; ++place) {
+            rows.push_back(Page(PageRole::Ordinary));
+            rows.back().makeService = [this, place](InstallDialogEx&) {
+                return std::make_unique<NotingService>(notes, place);
+            };
+        }
+        return rows;
+    }
+    void Walk(std::vector<ChainRow> rows, int steps, bool silent = false) {
         WalkEnds walkEnds{.isCoreSoftwareSelected = [this] { return coreSoftwareSelected; },
                           .copyLogToPackage = {},
                           .startPrograms = [this] { ++ends; },
-                          .restart = {}};
-        EXPECT_TRUE(controller.Start({.rows = std::move(rows), .ends = std::move(walkEnds)}, false));
+                          .restart = [this] { ++restarts; }};
+        EXPECT_TRUE(controller.Start({.rows = std::move(rows), .ends = std::move(walkEnds)}, silent));
         for (int step = 0; step < steps; ++step) EXPECT_TRUE(controller.Next({}));
     }
     // The question that a cancel asks, answered with No.
@@ -97,6 +124,8 @@ protected:
     CDialogEx window;
     bool coreSoftwareSelected = false;
     int ends = 0;
+    int restarts = 0;
+    std::vector<std::string> notes;
 };
 
 TEST_F(ControllerTest, ShowsTheFirstPageBeforeItMakesTheOthers) {
@@ -115,6 +144,14 @@ TEST_F(ControllerTest, ShowsTheFirstPageBeforeItMakesTheOthers) {
     EXPECT_TRUE(controller.Start({.rows = std::move(rows), .ends = {.showWindow = show}}, false));
     EXPECT_THAT(events, ElementsAre("shown", "made"));
     EXPECT_NE(IsWindowEnabled(controller.CurrentPage()->GetSafeHwnd()), FALSE);
+}
+
+TEST_F(ControllerTest, LogsTheEndOfASilentRunAlone) {
+    const auto end = Contains(L"End of silent mode install");
+    Walk({Page(PageRole::Ordinary)}, 1);
+    EXPECT_THAT(BasicMessages(), testing::Not(end));
+    EXPECT_TRUE(controller.Start({.rows = {Page(PageRole::Ordinary)}, .ends = {}}, true));
+    EXPECT_THAT(BasicMessages(), end);
 }
 
 TEST_F(ControllerTest, EndsAtOnceWhereThereIsNoPage) {
@@ -185,11 +222,35 @@ TEST_F(ControllerTest, GoesOnFromAPageByNameWhoseServiceHasFailed) {
     EXPECT_EQ(ends, 0);
 }
 
+TEST_F(ControllerTest, EndsWhereTheServiceOfAHiddenPageFails) {
+    std::vector<ChainRow> rows = PagesAroundAFailure(L"Failing");
+    rows[1].hiddenAtFirst = true;
+    Walk(std::move(rows), 1);
+    EXPECT_FALSE(HasMovedTo(2));
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(ControllerTest, EndsASilentRunThatHasFailedWithoutARestart) {
+    Walk(PagesAroundAFailure(L"Failing"), 0, true);
+    EXPECT_TRUE(HasMovedTo(1));
+    EXPECT_FALSE(HasMovedTo(2));
+    EXPECT_EQ(restarts, 0);
+}
+
 TEST_F(ControllerTest, LeadsBackToAPageThatIsHidden) {
     Walk({Page(PageRole::Ordinary), Page(PageRole::Ordinary, true), Page(PageRole::Ordinary)}, 1);
     EXPECT_TRUE(controller.Back({}));
     EXPECT_TRUE(controller.CurrentPage()->hidden);
     EXPECT_TRUE(IsWindowVisible(controller.CurrentPage()->GetSafeHwnd()));
+}
+
+TEST_F(ControllerTest, RunsTheServiceOfAHiddenPageThatItGoesToByName) {
+    Walk(PagesWithServices(), 0);
+    controller.CurrentPage()->dialogName = L"First";
+    controller.CurrentPage()->hidden = true;
+    notes.clear();
+    EXPECT_TRUE(controller.GoToSpecifiedDlg(L"First", {}));
+    EXPECT_THAT(notes, ElementsAre("run 0", "run 1"));
 }
 
 TEST_F(ControllerTest, AsksAboutTheOptionalSoftwareWhereCoreSoftwareIsSelectedToo) {
@@ -199,6 +260,20 @@ TEST_F(ControllerTest, AsksAboutTheOptionalSoftwareWhereCoreSoftwareIsSelectedTo
     EXPECT_EQ(Question(), L"plain");
     coreSoftwareSelected = true;
     EXPECT_EQ(Question(), L"optional");
+}
+
+TEST_F(ControllerTest, CancelsTheServicesUpToItsPageFromTheLastOn) {
+    Walk(PagesWithServices(), 2);
+    notes.clear();
+    EXPECT_TRUE(controller.Cancel(true));
+    EXPECT_THAT(notes, ElementsAre("cancel 2", "cancel 1", "cancel 0"));
+}
+
+TEST_F(ControllerTest, EndsWithoutAQuestionFromAFinishPage) {
+    Walk(ClosingPages(), 1);
+    EXPECT_FALSE(controller.Cancel(false));
+    EXPECT_EQ(ends, 1);
+    EXPECT_EQ(restarts, 0);
 }
 
 TEST_F(ControllerTest, AsksNothingOnAFinishPageWhereTheCancelIsForced) {
@@ -236,6 +311,15 @@ TEST_F(ControllerTest, KeepsTheFocusOutOfPagesThatAreNotShown) {
     EXPECT_TRUE(IsChild(controller.CurrentPage()->GetSafeHwnd(), GetFocus()));
     SetFocus(GetDlgItem(first, IDOK));
     EXPECT_FALSE(IsChild(first, GetFocus()));
+}
+
+using NoProgramTest = SettingsWorld;
+
+TEST_F(NoProgramTest, IsNotCancelledWithoutAWindow) {
+    EXPECT_FALSE(controller.Cancel(true));
+    TestApp app;
+    EXPECT_FALSE(controller.Cancel(true));
+    EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"");
 }
 
 }  // namespace

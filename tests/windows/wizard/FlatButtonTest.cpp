@@ -39,6 +39,17 @@ TEST_F(FlatButtonTest, LetsGoWhereNobodySaysThatTheMouseHasLeft) {
     EXPECT_TRUE(LetsGoAfterTheMouse());
 }
 
+TEST_F(FlatButtonTest, LetsGoWhereTheSystemWaitsForSomethingElse) {
+    static HWND asked;
+    const PatchedImport tracking(
+        "TrackMouseEvent", +[](TRACKMOUSEEVENT* given) -> BOOL {
+            if (given->dwFlags != TME_QUERY) asked = given->hwndTrack;
+            *given = {.cbSize = sizeof(TRACKMOUSEEVENT), .dwFlags = TME_HOVER, .hwndTrack = asked};
+            return TRUE;
+        });
+    EXPECT_TRUE(LetsGoAfterTheMouse());
+}
+
 TEST_F(FlatButtonTest, WaitsForTheSystemToSayThatTheMouseHasLeft) {
     static TRACKMOUSEEVENT kept;
     kept = {};
