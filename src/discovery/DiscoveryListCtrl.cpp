@@ -148,7 +148,8 @@ LRESULT DiscoveryListCtrl::OnRowAsked(NMHDR& header) {
 
 // A program asks for what is behind a row. Some versions of the control ask on as if that row counted.
 LRESULT DiscoveryListCtrl::OnFindItem(WPARAM behind, LPARAM wanted) {
-    return FindRow(*reinterpret_cast<const LVFINDINFOW*>(wanted), static_cast<int>(behind) + 1);
+    const int row = std::clamp(static_cast<int>(behind), -1, GetItemCount() - 1);
+    return FindRow(*reinterpret_cast<const LVFINDINFOW*>(wanted), row + 1);
 }
 
 int DiscoveryListCtrl::FindRow(const LVFINDINFOW& wanted, int start) const {

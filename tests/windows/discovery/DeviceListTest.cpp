@@ -1,6 +1,8 @@
 // The list of devices under the hands of a user: what is selected, where it is scrolled to, what typing
 // finds.
 
+#include <limits>
+
 #include "resources/resource.h"
 #include "tests/windows/world/DevicesPageWorld.h"
 #include "tests/windows/world/FakeAnnotations.h"
@@ -135,6 +137,15 @@ TEST_F(DeviceListTest, AnswersWhoAsksForARowByItsText) {
     EXPECT_EQ(Find(L"b", LVFI_STRING | LVFI_PARTIAL, 1), 3);
     EXPECT_EQ(Find(L"a", LVFI_STRING | LVFI_PARTIAL, 0), -1);
     EXPECT_EQ(Find(L"a", LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP, 0), 0);
+}
+
+TEST_F(DeviceListTest, AnswersWhoAsksForRowsBehindOneThatThereIsNot) {
+    Show();
+    DeliverTrees();
+    EXPECT_EQ(Find(L"a", LVFI_STRING | LVFI_PARTIAL, -5), 0);
+    EXPECT_EQ(Find(L"a", LVFI_STRING | LVFI_PARTIAL, std::numeric_limits<int>::max()), -1);
+    EXPECT_EQ(Find(L"a", LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP, std::numeric_limits<int>::max()), 0);
+    EXPECT_THAT(app.Exceptions(), testing::IsEmpty());
 }
 
 TEST_F(DeviceListTest, CutsATextForWhoHasLittleRoomForIt) {
