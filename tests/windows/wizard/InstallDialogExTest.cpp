@@ -97,6 +97,8 @@ TEST_F(InstallDialogExTest, LeavesTheFocusWhereAnotherControlGoes) {
     SetFocus(At(IDC_ADD_PORT_ADDRESS));
     page.EnableControl(IDC_ADD_PORT_NAME, false);
     EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_ADDRESS));
+    page.ShowControl(IDC_ADD_PORT_ADDRESS, true);
+    EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_ADDRESS));
 }
 
 using PageWithoutProgramTest = SettingsWorld;
