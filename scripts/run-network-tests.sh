@@ -36,6 +36,7 @@ build_folder=${BUILD_DIR:-build/windows}
 if [ -z "${BUILD_DIR:-}" ]; then
     build windows AskNetwork Kestrune PrintSystem PrinterQueue Quelmar Sondrix TestActions WizardRemote || exit 1
 fi
+stay_on_processor 0
 wine_make_template
 start_display
 # find_in FORM... TEST: what the package's libraries find in that network.

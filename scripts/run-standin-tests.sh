@@ -15,6 +15,7 @@ else
     build windows standins_tests standins_world Kestrune Rollout || exit 1
 fi
 
+stay_on_processor 0
 prefix=$wine_home/standins
 wine_new_prefix "$prefix"
 run_to_its_end timeout 600 wine "$build_folder/tests/windows/standins/standins_tests.exe" "$@"

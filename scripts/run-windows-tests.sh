@@ -14,6 +14,7 @@ else
     build windows kestrune_windows_tests || exit 1
 fi
 
+stay_on_processor 0
 prefix=$wine_home/windows-tests
 prepare_fonts || exit 1
 scripts/make-pictures.sh "$build_folder/package/images"
@@ -89,7 +90,10 @@ if [ $# = 0 ]; then
     rm -rf "$look_folder"
     mkdir "$look_folder"
     cp -r "$build_folder"/tests/windows/{strings,tree} "$look_folder/"
-    look_at_dialogs > "$look_log" 2>&1 &
+    (
+        stay_on_processor 1
+        look_at_dialogs
+    ) > "$look_log" 2>&1 &
     look_process=$!
     set -- "--gtest_filter=-$fitting:$pictures"
 fi

@@ -19,9 +19,9 @@ case ${1:--} in
 esac
 
 program=$build_folder/tests/wizard/kestrune_wizard_tests.exe
-# Most of a test is waiting, and only one copy of the program runs at a time in a prefix, so the tests are dealt to
-# several prefixes.
-shards=3
+# Half of a test is waiting, and only one copy of the program runs at a time in a prefix, so the tests are dealt to
+# several prefixes, two for each processor.
+shards=$((2 * $(nproc)))
 [[ " $* " != *--gtest_filter* ]] || shards=1
 
 # The user's language is the process's, so the tests that follow it run once in each of these: the locale, the
@@ -65,6 +65,7 @@ run_languages() {
 run_shard() {
     local index=$1 prefix=$wine_home/wizard-tests-$1 code=0
     shift
+    stay_on_processor "$index"
     wine_new_prefix "$prefix"
     start_display
     KESTRUNE_REPORTS="$windows_reports\\$index" GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$index \
@@ -82,6 +83,7 @@ run_alone() {
     failed=$(failed_tests "$logs"/*)
     [ -n "$failed" ] || return 1
     echo "Once more with nothing beside: $failed"
+    stay_on_processor 0
     wine_new_prefix "$wine_home/wizard-tests-0"
     start_display
     run_to_its_end timeout 300 wine "$program" --gtest_brief=1 "--gtest_filter=$failed"
