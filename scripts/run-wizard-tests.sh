@@ -21,7 +21,7 @@ esac
 program=$build_folder/tests/wizard/kestrune_wizard_tests.exe
 # Half of a test is waiting, and only one copy of the program runs at a time in a prefix, so the tests are dealt to
 # several prefixes, two for each processor.
-shards=$((2 * $(nproc)))
+shards=$((2 * ${#processors[@]}))
 [[ " $* " != *--gtest_filter* ]] || shards=1
 
 # The user's language is the process's, so the tests that follow it run once in each of these: the locale, the

@@ -101,6 +101,8 @@ void DiscoveryListCtrl::ShowDevices(const std::list<DiscoveredDevice>& devices) 
         ShowOrder();
         FocusARow();
     }
+    // The rows may have brought a bar beside them.
+    FitColumnToHeading(lastColumn);
     UpdateWindow(GetSafeHwnd());
 }
 
@@ -110,7 +112,6 @@ void DiscoveryListCtrl::InsertColumns() {
     SetColumnWidth(nameColumn, Scaled(nameWidth, GetSafeHwnd()));
     FitColumnToHeading(addressColumn);
     SetColumnWidth(addressColumn, GetColumnWidth(addressColumn) + Scaled(addedWidth, GetSafeHwnd()));
-    FitColumnToHeading(lastColumn);
 }
 
 void DiscoveryListCtrl::TakeRows(const std::list<DiscoveredDevice>& devices) {

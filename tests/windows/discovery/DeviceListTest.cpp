@@ -176,6 +176,14 @@ TEST_F(DeviceListTest, TellsThatOtherRowsStandInIt) {
     EXPECT_THAT(FakeAnnotations::TakeEvents(), newRows);
 }
 
+TEST_F(DeviceListTest, HasABarBesideManyDevicesAndNoneBelowThem) {
+    Show();
+    DeliverMany(100);
+    const LONG_PTR style = GetWindowLongPtrW(List(), GWL_STYLE);
+    EXPECT_NE(style & WS_VSCROLL, 0);
+    EXPECT_EQ(style & WS_HSCROLL, 0);
+}
+
 TEST_F(DeviceListTest, ShowsTheFirstRowsOfANewListAfterALongOne) {
     Show();
     DeliverMany(100);
