@@ -32,9 +32,20 @@ protected:
             ReleaseMouse();
             Scroll(SB_TOP);
             deed();
-            return WaitUntil([this] { return IsEnabled(IDOK); }, std::chrono::seconds(1));
+            return IsEnabledWhenTheTextStands();
         };
         return WaitUntil(takes);
+    }
+
+    // A busy program scrolls long after the mouse or the keys have asked for it.
+    bool IsEnabledWhenTheTextStands() const {
+        const HWND licence = wizard.FindControl(IDC_LICENCE_TEXT);
+        int position = -1;
+        while (position != wizard.ScrollPositionOf(licence)) {
+            position = wizard.ScrollPositionOf(licence);
+            if (WaitUntil([this] { return IsEnabled(IDOK); }, std::chrono::seconds(1))) return true;
+        }
+        return false;
     }
 
     bool StaysDisabled() const {
