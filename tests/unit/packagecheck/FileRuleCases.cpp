@@ -6,6 +6,7 @@ namespace {
 constexpr const char* brevantoPath = "Setup/x64/Brevanto.dll";
 constexpr const char* sondrixPath = "Setup/x64/Sondrix.dll";
 constexpr const char* checkPath = "Setup/res/images/check.png";
+constexpr const char* networkPath = "Setup/res/images/network.png";
 constexpr const char* logoPath = "Setup/res/images/logo.bmp";
 constexpr const char* licencePath = "Notices/EULA/EULA_en.txt";
 constexpr const char* oemBytesPath = "Setup/x64/OemBytes.txt";
@@ -99,6 +100,12 @@ std::vector<RuleCase> FileRuleCases() {
              tree.files.erase(checkPath);
              tree.AddSetting("<SILENT_INSTALL>true</SILENT_INSTALL>");
          }},
+        {"picture-missing",
+         [](MemoryTree& tree) {
+             tree.AddSetting("<AMAZON_SUPPORTED>TRUE</AMAZON_SUPPORTED>");
+             tree.files.erase(networkPath);
+         },
+         [](MemoryTree& tree) { tree.files.erase(networkPath); }},
         {"picture-unreadable", [](MemoryTree& tree) { tree.files[checkPath].pop_back(); },
          [](MemoryTree& tree) { tree.files[checkPath] = MakePng(20, 30); }},
         {"picture-unreadable", [](MemoryTree& tree) { tree.files[checkPath].insert(33, 20, 'x').pop_back(); },

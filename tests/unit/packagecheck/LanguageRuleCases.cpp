@@ -27,6 +27,11 @@ std::vector<RuleCase> LanguageRuleCases() {
          [](MemoryTree& tree) { CopyLanguage(tree, "de", "1031"); }},
         {"language-name-unknown", [](MemoryTree& tree) { CopyLanguage(tree, "pt", "1046"); },
          [](MemoryTree& tree) { CopyLanguage(tree, "pt_br", "1046"); }},
+        {"language-name-unknown", [](MemoryTree& tree) { CopyLanguage(tree, "zh", "4"); },
+         [](MemoryTree& tree) {
+             CopyLanguage(tree, "zh_cn", "2052");
+             CopyLanguage(tree, "zh_tw", "1028");
+         }},
         {"language-id", [](MemoryTree& tree) { SetText(tree, "LANGUAGE_ID", "en"); },
          [](MemoryTree& tree) { SetText(tree, "LANGUAGE_ID", "2057"); }},
         {"language-id", [](MemoryTree& tree) { CopyLanguage(tree, "de", "1033"); },
@@ -37,6 +42,8 @@ std::vector<RuleCase> LanguageRuleCases() {
          [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "65001"); }},
         {"code-page", [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "1260"); },
          [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "1250"); }},
+        {"code-page", [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "1259"); },
+         [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "1258"); }},
         {"text-missing", [](MemoryTree& tree) { RemoveText(tree, "NEXT_BUTTON"); },
          [](MemoryTree& tree) { RemoveText(tree, "AMAZON_WELCOME_TEXT"); }},
         {"text-missing",
@@ -60,6 +67,11 @@ std::vector<RuleCase> LanguageRuleCases() {
          [](MemoryTree& tree) { SetText(tree, "NEXT_BUTTON", "&Next"); }},
         {"access-key-shared", [](MemoryTree& tree) { SetText(tree, "NEXT_BUTTON", "Ne&amp;hxt"); },
          [](MemoryTree& tree) { SetText(tree, "AGREE_BUTTON", "&amp;Here"); }},
+        {"access-key-shared", [](MemoryTree& tree) { SetText(tree, "NEXT_BUTTON", "Ne&amp;Hxt"); },
+         [](MemoryTree& tree) {
+             for (const char* const key : {"NEXT_BUTTON", "MANUFACTURER_LABEL"})
+                 SetText(tree, key, "Print &amp;&amp; scan");
+         }},
         {"text-entity", [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "a &lt; b"); },
          [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "a lt; b"); }},
         {"text-tag-unknown", [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "^OEN^"); },

@@ -153,14 +153,15 @@ TEST(ManifestDataTest, HasNothingToSayOfASilentPackage) {
 
 TEST(ManifestDataTest, KnowsLanguagesByTheirTags) {
     CodedTree tree;
-    for (const std::string code : {"de", "pt_br", "sr_Latn", "x y"})
+    for (const std::string code : {"de", "nl_nz", "pt_BR", "sr_Latn", "x y", "xx_"})
         tree.files["Setup/res/" + code + "_strings.xml"] = "<WELCOME_TEXT>^OEM^!</WELCOME_TEXT>";
     const ManifestData data = DataOf(tree);
     std::vector<std::string> tags;
     for (const auto& locale : data.locales) tags.push_back(locale.tag);
-    EXPECT_THAT(tags, ElementsAre("en-US", "de", "pt-BR", "sr-Latn"));
+    EXPECT_THAT(tags, ElementsAre("en-US", "de", "nl-NZ", "pt-BR", "sr-Latn"));
     EXPECT_EQ(data.locales.back().description, "Halvenny!");
-    EXPECT_THAT(data.notes, testing::Contains(HasSubstr("x y_strings.xml")));
+    for (const char* const file : {"x y_strings.xml", "xx__strings.xml"})
+        EXPECT_THAT(data.notes, testing::Contains(HasSubstr(file)));
 }
 
 TEST(ManifestDataTest, TakesNothingElseForACode) {

@@ -63,6 +63,10 @@ TEST(PrinterDeviceTest, ComesInTheOrderOfTheDocument) {
     EXPECT_EQ(devices[1].name, L"A");
 }
 
+TEST(PrinterDeviceTest, EndsWithItsFirstEndWhateverItHolds) {
+    EXPECT_EQ(ReadDevices(L"<DEVICE><PRINTER_NAME>A</PRINTER_NAME><DEVICE></DEVICE>", {}).size(), 1U);
+}
+
 TEST(PrinterDeviceTest, IsNotThereInADocumentWithoutAny) {
     EXPECT_THAT(ReadDevices(L"", {}), IsEmpty());
     EXPECT_THAT(ReadDevices(L"<IPADDRESS>10.0.0.9</IPADDRESS>", {}), IsEmpty());

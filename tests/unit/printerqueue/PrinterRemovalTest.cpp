@@ -12,6 +12,7 @@ using printerqueue::PrinterDevice;
 using printerqueue::PrinterRun;
 using testing::Contains;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -28,6 +29,16 @@ TEST_F(PrinterRemovalTest, LeavesNothingBehindAfterARemoval) {
     ExpectUntouched();
     EXPECT_EQ(store.ledger, Ledger{});
     EXPECT_EQ(userStore.ledger, Ledger{});
+}
+
+TEST_F(PrinterRemovalTest, SaysWhatItHasRemovedAndNothingOfWhatItCouldNot) {
+    EXPECT_EQ(Install({Device(L"New", L"10.0.0.1"), Device(L"Second", L"10.0.0.2")}), 0);
+    Commit();
+    report.texts.clear();
+    spooler.refusals["RemovePort"] = SpoolerCode::Busy;
+    EXPECT_EQ(Remove(), 0);
+    EXPECT_THAT(report.texts, Contains(HasSubstr(L"The printer \"Second\" was removed.")));
+    EXPECT_THAT(report.texts, Not(Contains(HasSubstr(L"The port \"10.0.0.2\" was removed."))));
 }
 
 TEST_F(PrinterRemovalTest, LeavesWhatAUserHasChangedSince) {
