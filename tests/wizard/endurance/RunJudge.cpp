@@ -100,7 +100,9 @@ private:
             return;
         }
         const bool saysInstalled = IsIn(static_cast<std::uint32_t>(status->second), {0, 3});
-        if (saysInstalled && !isInstalled) Find("is not installed, says the Finish page otherwise", package);
+        // By design: a removal that wants a restart counts as one that failed, so the status stays as it was.
+        if (saysInstalled && !isInstalled && codes.removal == 0)
+            Find("is not installed, says the Finish page otherwise", package);
         const bool mayBeThere =
             wasInstalled || codes.removal != 0 || (Installs(codes.install) && HasFailedAny());
         if (!saysInstalled && isInstalled && !mayBeThere)

@@ -136,6 +136,15 @@ TEST_F(RunJudgeTest, FindsAFinishPageThatSaysSomethingElse) {
     EXPECT_THAT(FaultsOf(run), IsEmpty());
 }
 
+TEST_F(RunJudgeTest, LetsTheStatusStayWhereARemovalWantsARestart) {
+    RollBack();
+    Log(L"Removal of C:\\a.msi failed with error=3010");
+    run.showsStatuses = true;
+    run.statuses = {{L"a.msi", 0}, {L"b.msi", 1}};
+    run.codes[L"a.msi"] = {.removal = 3010};
+    EXPECT_THAT(FaultsOf(run), IsEmpty());
+}
+
 TEST_F(RunJudgeTest, LetsTheOptionalSoftwareGoOnAfterAFailure) {
     run.isOptional = true;
     run.codes = {{L"a.msi", {.install = 1603}}};
