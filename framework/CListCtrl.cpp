@@ -145,6 +145,20 @@ void CListCtrl::SetItemText(int row, int column, std::wstring text) {
     SendMessage(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
+void CListCtrl::SetImageList(HIMAGELIST images) {
+    // Without the style the control would destroy them with itself.
+    SetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE,
+                      GetWindowLongPtrW(GetSafeHwnd(), GWL_STYLE) | LVS_SHAREIMAGELISTS);
+    ListView_SetImageList(GetSafeHwnd(), images, LVSIL_SMALL);
+}
+
+void CListCtrl::SetItemImage(int row, int image) {
+    LVITEMW item{.mask = LVIF_IMAGE};
+    item.iItem = row;
+    item.iImage = image;
+    SendMessage(LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
 LPARAM CListCtrl::GetItemData(int row) const {
     LVITEMW item{.mask = LVIF_PARAM};
     item.iItem = row;
@@ -162,6 +176,11 @@ void CListCtrl::FitColumnToHeading(int column) {
 
 void CListCtrl::SetColumnWidth(int column, int pixels) {
     ListView_SetColumnWidth(GetSafeHwnd(), column, pixels);
+}
+
+void CListCtrl::CentreColumn(int column) {
+    LVCOLUMNW description{.mask = LVCF_FMT, .fmt = LVCFMT_CENTER};
+    SendMessage(LVM_SETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&description));
 }
 
 int CListCtrl::GetColumnWidth(int column) const {

@@ -2,6 +2,10 @@
 // without.
 #pragma once
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <optional>
 #include <string>
 
@@ -21,6 +25,9 @@ public:
     void InsertColumn(int column, std::wstring heading);
     void InsertItem(int row, std::wstring text, LPARAM data);
     void SetItemText(int row, int column, std::wstring text);
+    // The pictures of the rows, which stay the caller's, and the one in front of a row; -1 for none.
+    void SetImageList(HIMAGELIST images);
+    void SetItemImage(int row, int image);
     // The number with which the row was inserted.
     LPARAM GetItemData(int row) const;
     // For a list that asks for the texts of its rows (LVS_OWNERDATA): tells it how many there are.
@@ -29,6 +36,7 @@ public:
     // Makes the column as wide as its heading asks for; the last one takes the rest of the list.
     void FitColumnToHeading(int column);
     void SetColumnWidth(int column, int pixels);
+    void CentreColumn(int column);
     int GetColumnWidth(int column) const;
 
     // The first selected row, and the one that the keyboard is on, or -1.

@@ -28,8 +28,8 @@ bool CDisplayAppsListDlg::OnInitDialog() {
     SetUpControl(IDOK, TextKey::OK_BUTTON, fontButton);
     SetControlFont(IDC_STATUS_LIST, fontBody);
     SetWindowText(GetLocalizedText(TextKey::SOFTWARE_LIST_DISPLAY_WINDOW_TITLE));
-    list.SubclassDlgItem(IDC_STATUS_LIST, *this);
-    statusList.Attach(list.GetSafeHwnd());
+    statusList.SubclassDlgItem(IDC_STATUS_LIST, *this);
+    statusList.SetUp();
     okButton.SetPrimary();
     return true;
 }

@@ -1,7 +1,6 @@
 // The list of the installed software, over the Finish page.
 #pragma once
 
-#include "framework/CListCtrl.h"
 #include "install/StatusListView.h"
 #include "wizard/CQorFlatButton.h"
 #include "wizard/InstallDialogEx.h"
@@ -18,7 +17,6 @@ private:
     LRESULT OnShowWindow(WPARAM shown, LPARAM reason);
     LRESULT OnListChanged(NMHDR& header);
 
-    CListCtrl list;
     StatusListView statusList;
     CQorFlatButton okButton;
 };

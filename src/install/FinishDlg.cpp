@@ -65,7 +65,8 @@ bool FinishDlg::OnInitDialog() {
     SetControlFont(IDC_FINISH_SECOND_TEXT, fontBody);
     ShowControl(IDC_STATUS_LIST, false);
     ShowControl(IDC_HELP_BUTTON, false);
-    statusList.Attach(GetDlgItem(IDC_STATUS_LIST));
+    statusList.SubclassDlgItem(IDC_STATUS_LIST, *this);
+    statusList.SetUp();
     finishButton.SetPrimary();
     return true;
 }

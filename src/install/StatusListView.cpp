@@ -26,17 +26,16 @@ std::wstring ShownName(const std::wstring& name) {
 
 }  // namespace
 
-void StatusListView::Attach(HWND listView) {
-    list = listView;
+void StatusListView::SetUp() {
     LoadPictures();
-    ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT);
-    ListView_SetTextBkColor(list, CLR_NONE);
+    SetExtendedStyle(LVS_EX_FULLROWSELECT);
+    ListView_SetTextBkColor(GetSafeHwnd(), CLR_NONE);
 }
 
 void StatusListView::LoadPictures() {
     ATL::CImage check;
     ATL::CImage cross;
-    const int resolution = ResolutionOf(list);
+    const int resolution = ResolutionOf(GetSafeHwnd());
     if (!check.Load(GetPicturePath(L"check.png"), resolution) ||
         !cross.Load(GetPicturePath(L"x.png"), resolution))
         return;
@@ -44,52 +43,36 @@ void StatusListView::LoadPictures() {
     pictures.reset(ImageList_Create(check.GetWidth(), check.GetHeight(), ILC_COLOR32 | mirrored, 2, 0));
     ImageList_Add(pictures.get(), check.GetBitmap(), nullptr);
     ImageList_Add(pictures.get(), cross.GetBitmap(), nullptr);
-    ListView_SetImageList(list, pictures.get(), LVSIL_SMALL);
+    SetImageList(pictures.get());
 }
 
 std::vector<StatusLine> StatusListView::Fill() {
-    ListView_DeleteAllItems(list);
-    while (ListView_DeleteColumn(list, 0) != FALSE) continue;
+    DeleteAllItems();
+    DeleteAllColumns();
     InsertColumns();
-    SizeColumns();
+    FitColumns();
     std::vector<StatusLine> lines = ReadStatusDocument(settings.GetString(Tag::APP_INSTALLATION_STATUS));
     for (std::size_t row = 0; row < lines.size(); ++row) InsertLine(static_cast<int>(row), lines[row]);
-    SizeColumns();
-    LVCOLUMNW last{.mask = LVCF_FMT, .fmt = LVCFMT_CENTER};
-    ::SendMessageW(list, LVM_SETCOLUMNW, columnCount - 1, reinterpret_cast<LPARAM>(&last));
+    FitColumns();
+    CentreColumn(columnCount - 1);
     return lines;
 }
 
-void StatusListView::InsertColumns() const {
-    for (int column = 0; column < columnCount; ++column) {
-        LVCOLUMNW description{.mask = LVCF_SUBITEM};
-        description.iSubItem = column;
-        ::SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(column),
-                       reinterpret_cast<LPARAM>(&description));
-    }
+void StatusListView::InsertColumns() {
+    for (int column = 0; column < columnCount; ++column) InsertColumn(column, {});
 }
 
-void StatusListView::SizeColumns() const {
-    for (int column = 0; column < columnCount; ++column) {
-        ListView_SetColumnWidth(list, column, LVSCW_AUTOSIZE_USEHEADER);
-    }
+void StatusListView::FitColumns() {
+    for (int column = 0; column < columnCount; ++column) FitColumnToHeading(column);
 }
 
-void StatusListView::InsertLine(int row, const StatusLine& line) const {
-    LVITEMW item{.mask = LVIF_IMAGE};
-    item.iItem = row;
-    item.iImage = IsGoodStatus(line.status) ? checkPicture : crossPicture;
-    if (!IsWindowsVersionOrGreater(WindowsVersion::Vista)) item.iImage = noPicture;
-    ::SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    SetText(row, 1, ShownName(line.name));
-    SetText(row, 2, localizer.GetString(StatusTextKey(line.status)));
-}
-
-void StatusListView::SetText(int row, int column, std::wstring text) const {
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = text.data();
-    ::SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+void StatusListView::InsertLine(int row, const StatusLine& line) {
+    InsertItem(row, {}, 0);
+    int picture = IsGoodStatus(line.status) ? checkPicture : crossPicture;
+    if (!IsWindowsVersionOrGreater(WindowsVersion::Vista)) picture = noPicture;
+    SetItemImage(row, picture);
+    SetItemText(row, 1, ShownName(line.name));
+    SetItemText(row, 2, localizer.GetString(StatusTextKey(line.status)));
 }
 
 void StatusListView::KeepUnselected(const NMHDR& header) {

@@ -5,20 +5,20 @@
 
 #include <vector>
 
+#include "framework/CListCtrl.h"
 #include "framework/Handles.h"
 #include "install/StatusDocument.h"
 #include "settings/InstallSettings.h"
 #include "settings/Localizer.h"
 
-// Belongs to the thread of the list view; the control is not owned.
-class StatusListView {
+class StatusListView : public CListCtrl {
 public:
     // Reads APP_INSTALLATION_STATUS of the settings; both must outlive the object.
     StatusListView(const InstallSettings& store, const Localizer& texts)
         : settings(store), localizer(texts) {}
 
-    // Gives the list view its look and its pictures, if both can be loaded.
-    void Attach(HWND listView);
+    // Gives the list its look, and its pictures if both can be loaded.
+    void SetUp();
     // Loads the pictures for the text size by now.
     void LoadPictures();
     // Replaces the rows by the lines of the run's status document, and returns those.
@@ -27,13 +27,11 @@ public:
     static void KeepUnselected(const NMHDR& header);
 
 private:
-    void InsertColumns() const;
-    void SizeColumns() const;
-    void InsertLine(int row, const StatusLine& line) const;
-    void SetText(int row, int column, std::wstring text) const;
+    void InsertColumns();
+    void FitColumns();
+    void InsertLine(int row, const StatusLine& line);
 
     const InstallSettings& settings;
     const Localizer& localizer;
-    HWND list = nullptr;
     ImageList pictures;
 };

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "framework/CDialogEx.h"
+#include "framework/Handles.h"
 #include "install/StatusListView.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
@@ -16,12 +17,14 @@ class StatusListViewTest : public SettingsWorld {
 protected:
     StatusListViewTest() {
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+        constexpr int id = 4711;
         list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT, 0, 0, 200, 100,
-                               window.GetSafeHwnd(), nullptr, nullptr, nullptr);
+                               window.GetSafeHwnd(), reinterpret_cast<HMENU>(id), nullptr, nullptr);
         Settings().SetString(Tag::APP_INSTALLATION_STATUS,
                              L"<App 0><NAME>.NET</NAME><STATUS>0</STATUS></App 0>"
                              L"<App 1><NAME>Ink 2.0</NAME><STATUS>0</STATUS></App 1>");
-        view.Attach(list);
+        EXPECT_TRUE(view.SubclassDlgItem(id, window));
+        view.SetUp();
     }
 
     std::wstring NameIn(int row) const {
@@ -78,6 +81,14 @@ TEST_F(StatusListViewTest, ShowsACheckForWhatWentWellAndACrossForTheRest) {
         EXPECT_EQ(PictureIn(0), framework == 0 ? check : cross);
         EXPECT_EQ(PictureIn(1), package == 0 ? check : cross);
     }
+}
+
+TEST_F(StatusListViewTest, KeepsItsPicturesWhereTheListGoesFirst) {
+    const ImageList pictures(ImageList_Create(16, 16, ILC_COLOR32, 2, 0));
+    ImageList_SetImageCount(pictures.get(), 2);
+    view.SetImageList(pictures.get());
+    window.DestroyWindow();
+    EXPECT_EQ(ImageList_GetImageCount(pictures.get()), 2);
 }
 
 }  // namespace

@@ -62,10 +62,12 @@ TEST_P(ResolutionTest, ScalesTheSignOfTheHelp) {
 }
 
 TEST_P(ResolutionTest, ScalesTheSignsOfTheStatusList) {
+    constexpr int id = 4711;
     const HWND list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT, 0, 0, 200, 100,
-                                      window.GetSafeHwnd(), nullptr, nullptr, nullptr);
+                                      window.GetSafeHwnd(), reinterpret_cast<HMENU>(id), nullptr, nullptr);
     StatusListView view{Settings(), Texts()};
-    view.Attach(list);
+    ASSERT_TRUE(view.SubclassDlgItem(id, window));
+    view.SetUp();
     int width = 0;
     int height = 0;
     ImageList_GetIconSize(ListView_GetImageList(list, LVSIL_SMALL), &width, &height);
