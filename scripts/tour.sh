@@ -9,6 +9,7 @@ set -euo pipefail
 source "$(dirname "$0")/common.sh"
 source scripts/wine.sh
 source scripts/network.sh
+stay_on_processor 0
 
 pictures=$(mkdir -p "$1" && cd "$1" && pwd)
 language=${2:-en}
