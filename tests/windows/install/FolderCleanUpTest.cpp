@@ -36,6 +36,17 @@ TEST_F(FolderCleanUpTest, RemovesTheFolderWithAllInIt) {
     EXPECT_THAT(BasicLog(), IsEmpty());
 }
 
+TEST_F(FolderCleanUpTest, RemovesAFolderThatAnotherProgramLooksInto) {
+    WriteBytes(folder / L"kit\\file.txt", "text");
+    FileHandle view(CreateFileW((folder / L"kit").c_str(), FILE_LIST_DIRECTORY,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    ASSERT_TRUE(view);
+    RemoveFolder(folder / L"kit");
+    view.reset();
+    EXPECT_FALSE(fs::exists(folder / L"kit"));
+}
+
 TEST_F(FolderCleanUpTest, IsDoneAtOnceWithAFolderThatIsNotThere) {
     pauses = 0;
     const PatchedImport sleep(

@@ -78,6 +78,19 @@ TEST_F(EULADlgTest, CanBeAgreedToAtTheEndOfALongText) {
     EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDOK)));
 }
 
+// The thumb brings one event, and that before the text has moved.
+TEST_F(EULADlgTest, CanBeAgreedToWhereTheThumbHasComeToTheEnd) {
+    AddLongText();
+    Shown();
+    const HWND text = page.GetDlgItem(IDC_LICENCE_TEXT);
+    SCROLLINFO scroll{.cbSize = sizeof(SCROLLINFO), .fMask = SIF_ALL};
+    GetScrollInfo(text, SB_VERT, &scroll);
+    SendMessageW(text, WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, scroll.nMax - static_cast<int>(scroll.nPage)),
+                 0);
+    PumpMessages();
+    EXPECT_TRUE(IsWindowEnabled(page.GetDlgItem(IDOK)));
+}
+
 TEST_F(EULADlgTest, TakesOneUnitInFrontOfTheEndForTheEnd) {
     AddLongText();
     Shown();

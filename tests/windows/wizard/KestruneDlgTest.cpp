@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <thread>
+
 #include "resources/resource.h"
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/PatchedImport.h"
@@ -38,7 +40,10 @@ protected:
                      .makeService = {},
                      .hiddenAtFirst = false,
                      .isHidden = {}};
-        EXPECT_TRUE(controller.Start({.rows = {std::move(row)}, .ends = {}}, false));
+        Chain chain{.rows = {std::move(row)}, .ends = {}};
+        chain.ends.startPrograms = [this] { ++programStarts; };
+        chain.ends.restart = [this] { ++restarts; };
+        EXPECT_TRUE(controller.Start(std::move(chain), false));
         main.ShowWindow(SW_SHOW);
     }
     // The message that ends the program must not reach the next test.
@@ -53,6 +58,8 @@ protected:
 
     TestApp app;
     KestruneDlg main{controller, Texts()};
+    int programStarts = 0;
+    int restarts = 0;
 };
 
 TEST_F(KestruneDlgTest, HandsTheFocusToThePageWhereItIsActivated) {
@@ -69,6 +76,20 @@ TEST_F(KestruneDlgTest, AsksOnceThoughItIsClosedTwice) {
     });
     main.SendMessage(WM_SYSCOMMAND, SC_CLOSE);
     EXPECT_NE(controller.CurrentPage(), nullptr);
+}
+
+TEST_F(KestruneDlgTest, EndsForAnotherThreadWithARestart) {
+    std::thread([this] { controller.Finish(true); }).join();
+    PumpMessages();
+    EXPECT_EQ(restarts, 1);
+    EXPECT_EQ(programStarts, 0);
+}
+
+TEST_F(KestruneDlgTest, EndsForAnotherThreadWithoutARestart) {
+    std::thread([this] { controller.Finish(false); }).join();
+    PumpMessages();
+    EXPECT_EQ(restarts, 0);
+    EXPECT_EQ(programStarts, 1);
 }
 
 TEST_F(KestruneDlgTest, ShowsTheBeginningOfALogoThatIsTooWide) {
