@@ -29,7 +29,7 @@ private:
     void Write(const std::string& name, long long milliseconds) {
         lines << name << '\t' << milliseconds << '\t';
         for (int number = 0; number < mostMutants; ++number) {
-            if (reachedMutants[number].exchange(false)) lines << number << ' ';
+            if (ReachedMutants()[number].exchange(false)) lines << number << ' ';
         }
         lines << std::endl;
     }

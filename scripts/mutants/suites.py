@@ -8,7 +8,6 @@ import re
 import resource
 import signal
 import subprocess
-import time
 
 import breaks
 
@@ -18,13 +17,26 @@ PATIENCE = 5
 BATCHES = (300, 3000, float('inf'))
 
 
+@dataclasses.dataclass(frozen=True)
+class Program:
+    """A program of tests: its target and the list of its sources, how it is started, and which of its tests are run."""
+    target: str
+    listed_in: str
+    command: tuple
+    all_tests: str = '*'
+    # How many instances of a test with parameters a mutant is shown to, and to how many milliseconds of tests in all.
+    most_instances: float = math.inf
+    most_milliseconds: float = math.inf
+
+
 @dataclasses.dataclass
 class Reach:
-    """The tests that come to each mutant, and how long each test takes."""
+    """The tests of a program that come to each mutant, and how long each test takes."""
+    program: Program
     tests: dict
     milliseconds: dict
 
-    def batches(self, mutant, most_instances):
+    def batches(self, mutant):
         """The tests that come to a mutant: first those that bear the name of its source, for they see most of it. Of a test
         with parameters the shortest instances."""
         name = pathlib.PurePath(mutant.file).stem
@@ -33,12 +45,13 @@ class Reach:
         instances = collections.Counter()
         for test in sorted(self.tests[mutant.number], key=lambda test: (self.milliseconds[test], test)):
             instances[without_parameter(test)] += 1
-            if instances[without_parameter(test)] > most_instances:
+            if instances[without_parameter(test)] > self.program.most_instances:
                 continue
             if name in test.partition('.')[0]:
                 batches[0].append(test)
-            else:
-                taken += self.milliseconds[test]
+                continue
+            taken += self.milliseconds[test]
+            if taken <= self.program.most_milliseconds:
                 batches[next(bound for bound in BATCHES if taken <= bound)].append(test)
         return [batches[bound] for bound in sorted(batches)]
 
@@ -52,7 +65,7 @@ def without_parameter(test):
     return suite + point + name.partition('/')[0]
 
 
-def read_reach(path, mutants):
+def read_reach(program, path, mutants):
     """The lines of ReachListener. What its first line has, every test comes to. What is worked out once in a program the
     first test comes to alone, but each that comes to its file may see it."""
     tests, milliseconds = collections.defaultdict(set), {}
@@ -70,8 +83,8 @@ def read_reach(path, mutants):
     by_file = collections.defaultdict(set)
     for mutant in mutants:
         by_file[mutant.file] |= tests[mutant.number]
-    return Reach({mutant.number: by_file[mutant.file] if mutant.change.is_once else tests[mutant.number] for mutant in mutants},
-                 milliseconds)
+    return Reach(program, {mutant.number: by_file[mutant.file] if mutant.change.is_once else tests[mutant.number]
+                           for mutant in mutants}, milliseconds)
 
 
 @dataclasses.dataclass
@@ -95,7 +108,9 @@ def is_in_time(process, bound):
 
 class Suite:
     """The tests of the logic, on this machine."""
-    preset, target, listed_in = 'native', 'kestrune_unit_tests', 'tests/unit/CMakeLists.txt'
+    preset = 'native'
+    programs = (Program('kestrune_unit_tests', 'tests/unit/CMakeLists.txt',
+                        ('build/native/tests/unit/kestrune_unit_tests',)),)
     # What the tests are of.
     mutated = ('kestrune_logic', 'discovery_engine', 'intention', 'rollout_logic', 'shown_text', 'packagecheck',
                'printerqueue_logic')
@@ -105,10 +120,6 @@ class Suite:
     compile_options = '-w -Wno-c++11-narrowing -ferror-limit=0'
     # What the parser is told beyond what the compiler is.
     parser_options = ()
-    program = ('build/native/tests/unit/kestrune_unit_tests',)
-    all_tests = '*'
-    # How many instances of a test with parameters a mutant is shown to.
-    most_instances = math.inf
 
     @property
     def folder(self):
@@ -117,8 +128,10 @@ class Suite:
     def configure(self):
         """Makes the copy the same as the sources, with the listener among the tests."""
         breaks.write_tree()
-        with (breaks.TREE / self.listed_in).open('a') as lists:
-            print(f'target_sources({self.target} PRIVATE ${{CMAKE_SOURCE_DIR}}/scripts/mutants/ReachListener.cpp)', file=lists)
+        for program in self.programs:
+            with (breaks.TREE / program.listed_in).open('a') as lists:
+                print(f'target_sources({program.target} PRIVATE ${{CMAKE_SOURCE_DIR}}/scripts/mutants/ReachListener.cpp)',
+                      file=lists)
         with (breaks.TREE / 'CMakeLists.txt').open('a') as lists:
             for target in self.mutated:
                 print(f'target_compile_options({target} PRIVATE {self.compile_options})', file=lists)
@@ -127,8 +140,9 @@ class Suite:
 
     def build(self):
         """Whether the tests build, and everything that the compiler says."""
-        result = subprocess.run(['cmake', '--build', self.folder, '-j', str(os.cpu_count()), '--target', self.target, '--',
-                                 '-k', '0'], cwd=breaks.TREE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+        targets = [program.target for program in self.programs]
+        result = subprocess.run(['cmake', '--build', self.folder, '-j', str(os.cpu_count()), '--target', *targets, '--', '-k',
+                                 '0'], cwd=breaks.TREE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
                                 errors='replace')
         return result.returncode == 0, result.stdout
 
@@ -138,12 +152,12 @@ class Suite:
     def stop(self):
         """Ends what start began."""
 
-    def run(self, tests, bound, **environment):
-        """Runs the tests, or all without any, for so many seconds of the processor. The output goes to a file: a pipe could
-        be held open by what a test leaves."""
+    def run(self, program, tests, bound, **environment):
+        """Runs the tests of a program, or all without any, for so many seconds of the processor. The output goes to a file:
+        a pipe could be held open by what a test leaves."""
         flags, log = self.folder / 'mutants.flags', self.folder / 'mutants.log'
-        flags.write_text(f'--gtest_filter={":".join(tests) or self.all_tests}\n')
-        command = [*self.program, f'--gtest_flagfile={flags.relative_to(breaks.TREE)}']
+        flags.write_text(f'--gtest_filter={":".join(tests) or program.all_tests}\n')
+        command = [*program.command, f'--gtest_flagfile={flags.relative_to(breaks.TREE)}']
         with log.open('w') as output:
             process = subprocess.Popen(command, cwd=breaks.TREE, stdin=subprocess.DEVNULL, stdout=output,
                                        stderr=subprocess.STDOUT, start_new_session=True, env={**os.environ, **environment},
@@ -156,25 +170,27 @@ class Suite:
     def clean(self):
         """Ends what a run that did not come to its end left behind."""
 
-    def reach(self, mutants):
-        """Runs all tests with no mutant switched on, and returns which come to which mutant, and the seconds."""
-        began = time.monotonic()
-        run = self.run([], 1800, KESTRUNE_REACHED='build/reached')
+    def reaches(self, mutants):
+        """Runs all tests with no mutant switched on, and returns which come to which mutant, program by program."""
+        return [self.reach(program, mutants) for program in self.programs]
+
+    def reach(self, program, mutants):
+        run = self.run(program, [], 1800, KESTRUNE_REACHED='build/reached')
         if not run.ended:
             raise RuntimeError(breaks.last_lines(run.text))
-        return read_reach(breaks.TREE / 'build/reached', mutants), time.monotonic() - began
+        return read_reach(program, breaks.TREE / 'build/reached', mutants)
 
-    def verdict(self, mutant, reach):
+    def verdict(self, mutant, reaches):
         """What the tests make of a mutant, and the first test that failed."""
-        if not reach.tests[mutant.number]:
+        if not any(reach.tests[mutant.number] for reach in reaches):
             return 'NOT REACHED', ''
-        batches = reach.batches(mutant, self.most_instances)
-        kills = (self.kill(mutant.number, batch, reach.bound(batch)) for batch in batches)
+        kills = (self.kill(mutant.number, reach.program, batch, reach.bound(batch))
+                 for reach in reaches for batch in reach.batches(mutant))
         return next(filter(None, kills), ('SURVIVED', ''))
 
-    def kill(self, number, tests, bound):
+    def kill(self, number, program, tests, bound):
         """How the tests kill a mutant, or no mutant with the number 0, and the first that failed; nothing if they pass."""
-        run = self.run(tests, bound, KESTRUNE_MUTANT=str(number), GTEST_FAIL_FAST='1')
+        run = self.run(program, tests, bound, KESTRUNE_MUTANT=str(number), GTEST_FAIL_FAST='1')
         if not run.ended:
             self.clean()
         elif not run.failed:
