@@ -5,6 +5,7 @@
 #include "framework/CDialogEx.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/PatchedImport.h"
+#include "tests/windows/world/Sheet.h"
 #include "tests/windows/world/TestApp.h"
 #include "wizard/CQorFlatButton.h"
 
@@ -63,6 +64,39 @@ TEST_F(FlatButtonTest, WaitsForTheSystemToSayThatTheMouseHasLeft) {
             return TRUE;
         });
     EXPECT_FALSE(LetsGoAfterTheMouse());
+}
+
+// A button as it is drawn on paper.
+class DrawnButtonTest : public FlatButtonTest {
+protected:
+    // The first column of the text, on a face that the edge of the drawing shows.
+    int BeginningOfText(UINT state) {
+        button.SetWindowText(L"WW");
+        button.DrawItem(
+            {.CtlType = ODT_BUTTON, .itemState = state, .hDC = sheet.Context(), .rcItem = Sheet::area});
+        const COLORREF face = sheet.At(3, 3);
+        for (int x = 3; x < Sheet::area.right - 3; ++x) {
+            for (int y = 3; y < Sheet::area.bottom - 3; ++y) {
+                if (sheet.At(x, y) != face) return x;
+            }
+        }
+        return 0;
+    }
+
+    Sheet sheet;
+};
+
+TEST_F(DrawnButtonTest, MovesItsTextWhereItIsPressed) {
+    const int released = BeginningOfText(0);
+    EXPECT_GT(released, 3);
+    EXPECT_GT(BeginningOfText(ODS_SELECTED), released);
+}
+
+TEST_F(DrawnButtonTest, KeepsItsTextInPlaceWhereItIsThePagesMainButton) {
+    button.SetPrimary();
+    const int released = BeginningOfText(0);
+    EXPECT_GT(released, 3);
+    EXPECT_EQ(BeginningOfText(ODS_SELECTED), released);
 }
 
 }  // namespace

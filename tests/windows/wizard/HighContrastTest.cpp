@@ -1,6 +1,7 @@
 // High contrast: what follows the user's setting at once and what keeps to the one it was made under.
 
 #include <algorithm>
+#include <array>
 
 #include "CommonLib/Files.h"
 #include "framework/CImage.h"
@@ -14,6 +15,7 @@
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/Picture.h"
 #include "tests/windows/world/SettingsWorld.h"
+#include "tests/windows/world/Sheet.h"
 #include "tests/windows/world/TestApp.h"
 #include "tests/wizard/BitmapFile.h"
 #include "wizard/CQorFlatButton.h"
@@ -24,44 +26,7 @@ namespace {
 
 constexpr COLORREF plainPicture = RGB(0, 0, 255);
 constexpr COLORREF contrastPicture = RGB(255, 0, 255);
-constexpr COLORREF white = RGB(255, 255, 255);
-
-// A sheet of paper that a test lets something draw on.
-class Sheet {
-public:
-    static constexpr RECT area{0, 0, 60, 24};
-
-    Sheet() { Clear(); }
-    HDC Context() const { return context.get(); }
-    COLORREF At(int x, int y) const { return GetPixel(context.get(), x, y); }
-    // Whether anything stands on white paper between these columns.
-    bool HasInk(int from, int to) const {
-        for (int x = from; x < to; ++x) {
-            for (int y = 2; y < area.bottom - 2; ++y) {
-                if (At(x, y) != white) return true;
-            }
-        }
-        return false;
-    }
-    void Clear() { FillRect(context.get(), &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))); }
-
-private:
-    static HBITMAP MakeBitmap() {
-        BITMAPINFO info{};
-        info.bmiHeader = {.biSize = sizeof(BITMAPINFOHEADER),
-                          .biWidth = area.right,
-                          .biHeight = area.bottom,
-                          .biPlanes = 1,
-                          .biBitCount = 32};
-        void* pixels = nullptr;
-        return CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
-    }
-
-    Bitmap bitmap{MakeBitmap()};
-    MemoryDc context{CreateCompatibleDC(nullptr)};
-    SelectedObject selected{context.get(), bitmap.get()};
-};
-
+constexpr COLORREF black = RGB(0, 0, 0);
 class HighContrastTest : public SettingsWorld {
 protected:
     HighContrastTest() {
@@ -121,7 +86,7 @@ TEST_F(HighContrastTest, GivesTheMainWindowTheSystemsGround) {
     KestruneDlg main(controller, Texts());
     EXPECT_TRUE(main.Create(IDD_MAIN, nullptr));
     Erase(main);
-    EXPECT_EQ(sheet.At(2, 2), white);
+    EXPECT_EQ(sheet.At(2, 2), Sheet::white);
     setting.Switch(true);
     Erase(main);
     EXPECT_EQ(sheet.At(2, 2), GetSysColor(COLOR_3DFACE));
@@ -176,12 +141,18 @@ INSTANTIATE_TEST_SUITE_P(
 
 class HotButtonTest : public HighContrastTest, public testing::WithParamInterface<ContrastTheme> {
 protected:
+    std::vector<COLORREF> ColoursOnFace() const {
+        std::vector<COLORREF> found;
+        for (int x = 3; x < Sheet::area.right - 3; ++x) {
+            for (int y = 3; y < Sheet::area.bottom - 3; ++y) found.push_back(sheet.At(x, y));
+        }
+        return found;
+    }
+
     double HighestContrastOnFace() const {
         double highest = 1;
-        for (int x = 3; x < Sheet::area.right - 3; ++x) {
-            for (int y = 3; y < Sheet::area.bottom - 3; ++y)
-                highest = std::max(highest, ContrastOf(sheet.At(x, y), sheet.At(3, 3)));
-        }
+        for (const COLORREF colour : ColoursOnFace())
+            highest = std::max(highest, ContrastOf(colour, sheet.At(3, 3)));
         return highest;
     }
 
@@ -200,9 +171,25 @@ TEST_P(HotButtonTest, CanBeRead) {
     button.DrawItem(ItemIn(ODS_HOTLIGHT));
     EXPECT_EQ(sheet.At(3, 3), GetSysColor(COLOR_BTNHIGHLIGHT));
     EXPECT_GE(HighestContrastOnFace(), enoughForText);
+    EXPECT_THAT(ColoursOnFace(), testing::Contains(GetSysColor(COLOR_BTNFACE)));
 }
 
-INSTANTIATE_TEST_SUITE_P(Themes, HotButtonTest, testing::ValuesIn(EveryContrastTheme()),
+// Its two colours differ in their green alone.
+constexpr ContrastTheme greenTheme{.name = "GreenOnGreen",
+                                   .ground = RGB(0, 64, 0),
+                                   .text = RGB(0, 255, 0),
+                                   .greyText = RGB(0, 128, 0),
+                                   .link = RGB(0, 255, 0),
+                                   .selection = RGB(0, 255, 0),
+                                   .selectedText = RGB(0, 64, 0)};
+
+std::vector<ContrastTheme> ThemesAndAGreenOne() {
+    std::vector<ContrastTheme> themes = EveryContrastTheme();
+    themes.push_back(greenTheme);
+    return themes;
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, HotButtonTest, testing::ValuesIn(ThemesAndAGreenOne()),
                          [](const testing::TestParamInfo<ContrastTheme>& theme) {
                              return std::string(theme.param.name);
                          });
@@ -211,7 +198,7 @@ TEST_F(HighContrastTest, GivesALinkTheSystemsGroundAtOnce) {
     CQorLinkButton link;
     link.SubclassDlgItem(IDC_TEST_BUTTON, window);
     link.DrawItem(ItemIn(0));
-    EXPECT_EQ(sheet.At(50, 3), white);
+    EXPECT_EQ(sheet.At(50, 3), Sheet::white);
     setting.Switch(true);
     link.DrawItem(ItemIn(0));
     EXPECT_EQ(sheet.At(50, 3), GetSysColor(COLOR_BTNFACE));
@@ -250,6 +237,12 @@ protected:
         return false;
     }
 
+    // The two lines of the ring where it comes down on the right.
+    std::array<COLORREF, 2> RingAt(LONG inset) const {
+        const int line = Sheet::area.right - 1 - inset;
+        return {sheet.At(line, Sheet::area.bottom / 2), sheet.At(line - 1, Sheet::area.bottom / 2)};
+    }
+
     CQorFlatButton button;
     Icon icon;
 };
@@ -263,9 +256,19 @@ TEST_P(ButtonIconTest, StandsInPlaceOfTheText) {
         setting.Switch(highContrast);
         sheet.Clear();
         button.DrawItem(ItemIn(0));
+        EXPECT_EQ(sheet.At(0, 0), plainPicture);
         EXPECT_EQ(sheet.At(4, 4), plainPicture);
         EXPECT_FALSE(HasTextOnFace());
     }
+}
+
+// A text has room around it, and a picture takes all of it.
+TEST_P(ButtonIconTest, HasTheSignOfTheFocusAroundIt) {
+    button.DrawItem(ItemIn(ODS_FOCUS));
+    EXPECT_THAT(RingAt(5), testing::ElementsAre(black, Sheet::white));
+    PutIcon();
+    button.DrawItem(ItemIn(ODS_FOCUS));
+    EXPECT_THAT(RingAt(1), testing::ElementsAre(black, Sheet::white));
 }
 
 INSTANTIATE_TEST_SUITE_P(WithAndWithoutText, ButtonIconTest, testing::Values(L"WWWW", L""));
