@@ -5,6 +5,7 @@
 #include "framework/CDialogEx.h"
 #include "framework/Handles.h"
 #include "install/StatusListView.h"
+#include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/ArabicUser.h"
@@ -17,13 +18,13 @@ class StatusListViewTest : public SettingsWorld {
 protected:
     StatusListViewTest() {
         EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
-        constexpr int id = 4711;
-        list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT, 0, 0, 200, 100,
-                               window.GetSafeHwnd(), reinterpret_cast<HMENU>(id), nullptr, nullptr);
+        list =
+            CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT, 0, 0, 200, 100, window.GetSafeHwnd(),
+                            reinterpret_cast<HMENU>(IDC_STATUS_LIST), nullptr, nullptr);
         Settings().SetString(Tag::APP_INSTALLATION_STATUS,
                              L"<App 0><NAME>.NET</NAME><STATUS>0</STATUS></App 0>"
                              L"<App 1><NAME>Ink 2.0</NAME><STATUS>0</STATUS></App 1>");
-        EXPECT_TRUE(view.SubclassDlgItem(id, window));
+        EXPECT_TRUE(view.SubclassDlgItem(IDC_STATUS_LIST, window));
         view.SetUp();
     }
 

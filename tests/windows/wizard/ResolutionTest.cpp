@@ -62,11 +62,11 @@ TEST_P(ResolutionTest, ScalesTheSignOfTheHelp) {
 }
 
 TEST_P(ResolutionTest, ScalesTheSignsOfTheStatusList) {
-    constexpr int id = 4711;
-    const HWND list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT, 0, 0, 200, 100,
-                                      window.GetSafeHwnd(), reinterpret_cast<HMENU>(id), nullptr, nullptr);
+    const HWND list =
+        CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT, 0, 0, 200, 100, window.GetSafeHwnd(),
+                        reinterpret_cast<HMENU>(IDC_STATUS_LIST), nullptr, nullptr);
     StatusListView view{Settings(), Texts()};
-    ASSERT_TRUE(view.SubclassDlgItem(id, window));
+    ASSERT_TRUE(view.SubclassDlgItem(IDC_STATUS_LIST, window));
     view.SetUp();
     int width = 0;
     int height = 0;
