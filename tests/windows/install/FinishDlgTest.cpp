@@ -52,6 +52,14 @@ TEST_F(FinishDlgTest, OffersTheLogsWhereALineHasFailedBeforeOneThatIsNotSupporte
     EXPECT_NE(GetWindowLongPtrW(page.GetDlgItem(IDC_FINISH_ERROR_LINK), GWL_STYLE) & WS_VISIBLE, 0);
 }
 
+TEST_F(FinishDlgTest, HasNothingThatEnterCouldClickUnseen) {
+    Header();
+    for (const int id : {IDOK, IDC_FINISH_HIDDEN_TEXT}) {
+        EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(id)));
+        EXPECT_EQ(GetWindowLongPtrW(page.GetDlgItem(id), GWL_STYLE) & WS_VISIBLE, 0);
+    }
+}
+
 TEST_F(FinishDlgTest, LeavesTheStatusOfACancelledRun) {
     Settings().SetString(Tag::APP_INSTALLATION_STATUS, L"<App 0><NAME>Ink</NAME><STATUS>2</STATUS></App 0>");
     Header();

@@ -161,4 +161,34 @@ TEST_F(ProgressDialogTest, SaysThatItIsCancelledAndDisablesItsButton) {
     EXPECT_FALSE(IsWindowEnabled(page.GetDlgItem(IDCANCEL)));
 }
 
+// Without a main window there is no question, and nothing to cancel.
+class ReturnToProgressTest : public ProgressDialogTest {
+protected:
+    ReturnToProgressTest() {
+        app.SetMainWnd(nullptr);
+        window.ShowWindow(SW_SHOW);
+        page.ShowWindow(SW_SHOW);
+    }
+
+    HWND FocusAfterCancel(HWND before) const {
+        SetFocus(before);
+        page.SendMessage(WM_COMMAND, IDCANCEL);
+        return GetFocus();
+    }
+};
+
+TEST_F(ReturnToProgressTest, LeavesTheFocusOnTheButtonThatHasIt) {
+    const HWND button = page.GetDlgItem(IDCANCEL);
+    EXPECT_EQ(FocusAfterCancel(button), button);
+}
+
+TEST_F(ReturnToProgressTest, GivesTheFocusBackWhereNothingHasIt) {
+    EXPECT_EQ(FocusAfterCancel(nullptr), page.GetDlgItem(IDC_PROGRESS_STATUS_LINE));
+}
+
+TEST_F(ReturnToProgressTest, LeavesTheFocusAloneOnAPageThatIsNotShown) {
+    page.ShowWindow(SW_HIDE);
+    EXPECT_EQ(FocusAfterCancel(nullptr), nullptr);
+}
+
 }  // namespace

@@ -24,6 +24,11 @@ public:
     using InstallDialogEx::fontUnderlined;
     using InstallDialogEx::InstallDialogEx;
     using InstallDialogEx::ShowControl;
+
+    int acceptances = 0;
+
+private:
+    void OnOK() override { ++acceptances; }
 };
 
 class InstallDialogExTest : public SettingsWorld {
@@ -69,6 +74,13 @@ TEST_F(InstallDialogExTest, MakesTheLettersOfPages) {
         EXPECT_EQ(made.lfWeight, letters.weight);
         EXPECT_EQ(made.lfUnderline != 0, letters.isUnderlined);
     }
+}
+
+TEST_F(InstallDialogExTest, ClicksNothingOnEnterWhereNothingHasTheFocus) {
+    SetFocus(nullptr);
+    MSG enter{.hwnd = page.GetSafeHwnd(), .message = WM_KEYDOWN, .wParam = VK_RETURN};
+    EXPECT_TRUE(page.PreTranslateMessage(&enter));
+    EXPECT_EQ(page.acceptances, 0);
 }
 
 TEST_F(InstallDialogExTest, LeavesTheGroundOfAFieldToTheSystem) {
