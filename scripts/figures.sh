@@ -7,6 +7,9 @@ set -euo pipefail
 source "$(dirname "$0")/common.sh"
 source scripts/wine.sh
 
+# What it costs to wake the other processor up is no figure of the program.
+stay_on_processor 0
+
 work=$root/build/figures
 prefix=$wine_home/figures
 tree=$prefix/drive_c/Tree

@@ -115,7 +115,7 @@ def page(figures, lines, taken, picture):
     changed = ', with changes' if said_by('git', 'status', '--porcelain', '--untracked-files=no') else ''
     yield '# Figures'
     yield ''
-    yield f'Written by `scripts/figures.sh` on {date} at commit {commit}{changed}, on {os.cpu_count()} cores under'
+    yield f'Written by `scripts/figures.sh` on {date} at commit {commit}{changed}, on one of {os.cpu_count()} cores under'
     yield f'{said_by("wine", "--version")} on Linux {platform.release()}.'
     yield 'Times are medians of five and hold for that machine; what they are held against was measured in the same run. Wine is'
     yield f'not Windows: the ratios say more than the times. The host gave {taken:.0f} % of the processors to others meanwhile.'
