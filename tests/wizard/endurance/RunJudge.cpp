@@ -101,7 +101,7 @@ private:
         }
         const bool saysInstalled = IsIn(static_cast<std::uint32_t>(status->second), {0, 3});
         // By design: a removal that wants a restart counts as one that failed, so the status stays as it was.
-        if (saysInstalled && !isInstalled && codes.removal == 0)
+        if (saysInstalled && !isInstalled && !Restarts(codes.removal))
             Find("is not installed, says the Finish page otherwise", package);
         const bool mayBeThere =
             wasInstalled || codes.removal != 0 || (Installs(codes.install) && HasFailedAny());

@@ -143,6 +143,10 @@ TEST_F(RunJudgeTest, LetsTheStatusStayWhereARemovalWantsARestart) {
     run.statuses = {{L"a.msi", 0}, {L"b.msi", 1}};
     run.codes[L"a.msi"] = {.removal = 3010};
     EXPECT_THAT(FaultsOf(run), IsEmpty());
+    run.codes[L"a.msi"] = {.removal = 1603};
+    Log(L"Removal of C:\\a.msi failed with error=1603");
+    EXPECT_THAT(FaultsOf(run), ElementsAre("a.msi: is reported and not installed",
+                                           "a.msi: is not installed, says the Finish page otherwise"));
 }
 
 TEST_F(RunJudgeTest, LetsTheOptionalSoftwareGoOnAfterAFailure) {
