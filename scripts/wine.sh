@@ -113,6 +113,31 @@ start_display() {
     rm -f "$number_file"
 }
 
+# wine_tell_calls: prints the calls in which the threads of the prefix's programs are, without Wine's own services.
+wine_tell_calls() {
+    local services='(explorer|plugplay|rpcss|services|start|svchost|winedbg|winedevice)\.exe' process
+    process=$(timeout 20 winedbg --command 'info process' < /dev/null 2>&1 | tr -d '\r' | grep -vE "$services" |
+        sed -nE 's/^[ =>]([0-9a-f]{8}) .*/0x\1/p' | head -1)
+    # The debugger tells of all programs once it is bound to one.
+    printf 'bt all\nquit\n' | timeout 60 winedbg "$process" 2>&1 | tr -d '\r' |
+        awk -v services="$services" '/^Backtracing/ {is_told = $0 !~ services} is_told'
+}
+
+# run_within SECONDS COMMAND...: runs a command of the prefix. One that takes longer is ended, and the calls in which the
+# threads of the prefix's programs are then stand in what it printed.
+run_within() {
+    local limit=$1 process
+    shift
+    "$@" &
+    process=$!
+    if ! timeout "$limit" tail --pid="$process" --sleep-interval=0.2 -f /dev/null; then
+        echo "After $limit s the programs of the prefix are here:"
+        wine_tell_calls
+        kill "$process"
+    fi
+    wait "$process"
+}
+
 # run_to_its_end COMMAND...: runs a GoogleTest program and prints what it says. Fails also where the program did not come
 # to its end: one that crashed under the debugger ends with the code 0.
 run_to_its_end() {

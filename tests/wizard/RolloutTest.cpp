@@ -102,9 +102,9 @@ void RolloutTest::SetUp() {
 void RolloutTest::TearDown() {
     rollout.Kill();
     KillWizard();
-    if (HasFailure()) std::cout << "Rollout.exe has printed:\n" << rollout.Output() << '\n';
     KeepReport(tree.Root() / reportName);
     WizardTest::TearDown();
+    if (HasFailure()) std::cout << "Rollout.exe has printed:\n" << rollout.Output() << '\n';
 }
 
 std::uint32_t RolloutTest::RunRollout(const std::wstring& arguments) {

@@ -1,6 +1,7 @@
 #include "tests/wizard/WizardTest.h"
 
 #include <algorithm>
+#include <iostream>
 
 #include "CommonLib/SystemText.h"
 #include "settings/TagDocument.h"
@@ -18,6 +19,16 @@ bool IsScripted(const ScriptedCall& call) {
     return !call.steps.empty() || call.code != 0;
 }
 
+// What a failure is told with, the end of the log.
+void PrintEnd(const char* name, const std::vector<LogRecord>& log) {
+    constexpr std::size_t most = 60;
+    std::cout << name << " ended with:\n";
+    for (std::size_t index = log.size() - std::min(log.size(), most); index < log.size(); ++index) {
+        PrintTo(log[index], &std::cout);
+        std::cout << '\n';
+    }
+}
+
 }  // namespace
 
 void WizardTest::SetUp() {
@@ -27,6 +38,10 @@ void WizardTest::SetUp() {
 void WizardTest::TearDown() {
     wizard.Kill();
     ExpectScriptUsed();
+    if (HasFailure()) {
+        PrintEnd("Basic.log", BasicLog());
+        PrintEnd("Advanced.log", AdvancedLog());
+    }
     RemoveTraces();
 }
 
