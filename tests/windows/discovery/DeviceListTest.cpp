@@ -139,6 +139,12 @@ TEST_F(DeviceListTest, AnswersWhoAsksForARowByItsText) {
     EXPECT_EQ(Find(L"a", LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP, 0), 0);
 }
 
+TEST_F(DeviceListTest, KnowsNoRowByAnythingButItsText) {
+    Show();
+    DeliverTrees();
+    EXPECT_EQ(Find(L"Cedar", LVFI_PARAM), -1);
+}
+
 TEST_F(DeviceListTest, AnswersWhoAsksForRowsBehindOneThatThereIsNot) {
     Show();
     DeliverTrees();

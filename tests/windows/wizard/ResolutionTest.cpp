@@ -1,4 +1,4 @@
-// The pictures of the pages on screens of several resolutions.
+// The pictures and letters of the pages on screens of several resolutions.
 
 #include <windows.h>
 
@@ -59,6 +59,15 @@ TEST_P(ResolutionTest, ScalesTheSignOfTheHelp) {
     const Bitmap colour(info.hbmColor);
     EXPECT_EQ(SizeOfBitmap(colour.get()).cx, wanted);
     EXPECT_EQ(SizeOfBitmap(colour.get()).cy, wanted);
+}
+
+TEST_P(ResolutionTest, ScalesTheLettersOfTheTitle) {
+    ManufacturerDlg page{context};
+    ASSERT_TRUE(page.Create(IDD_MANUFACTURER, &window));
+    const LRESULT font = SendMessageW(page.GetDlgItem(IDC_MANUFACTURER_TITLE), WM_GETFONT, 0, 0);
+    LOGFONTW letters{};
+    ASSERT_NE(GetObjectW(reinterpret_cast<HFONT>(font), sizeof(letters), &letters), 0);
+    EXPECT_EQ(letters.lfHeight, -MulDiv(10, GetParam(), 72));
 }
 
 TEST_P(ResolutionTest, ScalesTheSignsOfTheStatusList) {
