@@ -7,7 +7,7 @@ a source keeps to itself must be the only one of its name in its part.
 usage: run-tidy.py BUILD_FOLDER    with the commands of that build
 
 Windows sources are read by clang with the headers of mingw-w64, of the compiler that builds them, and without its
-precompiled headers.
+precompiled headers. What is built for this machine alone is read with its own.
 """
 import concurrent.futures
 import functools
@@ -27,7 +27,7 @@ from mingw import SYSTEM_HEADERS
 # The newer one passes over the code of the system's headers, and so takes a third of the time.
 TIDY = next(filter(shutil.which, ['clang-tidy-22', 'clang-tidy']))
 INCLUDE = re.compile(r'^\s*#include\s+"([^"]+)"', re.M)
-ENTRY = re.compile(r'^\w[\w ]*\b(w?main|wWinMain|DllMain)\(', re.M)
+ENTRY = re.compile(r'^\w[\w "]*\b(w?main|wWinMain|DllMain|LLVMFuzzerTestOneInput)\(', re.M)
 
 # The parts, of which the first that a source lies in takes it; what only computes is a part of its own.
 LOGIC = 'logic'
@@ -35,6 +35,7 @@ PARTS = ['src', 'framework', 'standins/discovery', 'standins', 'package', 'tools
          'tests/unit/packagecheck', 'tests/unit/printerqueue', 'tests/unit/rollout', 'tests/unit', 'tests/windows/standins',
          'tests/windows', 'tests/wizard', 'tests/bench']
 SAME_PART = {'framework': 'src', 'package': 'standins'}
+NATIVE = ('tests/fuzz', 'tests/threads')
 
 # What the macros of the tests do to every test, what fixtures are, what costs a test nothing, and long texts in lists.
 NOT_OF_TESTS = ['bugprone-derived-method-shadowing-base-method', 'bugprone-random-generator-seed',
@@ -57,6 +58,10 @@ def options_of(command):
     return joined + [f'-isystem{folder}' for word, folder in zip(words, words[1:]) if word == '-isystem']
 
 
+def native_sources():
+    return [str(source.relative_to(ROOT)) for folder in NATIVE for source in (ROOT / folder).glob('*.cpp')]
+
+
 def parts_of(build):
     """The sources of each part, with the options of all of them."""
     logic, parts = set(logic_sources()), {}
@@ -70,6 +75,10 @@ def parts_of(build):
                 known, options = parts.setdefault(part, (set(), {}))
                 known.add(name)
                 options.update(dict.fromkeys(options_of(entry['command'])))
+    for source in native_sources():
+        # Each format of records for a fuzzer has the same names.
+        part = source if source.endswith('Records.cpp') else os.path.dirname(source)
+        parts.setdefault(part, ([], ['-I.', '-Isrc']))[0].append(source)
     return {part: (sorted(sources), list(options)) for part, (sources, options) in parts.items()}
 
 
@@ -85,10 +94,10 @@ def batch_text(sources):
 
 def tidy_command(part, batch, options):
     checks = ['-bugprone-suspicious-include', *(f'-{check}' for check in NOT_OF_TESTS if part.startswith('tests/'))]
-    system = [f'-isystem{folder}' for folder in SYSTEM_HEADERS]
+    windows = ['--target=x86_64-w64-windows-gnu', *(f'-isystem{folder}' for folder in SYSTEM_HEADERS)]
     return [TIDY, '--quiet', f'--config-file={ROOT}/.clang-tidy', f'--checks={",".join(checks)}',
             f'--header-filter=^{re.escape(str(ROOT))}/(framework|package|src|standins|tests|tools)/', str(batch), '--',
-            '--target=x86_64-w64-windows-gnu', '-std=c++20', '-O0', *options, *system]
+            '-std=c++20', '-O0', *options, *([] if part.startswith(NATIVE) else windows)]
 
 
 @functools.lru_cache(maxsize=None)

@@ -45,6 +45,7 @@ std::vector<Record> ReadAttributes(std::string_view input) {
         }
     } catch (const discovery::Malformed&) {
         // What is left is no attribute.
+        return attributes;
     }
     return attributes;
 }

@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <cstdlib>
+#include <charconv>
 #include <utility>
 
 #include "discovery/NpaReply.h"
@@ -17,11 +17,13 @@ constexpr int deepestGroup = 8;
 
 // The number behind a label, which is then gone from the text; widths that no packet has are cut.
 std::uint32_t TakeWidth(std::string_view& text, std::string_view label) {
-    constexpr int widest = 8;
+    constexpr std::uint32_t widest = 8;
     const std::size_t found = text.find(label);
     if (found == std::string_view::npos) return 0;
     text.remove_prefix(found + label.size());
-    return static_cast<std::uint32_t>(std::clamp(std::atoi(std::string(text).c_str()), 0, widest));
+    std::uint32_t width = 0;
+    std::from_chars(text.data(), text.data() + text.size(), width);
+    return std::min(width, widest);
 }
 
 NpaLayout LayoutIn(std::string_view text) {
@@ -53,6 +55,7 @@ public:
             while (!reader.IsAtEnd() && HeadWidth() > 0) elements.push_back(ReadElement(reader, depth));
         } catch (const discovery::Malformed&) {
             // What is left is no element.
+            return elements;
         }
         return elements;
     }
