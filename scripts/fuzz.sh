@@ -52,9 +52,10 @@ fuzzer() { echo "build/fuzz/tests/fuzz/Fuzz$1"; }
 fuzz() {
     local reader=$1 code started=$SECONDS log=build/fuzz/logs/$1.log
     mkdir -p build/fuzz/logs "build/fuzz/inputs/$reader" "build/fuzz/finds/$reader"
-    # Stacks of allocations take a good part of the time, and a find is repeated with all of them.
+    # Stacks of allocations take a good part of the time, and a find is repeated with all of them. An input may take ten
+    # seconds of the processor; the clock bounds one that waits.
     ASAN_OPTIONS=malloc_context_size=1 "$(fuzzer "$reader")" -runs=$((runs / ${slowness[$reader]:-1})) \
-        -max_len="${longest[$reader]:-1500}" -len_control=100 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
+        -max_len="${longest[$reader]:-1500}" -len_control=100 -timeout=600 -rss_limit_mb=2048 -print_final_stats=1 \
         -artifact_prefix="build/fuzz/finds/$reader/" "build/fuzz/inputs/$reader" "tests/fuzz/seeds/$reader" \
         "build/fuzz/tests/fuzz/corpora/$reader" > "$log" 2>&1
     code=$?
