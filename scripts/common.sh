@@ -3,7 +3,9 @@
 # Wine wants the page at 0x7ffe0000 for itself. Debian's has no preloader that keeps it free, and the kernel lays the heap of
 # a program at random: over that page in one start of some 3,000, which then fails with ERROR_INTERNAL_ERROR. So all that a
 # script starts has fixed addresses, ADDR_NO_RANDOMIZE of personality(2), where the machine allows it.
-if [ "${BASH_SOURCE[-1]}" = "$0" ] && ! ((0x$(< /proc/self/personality) & 0x40000)) && setarch -R true 2> /dev/null; then
+has_fixed_addresses() { ((0x$(< /proc/self/personality) & 0x40000)); }
+
+if [ "${BASH_SOURCE[-1]}" = "$0" ] && ! has_fixed_addresses && setarch -R true 2> /dev/null; then
     exec setarch -R "$BASH" "$0" "$@"
 fi
 
