@@ -120,9 +120,10 @@ int CKestruneApp::ExitInstance() {
     // that broke off; everything but the windows then stays until the process is gone.
     SetMainWnd(nullptr);
     if (mainDialog) mainDialog->DestroyWindow();
+    Controller& controller = Controller::GetInstance();
     // A walk that broke off has not come to the place where this is done.
-    Controller::GetInstance().CloseServices();
-    if (Controller::GetInstance().ThreadCount() == 0) {
+    controller.CloseServices();
+    if (controller.ThreadCount() == 0) {
         mainDialog.reset();
         InstallSettings::DestroyInstance();
         Localizer::DestroyInstance();
