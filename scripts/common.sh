@@ -1,8 +1,9 @@
 # What demo and test share: the machine's packages and the builds. Sourced, not run.
 
 # Wine wants the page at 0x7ffe0000 for itself. Debian's has no preloader that keeps it free, and the kernel lays the heap of
-# a program at random: over that page in one start of some 3,000, which then fails with ERROR_INTERNAL_ERROR. So all that a
-# script starts has fixed addresses, ADDR_NO_RANDOMIZE of personality(2), where the machine allows it.
+# a program, of 132 KB at first, at random within a gigabyte around: over that page in one start of some 8,000, which then
+# fails with ERROR_INTERNAL_ERROR. So all that a script starts has fixed addresses, ADDR_NO_RANDOMIZE of personality(2),
+# where the machine allows it.
 has_fixed_addresses() { ((0x$(< /proc/self/personality) & 0x40000)); }
 
 if [ "${BASH_SOURCE[-1]}" = "$0" ] && ! has_fixed_addresses && setarch -R true 2> /dev/null; then
