@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <objbase.h>
 
+#include <string>
+
 #include "CommonLib/Files.h"
 #include "discovery/FirewallRules.h"
 #include "tests/windows/world/FakeFirewall.h"
@@ -68,6 +70,18 @@ TEST_F(FirewallRulesTest, LeaveARuleOfTheSameNameThatSomebodyElseMade) {
     EXPECT_THAT(RuleNames(), ElementsAre(L"Kestrune", L"Kestrune 2", L"Kestrune 3"));
     rules.RemoveRule();
     EXPECT_THAT(RuleNames(), ElementsAre(L"Kestrune", L"Kestrune 2"));
+}
+
+TEST_F(FirewallRulesTest, LookForAFreeNameUpToTheHundredth) {
+    FakeFirewall::Rules() = {{.name = L"Kestrune", .application = path}};
+    for (int count = 2; count < 100; ++count) {
+        FakeFirewall::Rules().push_back({.name = L"Kestrune " + std::to_wstring(count), .application = path});
+    }
+    rules.AddRule();
+    EXPECT_EQ(FakeFirewall::Rules().back().name, L"Kestrune 100");
+    FirewallRules more{path, L"Kestrune"};
+    more.AddRule();
+    EXPECT_EQ(FakeFirewall::Rules().size(), 100u);
 }
 
 TEST_F(FirewallRulesTest, RemoveNothingBeforeTheyHaveAddedARule) {

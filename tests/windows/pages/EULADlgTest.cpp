@@ -12,7 +12,9 @@
 
 namespace {
 
+using testing::Contains;
 using testing::HasSubstr;
+using testing::Not;
 
 constexpr LANGID indonesian = 0x0421;
 
@@ -104,6 +106,12 @@ TEST_F(EULADlgTest, TakesOneUnitInFrontOfTheEndForTheEnd) {
                          reinterpret_cast<LPARAM>(text));
         EXPECT_EQ(IsWindowEnabled(page.GetDlgItem(IDOK)) != FALSE, missing == 1);
     }
+}
+
+TEST_F(EULADlgTest, LogsNoFailureOfATextThatIsThere) {
+    tree.Add(L"Notices\\EULA\\eula_en.txt", "Be kind.\n");
+    Shown();
+    EXPECT_THAT(AdvancedMessages(), Not(Contains(HasSubstr(L"Loading EULA file"))));
 }
 
 TEST_F(EULADlgTest, FallsBackToEnglish) {
