@@ -18,7 +18,7 @@ fi
 stay_on_processor 0
 prefix=$wine_home/standins
 wine_new_prefix "$prefix"
-run_to_its_end run_within 600 wine "$build_folder/tests/windows/standins/standins_tests.exe" "$@"
+run_to_its_end 600 wine "$build_folder/tests/windows/standins/standins_tests.exe" "$@"
 code=$?
 wine_stop "$prefix"
 # A filter names tests of the program above.

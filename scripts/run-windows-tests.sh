@@ -49,7 +49,7 @@ needs_languages() {
 
 ! needs_languages "$@" || ask_languages > "$folder/UserLanguages.txt"
 
-run_tests() { run_to_its_end run_within 600 wine "$folder/kestrune_windows_tests.exe" "$@"; }
+run_tests() { run_to_its_end 600 wine "$folder/kestrune_windows_tests.exe" "$@"; }
 
 # The tests lay packages out around their program, so a second program has a folder of its own.
 look_folder=$build_folder/tests/windows-look

@@ -69,7 +69,7 @@ run_shard() {
     wine_new_prefix "$prefix"
     start_display
     KESTRUNE_REPORTS="$windows_reports\\$index" GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$index \
-        run_to_its_end run_within 1800 wine "$program" "$@" || code=1
+        run_to_its_end 1800 wine "$program" "$@" || code=1
     [ "$shards" = 1 ] || [ "$index" != 0 ] || run_languages || code=1
     wine_stop "$prefix"
     return $code
@@ -86,7 +86,7 @@ run_alone() {
     stay_on_processor 0
     wine_new_prefix "$wine_home/wizard-tests-0"
     start_display
-    run_to_its_end run_within 300 wine "$program" --gtest_brief=1 "--gtest_filter=$failed"
+    run_to_its_end 300 wine "$program" --gtest_brief=1 "--gtest_filter=$failed"
     local result=$?
     [ $result != 0 ] || note_second_try "$failed" || result=1
     wine_stop "$wine_home/wizard-tests-0"

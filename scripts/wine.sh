@@ -138,12 +138,12 @@ run_within() {
     wait "$process"
 }
 
-# run_to_its_end COMMAND...: runs a GoogleTest program and prints what it says. Fails also where the program did not come
-# to its end: one that crashed under the debugger ends with the code 0.
+# run_to_its_end SECONDS COMMAND...: runs a GoogleTest program within that time and prints what it says. Fails also where the
+# program did not come to its end: one that crashed under the debugger ends with the code 0.
 run_to_its_end() {
     local log code
     log=$(mktemp "${SUITE_LOG:-/tmp/tests}.XXXXXX")
-    "$@" < /dev/null > "$log" 2>&1
+    run_within "$@" < /dev/null > "$log" 2>&1
     code=$?
     cat "$log"
     if ! grep -aq '^\[  PASSED  \]' "$log"; then
