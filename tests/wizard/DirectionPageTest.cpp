@@ -47,10 +47,10 @@ TEST_F(DirectionPageTest, IsMirroredForALanguageFromTheRight) {
     EXPECT_FALSE(IsCancelOnTheRight());
 }
 
-// How far the logo of that width lies right of the left edge of the window's ground.
 class LogoTest : public DirectionPageTest, public testing::WithParamInterface<const wchar_t*> {
 protected:
-    LONG LogoOffset(int width) {
+    // How far the logo of that width lies right of and below the upper left corner of the window's ground.
+    POINT LogoPlace(int width) {
         tree.WriteFile(L"Setup\\res\\images\\logo.bmp", BitmapFile(RGB(0, 0, 255), width));
         StartIn(GetParam());
         RECT place{};
@@ -59,19 +59,21 @@ protected:
         RECT ground{};
         GetClientRect(wizard.MainWindow(), &ground);
         MapWindowPoints(wizard.MainWindow(), nullptr, reinterpret_cast<POINT*>(&ground), 2);
-        return place.left - ground.left;
+        return {place.left - ground.left, place.top - ground.top};
     }
 };
 
 TEST_P(LogoTest, ShowsTheBeginningOfALogoThatIsWiderThanTheWindow) {
-    EXPECT_EQ(LogoOffset(2000), 0);
+    const POINT place = LogoPlace(2000);
+    EXPECT_EQ(place.x, 0);
+    EXPECT_EQ(place.y, 0);
 }
 
 TEST_P(LogoTest, KeepsANarrowLogoOnTheSideWhereReadingBegins) {
     if (GetParam() == std::wstring(L"RTL")) {
-        EXPECT_GT(LogoOffset(16), 100);
+        EXPECT_GT(LogoPlace(16).x, 100);
     } else {
-        EXPECT_EQ(LogoOffset(16), 0);
+        EXPECT_EQ(LogoPlace(16).x, 0);
     }
 }
 

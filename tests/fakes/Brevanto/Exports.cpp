@@ -89,7 +89,9 @@ std::uint8_t MsiIsAppInstalledByLang(const wchar_t* packagePath, std::uint32_t p
                                      std::uint8_t* upToDate, std::uint8_t* upgradable,
                                      std::uint8_t* minorUpgrade, const wchar_t* language) {
     Library().Record({L"MsiIsAppInstalledByLang", Field(L"path", packagePath),
-                      Field(L"pathLength", packagePathLength), Field(L"language", language)});
+                      Field(L"pathLength", packagePathLength), Field(L"language", language),
+                      Field(L"upToDate", *upToDate), Field(L"upgradable", *upgradable),
+                      Field(L"minorUpgrade", *minorUpgrade)});
     const ScriptedState state = Library().NextState(packagePath);
     *upToDate = Byte(state.upToDate);
     *upgradable = Byte(state.upgradable);

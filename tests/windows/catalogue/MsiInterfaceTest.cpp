@@ -140,7 +140,11 @@ TEST_F(MsiInterfaceTest, AsksForTheStateInTheLanguageOfTheTexts) {
     EXPECT_FALSE(upToDate);
     EXPECT_TRUE(upgradable);
     EXPECT_TRUE(minorUpgrade);
-    EXPECT_EQ(Call(L"MsiIsAppInstalledByLang").Argument(L"language"), L"1031");
+    const LibraryCall call = Call(L"MsiIsAppInstalledByLang");
+    EXPECT_EQ(call.Argument(L"language"), L"1031");
+    EXPECT_EQ(call.Argument(L"upToDate"), L"1");
+    EXPECT_EQ(call.Argument(L"upgradable"), L"0");
+    EXPECT_EQ(call.Argument(L"minorUpgrade"), L"0");
 }
 
 TEST_F(MsiInterfaceTest, OpensAPackageOnceForAllItsProperties) {
