@@ -44,10 +44,10 @@ FinishedRun ShownRunTest::RunShown() {
     return ReadFinishPage();
 }
 
-std::wstring ShownRunTest::StatusDocument(std::initializer_list<StatusLine> lines) {
+std::wstring ShownRunTest::StatusDocument(std::initializer_list<StatusOfPackage> lines) {
     std::wstring document;
     int number = 0;
-    for (const StatusLine& line : lines) {
+    for (const StatusOfPackage& line : lines) {
         document += Element(L"App " + std::to_wstring(number++),
                             Element(L"NAME", line.name) + Element(L"STATUS", std::to_wstring(line.status)));
     }

@@ -15,7 +15,7 @@ struct FinishedRun {
 };
 
 // One line of the status document.
-struct StatusLine {
+struct StatusOfPackage {
     std::wstring name;
     int status = 0;
 };
@@ -33,5 +33,5 @@ protected:
     // Starts the program and leads a run that asks nothing to its end.
     FinishedRun RunShown();
 
-    static std::wstring StatusDocument(std::initializer_list<StatusLine> lines);
+    static std::wstring StatusDocument(std::initializer_list<StatusOfPackage> lines);
 };
