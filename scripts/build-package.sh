@@ -7,8 +7,8 @@
 # The interactive package goes to out/package, the silent one, which installs a predefined list of printers, to
 # out/package-silent. What has not changed is not built again. The program itself is copied if it is built.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
 
-root=$(cd "$(dirname "$0")/.." && pwd)
 variant=interactive
 target=$root/out/package
 network=real
@@ -31,7 +31,12 @@ build=$(cd "$1" && pwd)
 sources=$root/package
 tree=$target.new
 
-cmake --build "$build" --target Brevanto PrinterQueue Sondrix Quelmar ScriptedSondrix ScriptedQuelmar sample_programs >"$build/sample-package.log" || {
+# Suites that run beside each other lay the same package out.
+exec 8> "$build/sample-package.lock"
+flock 8
+
+programs=(Brevanto PrinterQueue Sondrix Quelmar ScriptedSondrix ScriptedQuelmar sample_programs)
+alone "$build.lock" cmake --build "$build" --target "${programs[@]}" > "$build/sample-package.log" || {
     cat "$build/sample-package.log" >&2
     exit 1
 }
@@ -97,6 +102,11 @@ else
 fi
 if [ -f "$build/Rollout.exe" ]; then cp -p "$build/Rollout.exe" "$tree/Setup/x64/"; fi
 
-rm -rf "$target"
-mv "$tree" "$target"
+# Others may be reading it.
+if diff -rq "$tree" "$target" > /dev/null 2>&1; then
+    rm -rf "$tree"
+else
+    rm -rf "$target"
+    mv "$tree" "$target"
+fi
 echo "$variant package, $network network: ${target#"$root"/}"
