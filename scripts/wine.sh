@@ -64,10 +64,14 @@ wine_new_prefix() {
 mapfile -t processors < <(taskset -cp $$ | sed 's/.*: //' | tr , '\n' |
     while IFS=- read -r first last; do seq "$first" "${last:-$first}"; done)
 
-# stay_on_processor INDEX: keeps this shell, and what it starts from now on, to one of them. A program and the server of
+# stay_on_processor INDEX: keeps this shell, and what it starts from now on, to one of them, counted from the one that
+# FIRST_PROCESSOR names where suites run beside each other. A program and the server of
 # its prefix take turns thousands of times a second: on two processors each has to wake the other's up first, which costs
 # a virtual machine more than all the rest.
-stay_on_processor() { taskset -cp "${processors[$1 % ${#processors[@]}]}" "$BASHPID" > /dev/null; }
+stay_on_processor() {
+    local index=$((($1 + ${FIRST_PROCESSOR:-0}) % ${#processors[@]}))
+    taskset -cp "${processors[index]}" "$BASHPID" > /dev/null
+}
 
 # Brings the fonts that a Windows has and Wine lacks. Installed, they and what comes with them would change the size of
 # every dialog, so they are unpacked.
