@@ -9,18 +9,6 @@ namespace {
 constexpr std::wstring_view plainSigns = L"\t\r\n\\";
 constexpr std::wstring_view escapedSigns = L"trn\\";
 
-std::wstring ReadText(const std::wstring& path) {
-    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return {};
-    std::wstring text(GetFileSize(file.get(), nullptr) / sizeof(wchar_t), L'\0');
-    DWORD read = 0;
-    const DWORD size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-    if (ReadFile(file.get(), text.data(), size, &read, nullptr) == FALSE) read = 0;
-    text.resize(read / sizeof(wchar_t));
-    return text;
-}
-
 std::vector<std::wstring> SplitFields(std::wstring_view line) {
     std::vector<std::wstring> fields;
     for (std::size_t tab = line.find(L'\t'); tab != std::wstring_view::npos; tab = line.find(L'\t')) {
@@ -60,6 +48,18 @@ std::wstring JoinFields(const std::vector<std::wstring>& fields) {
 
 std::uint32_t ReadNumber(const std::wstring& field) {
     return static_cast<std::uint32_t>(std::stoul(field));
+}
+
+std::wstring ReadText(const std::wstring& path) {
+    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return {};
+    std::wstring text(GetFileSize(file.get(), nullptr) / sizeof(wchar_t), L'\0');
+    DWORD read = 0;
+    const DWORD size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+    if (ReadFile(file.get(), text.data(), size, &read, nullptr) == FALSE) read = 0;
+    text.resize(read / sizeof(wchar_t));
+    return text;
 }
 
 std::vector<std::vector<std::wstring>> ReadLines(const std::wstring& path) {

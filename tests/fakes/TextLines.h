@@ -17,6 +17,9 @@ std::wstring JoinFields(const std::vector<std::wstring>& fields);
 // The number that a field holds; throws std::invalid_argument where there is none.
 std::uint32_t ReadNumber(const std::wstring& field);
 
+// The UTF-16 text of the file, without the half of a character at its end. A missing file has none.
+std::wstring ReadText(const std::wstring& path);
+
 // The fields of every line of the file that is complete. A missing file holds none.
 std::vector<std::vector<std::wstring>> ReadLines(const std::wstring& path);
 

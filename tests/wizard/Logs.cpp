@@ -1,29 +1,16 @@
 #include "tests/wizard/Logs.h"
 
-#include <fstream>
-#include <iterator>
 #include <ostream>
 #include <string_view>
 
 #include "CommonLib/Utf8.h"
-#include "tests/wizard/PackageTree.h"
+#include "tests/fakes/TextLines.h"
 
 namespace {
 
 constexpr std::wstring_view separator = L"  ";
 constexpr std::size_t levelWidth = 7;
 constexpr std::size_t timeWidth = 19;
-
-std::wstring ReadText(const std::wstring& path) {
-    std::ifstream file(std::filesystem::path(path), std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    std::wstring text;
-    for (std::size_t place = 0; place + 1 < bytes.size(); place += 2) {
-        text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[place]) |
-                                     static_cast<unsigned char>(bytes[place + 1]) << 8);
-    }
-    return text;
-}
 
 bool IsTime(std::wstring_view text) {
     constexpr std::wstring_view form = L"0000/00/00-00:00:00";

@@ -71,7 +71,8 @@ std::set<COLORREF> ForeignColours(const std::set<COLORREF>& colours) {
     const std::set<COLORREF> systems = SystemColours();
     const auto isSystems = [&](COLORREF colour) {
         return std::ranges::any_of(systems, [&](COLORREF one) {
-            return std::ranges::any_of(systems, [&](COLORREF other) { return IsMixed(colour, one, other); });
+            return std::ranges::any_of(
+                systems, [&](COLORREF other) { return one <= other && IsMixed(colour, one, other); });
         });
     };
     std::set<COLORREF> foreign;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <map>
 
 #include "framework/Handles.h"
@@ -24,14 +23,20 @@ double LuminanceOf(COLORREF colour) {
 Picture PictureOf(HWND window) {
     RECT area{};
     GetClientRect(window, &area);
-    BITMAPINFO info{};
-    info.bmiHeader = {.biSize = sizeof(BITMAPINFOHEADER),
-                      .biWidth = area.right,
-                      .biHeight = -area.bottom,
-                      .biPlanes = 1,
-                      .biBitCount = 32};
+    // Its bits are colours as they are compared: there are too many of them to go through each.
+    BITMAPV4HEADER info{};
+    info.bV4Size = sizeof(info);
+    info.bV4Width = area.right;
+    info.bV4Height = -area.bottom;
+    info.bV4Planes = 1;
+    info.bV4BitCount = 32;
+    info.bV4V4Compression = BI_BITFIELDS;
+    info.bV4RedMask = RGB(255, 0, 0);
+    info.bV4GreenMask = RGB(0, 255, 0);
+    info.bV4BlueMask = RGB(0, 0, 255);
     void* bits = nullptr;
-    const Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const Bitmap bitmap(CreateDIBSection(nullptr, reinterpret_cast<const BITMAPINFO*>(&info), DIB_RGB_COLORS,
+                                         &bits, nullptr, 0));
     const MemoryDc memory(CreateCompatibleDC(nullptr));
     const SelectedObject selected(memory.get(), bitmap.get());
     const WindowDc source(window);
@@ -39,12 +44,10 @@ Picture PictureOf(HWND window) {
     SetLayout(source.get(), 0);
     BitBlt(memory.get(), 0, 0, area.right, area.bottom, source.get(), 0, 0, SRCCOPY);
     GdiFlush();
-    Picture picture{.width = area.right, .height = area.bottom, .pixels = {}};
-    const auto* const pixels = static_cast<const RGBQUAD*>(bits);
-    std::transform(pixels, pixels + std::ptrdiff_t{area.right} * area.bottom,
-                   std::back_inserter(picture.pixels),
-                   [](const RGBQUAD& pixel) { return RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue); });
-    return picture;
+    const auto* const pixels = static_cast<const COLORREF*>(bits);
+    return {.width = area.right,
+            .height = area.bottom,
+            .pixels = {pixels, pixels + std::ptrdiff_t{area.right} * area.bottom}};
 }
 
 Picture FreshPictureOf(HWND window) {
@@ -65,7 +68,8 @@ Picture PartOf(const Picture& picture, HWND window, HWND control) {
     IntersectRect(&area, &area, &whole);
     Picture part{.width = area.right - area.left, .height = area.bottom - area.top, .pixels = {}};
     for (int y = area.top; y < area.bottom; ++y) {
-        for (int x = area.left; x < area.right; ++x) part.pixels.push_back(picture.At(x, y));
+        const auto row = picture.pixels.begin() + std::ptrdiff_t{y} * picture.width;
+        part.pixels.insert(part.pixels.end(), row + area.left, row + area.right);
     }
     return part;
 }
