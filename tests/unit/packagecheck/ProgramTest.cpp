@@ -126,8 +126,9 @@ TEST_F(ProgramTest, ChangesWithoutAskingWhereItIsTold) {
 }
 
 // What is in the way of the new file is a folder.
+// What is wrong in the package itself would not be an error.
 TEST_F(ProgramTest, SaysWhichFileItCannotWrite) {
-    MemoryTree tree;
+    BareTree tree;
     tree.AddSetting("<UPD> 1</UPD>");
     Lay(tree);
     folder.Write(std::string(defaultsPath) + ".unfinished/mine.txt", "mine");
