@@ -65,9 +65,9 @@ mapfile -t processors < <(taskset -cp $$ | sed 's/.*: //' | tr , '\n' |
     while IFS=- read -r first last; do seq "$first" "${last:-$first}"; done)
 
 # stay_on_processor INDEX: keeps this shell, and what it starts from now on, to one of them, counted from the one that
-# FIRST_PROCESSOR names where suites run beside each other. A program and the server of
-# its prefix take turns thousands of times a second: on two processors each has to wake the other's up first, which costs
-# a virtual machine more than all the rest.
+# FIRST_PROCESSOR names where suites run beside each other. A program and the server of its prefix take turns thousands of
+# times a second: on two processors each has to wake the other's up first, which costs a virtual machine more than all the
+# rest.
 stay_on_processor() {
     local index=$((($1 + ${FIRST_PROCESSOR:-0}) % ${#processors[@]}))
     taskset -cp "${processors[index]}" "$BASHPID" > /dev/null

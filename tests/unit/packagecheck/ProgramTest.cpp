@@ -125,8 +125,8 @@ TEST_F(ProgramTest, ChangesWithoutAskingWhereItIsTold) {
     EXPECT_THAT(folder.Read(defaultsPath), HasSubstr("<UPD>1</UPD>"));
 }
 
-// What is in the way of the new file is a folder.
-// What is wrong in the package itself would not be an error.
+// What is in the way of the new file is a folder. The package itself has warnings alone, whose code is
+// another one.
 TEST_F(ProgramTest, SaysWhichFileItCannotWrite) {
     BareTree tree;
     tree.AddSetting("<UPD> 1</UPD>");
