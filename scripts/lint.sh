@@ -44,7 +44,8 @@ tidy() { python3 scripts/run-tidy.py build/windows; }
 # folder until the source or a header of it changes.
 static_analysis() {
     mkdir -p build/cppcheck
-    cppcheck --quiet --error-exitcode=1 --std=c++20 --language=c++ --inline-suppr -j "$(nproc)" --cppcheck-build-dir=build/cppcheck \
+    cppcheck --quiet --error-exitcode=1 --std=c++20 --language=c++ --inline-suppr -j "$(nproc)" \
+        --cppcheck-build-dir=build/cppcheck \
         --enable=warning,performance,portability --suppress=passedByValue --suppress=missingIncludeSystem --suppress=unknownMacro \
         --suppress=danglingTemporaryLifetime:tests/fakes/NpaPacket.cpp \
         --suppress=danglingLifetime:tests/windows/ports/DriverConfigFileTest.cpp --suppress=ignoredReturnValue:tests/bench/* \
