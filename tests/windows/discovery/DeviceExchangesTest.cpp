@@ -123,6 +123,18 @@ TEST_F(DeviceExchangesTest, TellOfAReplyThatIsShorterThanItSays) {
     EXPECT_THAT(BasicLog(), Contains(Record(L"ERROR", L"The reply of the device 10.0.0.1 cannot be read")));
 }
 
+TEST_F(DeviceExchangesTest, ReadNoFaxFromAByteThatTheLibraryHasNotWritten) {
+    Npa::Bytes reply = Npa::FaxReply(1);
+    const std::wstring whole = std::to_wstring(reply.size());
+    reply.pop_back();
+    AddDeviceWith(L"10.0.0.1", reply);
+    Script({L"device", L"10.0.0.1", L"required", whole});
+    RunOnce();
+    EXPECT_THAT(FaxFlags(), ElementsAre(false));
+    EXPECT_THAT(BasicLog(),
+                Not(Contains(Record(L"ERROR", L"The reply of the device 10.0.0.1 cannot be read"))));
+}
+
 TEST_F(DeviceExchangesTest, AskForRoomForAReplyOnce) {
     AddDeviceWith(L"10.0.0.1", Npa::FaxReply(1));
     Script({L"device", L"10.0.0.1", L"again"});

@@ -215,6 +215,25 @@ INSTANTIATE_TEST_SUITE_P(Devices, SelectionTextTest,
                                          SelectionCase{false, true, L"SELECT_PRINT_TEXT"},
                                          SelectionCase{false, false, L"SELECT_PRINT_TEXT"}));
 
+LRESULT CALLBACK NoteShowing(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                             DWORD_PTR notes) {
+    if (message == WM_SHOWWINDOW) reinterpret_cast<std::vector<bool>*>(notes)->push_back(wParam != 0);
+    return DefSubclassProc(control, message, wParam, lParam);
+}
+
+// The page's picture shows through the text, so what stood there before has to go.
+TEST_F(DiscoveryDlgTest, HidesTheFormerTextOfTheSelectionBeforeItShowsTheNewOne) {
+    Show();
+    Deliver({{.series = L"A", .address = L"10.0.0.1"}, {.series = L"B", .address = L"10.0.0.2"}});
+    std::vector<bool> notes;
+    const HWND text = At(IDC_DISCOVERY_SELECTION_TEXT);
+    SetWindowSubclass(text, &NoteShowing, 1, reinterpret_cast<DWORD_PTR>(&notes));
+    Select(1);
+    RemoveWindowSubclass(text, &NoteShowing, 1);
+    EXPECT_THAT(notes, testing::Contains(false));
+    EXPECT_TRUE(!notes.empty() && notes.back());
+}
+
 TEST_F(DiscoveryDlgTest, LetsTheLastDeviceWithAnAddressSpeakForIt) {
     Show();
     Deliver({{.series = L"A", .address = L"10.0.0.1", .isMultiFunction = true},

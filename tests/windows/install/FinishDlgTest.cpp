@@ -1,8 +1,12 @@
+#include <windows.h>
+
+#include "CommonLib/Logger.h"
 #include "install/FinishDlg.h"
 #include "resources/resource.h"
 #include "settings/TagNames.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/DialogUser.h"
+#include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
 
@@ -50,6 +54,21 @@ TEST_F(FinishDlgTest, OffersTheLogsWhereALineHasFailedBeforeOneThatIsNotSupporte
     EXPECT_EQ(Header(), L"Installed.");
     EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"NOT_SUPPORTED");
     EXPECT_NE(GetWindowLongPtrW(page.GetDlgItem(IDC_FINISH_ERROR_LINK), GWL_STYLE) & WS_VISIBLE, 0);
+}
+
+TEST_F(FinishDlgTest, StillOffersTheLogsOnceTheyHaveBeenOpened) {
+    static std::wstring opened;
+    const PatchedImport shell(
+        "ShellExecuteW", +[](HWND, LPCWSTR, LPCWSTR target, LPCWSTR, LPCWSTR, INT) {
+            opened = target;
+            return reinterpret_cast<HINSTANCE>(INT_PTR{33});
+        });
+    Settings().SetString(Tag::APP_INSTALLATION_STATUS, L"<App 0><NAME>Ink</NAME><STATUS>1</STATUS></App 0>");
+    Header();
+    const HWND link = page.GetDlgItem(IDC_FINISH_ERROR_LINK);
+    page.SendMessage(WM_COMMAND, IDC_FINISH_ERROR_LINK, reinterpret_cast<LPARAM>(link));
+    EXPECT_EQ(opened, Logger::GetInstance().GetLogFolder());
+    EXPECT_NE(GetWindowLongPtrW(link, GWL_STYLE) & WS_VISIBLE, 0);
 }
 
 TEST_F(FinishDlgTest, HasNothingThatEnterCouldClickUnseen) {

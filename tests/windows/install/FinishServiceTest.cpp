@@ -78,6 +78,27 @@ TEST_F(FinishServiceTest, TakesTheLongestNameThatIsAFile) {
     EXPECT_TRUE(HasStarted(L"two"));
 }
 
+std::wstring startedProgram;
+std::wstring startedLine;
+
+BOOL WINAPI NoteStart(LPCWSTR program, LPWSTR line, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD,
+                      LPVOID, LPCWSTR, LPSTARTUPINFOW, LPPROCESS_INFORMATION process) {
+    startedProgram = program;
+    startedLine = line;
+    process->hProcess = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    return TRUE;
+}
+
+// The system finds a file by its name with a blank after it too.
+TEST_F(FinishServiceTest, TakesNoBlankForThePartOfAName) {
+    const PatchedImport start("CreateProcessW", &NoteStart);
+    Settings().AppendStartApp(L"program.exe  /quiet;");
+    EXPECT_EQ(FinishService(Settings()).DoRun(), 0U);
+    const std::wstring program = folder.Path() + L"\\program.exe";
+    EXPECT_EQ(startedProgram, program);
+    EXPECT_EQ(startedLine, L"\"" + program + L"\"  /quiet");
+}
+
 // The program's own argument is what fails if its path came in pieces.
 TEST_F(FinishServiceTest, StartsAProgramInAFolderWithBlanks) {
     std::filesystem::create_directories(folder / L"John Doe");

@@ -182,6 +182,14 @@ TEST_F(ReturnToProgressTest, LeavesTheFocusOnTheButtonThatHasIt) {
     EXPECT_EQ(FocusAfterCancel(button), button);
 }
 
+// Every step of the bar is followed by a paint.
+TEST_F(ReturnToProgressTest, LeavesTheFocusOnTheButtonWhileItCanBePressed) {
+    const HWND button = page.GetDlgItem(IDCANCEL);
+    SetFocus(button);
+    page.SendMessage(WM_PAINT);
+    EXPECT_EQ(GetFocus(), button);
+}
+
 TEST_F(ReturnToProgressTest, GivesTheFocusBackWhereNothingHasIt) {
     EXPECT_EQ(FocusAfterCancel(nullptr), page.GetDlgItem(IDC_PROGRESS_STATUS_LINE));
 }

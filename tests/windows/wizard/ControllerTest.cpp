@@ -276,6 +276,13 @@ TEST_F(ControllerTest, EndsWithoutAQuestionFromAFinishPage) {
     EXPECT_EQ(restarts, 0);
 }
 
+TEST_F(ControllerTest, AsksNothingOnceTheRunIsOverThatThePageShows) {
+    Walk({Page(PageRole::Ordinary), Page(PageRole::Progress), Page(PageRole::CoreFinish)}, 1);
+    EXPECT_FALSE(controller.Cancel(false));
+    EXPECT_EQ(Settings().GetString(Tag::INSTALL_STATUS), L"");
+    EXPECT_EQ(ends, 0);
+}
+
 TEST_F(ControllerTest, AsksNothingOnAFinishPageWhereTheCancelIsForced) {
     Walk(ClosingPages(), 1);
     EXPECT_TRUE(controller.Cancel(true));
