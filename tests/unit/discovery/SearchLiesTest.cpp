@@ -101,6 +101,17 @@ TEST_F(SearchLiesTest, AnAnswerOfMulticastDnsFromElsewhereCountsForNothing) {
                 IsEmpty());
 }
 
+TEST_F(SearchLiesTest, AnAnswerOfMulticastDnsByALinkThatIsNotThereCountsForNothing) {
+    EXPECT_THAT(SearchWith(
+                    [](const Datagram& answer) {
+                        Datagram other = answer;
+                        other.link = SimulatedNetwork::NeighbourPlan().links.size();
+                        return Answers{other};
+                    },
+                    false),
+                IsEmpty());
+}
+
 TEST_F(SearchLiesTest, WhatIsCutOffCountsForNothing) {
     EXPECT_THAT(SearchWith([](const Datagram& answer) {
                     Datagram other = answer;

@@ -36,7 +36,7 @@ TEST_F(SearchTest, FindsWhoAnswersSnmp) {
                  .answersSnmp = true,
                  .hardwareAddress = {2, 0, 0, 0, 0, 7},
                  .colorants = {"black", "cyan"},
-                 .deviceId = "MFG:Halvenny;MDL:Loom 340c;CLS:PRINTER,SCANNER;",
+                 .deviceIds = {"MFG:Halvenny;MDL:Loom 340c;CLS:PRINTER,SCANNER;"},
                  .hasModem = true});
     const auto devices = SearchNeighbours();
     ASSERT_THAT(AddressesOf(devices), ElementsAre("192.0.2.10"));
@@ -45,6 +45,16 @@ TEST_F(SearchTest, FindsWhoAnswersSnmp) {
     EXPECT_EQ(devices[0].isColour, true);
     EXPECT_EQ(devices[0].hasFax, true);
     EXPECT_EQ(devices[0].canScan, true);
+}
+
+TEST_F(SearchTest, TakesTheFirstIdOfADeviceThatSaysAnything) {
+    network.Add({.address = "192.0.2.10",
+                 .answersSnmp = true,
+                 .deviceIds = {"", "MFG:Halvenny;MDL:Loom 340c;", "CLS:SCANNER;"}});
+    const auto devices = SearchNeighbours();
+    ASSERT_THAT(devices, SizeIs(1));
+    EXPECT_EQ(devices[0].name.model, "Loom 340c");
+    EXPECT_EQ(devices[0].canScan, std::nullopt);
 }
 
 TEST_F(SearchTest, TakesNothingButAnAddressForThatOfTheHardware) {

@@ -38,7 +38,8 @@ std::map<Oid, Bytes> BaseOf(const SimulatedDevice& device) {
     base[Row(deviceType, {1})] = wire::OidValue(printerType);
     base[Row(deviceDescription, {1})] = wire::OctetValue(device.maker + " " + device.model);
     if (device.hasModem) base[Row(deviceType, {2})] = wire::OidValue(modemType);
-    if (!device.deviceId.empty()) base[Row(deviceId, {1})] = wire::OctetValue(device.deviceId);
+    for (std::uint32_t row = 0; row < device.deviceIds.size(); ++row)
+        base[Row(deviceId, {row + 1})] = wire::OctetValue(device.deviceIds[row]);
     base[Row(hardwareAddress, {1})] = wire::OctetValue("");
     if (!device.hardwareAddress.empty())
         base[Row(hardwareAddress, {2})] = wire::OctetValue(device.hardwareAddress);

@@ -28,7 +28,8 @@ struct SimulatedDevice {
     std::vector<std::string> colorants{"black"};
     // Further strings of the TXT record.
     std::vector<std::string> texts;
-    std::string deviceId;
+    // One of each of its interfaces.
+    std::vector<std::string> deviceIds;
     bool hasModem = false;
     // How long it takes to answer.
     discovery::Time delay{3};

@@ -177,6 +177,11 @@ TEST(KnownTagsTest, FindTheNearestName) {
     EXPECT_EQ(packagecheck::NearestName(L"OME", std::array{std::wstring_view(L"OEM")}), L"OEM");
     EXPECT_EQ(packagecheck::NearestName(L"HIDE_SE", names), L"");
     EXPECT_EQ(packagecheck::NearestName(std::wstring(100'000, L'H'), names), L"");
+    for (const std::size_t length : {64U, 65U}) {
+        const std::wstring name(length, L'H');
+        const std::wstring_view longName[] = {name};
+        EXPECT_EQ(packagecheck::NearestName(name + L"H", longName), length == 64 ? name : L"");
+    }
 }
 
 }  // namespace

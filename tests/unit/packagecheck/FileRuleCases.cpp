@@ -90,6 +90,8 @@ std::vector<RuleCase> FileRuleCases() {
          [](MemoryTree& tree) { tree.files[communityPath] = "private"; }},
         {"community-text", [](MemoryTree& tree) { tree.files[communityPath] = "\xEF\xBB\xBFprivate"; },
          [](MemoryTree& tree) { tree.files[communityPath] = "two words"; }},
+        {"community-text", [](MemoryTree& tree) { tree.files[communityPath] = "a\x7F"; },
+         [](MemoryTree& tree) { tree.files[communityPath] = "~a~"; }},
         {"program-missing", [](MemoryTree& tree) { tree.files.erase("Setup/x64/Kestrune.exe"); },
          [](MemoryTree& tree) {
              tree.files.erase("Setup/x64/Kestrune.exe");

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <random>
+
 #include "tests/unit/packagecheck/MemoryTree.h"
 #include "tools/PackageCheck/Fixes.h"
 #include "tools/PackageCheck/TextDiff.h"
@@ -43,6 +46,8 @@ TEST(FixesTest, WriteUtf16AsUtf8) {
     EXPECT_EQ(FixedBytes("\xFF\xFE<\0\xE4\0\x3D\xD8\xA8\xDD"s, TextKind::Language),
               "<\xC3\xA4\xF0\x9F\x96\xA8");
     EXPECT_EQ(FixedBytes("\xFE\xFF\0<\0\xE4"s, TextKind::Language), "<\xC3\xA4");
+    EXPECT_EQ(FixedBytes("\0<\0A\x20\xAC\0>"s, TextKind::Language), "<A\xE2\x82\xAC>");
+    EXPECT_EQ(FixedBytes("<\0A\0\xAC\x20>\0"s, TextKind::Language), "<A\xE2\x82\xAC>");
 }
 
 TEST(FixesTest, LeaveWhatIsInACodePage) {
@@ -97,6 +102,47 @@ TEST(TextDiffTest, ShowsNoControlCharacterButATab) {
 TEST(TextDiffTest, KeepsAsManyLinesAsItCan) {
     EXPECT_THAT(UnifiedDiff("a", "1\n2\n3\n4\n", "3\n1\n2\n4\n"),
                 testing::EndsWith("\n+3\n 1\n 2\n-3\n 4\n"));
+}
+
+// The length of the longest sequence of lines that both texts have, found by trying every one of them.
+std::size_t MostCommonLines(std::string_view before, std::string_view after) {
+    if (before.empty() || after.empty()) return 0;
+    const std::size_t without = MostCommonLines(before.substr(1), after);
+    const std::size_t place = after.find(before.front());
+    if (place == std::string_view::npos) return without;
+    return std::max(without, 1 + MostCommonLines(before.substr(1), after.substr(place + 1)));
+}
+
+// How many lines have that sign, but for the one of the head.
+std::size_t ChangedLines(std::string_view diff, char sign) {
+    std::size_t count = 0;
+    for (std::size_t end = diff.find('\n'); end + 1 < diff.size(); end = diff.find('\n', end + 1))
+        count += diff[end + 1] == sign ? 1 : 0;
+    return sign == '+' ? count - 1 : count;
+}
+
+std::string AsLines(std::string_view letters) {
+    std::string lines;
+    for (const char letter : letters) lines += std::string(1, letter) + "\n";
+    return lines;
+}
+
+TEST(TextDiffTest, KeepsAsManyLinesAsTrialShows) {
+    std::mt19937 random(7);
+    const auto some = [&random] {
+        std::string letters(random() % 9, 'a');
+        for (char& letter : letters) letter = static_cast<char>('a' + random() % 4);
+        return letters;
+    };
+    for (int count = 0; count < 500; ++count) {
+        const std::string before = some();
+        const std::string after = some();
+        const std::string diff = UnifiedDiff("a", AsLines(before), AsLines(after));
+        if (before == after) continue;
+        const std::size_t common = MostCommonLines(before, after);
+        EXPECT_EQ(ChangedLines(diff, '-'), before.size() - common) << before << " " << after;
+        EXPECT_EQ(ChangedLines(diff, '+'), after.size() - common) << before << " " << after;
+    }
 }
 
 TEST(TextDiffTest, HasNothingToShowOfEqualTexts) {

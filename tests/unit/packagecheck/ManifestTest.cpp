@@ -117,6 +117,15 @@ TEST(ManifestDataTest, TakesTheHighestVersionWhereverItStands) {
     EXPECT_EQ(DataOf(tree).version, "2.10.0");
 }
 
+TEST(ManifestDataTest, TakesNumbersWithPointsBetweenThemForAVersion) {
+    for (const wchar_t* const version : {L"1..2", L".1", L"1.", L"1.a"}) {
+        CodedTree tree;
+        tree.Set(applicationPath, L"ProductVersion", version);
+        tree.Set(driverPath, L"ProductVersion", L"0.1");
+        EXPECT_EQ(DataOf(tree).version, "0.1");
+    }
+}
+
 TEST(ManifestDataTest, NamesTheVendorOnce) {
     CodedTree tree;
     tree.Replace(defaultsPath, "<PRODUCT_NAME>Loom<", "<PRODUCT_NAME>Halvenny Loom<");
@@ -153,12 +162,12 @@ TEST(ManifestDataTest, HasNothingToSayOfASilentPackage) {
 
 TEST(ManifestDataTest, KnowsLanguagesByTheirTags) {
     CodedTree tree;
-    for (const std::string code : {"de", "nl_nz", "pt_BR", "sr_Latn", "x y", "xx_"})
+    for (const std::string code : {"de", "ga_za", "nl_nz", "pt_BR", "sr_Latn", "x y", "xx_"})
         tree.files["Setup/res/" + code + "_strings.xml"] = "<WELCOME_TEXT>^OEM^!</WELCOME_TEXT>";
     const ManifestData data = DataOf(tree);
     std::vector<std::string> tags;
     for (const auto& locale : data.locales) tags.push_back(locale.tag);
-    EXPECT_THAT(tags, ElementsAre("en-US", "de", "nl-NZ", "pt-BR", "sr-Latn"));
+    EXPECT_THAT(tags, ElementsAre("en-US", "de", "ga-ZA", "nl-NZ", "pt-BR", "sr-Latn"));
     EXPECT_EQ(data.locales.back().description, "Halvenny!");
     for (const char* const file : {"x y_strings.xml", "xx__strings.xml"})
         EXPECT_THAT(data.notes, testing::Contains(HasSubstr(file)));

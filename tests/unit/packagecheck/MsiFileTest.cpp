@@ -114,15 +114,25 @@ TEST(MsiContentsTest, SurvivesFoldersThatAreTheirOwnParents) {
     EXPECT_EQ(contents.files[2].folder, L"");
 }
 
-TEST(MsiContentsTest, SurvivesAnyDepthOfFolders) {
+// The folder of the one file that the database then has.
+std::wstring FolderBelow(int count) {
     ScriptedDatabase database;
     database.rows["Directory"].push_back({L"0", L"", L"root"});
-    for (int i = 1; i < 20'000; ++i) {
+    for (int i = 1; i <= count; ++i) {
         database.rows["Directory"].push_back({std::to_wstring(i), std::to_wstring(i - 1), L"d"});
     }
-    database.rows["Component"] = {{L"X", L"19999"}};
+    database.rows["Component"] = {{L"X", std::to_wstring(count)}};
     database.rows["File"] = {{L"X", L"x.exe"}};
-    EXPECT_EQ(ReadContents(database).files.size(), 1U);
+    return ReadContents(database).files.at(0).folder;
+}
+
+TEST(MsiContentsTest, JoinsAThousandFoldersAndNoMore) {
+    EXPECT_EQ(FolderBelow(3), L"d\\d\\d");
+    for (const int count : {1'000, 1'001}) EXPECT_EQ(FolderBelow(count).size(), 2 * 1'000 - 1U);
+}
+
+TEST(MsiContentsTest, SurvivesAnyDepthOfFolders) {
+    EXPECT_FALSE(FolderBelow(20'000).empty());
 }
 
 TEST(MsiContentsTest, FindsPropertiesInBrackets) {

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
+#include <cctype>
 #include <filesystem>
 #include <regex>
 #include <set>
@@ -55,6 +57,28 @@ TEST_F(NewPackageTest, HasCodesOfItsOwn) {
     EXPECT_EQ(codes.size(), 6U);
     codes.merge(CodesIn(folder, "second"));
     EXPECT_EQ(codes.size(), 12U);
+}
+
+// Of the bits of a code six say its kind, and in so many codes each of the others is set here and not there.
+TEST_F(NewPackageTest, LeavesTheCodesToChance) {
+    std::set<std::string> codes;
+    for (int count = 0; count < 12; ++count) {
+        const std::string path = "number" + std::to_string(count);
+        ASSERT_EQ(Make(folder.Path() + "/" + path), 0);
+        codes.merge(CodesIn(folder, path));
+    }
+    std::array<int, 128> set{};
+    for (const std::string& code : codes) {
+        // No part of it is another one again.
+        EXPECT_NE(code.substr(21, 3) + code.substr(25, 4), code.substr(30, 7));
+        std::size_t bit = 0;
+        for (const char digit : code) {
+            if (std::isxdigit(static_cast<unsigned char>(digit)) == 0) continue;
+            const int value = std::stoi(std::string(1, digit), nullptr, 16);
+            for (int mask = 8; mask != 0; mask /= 2) set.at(bit++) += (value & mask) != 0 ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(std::ranges::count(set, 0) + std::ranges::count(set, static_cast<int>(codes.size())), 6);
 }
 
 TEST_F(NewPackageTest, HasItsLicencesInTheirCodePage) {

@@ -57,6 +57,8 @@ TEST(JsonOutputTest, WritesPlacesWhereThereAreSome) {
     std::ostringstream out;
     packagecheck::WriteJson(out, SomeFindings(), "out/package");
     const json document = json::parse(out.str());
+    EXPECT_EQ(document["version"], 1);
+    EXPECT_EQ(document["package"], "out/package");
     EXPECT_EQ(document["errors"], 1);
     EXPECT_EQ(document["warnings"], 2);
     EXPECT_FALSE(document["findings"][0].contains("file"));

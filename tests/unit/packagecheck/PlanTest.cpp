@@ -278,12 +278,43 @@ TEST_F(PlanTest, IsWrittenAsText) {
     tree.packages[applicationPath].properties[L"STARTAPP"] = L"Monitor.exe;";
     std::ostringstream out;
     packagecheck::WritePlanText(out, Make());
+    EXPECT_THAT(out.str(), testing::StartsWith("A run with pages\n"));
     EXPECT_THAT(out.str(), HasSubstr("  Welcome                               shown\n"));
     EXPECT_THAT(out.str(),
                 HasSubstr("  Manufacturer                          hidden, since SHOW_MANUFACTURERS"));
     EXPECT_THAT(out.str(), HasSubstr("  Applications/x64/Monitor.msi  Halvenny Monitor 1.0.0\n"
                                      "      install (it is not installed)\n"));
     EXPECT_THAT(out.str(), HasSubstr("C:\\Program Files\\Halvenny\\Monitor.exe\n"));
+}
+
+TEST_F(PlanTest, SaysFirstThatARunIsSilent) {
+    tree.AddSetting("<SILENT_INSTALL>true</SILENT_INSTALL><HIDE_DISCOVERY>true</HIDE_DISCOVERY>");
+    std::ostringstream text;
+    packagecheck::WritePlanText(text, Make());
+    EXPECT_THAT(text.str(), testing::StartsWith("A silent run\n"));
+    std::ostringstream page;
+    packagecheck::WritePlanPage(page, Make(), "folder");
+    EXPECT_THAT(page.str(), HasSubstr("<h1>A silent run</h1>"));
+}
+
+std::size_t CountOf(std::string_view text, std::string_view part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+    return count;
+}
+
+TEST_F(PlanTest, ClosesEveryListOfItsPage) {
+    for (const bool isSilent : {false, true}) {
+        if (isSilent)
+            tree.AddSetting("<SILENT_INSTALL>true</SILENT_INSTALL><HIDE_DISCOVERY>true</HIDE_DISCOVERY>");
+        const Plan plan = Make();
+        EXPECT_EQ(plan.obstacles.empty(), isSilent);
+        std::ostringstream out;
+        packagecheck::WritePlanPage(out, plan, "folder");
+        EXPECT_EQ(CountOf(out.str(), "<ul"), CountOf(out.str(), "</ul>")) << out.str();
+        EXPECT_EQ(CountOf(out.str(), "<ol"), CountOf(out.str(), "</ol>"));
+        EXPECT_EQ(CountOf(out.str(), "What stops a silent run"), isSilent ? 0U : 1U);
+    }
 }
 
 TEST_F(PlanTest, WritesOutWhatATerminalWouldObey) {

@@ -72,6 +72,13 @@ TEST(SourceTextTest, SplitsNothingWhereNoCharacterBeginsAtTheEndOfAPiece) {
     EXPECT_EQ(settings.Flaws().front().position, (Position{.line = 1, .column = 2045}));
 }
 
+// Three bytes that only look like a character, and are all there.
+TEST(SourceTextTest, SplitsNothingWhereTheLastCharacterOfAPieceIsWhole) {
+    const SourceText settings(std::string(2044, 'x') + "\xE0\x80\x80" + "y", Decoding::Pieces);
+    ASSERT_EQ(settings.Flaws().size(), 1U);
+    EXPECT_EQ(settings.Flaws().front().kind, FlawKind::NotUtf8);
+}
+
 TEST(SourceTextTest, SplitsNoCharacterOfALanguage) {
     const SourceText language(std::string(2046, 'x') + "\xC3", Decoding::Whole);
     ASSERT_EQ(language.Flaws().size(), 1U);
@@ -90,6 +97,11 @@ TEST(SourceTextTest, EndsAtTheEndMark) {
     EXPECT_EQ(source.Text(), L"ab");
     EXPECT_EQ(source.Flaws().front().kind, FlawKind::EndMark);
     EXPECT_EQ(source.Flaws().front().position, (Position{.line = 1, .column = 3}));
+}
+
+TEST(SourceTextTest, FindsTheEndMarkOnALineOfItsOwn) {
+    const SourceText source("a\nb\n\x1A", Decoding::Pieces);
+    EXPECT_EQ(source.Flaws().front().position, (Position{.line = 3, .column = 1}));
 }
 
 }  // namespace

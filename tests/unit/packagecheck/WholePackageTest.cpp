@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "settings/TagNames.h"
 #include "tests/unit/packagecheck/BinaryFiles.h"
 #include "tests/unit/packagecheck/MemoryTree.h"
@@ -31,6 +33,24 @@ TEST(WholePackageTest, NamesThePlaceInTheRightFile) {
     EXPECT_THAT(Described(FindingsOf(tree)),
                 testing::ElementsAre("device-tag-unknown Setup/PackageUserSettings.xml:2:68",
                                      "flag-value Setup/defaultInstallSettings.xml:14:1"));
+}
+
+TEST(WholePackageTest, NamesThePlaceOfAByteThatIsWrong) {
+    const std::string licence = "Notices/EULA/EULA_en.txt";
+    MemoryTree tree;
+    tree.files[licence] = "\xEF\xBB\xBFtext";
+    EXPECT_THAT(Described(FindingsOf(tree)), testing::ElementsAre("licence-code-page " + licence + ":1:1"));
+    tree.files[licence] = "text\r\nte\x81xt";
+    EXPECT_THAT(Described(FindingsOf(tree)), testing::ElementsAre("licence-code-page " + licence + ":2:3"));
+}
+
+TEST(WholePackageTest, NamesThePlaceOfAByteOrderMarkThatWasConverted) {
+    MemoryTree tree;
+    tree.AddText("<OEM>\xC3\xAF\xC2\xBB\xC2\xBF</OEM>");
+    const auto line = std::ranges::count(tree.files[englishPath], '\n') - 1;
+    EXPECT_THAT(Described(FindingsOf(tree)),
+                testing::Contains("file-start-marker " + std::string(englishPath) + ":" +
+                                  std::to_string(line) + ":6"));
 }
 
 TEST(WholePackageTest, ChecksTheValueThatCounts) {

@@ -111,6 +111,7 @@ TEST(PrinterDeviceTest, SpeaksLprWhereThePackageOrTheDeviceSaysSo) {
         ReadOne(fields + L"<PROTOCOL>RAW</PROTOCOL><PORT_NUMBER>9101</PORT_NUMBER>", {.protocol = L"LPR"})
             .port.number,
         9101U);
+    EXPECT_EQ(ReadOne(fields + L"<PORT_NUMBER>65535</PORT_NUMBER>").port.number, 65535U);
 }
 
 TEST(PrinterDeviceTest, PrefersItsOwnLocationAndCommentToThoseOfThePackage) {

@@ -9,8 +9,11 @@ using printerqueue::DeedKind;
 using printerqueue::Ledger;
 using printerqueue::PrinterDevice;
 using printerqueue::SpoolerState;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
 
 namespace {
 
@@ -20,6 +23,7 @@ TEST_F(PrinterRollBackTest, RestoresAQueueThatItHadChanged) {
     EXPECT_EQ(Install({Device(L"Old", L"10.0.0.1")}), 0);
     RollBackSetUp();
     ExpectUntouched();
+    EXPECT_THAT(report.texts, Not(Contains(HasSubstr(L"stays behind"))));
     EXPECT_EQ(Install({Device(L"Old", L"10.0.0.1")}), 0);
     EXPECT_EQ(Remove(), 0);
     ExpectUntouched();
@@ -127,6 +131,19 @@ TEST_F(PrinterRollBackTest, BringsBackWhatARemovalTookAway) {
     EXPECT_THAT(spooler.state.drivers, testing::UnorderedElementsAreArray(before.drivers));
     EXPECT_EQ(spooler.state.defaultQueue, L"New");
     EXPECT_EQ(store.ledger, ledgerBefore);
+}
+
+// Between the removal and its roll-back somebody has made the one printer anew, and removed the other.
+TEST_F(PrinterRollBackTest, LeavesWhatSomebodyHasDoneToThePrintersSinceTheRemoval) {
+    EXPECT_EQ(Install({Device(L"New", L"10.0.0.1"), Device(L"Old", L"10.0.0.1")}), 0);
+    Commit();
+    EXPECT_EQ(Remove(), 0);
+    spooler.state.queues = {{.name = L"New", .port = L"LPT1:", .driver = L"Class A"}};
+    const SpoolerState before = spooler.state;
+    report.texts.clear();
+    RollBackRemoval();
+    EXPECT_EQ(spooler.state.queues, before.queues);
+    EXPECT_THAT(report.texts, IsEmpty());
 }
 
 }  // namespace
