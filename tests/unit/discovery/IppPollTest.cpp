@@ -49,6 +49,14 @@ TEST_F(IppPollTest, TellsThatAPrinterHasAnswered) {
     EXPECT_EQ(Printers().front().uuid, "a-b");
 }
 
+TEST_F(IppPollTest, TakesThePrintersWordForWhatElseItCanDo) {
+    poll.Ask(host, {});
+    EXPECT_TRUE(Answer(Due().front().number, wire::IppAttribute(0x44, "ipp-features-supported", "scan")));
+    ASSERT_THAT(Printers(), SizeIs(1));
+    EXPECT_EQ(Printers().front().canScan, true);
+    EXPECT_EQ(Printers().front().hasFax, std::nullopt);
+}
+
 TEST_F(IppPollTest, SpeaksOfAnAddressOfIpV6InBracketsAndWithoutItsZone) {
     poll.Ask(NetworkAddress::FromText(L"fe80::7%2").value(), {});
     EXPECT_THAT(Due().front().request, testing::HasSubstr("Host: [fe80::7]:631\r\n"));

@@ -14,7 +14,7 @@ void PutBigEndian(std::string& bytes, std::uint32_t number) {
         bytes += static_cast<char>(number >> static_cast<unsigned>(shift));
 }
 
-// The one section of the library lies in the file at this position, and at this address in memory.
+// The section with the exports lies in the file at this position, and at this address in memory.
 constexpr std::uint32_t sectionPosition = 0x200;
 constexpr std::uint32_t sectionAddress = 0x1000;
 
@@ -26,12 +26,14 @@ std::string MakeLibrary(const std::vector<std::string>& exports, std::uint32_t m
     Put(bytes, 0x3C, header);
     Put(bytes, header, 0x00004550);
     Put(bytes, header + 4, machine, 2);
-    Put(bytes, header + 6, 1, 2);        // sections
+    Put(bytes, header + 6, 2, 2);        // sections
     Put(bytes, header + 20, 0xF0, 2);    // size of the optional header
     Put(bytes, header + 22, 0x2000, 2);  // a library
     Put(bytes, header + 24, 0x20B, 2);
     Put(bytes, header + 24 + 112, sectionAddress);
-    const std::size_t section = header + 24 + 0xF0;
+    const std::size_t emptySection = header + 24 + 0xF0;
+    Put(bytes, emptySection + 12, 2 * sectionAddress);
+    const std::size_t section = emptySection + 40;
     Put(bytes, section + 12, sectionAddress);
     Put(bytes, section + 16, 0x1000);
     Put(bytes, section + 20, sectionPosition);

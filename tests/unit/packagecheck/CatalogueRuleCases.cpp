@@ -113,6 +113,15 @@ std::vector<RuleCase> CatalogueRuleCases() {
          [](MemoryTree& tree) { Value(tree, L"STARTAPP") = L"Monitor\\MONITOR -a \"b c\";Mono\\Mono.exe;"; }},
         {"startapp-no-file", [](MemoryTree& tree) { Value(tree, L"STARTAPP") = L"Moniter.exe  -a ;"; },
          [](MemoryTree& tree) { Value(tree, L"STARTAPP") = L"Monitor\\Monitor.exe  -a;Mono\\Mono.exe ;"; }},
+        {"startapp-no-file", [](MemoryTree& tree) { Value(tree, L"STARTAPP") = L" Moniter.exe;"; },
+         [](MemoryTree& tree) {
+             Value(tree, L"STARTAPP") = L"Monitor.exe " + std::wstring(2'000 - 12, L'x') + L";";
+         }},
+        {"startapp-no-file",
+         [](MemoryTree& tree) {
+             Value(tree, L"STARTAPP") = L"Monitor.exe " + std::wstring(2'001 - 12, L'x') + L";";
+         },
+         [](MemoryTree& tree) { Value(tree, L"STARTAPP") = L"Monitor.exe;"; }},
         {"device-type", [](MemoryTree& tree) { Value(tree, L"DEVICETYPE") = L"Scanner"; },
          [](MemoryTree& tree) { Value(tree, L"DEVICETYPE") = L"SCANNER"; }},
         {"app-type", [](MemoryTree& tree) { Value(tree, L"APPTYPE") = L"NimboJet"; },

@@ -50,6 +50,13 @@ TEST(FixesTest, WriteUtf16AsUtf8) {
     EXPECT_EQ(FixedBytes("<\0A\0\xAC\x20>\0"s, TextKind::Language), "<A\xE2\x82\xAC>");
 }
 
+// A second half of a character without its first one.
+TEST(FixesTest, WriteASignForHalfACharacter) {
+    EXPECT_EQ(FixedBytes("\xFF\xFE\xA8\xDD<\0"s, TextKind::Language), "\xEF\xBF\xBD<");
+    EXPECT_EQ(FixedBytes("\xFF\xFE\x3D\xD8\xA8\xDD\xA8\xDD"s, TextKind::Language),
+              "\xF0\x9F\x96\xA8\xEF\xBF\xBD");
+}
+
 TEST(FixesTest, LeaveWhatIsInACodePage) {
     EXPECT_EQ(FixedBytes("<UPD> M\xFC</UPD>", TextKind::Defaults), "<UPD> M\xFC</UPD>");
 }

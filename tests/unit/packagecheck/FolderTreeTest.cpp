@@ -45,6 +45,18 @@ TEST_F(FolderTreeTest, ReadsAPackageOrSaysWhyNot) {
     EXPECT_NE(bad.error, "");
 }
 
+#ifndef _WIN32
+TEST_F(FolderTreeTest, LeavesTheRightsOfAFileAsTheyWere) {
+    using std::filesystem::perms;
+    folder.Write("a.txt", "old");
+    const auto rights = perms::owner_read | perms::owner_write | perms::others_read;
+    std::filesystem::permissions(folder.Path() + "/a.txt", rights);
+    EXPECT_TRUE(tree.Write("a.txt", "new"));
+    EXPECT_EQ(folder.Read("a.txt"), "new");
+    EXPECT_EQ(std::filesystem::status(folder.Path() + "/a.txt").permissions(), rights);
+}
+#endif
+
 // What is in the way of the file is a folder.
 TEST_F(FolderTreeTest, LeavesNothingBesideAFileThatItCannotReplace) {
     folder.Write("a/inside.txt", "mine");

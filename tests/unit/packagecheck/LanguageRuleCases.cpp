@@ -19,6 +19,11 @@ void CopyLanguage(MemoryTree& tree, const std::string& code, const std::string& 
     tree.Replace("Setup/res/" + code + "_strings.xml", "1033", id);
 }
 
+void CopyFromRight(MemoryTree& tree, const std::string& code, const std::string& id) {
+    CopyLanguage(tree, code, id);
+    tree.Replace("Setup/res/" + code + "_strings.xml", "LTR", "RTL");
+}
+
 }  // namespace
 
 std::vector<RuleCase> LanguageRuleCases() {
@@ -38,6 +43,10 @@ std::vector<RuleCase> LanguageRuleCases() {
          [](MemoryTree& tree) { CopyLanguage(tree, "de", "3079"); }},
         {"reading-order", [](MemoryTree& tree) { SetText(tree, "READING_ORDER", "rtl"); },
          [](MemoryTree& tree) { SetText(tree, "READING_ORDER", "LTR"); }},
+        {"reading-order", [](MemoryTree& tree) { CopyLanguage(tree, "ar", "1025"); },
+         [](MemoryTree& tree) { CopyFromRight(tree, "ar", "1025"); }},
+        {"reading-order", [](MemoryTree& tree) { CopyLanguage(tree, "he", "1037"); },
+         [](MemoryTree& tree) { CopyFromRight(tree, "he", "1037"); }},
         {"code-page", [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "CP1252"); },
          [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "65001"); }},
         {"code-page", [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "1260"); },
@@ -72,10 +81,20 @@ std::vector<RuleCase> LanguageRuleCases() {
              for (const char* const key : {"NEXT_BUTTON", "MANUFACTURER_LABEL"})
                  SetText(tree, key, "Print &amp;&amp; scan");
          }},
+        {"access-key-shared", [](MemoryTree& tree) { SetText(tree, "NEXT_BUTTON", "&amp;h"); },
+         [](MemoryTree& tree) {
+             for (const char* const key : {"NEXT_BUTTON", "MANUFACTURER_LABEL"})
+                 SetText(tree, key, "Print &amp;");
+         }},
         {"text-entity", [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "a &lt; b"); },
          [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "a lt; b"); }},
         {"text-tag-unknown", [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "^OEN^"); },
          [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "^OEM_NAME^"); }},
+        {"text-tag-unknown",
+         [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "^" + std::string(64, 'X') + "^"); },
+         [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "^" + std::string(65, 'X') + "^"); }},
+        {"text-tag-unknown", [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "^X^"); },
+         [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "^^"); }},
         {"text-tag-unclosed", [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "a ^OEM b"); },
          [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "a ^OEM^ b"); }},
         {"text-endless",
@@ -87,10 +106,22 @@ std::vector<RuleCase> LanguageRuleCases() {
              tree.AddSetting("<PRODUCT_NAME>x^OEM^</PRODUCT_NAME>");
              SetText(tree, "WELCOME_TEXT", "a ^PRODUCT_NAME^");
          }},
+        {"text-endless",
+         [](MemoryTree& tree) {
+             tree.AddSetting("<PRODUCT_NAME>^PRODUCT_NAME^</PRODUCT_NAME>");
+             SetText(tree, "WELCOME_TEXT", "^OEM^ ^PRODUCT_NAME^");
+         },
+         [](MemoryTree& tree) {
+             tree.AddSetting("<PRODUCT_NAME>^PRODUCT_NAME^</PRODUCT_NAME>");
+             SetText(tree, "WELCOME_TEXT", "^PRODUCT_NAME^ ^");
+         }},
         {"text-argument-missing",
          [](MemoryTree& tree) { SetText(tree, "DISCOVERY_INFOCENTER_LINK_LABEL", "Help"); },
          [](MemoryTree& tree) { SetText(tree, "DISCOVERY_INFOCENTER_LINK_LABEL", "{0}"); }},
         {"text-argument-unknown", [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "a {0}"); },
          [](MemoryTree& tree) { SetText(tree, "WELCOME_TEXT", "a {x}"); }},
+        {"text-argument-unknown",
+         [](MemoryTree& tree) { SetText(tree, "DISCOVERY_INFOCENTER_LINK_LABEL", "{0} {1}"); },
+         [](MemoryTree& tree) { SetText(tree, "DISCOVERY_INFOCENTER_LINK_LABEL", "{0} {0}"); }},
     };
 }

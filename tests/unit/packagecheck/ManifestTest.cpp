@@ -84,11 +84,17 @@ TEST(ManifestTextTest, EscapesForPowerShell) {
     EXPECT_EQ(packagecheck::PowerShellText("O'Hara"), "'O''Hara'");
     EXPECT_EQ(packagecheck::PowerShellText("\xE2\x80\x99;calc"), "'\xE2\x80\x99\xE2\x80\x99;calc'");
     EXPECT_EQ(packagecheck::PowerShellText("a\ncalc"), "'a calc'");
+    // Every sign that the shell takes for a quotation mark, and the one on either side.
+    for (const char* const sign : {"\xE2\x80\x98", "\xE2\x80\x99", "\xE2\x80\x9A", "\xE2\x80\x9B"})
+        EXPECT_EQ(packagecheck::PowerShellText(sign), "'" + std::string(sign) + sign + "'");
+    for (const char* const sign : {"\xE2\x80\x97", "\xE2\x80\x9C"})
+        EXPECT_EQ(packagecheck::PowerShellText(sign), "'" + std::string(sign) + "'");
 }
 
 TEST(ManifestTextTest, MakesIdentifiers) {
     EXPECT_EQ(packagecheck::IdentifierOf("Halvenny & Sons (EU)"), "Halvenny-Sons-EU");
     EXPECT_EQ(packagecheck::IdentifierOf("../.."), "");
+    EXPECT_EQ(packagecheck::IdentifierOf("/09:@AZ[`az{"), "09-AZ-az");
     EXPECT_EQ(packagecheck::IdentifierOf(std::string(50, 'a')), std::string(32, 'a'));
 }
 
@@ -124,6 +130,33 @@ TEST(ManifestDataTest, TakesNumbersWithPointsBetweenThemForAVersion) {
         tree.Set(driverPath, L"ProductVersion", L"0.1");
         EXPECT_EQ(DataOf(tree).version, "0.1");
     }
+}
+
+TEST(ManifestDataTest, SaysThatNoProductHasAVersion) {
+    CodedTree tree;
+    for (const char* const path : {applicationPath, driverPath}) tree.Set(path, L"ProductVersion", L"");
+    EXPECT_EQ(DataOf(tree).version, "0.0.0");
+    EXPECT_THAT(DataOf(tree).notes, testing::Contains(HasSubstr("No product has a version")));
+}
+
+TEST(ManifestDataTest, CutsWhatIsTooLongForACatalogue) {
+    CodedTree tree;
+    tree.Replace(defaultsPath, "<PRODUCT_NAME>Loom<", "<PRODUCT_NAME>" + std::string(200, 'x') + "<");
+    tree.Replace(englishPath, "Welcome to ^OEM^", std::string(300, 'y'));
+    tree.Set(applicationPath, L"ProductVersion", std::wstring(200, L'9'));
+    const ManifestData data = DataOf(tree);
+    EXPECT_THAT(data.name, testing::EndsWith(std::string(128, 'x')));
+    EXPECT_THAT(data.name, Not(HasSubstr(std::string(129, 'x'))));
+    EXPECT_EQ(data.locales[0].description, std::string(250, 'y'));
+    EXPECT_EQ(data.version, std::string(128, '9'));
+}
+
+TEST(ManifestDataTest, LeavesOutAPackageThatCannotBeRead) {
+    CodedTree tree;
+    tree.unreadable.insert(applicationPath);
+    const ManifestData data = DataOf(tree);
+    EXPECT_EQ(data.products.size(), 1U);
+    EXPECT_THAT(data.notes, Not(testing::Contains(HasSubstr("Monitor.msi"))));
 }
 
 TEST(ManifestDataTest, NamesTheVendorOnce) {
@@ -162,14 +195,15 @@ TEST(ManifestDataTest, HasNothingToSayOfASilentPackage) {
 
 TEST(ManifestDataTest, KnowsLanguagesByTheirTags) {
     CodedTree tree;
-    for (const std::string code : {"de", "ga_za", "nl_nz", "pt_BR", "sr_Latn", "x y", "xx_"})
+    for (const std::string code :
+         {"de", "ga_za", "nl_nz", "pt_BR", "sr_Latn", "x y", "xx_", "yy_abcdefghijklm", "yy_abcdefghijklmn"})
         tree.files["Setup/res/" + code + "_strings.xml"] = "<WELCOME_TEXT>^OEM^!</WELCOME_TEXT>";
     const ManifestData data = DataOf(tree);
     std::vector<std::string> tags;
     for (const auto& locale : data.locales) tags.push_back(locale.tag);
-    EXPECT_THAT(tags, ElementsAre("en-US", "de", "ga-ZA", "nl-NZ", "pt-BR", "sr-Latn"));
+    EXPECT_THAT(tags, ElementsAre("en-US", "de", "ga-ZA", "nl-NZ", "pt-BR", "sr-Latn", "yy-abcdefghijklm"));
     EXPECT_EQ(data.locales.back().description, "Halvenny!");
-    for (const char* const file : {"x y_strings.xml", "xx__strings.xml"})
+    for (const char* const file : {"x y_strings.xml", "xx__strings.xml", "yy_abcdefghijklmn_strings.xml"})
         EXPECT_THAT(data.notes, testing::Contains(HasSubstr(file)));
 }
 
@@ -194,6 +228,9 @@ TEST(WingetManifestTest, HasAFileForEachLanguage) {
     EXPECT_THAT(FileOf(manifest, "Halvenny.Loom.installer.yaml"),
                 HasSubstr("- ProductCode: \"" + std::string(monitorCode) +
                           "\"\n  DisplayName: \"Halvenny Monitor\"\n"));
+    EXPECT_THAT(FileOf(manifest, "Halvenny.Loom.installer.yaml"),
+                HasSubstr("  UpgradeCode: \"" + std::string(familyCode) + "\"\n"));
+    EXPECT_THAT(FileOf(manifest, "Halvenny.Loom.installer.yaml"), Not(HasSubstr("UpgradeCode: \"\"")));
 }
 
 TEST(ChocolateyManifestTest, BeginsItsScriptsWithAByteOrderMark) {

@@ -98,6 +98,18 @@ TEST(SarifOutputTest, WritesPathsAsWebAddresses) {
     EXPECT_EQ(place["region"]["startColumn"], 7);
 }
 
+TEST(SarifOutputTest, KnowsTheFirstLineFromNone) {
+    Report report;
+    report.Add(packagecheck::rules::flagValue, {.file = "a", .position = {.line = 1, .column = 1}},
+               "A flag.");
+    report.Add(packagecheck::rules::linkQuery, {.file = "b"}, "A link.");
+    std::ostringstream out;
+    packagecheck::WriteSarif(out, report.Sorted());
+    const json results = json::parse(out.str())["runs"][0]["results"];
+    EXPECT_EQ(results[0]["locations"][0]["physicalLocation"]["region"]["startLine"], 1);
+    EXPECT_FALSE(results[1]["locations"][0]["physicalLocation"].contains("region"));
+}
+
 TEST(FindingTest, SaysTheSameOfAPlaceOnce) {
     Report report;
     for (int i = 0; i < 2; ++i) report.Add(packagecheck::rules::flagValue, {.file = "a"}, "A flag.");

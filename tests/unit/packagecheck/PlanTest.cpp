@@ -1,12 +1,16 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <sstream>
 
+#include "CommonLib/MsiCodes.h"
+#include "CommonLib/Utf8.h"
 #include "tests/unit/packagecheck/MemoryTree.h"
 #include "tools/PackageCheck/Plan.h"
 #include "tools/PackageCheck/PlanJson.h"
 #include "tools/PackageCheck/PlanPage.h"
 #include "tools/PackageCheck/PlanText.h"
+#include "tools/PackageCheck/PlannedInstaller.h"
 
 #include <nlohmann/json.hpp>
 
@@ -267,6 +271,39 @@ TEST_F(PlanTest, NamesTheProgramsThatStartAtTheEnd) {
     tree.packages[applicationPath].properties[L"STARTAPP"] = L"Monitor\\Monitor.exe /tray;Tour.exe;lost";
     EXPECT_THAT(Make().programs, ElementsAre(L"Monitor\\Monitor.exe /tray", L"Tour.exe"));
     EXPECT_EQ(Make().programFolder, L"C:\\Program Files\\Halvenny\\");
+}
+
+TEST_F(PlanTest, SpeaksEnglishWhateverElseThePackageSpeaks) {
+    const std::wstring document = DocumentOf(0);
+    std::string& other = tree.files["Setup/res/es_strings.xml"];
+    other = tree.files[englishPath];
+    tree.Replace("Setup/res/es_strings.xml", "1033", "1034");
+    EXPECT_EQ(DocumentOf(0), document);
+}
+
+TEST_F(PlanTest, SortsSmallLettersAmongTheCapitals) {
+    AddPackage("Applications/x64/b.msi", L"Second");
+    AddPackage("Applications/x64/A.msi", L"First");
+    AddPackage("Applications/x64/C.msi", L"Third");
+    EXPECT_THAT(Packages(), testing::IsSupersetOf({"A.msi: install", "b.msi: install", "C.msi: install"}));
+    const std::vector<std::string> packages = Packages();
+    EXPECT_LT(std::ranges::find(packages, "A.msi: install"), std::ranges::find(packages, "b.msi: install"));
+    EXPECT_LT(std::ranges::find(packages, "b.msi: install"), std::ranges::find(packages, "C.msi: install"));
+}
+
+TEST_F(PlanTest, KnowsNoPropertyOfAPackageThatIsNotThereOrCannotBeRead) {
+    tree.unreadable.insert(applicationPath);
+    const packagecheck::Package package(tree);
+    const packagecheck::InstalledStates states;
+    packagecheck::PlannedInstaller installer(package, states);
+    for (const auto& path : {std::wstring(L"Applications\\x64\\None.msi"), FromUtf8(applicationPath)}) {
+        std::wstring asked = path;
+        std::ranges::replace(asked, L'/', L'\\');
+        std::wstring value = L"as before";
+        EXPECT_EQ(installer.GetPropertyValue(asked, L"ProductName", L"1033", value),
+                  MsiCode::PropertyNotFound);
+        EXPECT_EQ(value, L"as before");
+    }
 }
 
 TEST_F(PlanTest, PlansAPackageThatCannotBeRead) {

@@ -10,6 +10,9 @@ std::vector<RuleCase> SettingsRuleCases() {
         {"vendor-missing", [](MemoryTree& tree) { tree.Replace(defaultsPath, "<OEM>Halvenny</OEM>", ""); },
          [](MemoryTree& tree) { tree.Replace(defaultsPath, "<OEM>Halvenny</OEM>", "<OEM>H</OEM>"); }},
         {"vendor-characters",
+         [](MemoryTree& tree) { tree.Replace(defaultsPath, "<OEM>Halvenny<", "<OEM>Halvenny <"); },
+         [](MemoryTree& tree) { tree.Replace(defaultsPath, "<OEM>Halvenny<", "<OEM>Hal venny<"); }},
+        {"vendor-characters",
          [](MemoryTree& tree) { tree.Replace(defaultsPath, "<OEM>Halvenny", "<OEM>A/S"); },
          [](MemoryTree& tree) { tree.Replace(defaultsPath, "<OEM>Halvenny", "<OEM>A. S"); }},
         {"vendor-characters",
@@ -104,6 +107,9 @@ std::vector<RuleCase> SettingsRuleCases() {
          [](MemoryTree& tree) {
              tree.AddSetting("<REGISTRATION_LINK>HTTPS://a.example</REGISTRATION_LINK>");
          }},
+        {"link-scheme",
+         [](MemoryTree& tree) { tree.AddSetting("<REGISTRATION_LINK>https://</REGISTRATION_LINK>"); },
+         [](MemoryTree& tree) { tree.AddSetting("<REGISTRATION_LINK>http://a</REGISTRATION_LINK>"); }},
         {"link-query",
          [](MemoryTree& tree) {
              tree.AddSetting("<INFOCENTER_LINK>https://a.example?x=1</INFOCENTER_LINK>");

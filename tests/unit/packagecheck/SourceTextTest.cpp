@@ -72,6 +72,21 @@ TEST(SourceTextTest, SplitsNothingWhereNoCharacterBeginsAtTheEndOfAPiece) {
     EXPECT_EQ(settings.Flaws().front().position, (Position{.line = 1, .column = 2045}));
 }
 
+// Four bytes from the end of the piece, which ends within another one.
+TEST(SourceTextTest, TakesNothingForSplitThatStandsBeforeTheLastCharacterOfAPiece) {
+    const SourceText settings(std::string(2043, 'x') + "\xFFxx\xC3" + "\xBC", Decoding::Pieces);
+    ASSERT_EQ(settings.Flaws().size(), 2U);
+    EXPECT_EQ(settings.Flaws().front().kind, FlawKind::NotUtf8);
+    EXPECT_EQ(settings.Flaws().front().position, (Position{.line = 1, .column = 2044}));
+    EXPECT_EQ(settings.Flaws().back().kind, FlawKind::SplitCharacter);
+}
+
+TEST(SourceTextTest, SplitsNothingWhereAPieceEndsInASimpleCharacter) {
+    const SourceText settings(std::string(2045, 'x') + "\xFFx" + "y", Decoding::Pieces);
+    ASSERT_EQ(settings.Flaws().size(), 1U);
+    EXPECT_EQ(settings.Flaws().front().kind, FlawKind::NotUtf8);
+}
+
 // Three bytes that only look like a character, and are all there.
 TEST(SourceTextTest, SplitsNothingWhereTheLastCharacterOfAPieceIsWhole) {
     const SourceText settings(std::string(2044, 'x') + "\xE0\x80\x80" + "y", Decoding::Pieces);

@@ -72,6 +72,12 @@ TEST(TagScanTest, TellsTheKindsOfTagsApart) {
                                             std::pair(L"D", TagKind::Open)));
 }
 
+TEST(TagScanTest, TakesNothingWithoutANameForATag) {
+    EXPECT_THAT(packagecheck::ScanTags(L"<>A>"), testing::IsEmpty());
+    EXPECT_THAT(packagecheck::ScanTags(L"<<A>"), testing::SizeIs(1));
+    EXPECT_EQ(packagecheck::ScanTags(L"<<A>").at(0).name, L"A");
+}
+
 TEST(TagScanTest, KnowsWhatIsInAComment) {
     const std::wstring text = L"<!-- <A> --><B><!-- <C>";
     std::vector<bool> inComment;

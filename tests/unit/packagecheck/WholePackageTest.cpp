@@ -53,6 +53,32 @@ TEST(WholePackageTest, NamesThePlaceOfAByteOrderMarkThatWasConverted) {
                                   std::to_string(line) + ":6"));
 }
 
+std::string MessageOf(const MemoryTree& tree, std::string_view rule) {
+    for (const Finding& finding : FindingsOf(tree)) {
+        if (finding.rule->id == rule) return finding.message;
+    }
+    return "no finding";
+}
+
+TEST(WholePackageTest, SaysWhatIsWrong) {
+    MemoryTree tree;
+    tree.AddSetting("<MANUFACTURERS>A:1|B</MANUFACTURERS>");
+    EXPECT_EQ(MessageOf(tree, "manufacturer-form"), "MANUFACTURERS has an entry without a number: \"B\".");
+    tree.Replace(defaultsPath, "A:1|B<", "A:1|:2<");
+    EXPECT_EQ(MessageOf(tree, "manufacturer-form"), "MANUFACTURERS has an entry without a name.");
+    tree.Replace(englishPath, "</NEXT_BUTTON>", "</NEXT_BUTON>");
+    EXPECT_EQ(MessageOf(tree, "text-unclosed"), "NEXT_BUTTON has no close tag.");
+    tree.Replace(englishPath, "<NEXT_BUTTON>", "</NEXT_BUTTON><NEXT_BUTTON>");
+    EXPECT_EQ(MessageOf(tree, "text-unclosed"), "NEXT_BUTTON is closed in front of here.");
+}
+
+TEST(WholePackageTest, SaysWhichKeyTwoTextsShare) {
+    MemoryTree tree;
+    tree.Replace(englishPath, "<NEXT_BUTTON>", "<NEXT_BUTTON>&amp;H");
+    EXPECT_THAT(MessageOf(tree, "access-key-shared"),
+                testing::HasSubstr(" have the access key \"H\" on one page: "));
+}
+
 TEST(WholePackageTest, ChecksTheValueThatCounts) {
     MemoryTree tree;
     tree.AddSetting("<HIDE_START>yes</HIDE_START>");
@@ -89,6 +115,14 @@ TEST(PeExportsTest, TellsWhatALibraryIsFor) {
     narrow[0x40 + 25] = '\x01';
     EXPECT_FALSE(ReadPeLibrary(narrow)->isFor64Bit);
     EXPECT_FALSE(ReadPeLibrary(MakeLibrary({"DiscoverW"}, 0x14C))->isFor64Bit);
+}
+
+TEST(PeExportsTest, ReadsASectionThatSaysItsSizeInTheFileAlone) {
+    std::string library = MakeLibrary({"DiscoverW"});
+    const std::size_t sizeInMemory = library.find(std::string("\0\x10\0\0\0\x10\0\0\0\x10\0\0", 12));
+    ASSERT_NE(sizeInMemory, std::string::npos);
+    library.replace(sizeInMemory, 4, 4, '\0');
+    EXPECT_THAT(ReadPeLibrary(library)->exports, testing::ElementsAre("DiscoverW"));
 }
 
 TEST(PeExportsTest, CutsANameThatIsTooLong) {

@@ -84,6 +84,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongCase{{L"--dry-run", L"--uninstall"}, L"exclude"}, WrongCase{{L""}, L"unknown"}));
 
 TEST(QuoteArgumentTest, DoublesBackslashesBeforeAQuotationMarkAlone) {
+    EXPECT_EQ(QuoteArgument(L""), L"\"\"");
+    EXPECT_EQ(QuoteArgument(L"\""), L"\"\\\"\"");
     EXPECT_EQ(QuoteArgument(L"a b"), L"\"a b\"");
     EXPECT_EQ(QuoteArgument(L"C:\\a\\"), L"\"C:\\a\\\\\"");
     EXPECT_EQ(QuoteArgument(L"say \"x\\\""), L"\"say \\\"x\\\\\\\"\"");

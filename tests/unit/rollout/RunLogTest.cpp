@@ -67,10 +67,15 @@ TEST(RecordReaderTest, KeepsTheLinesOfAMessageTogether) {
 }
 
 TEST(RecordReaderTest, TakesALineWithoutATimeForAPartOfAMessage) {
-    RecordReader reader;
-    const std::wstring likeOne = L"ERROR    2026/11/22-10:0x:30  no record";
-    EXPECT_THAT(reader.Take(LogLine(L"", L"Message\r\n" + likeOne)),
-                ElementsAre(Is(L"", L"Message\r\n" + likeOne)));
+    const std::wstring head = L"ERROR    ";
+    const std::wstring time = L"2026/11/22-10:00:30";
+    for (std::size_t place = 0; place < time.size(); ++place) {
+        RecordReader reader;
+        std::wstring likeOne = head + time + L"  no record";
+        likeOne[head.size() + place] = L'x';
+        EXPECT_THAT(reader.Take(LogLine(L"", L"Message\r\n" + likeOne)),
+                    ElementsAre(Is(L"", L"Message\r\n" + likeOne)));
+    }
 }
 
 TEST(RecordReaderTest, DropsWhatStandsBeforeTheFirstRecord) {
