@@ -1,6 +1,7 @@
 // The list of devices under the hands of a user: what is selected, where it is scrolled to, what typing
 // finds.
 
+#include <array>
 #include <limits>
 
 #include "resources/resource.h"
@@ -161,6 +162,22 @@ TEST_F(DeviceListTest, CutsATextForWhoHasLittleRoomForIt) {
     LVITEMW item{.pszText = text, .cchTextMax = 4};
     SendMessageW(List(), LVM_GETITEMTEXTW, 0, reinterpret_cast<LPARAM>(&item));
     EXPECT_STREQ(text, L"Ald");
+}
+
+TEST_F(DeviceListTest, WritesNothingForWhoAsksForNoText) {
+    Show();
+    Deliver({{.series = L"Alder"}});
+    std::array<wchar_t, 8> text{L"before"};
+    NMLVDISPINFOW question{};
+    question.hdr = {.hwndFrom = List(), .idFrom = IDC_DISCOVERY_LIST, .code = LVN_GETDISPINFOW};
+    question.item = {.mask = LVIF_IMAGE};
+    question.item.pszText = text.data();
+    question.item.cchTextMax = static_cast<int>(text.size());
+    page.SendMessage(WM_NOTIFY, IDC_DISCOVERY_LIST, reinterpret_cast<LPARAM>(&question));
+    EXPECT_STREQ(text.data(), L"before");
+    question.item.mask = LVIF_TEXT;
+    page.SendMessage(WM_NOTIFY, IDC_DISCOVERY_LIST, reinterpret_cast<LPARAM>(&question));
+    EXPECT_STREQ(text.data(), L"Alder");
 }
 
 TEST_F(DeviceListTest, HasNoTextInAColumnThatThereIsNot) {

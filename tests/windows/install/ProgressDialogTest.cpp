@@ -136,6 +136,14 @@ TEST_F(ProgressDialogTest, BeginsANewRunAtTheStart) {
     EXPECT_EQ(Position(), 10);
 }
 
+TEST_F(ProgressDialogTest, BeginsAtTheStartWhereItIsShown) {
+    page.BeginRun(2);
+    Send(50);
+    ASSERT_EQ(Position(), 50);
+    page.SendMessage(WM_SHOWWINDOW, TRUE);
+    EXPECT_EQ(Position(), 0);
+}
+
 TEST_F(ProgressDialogTest, CutsTheRangeOfVeryManyPackages) {
     page.BeginRun(700);
     PBRANGE range{};

@@ -244,6 +244,15 @@ TEST_F(ControllerTest, LeadsBackToAPageThatIsHidden) {
     EXPECT_TRUE(IsWindowVisible(controller.CurrentPage()->GetSafeHwnd()));
 }
 
+TEST_F(ControllerTest, StaysOnTheFirstPageWhereItLeadsBackFromThere) {
+    Walk({Page(PageRole::Ordinary), Page(PageRole::Ordinary)}, 0);
+    const InstallDialogEx* const first = controller.CurrentPage();
+    EXPECT_TRUE(controller.Back({}));
+    EXPECT_EQ(controller.CurrentPage(), first);
+    EXPECT_TRUE(IsWindowVisible(first->GetSafeHwnd()));
+    EXPECT_EQ(ends, 0);
+}
+
 TEST_F(ControllerTest, RunsTheServiceOfAHiddenPageThatItGoesToByName) {
     Walk(PagesWithServices(), 0);
     controller.CurrentPage()->dialogName = L"First";

@@ -66,6 +66,23 @@ TEST_F(FlatButtonTest, WaitsForTheSystemToSayThatTheMouseHasLeft) {
     EXPECT_FALSE(LetsGoAfterTheMouse());
 }
 
+// Somebody has pressed it, left it with the mouse, and comes back.
+TEST_F(FlatButtonTest, IsPressedAgainWhereTheMouseComesBackWithItsFirstButton) {
+    const HWND control = button.GetSafeHwnd();
+    RECT place{};
+    GetWindowRect(control, &place);
+    SetCursorPos(place.left + 4, place.top + 4);
+    const auto isPressedBy = [&](WPARAM keys) {
+        SendMessageW(control, BM_SETSTATE, FALSE, 0);
+        SendMessageW(control, WM_MOUSEMOVE, keys, MAKELPARAM(4, 4));
+        return (SendMessageW(control, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
+    };
+    EXPECT_TRUE(isPressedBy(MK_LBUTTON));
+    EXPECT_FALSE(isPressedBy(0));
+    EXPECT_FALSE(isPressedBy(MK_RBUTTON));
+    EXPECT_FALSE(isPressedBy(MK_LBUTTON | MK_MBUTTON));
+}
+
 // A button as it is drawn on paper.
 class DrawnButtonTest : public FlatButtonTest {
 protected:

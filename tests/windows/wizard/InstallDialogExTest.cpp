@@ -14,6 +14,7 @@ namespace {
 
 class AnyPage : public InstallDialogEx {
 public:
+    using InstallDialogEx::Apply;
     using InstallDialogEx::EnableControl;
     using InstallDialogEx::fontBody;
     using InstallDialogEx::fontButton;
@@ -23,6 +24,7 @@ public:
     using InstallDialogEx::fontSmall;
     using InstallDialogEx::fontUnderlined;
     using InstallDialogEx::InstallDialogEx;
+    using InstallDialogEx::KeepTabStop;
     using InstallDialogEx::ShowControl;
 
     int acceptances = 0;
@@ -111,6 +113,47 @@ TEST_F(InstallDialogExTest, LeavesTheFocusWhereAnotherControlGoes) {
     EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_ADDRESS));
     page.ShowControl(IDC_ADD_PORT_ADDRESS, true);
     EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_ADDRESS));
+}
+
+TEST_F(InstallDialogExTest, HandsTheFocusToWhatAppearsAtTheSameTime) {
+    page.ShowControl(IDC_ADD_PORT_KIND, false);
+    SetFocus(At(IDC_ADD_PORT_NAME));
+    page.Apply({{.id = IDC_ADD_PORT_NAME, .shown = false, .enabled = true},
+                {.id = IDC_ADD_PORT_KIND, .shown = true, .enabled = true}});
+    EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_KIND));
+}
+
+TEST_F(InstallDialogExTest, CannotBeMadeWithoutItsTemplate) {
+    app.SetMainWnd(&window);
+    constexpr UINT noTemplate = 9999;
+    InstallDialogEx other(context, noTemplate);
+    EXPECT_FALSE(other.CreateAsPage({}));
+    EXPECT_EQ(other.GetSafeHwnd(), nullptr);
+}
+
+class SearchPageTest : public SettingsWorld {
+protected:
+    SearchPageTest() {
+        EXPECT_TRUE(window.Create(IDD_TEST, nullptr));
+        EXPECT_TRUE(page.Create(page.TemplateId(), &window));
+        window.ShowWindow(SW_SHOW);
+        page.ShowWindow(SW_SHOW);
+        for (int radio = IDC_MODIFY_SEARCH_LOCAL; radio <= IDC_MODIFY_SEARCH_BY_SUBNET; ++radio)
+            SetWindowLongPtrW(page.GetDlgItem(radio), GWL_STYLE, StyleOf(radio) & ~LONG_PTR{WS_TABSTOP});
+    }
+    LONG_PTR StyleOf(int control) const { return GetWindowLongPtrW(page.GetDlgItem(control), GWL_STYLE); }
+
+    TestApp app;
+    CDialogEx window;
+    AnyPage page{context, IDD_MODIFY_SEARCH};
+};
+
+// Of choices of which none is made, the keyboard comes to the first that can be.
+TEST_F(SearchPageTest, IsReachedByTheKeyboardAtTheFirstChoiceThatCanBeMade) {
+    page.EnableControl(IDC_MODIFY_SEARCH_LOCAL, false);
+    page.KeepTabStop(IDC_MODIFY_SEARCH_LOCAL, IDC_MODIFY_SEARCH_BY_SUBNET);
+    EXPECT_EQ(StyleOf(IDC_MODIFY_SEARCH_LOCAL) & WS_TABSTOP, 0);
+    EXPECT_NE(StyleOf(IDC_MODIFY_SEARCH_LOCAL + 1) & WS_TABSTOP, 0);
 }
 
 using PageWithoutProgramTest = SettingsWorld;
