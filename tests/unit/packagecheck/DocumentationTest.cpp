@@ -165,6 +165,7 @@ TEST(KnownTagsTest, HoldEverySettingOfTheWizard) {
 TEST(KnownTagsTest, TakeTwoLettersThatAreExchangedForOneSlip) {
     const std::wstring_view names[] = {L"START"};
     EXPECT_EQ(packagecheck::NearestName(L"STRAT", names), L"START");
+    EXPECT_EQ(packagecheck::NearestName(L"TSART", names), L"START");
     EXPECT_EQ(packagecheck::NearestName(L"STRIT", names), L"");
 }
 

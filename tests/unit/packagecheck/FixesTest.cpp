@@ -26,6 +26,12 @@ TEST(FixesTest, JoinADeviceThatStandsOnSeveralLines) {
               "<DEVICE><DRIVER_ID>A B</DRIVER_ID><PORT_NAME>c</PORT_NAME></DEVICE>\r\n");
 }
 
+TEST(FixesTest, LeaveBlanksBesideAValueInADeviceThatTheyJoin) {
+    EXPECT_EQ(
+        FixedBytes("<DEVICE>\n<COMMENT> a b </COMMENT> <LOCATION>c</LOCATION>\n</DEVICE>", TextKind::User),
+        "<DEVICE><COMMENT> a b </COMMENT><LOCATION>c</LOCATION></DEVICE>");
+}
+
 TEST(FixesTest, LeaveAValueThatGoesOnOnTheNextLine) {
     const std::string bytes = "<DEVICE>\n<COMMENT>one\ntwo</COMMENT>\n</DEVICE>";
     EXPECT_EQ(FixedBytes(bytes, TextKind::User), bytes);
@@ -63,6 +69,8 @@ TEST(FixesTest, LeaveWhatIsInACodePage) {
 
 TEST(FixesTest, TakeMarksOutWhereNothingIsLost) {
     EXPECT_EQ(FixedBytes("\xC3\xAF\xC2\xBB\xC2\xBF<A>", TextKind::Language), "<A>");
+    EXPECT_EQ(FixedBytes("\xEF\xBB\xBF\xC3\xAF\xC2\xBB\xC2\xBF<A>", TextKind::Language), "\xEF\xBB\xBF<A>");
+    EXPECT_EQ(FixedBytes("x\xC3\xAF\xC2\xBB\xC2\xBF<A>", TextKind::Language), "x\xC3\xAF\xC2\xBB\xC2\xBF<A>");
     EXPECT_EQ(FixedBytes("<A>\n\x1A\n", TextKind::Language), "<A>\n");
     EXPECT_EQ(FixedBytes("<A>\x1A<B>", TextKind::Language), "<A>\x1A<B>");
 }

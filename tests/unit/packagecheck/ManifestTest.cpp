@@ -64,6 +64,12 @@ TEST(ManifestTextTest, MakesOneLineOfAnything) {
               "a b");
     EXPECT_EQ(packagecheck::PlainLine(L"\xE4\xF6\xFC\xDF", 3), "\xC3\xA4\xC3\xB6\xC3\xBC");
     EXPECT_EQ(packagecheck::PlainLine(L"ab c", 3), "ab");
+    EXPECT_EQ(packagecheck::PlainLine(L"a b", 3), "a b");
+    EXPECT_EQ(packagecheck::PlainLine(L"a\xFFFE"
+                                      L"b\xFFFF"
+                                      L"c",
+                                      100),
+              "a b c");
     EXPECT_EQ(packagecheck::PlainLine(L"\n\n", 3), "");
 }
 
@@ -242,6 +248,7 @@ TEST(ChocolateyManifestTest, BeginsItsScriptsWithAByteOrderMark) {
 
 TEST(IntuneManifestTest, DetectsEachProduct) {
     const Manifest manifest = packagecheck::IntuneManifest(DataOf(CodedTree()));
+    EXPECT_THAT(FileOf(manifest, "Halvenny.Loom.intune.json"), testing::StartsWith("{\n  \""));
     auto app = nlohmann::json::parse(FileOf(manifest, "Halvenny.Loom.intune.json"));
     ASSERT_EQ(app["detectionRules"].size(), 2U);
     EXPECT_EQ(app["detectionRules"][0]["productCode"], monitorCode);

@@ -98,6 +98,16 @@ TEST(SarifOutputTest, WritesPathsAsWebAddresses) {
     EXPECT_EQ(place["region"]["startColumn"], 7);
 }
 
+TEST(SarifOutputTest, LeavesLettersDigitsAndAFewSignsOfAPath) {
+    Report report;
+    report.Add(packagecheck::rules::flagValue, {.file = "AZ/az/09/-._~@[`{:\xC3\xA9"}, "A flag.");
+    std::ostringstream out;
+    packagecheck::WriteSarif(out, report.Sorted());
+    const json result = json::parse(out.str())["runs"][0]["results"][0];
+    EXPECT_EQ(result["locations"][0]["physicalLocation"]["artifactLocation"]["uri"],
+              "AZ/az/09/-._~%40%5B%60%7B%3A%C3%A9");
+}
+
 TEST(SarifOutputTest, KnowsTheFirstLineFromNone) {
     Report report;
     report.Add(packagecheck::rules::flagValue, {.file = "a", .position = {.line = 1, .column = 1}},

@@ -329,9 +329,19 @@ TEST_F(PlanTest, SaysFirstThatARunIsSilent) {
     std::ostringstream text;
     packagecheck::WritePlanText(text, Make());
     EXPECT_THAT(text.str(), testing::StartsWith("A silent run\n"));
+    EXPECT_THAT(text.str(), Not(HasSubstr("What stops a silent run")));
+    EXPECT_THAT(text.str(), Not(HasSubstr("Packages, in their order\n  none\n")));
     std::ostringstream page;
     packagecheck::WritePlanPage(page, Make(), "folder");
     EXPECT_THAT(page.str(), HasSubstr("<h1>A silent run</h1>"));
+}
+
+TEST_F(PlanTest, SaysWhatStopsASilentRunAndThatThereIsNothingToInstall) {
+    tree.packages.clear();
+    std::ostringstream text;
+    packagecheck::WritePlanText(text, Make());
+    EXPECT_THAT(text.str(), HasSubstr("\nWhat stops a silent run\n"));
+    EXPECT_THAT(text.str(), HasSubstr("\nPackages, in their order\n  none\n"));
 }
 
 std::size_t CountOf(std::string_view text, std::string_view part) {

@@ -58,6 +58,20 @@ TEST_F(ProgramTest, EndsWithTwoWhereItIsMisused) {
     EXPECT_THAT(out.str(), testing::IsEmpty());
 }
 
+TEST_F(ProgramTest, ListsItsRulesAndTables) {
+    for (const char* const option : {"--rules", "--tables"}) {
+        out.str("");
+        EXPECT_EQ(Run({option}), 0);
+        EXPECT_THAT(out.str(), HasSubstr("| "));
+    }
+}
+
+TEST_F(ProgramTest, TakesNoOptionOfAPlanWithoutOne) {
+    EXPECT_EQ(Run({"--html", "plan.html", folder.Path()}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("an option says how to plan a run, without --plan."));
+    EXPECT_FALSE(std::filesystem::exists("plan.html"));
+}
+
 TEST_F(ProgramTest, ExplainsARule) {
     EXPECT_EQ(Run({"--explain", "tag-unknown"}), 0);
     EXPECT_THAT(out.str(), HasSubstr("tag-unknown (warning)"));

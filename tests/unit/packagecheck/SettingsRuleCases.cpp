@@ -102,6 +102,11 @@ std::vector<RuleCase> SettingsRuleCases() {
              tree.AddSetting(
                  "<MANUFACTURERS>A:1|B:2</MANUFACTURERS><DEFAULT_MANUFACTURER>B</DEFAULT_MANUFACTURER>");
          }},
+        {"tag-without-effect",
+         [](MemoryTree& tree) {
+             tree.AddSetting("<HIDE_DISCOVERY>true</HIDE_DISCOVERY><USB_SUPPORTED>1</USB_SUPPORTED>");
+         },
+         [](MemoryTree& tree) { tree.AddSetting("<USB_SUPPORTED>1</USB_SUPPORTED>"); }},
         {"link-scheme",
          [](MemoryTree& tree) { tree.AddSetting("<REGISTRATION_LINK>calc.exe</REGISTRATION_LINK>"); },
          [](MemoryTree& tree) {

@@ -65,6 +65,22 @@ TEST(SourceTextTest, LosesACharacterBetweenTwoPiecesOfSettings) {
     EXPECT_TRUE(SourceText(bytes, Decoding::Whole).Flaws().empty());
 }
 
+TEST(SourceTextTest, LosesACharacterWhereverItIsSplit) {
+    for (const std::string character : {"\xC3\xBC", "\xE2\x82\xAC", "\xF0\x9F\x96\xA8"}) {
+        for (std::size_t inside = 1; inside < character.size(); ++inside) {
+            const SourceText settings(std::string(2047 - inside, 'x') + character, Decoding::Pieces);
+            ASSERT_FALSE(settings.Flaws().empty());
+            EXPECT_EQ(settings.Flaws().front().kind, FlawKind::SplitCharacter) << character.size() << inside;
+        }
+    }
+}
+
+TEST(SourceTextTest, SplitsNothingAtTheEndOfTheFile) {
+    const SourceText settings(std::string(2046, 'x') + "\xC3", Decoding::Pieces);
+    ASSERT_EQ(settings.Flaws().size(), 1U);
+    EXPECT_EQ(settings.Flaws().front().kind, FlawKind::NotUtf8);
+}
+
 TEST(SourceTextTest, SplitsNothingWhereNoCharacterBeginsAtTheEndOfAPiece) {
     const SourceText settings(std::string(2044, 'x') + "\x80\x80\x80" + "y", Decoding::Pieces);
     ASSERT_EQ(settings.Flaws().size(), 1U);

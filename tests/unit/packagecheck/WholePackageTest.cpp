@@ -117,6 +117,23 @@ TEST(PeExportsTest, TellsWhatALibraryIsFor) {
     EXPECT_FALSE(ReadPeLibrary(MakeLibrary({"DiscoverW"}, 0x14C))->isFor64Bit);
 }
 
+TEST(PeExportsTest, ReadsSectionsInAnyOrder) {
+    std::string library = MakeLibrary({"DiscoverW"});
+    constexpr std::size_t first = 0x40 + 24 + 0xF0;
+    constexpr std::size_t length = 40;
+    std::swap_ranges(library.begin() + first, library.begin() + first + length,
+                     library.begin() + first + length);
+    EXPECT_THAT(ReadPeLibrary(library)->exports, testing::ElementsAre("DiscoverW"));
+}
+
+TEST(PeExportsTest, TakesNoProgramForALibrary) {
+    std::string program = MakeLibrary({"DiscoverW"});
+    constexpr std::size_t characteristics = 0x40 + 22;
+    // It cannot be moved, and nothing else.
+    program.replace(characteristics, 2, std::string("\1\0", 2));
+    EXPECT_FALSE(ReadPeLibrary(program)->isLibrary);
+}
+
 TEST(PeExportsTest, ReadsASectionThatSaysItsSizeInTheFileAlone) {
     std::string library = MakeLibrary({"DiscoverW"});
     const std::size_t sizeInMemory = library.find(std::string("\0\x10\0\0\0\x10\0\0\0\x10\0\0", 12));

@@ -182,6 +182,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(NameListTest, IsDividedBySemicolons) {
     EXPECT_THAT(ReadNames(L"One; Two three ;;Four"), ElementsAre(L"One", L"Two three", L"Four"));
+    EXPECT_THAT(ReadNames(L"One;Two"), ElementsAre(L"One", L"Two"));
     EXPECT_THAT(ReadNames(L" ; "), IsEmpty());
 }
 

@@ -125,8 +125,7 @@ TEST_F(InstallDialogExTest, HandsTheFocusToWhatAppearsAtTheSameTime) {
 
 TEST_F(InstallDialogExTest, CannotBeMadeWithoutItsTemplate) {
     app.SetMainWnd(&window);
-    constexpr UINT noTemplate = 9999;
-    InstallDialogEx other(context, noTemplate);
+    InstallDialogEx other(context, IDC_ADD_PORT_NAME);
     EXPECT_FALSE(other.CreateAsPage({}));
     EXPECT_EQ(other.GetSafeHwnd(), nullptr);
 }
