@@ -29,7 +29,8 @@ namespace fs = std::filesystem;
 // A line on the terminal that is written over again.
 class ProgressLine {
 public:
-    explicit ProgressLine(std::ostream& stream) : err(stream) {}
+    explicit ProgressLine(const Surroundings& surroundings)
+        : err(surroundings.err), tellTime(surroundings.now) {}
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
     ~ProgressLine() {
@@ -37,7 +38,7 @@ public:
     }
 
     void Show(std::size_t done, std::size_t all) {
-        const auto now = std::chrono::steady_clock::now();
+        const auto now = tellTime();
         if (now < next) return;
         next = now + std::chrono::milliseconds(100);
         isShown = true;
@@ -46,10 +47,10 @@ public:
 
 private:
     std::ostream& err;
+    const std::function<std::chrono::steady_clock::time_point()>& tellTime;
     bool isShown = false;
     // What is done soon needs no line.
-    std::chrono::steady_clock::time_point next =
-        std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
+    std::chrono::steady_clock::time_point next = tellTime() + std::chrono::milliseconds(300);
 };
 
 // Why the folder cannot be checked; empty if it can.
@@ -76,7 +77,7 @@ int Explain(const std::string& id, const Surroundings& surroundings) {
 }
 
 std::vector<Finding> FindingsIn(const FolderTree& tree, const Surroundings& surroundings) {
-    ProgressLine progress(surroundings.err);
+    ProgressLine progress(surroundings);
     const Package package(tree, [&](std::size_t done, std::size_t all) {
         if (surroundings.isErrorTerminal) progress.Show(done, all);
     });

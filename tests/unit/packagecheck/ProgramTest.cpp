@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -64,6 +65,40 @@ TEST_F(ProgramTest, ListsItsRulesAndTables) {
         EXPECT_EQ(Run({option}), 0);
         EXPECT_THAT(out.str(), HasSubstr("| "));
     }
+}
+
+// What a terminal gets from the reading of seven packages that takes so long each.
+class ProgressTest : public ProgramTest {
+protected:
+    std::string LinesFor(int milliseconds, bool isErrorTerminal = true) {
+        Lay(BareTree());
+        for (int number = 0; number < 7; ++number)
+            folder.Write("Applications/x64/" + std::to_string(number) + ".msi", "no package");
+        std::chrono::steady_clock::time_point now;
+        const auto tellTime = [&] { return now += std::chrono::milliseconds(milliseconds); };
+        RunPackageCheck({folder.Path()},
+                        {.out = out, .err = err, .isErrorTerminal = isErrorTerminal, .now = tellTime});
+        return err.str();
+    }
+};
+
+TEST_F(ProgressTest, IsShownAndTakenAwayAgain) {
+    const std::string lines = LinesFor(300);
+    EXPECT_THAT(lines,
+                testing::StartsWith("\r\x1b[KReading packages, 0 of 7\r\x1b[KReading packages, 1 of 7"));
+    EXPECT_THAT(lines, testing::EndsWith("\r\x1b[KReading packages, 7 of 7\r\x1b[K"));
+}
+
+TEST_F(ProgressTest, IsShownOfWhatTakesLongAndTenTimesASecondAtMost) {
+    EXPECT_EQ(LinesFor(60), "\r\x1b[KReading packages, 4 of 7\r\x1b[KReading packages, 6 of 7\r\x1b[K");
+}
+
+TEST_F(ProgressTest, IsNotShownOfWhatIsDoneSoon) {
+    EXPECT_EQ(LinesFor(30), "");
+}
+
+TEST_F(ProgressTest, IsForATerminalAlone) {
+    EXPECT_EQ(LinesFor(300, false), "");
 }
 
 TEST_F(ProgramTest, TakesNoOptionOfAPlanWithoutOne) {
