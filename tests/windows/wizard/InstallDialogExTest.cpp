@@ -123,6 +123,14 @@ TEST_F(InstallDialogExTest, HandsTheFocusToWhatAppearsAtTheSameTime) {
     EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_KIND));
 }
 
+TEST_F(InstallDialogExTest, HandsTheFocusToWhatCanBeUsedFromTheSameTimeOn) {
+    page.EnableControl(IDC_ADD_PORT_KIND, false);
+    SetFocus(At(IDC_ADD_PORT_NAME));
+    page.Apply({{.id = IDC_ADD_PORT_NAME, .shown = true, .enabled = false},
+                {.id = IDC_ADD_PORT_KIND, .shown = true, .enabled = true}});
+    EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_KIND));
+}
+
 TEST_F(InstallDialogExTest, CannotBeMadeWithoutItsTemplate) {
     app.SetMainWnd(&window);
     InstallDialogEx other(context, IDC_ADD_PORT_NAME);
