@@ -1,5 +1,9 @@
 // Whether the program may run at all, and what it takes from its command line.
 
+#include <windows.h>
+
+#include "CommonLib/SingleInstance.h"
+#include "framework/Handles.h"
 #include "tests/wizard/WizardTest.h"
 
 using testing::Contains;
@@ -84,6 +88,17 @@ TEST_F(StartUpTest, AsksForTheRightsBeforeItLooksForAnotherCopy) {
     EXPECT_EQ(second.Answer(IDOK).title, L"No permission");
     second.WaitForEnd();
     EXPECT_THAT(BasicLog(), Not(HasRecord(L"ERROR", L"There is another instance of Kestrune running")));
+}
+
+// What has the name is no lock, so there is no other copy, and this one cannot keep later ones out.
+TEST_F(StartUpTest, StartsWhereSomethingElseHasTheNameOfItsLock) {
+    const KernelHandle event(CreateEventW(nullptr, TRUE, FALSE, singleInstanceName));
+    Run();
+    EXPECT_EQ(wizard.ExitCode(), 0U);
+    EXPECT_THAT(Installs(), ElementsAre(L"a.msi"));
+    EXPECT_THAT(BasicMessages(L"ERROR"),
+                ElementsAre(L"Exception in CKestruneApp::InitInstance error code = 6",
+                            L"Exception in CKestruneApp::InitInstance error code = 6"));
 }
 
 TEST_F(StartUpTest, StartsAgainAfterACopyWasKilled) {
