@@ -50,6 +50,7 @@ TEST(NetworkAddressTest, TellsHostsFromOthers) {
     EXPECT_TRUE(isHost(L"192.0.2.7"));
     EXPECT_TRUE(isHost(L"fe80::1"));
     EXPECT_TRUE(isHost(L"::2"));
+    EXPECT_TRUE(isHost(L"::101"));
     for (const wchar_t* const text :
          {L"0.0.0.0", L"127.0.0.1", L"224.0.0.251", L"255.255.255.255", L"::", L"::1", L"ff02::fb"}) {
         EXPECT_FALSE(isHost(text));

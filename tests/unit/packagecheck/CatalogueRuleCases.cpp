@@ -122,6 +122,8 @@ std::vector<RuleCase> CatalogueRuleCases() {
              Value(tree, L"STARTAPP") = L"Monitor.exe " + std::wstring(2'001 - 12, L'x') + L";";
          },
          [](MemoryTree& tree) { Value(tree, L"STARTAPP") = L"Monitor.exe;"; }},
+        {"startapp-no-file", [](MemoryTree& tree) { Value(tree, L"STARTAPP") = L"Moniter -a;"; },
+         [](MemoryTree& tree) { Value(tree, L"STARTAPP") = L"Monitor -a;"; }},
         {"device-type", [](MemoryTree& tree) { Value(tree, L"DEVICETYPE") = L"Scanner"; },
          [](MemoryTree& tree) { Value(tree, L"DEVICETYPE") = L"SCANNER"; }},
         {"app-type", [](MemoryTree& tree) { Value(tree, L"APPTYPE") = L"NimboJet"; },

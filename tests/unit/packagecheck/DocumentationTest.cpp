@@ -175,6 +175,7 @@ TEST(KnownTagsTest, FindTheNearestName) {
     EXPECT_EQ(packagecheck::NearestName(L"hide_eula", names), L"HIDE_EULA");
     EXPECT_EQ(packagecheck::NearestName(L"COLOUR", names), L"");
     EXPECT_EQ(packagecheck::NearestName(L"ABCDEF", std::array{std::wstring_view(L"XYABCDGH")}), L"");
+    EXPECT_EQ(packagecheck::NearestName(L"XYABCD", std::array{std::wstring_view(L"ABCDGH")}), L"");
     // Letters that are exchanged are one slip, and a name so short may have one.
     EXPECT_EQ(packagecheck::NearestName(L"OME", std::array{std::wstring_view(L"OEM")}), L"OEM");
     EXPECT_EQ(packagecheck::NearestName(L"HIDE_SE", names), L"");

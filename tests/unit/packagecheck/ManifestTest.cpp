@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -201,15 +202,16 @@ TEST(ManifestDataTest, HasNothingToSayOfASilentPackage) {
 
 TEST(ManifestDataTest, KnowsLanguagesByTheirTags) {
     CodedTree tree;
-    for (const std::string code :
-         {"de", "ga_za", "nl_nz", "pt_BR", "sr_Latn", "x y", "xx_", "yy_abcdefghijklm", "yy_abcdefghijklmn"})
+    for (const std::string code : {"de", "ga_za", "nl_nz", "pt_BR", "sr_Latn", "x y", "x{y", "xx_",
+                                   "yy_abcdefghijklm", "yy_abcdefghijklmn"})
         tree.files["Setup/res/" + code + "_strings.xml"] = "<WELCOME_TEXT>^OEM^!</WELCOME_TEXT>";
     const ManifestData data = DataOf(tree);
     std::vector<std::string> tags;
     for (const auto& locale : data.locales) tags.push_back(locale.tag);
     EXPECT_THAT(tags, ElementsAre("en-US", "de", "ga-ZA", "nl-NZ", "pt-BR", "sr-Latn", "yy-abcdefghijklm"));
     EXPECT_EQ(data.locales.back().description, "Halvenny!");
-    for (const char* const file : {"x y_strings.xml", "xx__strings.xml", "yy_abcdefghijklmn_strings.xml"})
+    for (const char* const file :
+         {"x y_strings.xml", "x{y_strings.xml", "xx__strings.xml", "yy_abcdefghijklmn_strings.xml"})
         EXPECT_THAT(data.notes, testing::Contains(HasSubstr(file)));
 }
 
@@ -253,8 +255,31 @@ TEST(IntuneManifestTest, DetectsEachProduct) {
     ASSERT_EQ(app["detectionRules"].size(), 2U);
     EXPECT_EQ(app["detectionRules"][0]["productCode"], monitorCode);
     EXPECT_EQ(app["detectionRules"][0]["productVersion"], "2.10.0");
-    EXPECT_EQ(app["returnCodes"][2]["type"], "softReboot");
+    std::map<int, std::string> codes;
+    for (const auto& code : app["returnCodes"]) codes[code["returnCode"]] = code["type"];
+    EXPECT_THAT(codes, ElementsAre(std::pair(0, "success"), std::pair(1602, "retry"),
+                                   std::pair(1618, "retry"), std::pair(1641, "hardReboot"),
+                                   std::pair(1707, "success"), std::pair(3010, "softReboot")));
+    EXPECT_EQ(app["description"], "Welcome to Halvenny");
     EXPECT_EQ(app["uninstallCommandLine"], "Setup\\x64\\Rollout.exe --uninstall");
+}
+
+TEST(IntuneManifestTest, DescribesAPackageWithoutATextByItsName) {
+    ManifestData data = DataOf(CodedTree());
+    data.locales.front().description.clear();
+    const Manifest manifest = packagecheck::IntuneManifest(data);
+    const auto app = nlohmann::json::parse(FileOf(manifest, "Halvenny.Loom.intune.json"));
+    EXPECT_EQ(app["description"], "Halvenny Loom");
+}
+
+TEST(WingetManifestTest, NamesTheAddressForQuestionsWhereThereIsOne) {
+    ManifestData data = DataOf(CodedTree());
+    data.link.clear();
+    const std::string path = "Halvenny.Loom.locale.en-US.yaml";
+    EXPECT_THAT(FileOf(packagecheck::WingetManifest(data), path), Not(HasSubstr("PublisherSupportUrl")));
+    data.link = "https://help.test";
+    EXPECT_THAT(FileOf(packagecheck::WingetManifest(data), path),
+                HasSubstr("PublisherSupportUrl: \"https://help.test\"\n"));
 }
 
 // A package whose texts try to be more than texts.

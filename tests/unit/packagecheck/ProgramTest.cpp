@@ -153,6 +153,8 @@ TEST_F(ProgramTest, ChangesNothingWhereThePersonSaysNo) {
     Lay(tree);
     Run({"--fix", folder.Path()}, [](const std::string&) { return false; });
     EXPECT_EQ(folder.Read(defaultsPath), tree.files[defaultsPath]);
+    EXPECT_THAT(out.str(), HasSubstr("Nothing was changed; --yes makes the changes.\n"));
+    EXPECT_THAT(err.str(), testing::Not(HasSubstr("cannot be written")));
 }
 
 TEST_F(ProgramTest, ChangesWhatIsAgreedToAndNothingElse) {

@@ -66,13 +66,18 @@ TEST(SourceTextTest, LosesACharacterBetweenTwoPiecesOfSettings) {
 }
 
 TEST(SourceTextTest, LosesACharacterWhereverItIsSplit) {
-    for (const std::string character : {"\xC3\xBC", "\xE2\x82\xAC", "\xF0\x9F\x96\xA8"}) {
+    for (const std::string character :
+         {"\xC2\x80", "\xC3\xBC", "\xE0\xA0\x80", "\xE2\x82\xAC", "\xF0\x90\x80\x80"}) {
         for (std::size_t inside = 1; inside < character.size(); ++inside) {
             const SourceText settings(std::string(2047 - inside, 'x') + character, Decoding::Pieces);
             ASSERT_FALSE(settings.Flaws().empty());
             EXPECT_EQ(settings.Flaws().front().kind, FlawKind::SplitCharacter) << character.size() << inside;
         }
     }
+}
+
+TEST(SourceTextTest, BeginsOnTheFirstLineThoughItIsEmpty) {
+    EXPECT_EQ(SourceText("", Decoding::Pieces).PositionOf(0), (Position{.line = 1, .column = 1}));
 }
 
 TEST(SourceTextTest, SplitsNothingAtTheEndOfTheFile) {

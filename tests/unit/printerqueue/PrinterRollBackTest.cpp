@@ -133,16 +133,19 @@ TEST_F(PrinterRollBackTest, BringsBackWhatARemovalTookAway) {
     EXPECT_EQ(store.ledger, ledgerBefore);
 }
 
-// Between the removal and its roll-back somebody has made the one printer anew, and removed the other.
+// Between the removal and its roll-back somebody has made the one printer and the port anew, and removed the
+// other printer.
 TEST_F(PrinterRollBackTest, LeavesWhatSomebodyHasDoneToThePrintersSinceTheRemoval) {
     EXPECT_EQ(Install({Device(L"New", L"10.0.0.1"), Device(L"Old", L"10.0.0.1")}), 0);
     Commit();
     EXPECT_EQ(Remove(), 0);
     spooler.state.queues = {{.name = L"New", .port = L"LPT1:", .driver = L"Class A"}};
+    spooler.state.ports.push_back(L"10.0.0.1");
     const SpoolerState before = spooler.state;
     report.texts.clear();
     RollBackRemoval();
     EXPECT_EQ(spooler.state.queues, before.queues);
+    EXPECT_EQ(spooler.state.ports, before.ports);
     EXPECT_THAT(report.texts, IsEmpty());
 }
 

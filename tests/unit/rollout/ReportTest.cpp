@@ -70,6 +70,7 @@ TEST(RolloutReportTest, GivesPackagesOfARunThatDidNotBeginItsCode) {
     report.results.clear();
     report.verdict.code = Code::InstallerBusy;
     const json document = json::parse(WriteReport(report));
+    EXPECT_EQ(document["form"], 1);
     EXPECT_EQ(document["packages"][0]["outcome"], "unknown");
     EXPECT_EQ(document["packages"][0]["code"], 1618);
 }
