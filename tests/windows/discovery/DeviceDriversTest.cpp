@@ -234,6 +234,7 @@ TEST_F(DeviceDriversTest, GoesBackToTheFirstRowAsToAnyOther) {
     SetFocus(At(IDCANCEL));
     page.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_DISCOVERY_BACK_TO_LIST, BN_CLICKED));
     EXPECT_EQ(GetFocus(), At(IDC_DISCOVERY_LIST));
+    EXPECT_TRUE(IsEnabled(IDOK));
 }
 
 }  // namespace

@@ -52,6 +52,17 @@ TEST_F(RebootServiceTest, OpensItsTokenForWhatItNeeds) {
                 ElementsAre(Record(L"ERROR", L"tService::DoRun() OpenProcessToken() return error=")));
 }
 
+TEST_F(RebootServiceTest, LeavesNothingOfATextThatIsAsLongAsTheCode) {
+    const PatchedImport patch(
+        "OpenProcessToken", +[](HANDLE, DWORD, PHANDLE) -> BOOL {
+            constexpr std::wstring_view text = L"RebootService::DoRun() OpenProcessToken() return error=";
+            SetLastError(static_cast<DWORD>(text.size()));
+            return FALSE;
+        });
+    service.DoRun();
+    EXPECT_THAT(BasicLog(), ElementsAre(Record(L"ERROR", L"")));
+}
+
 TEST_F(RebootServiceTest, StopsWithoutThePrivilegeEvenWhereTheCallSucceeds) {
     const PatchedImport patch(
         "AdjustTokenPrivileges",

@@ -271,6 +271,17 @@ TEST_F(ControllerTest, AsksAboutTheOptionalSoftwareWhereCoreSoftwareIsSelectedTo
     EXPECT_EQ(Question(), L"optional");
 }
 
+TEST_F(ControllerTest, PassesAServiceOverThatIsDisabled) {
+    std::vector<ChainRow> rows = PagesWithServices();
+    rows[1].makeService = [this](InstallDialogEx&) {
+        auto service = std::make_unique<NotingService>(notes, 1);
+        service->disabled = true;
+        return service;
+    };
+    Walk(std::move(rows), 2);
+    EXPECT_THAT(notes, ElementsAre("run 2"));
+}
+
 TEST_F(ControllerTest, CancelsTheServicesUpToItsPageFromTheLastOn) {
     Walk(PagesWithServices(), 2);
     notes.clear();
