@@ -1,9 +1,14 @@
 // What the choice of USB makes of the records. No page is behind it here, so that the walk ends with it.
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include "pages/ConnectivityDlg.h"
 #include "resources/resource.h"
 #include "tests/windows/resource.h"
 #include "tests/windows/world/CatalogueWorld.h"
+#include "tests/windows/world/Sheet.h"
 #include "tests/windows/world/TestApp.h"
 
 namespace {
@@ -46,6 +51,23 @@ protected:
         return names;
     }
 
+    // Whether the page draws anything over a choice that the system has drawn.
+    bool DrawsOver(int choice) {
+        const Sheet sheet;
+        NMCUSTOMDRAW drawing{.hdr = {.hwndFrom = page.GetDlgItem(choice),
+                                     .idFrom = static_cast<UINT_PTR>(choice),
+                                     .code = static_cast<UINT>(NM_CUSTOMDRAW)},
+                             .dwDrawStage = CDDS_POSTPAINT,
+                             .hdc = sheet.Context()};
+        page.SendMessage(WM_NOTIFY, static_cast<WPARAM>(choice), reinterpret_cast<LPARAM>(&drawing));
+        for (int x = 0; x < Sheet::area.right; ++x) {
+            for (int y = 0; y < Sheet::area.bottom; ++y) {
+                if (sheet.At(x, y) != RGB(0, 0, 0)) return true;
+            }
+        }
+        return false;
+    }
+
     TestApp app;
     CDialogEx window;
     ConnectivityDlg page{context, AppRecords(), DriverRecords()};
@@ -82,6 +104,15 @@ TEST_F(ConnectivityDlgTest, LeavesPredefinedPrintersAloneOnTheNetwork) {
     GoOnWith(IDC_CONNECTIVITY_NETWORK);
     EXPECT_THAT(StillOptional(), ElementsAre(L"OTHER", L"PRINTER"));
     EXPECT_THAT(Settings().GetDeviceValues(L"PORT_TYPE"), ElementsAre(L"Local Port"));
+}
+
+TEST_F(ConnectivityDlgTest, DrawsARingOnTheChoiceThatHasTheFocusAlone) {
+    Open();
+    window.ShowWindow(SW_SHOW);
+    page.ShowWindow(SW_SHOW);
+    SetFocus(page.GetDlgItem(IDC_CONNECTIVITY_USB));
+    EXPECT_TRUE(DrawsOver(IDC_CONNECTIVITY_USB));
+    EXPECT_FALSE(DrawsOver(IDC_CONNECTIVITY_NETWORK));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The walk over a chain of pages that a test makes: ends, ways back, and the cancel.
 
+#include <atomic>
 #include <thread>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "tests/windows/world/DialogUser.h"
 #include "tests/windows/world/SettingsWorld.h"
 #include "tests/windows/world/TestApp.h"
+#include "tests/wizard/Waiting.h"
 #include "wizard/Controller.h"
 
 namespace {
@@ -320,6 +322,21 @@ TEST_F(ControllerTest, LeavesTheEndToTheThreadOfTheWindows) {
     controller.FinishForWorker(false);
     controller.FinishForWorker(false);
     EXPECT_EQ(ends, 1);
+}
+
+TEST_F(ControllerTest, EndsAfterTheLastOfItsThreads) {
+    Walk({Page(PageRole::Ordinary)}, 0);
+    std::atomic<bool> isOver = false;
+    controller.UpdateThreadCount(true);
+    std::thread worker([&] {
+        EXPECT_TRUE(WaitUntil(
+            [&] { return testing::Value(BasicMessages(), Contains(L"Installation is Finished")); }));
+        isOver = true;
+        controller.UpdateThreadCount(false);
+    });
+    EXPECT_TRUE(controller.Finish(false));
+    EXPECT_TRUE(isOver);
+    worker.join();
 }
 
 TEST_F(ControllerTest, EndsOnceHoweverOftenItIsTold) {

@@ -107,6 +107,15 @@ TEST_F(InstallDialogExTest, HasTheNameOfItsFirstTextThatIsShown) {
     EXPECT_EQ(TextOf(page.GetSafeHwnd()), L"shown");
 }
 
+TEST_F(InstallDialogExTest, TakesTheFocusWhereItAppearsAndLeavesItWhereItIsThereAlready) {
+    SetFocus(nullptr);
+    page.Appear();
+    EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_KIND));
+    SetFocus(At(IDC_ADD_PORT_ADDRESS));
+    page.Appear();
+    EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_ADDRESS));
+}
+
 TEST_F(InstallDialogExTest, LeavesTheFocusWhereAnotherControlGoes) {
     SetFocus(At(IDC_ADD_PORT_ADDRESS));
     page.EnableControl(IDC_ADD_PORT_NAME, false);
