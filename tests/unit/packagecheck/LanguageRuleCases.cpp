@@ -49,6 +49,8 @@ std::vector<RuleCase> LanguageRuleCases() {
          [](MemoryTree& tree) { CopyFromRight(tree, "he", "1037"); }},
         {"code-page", [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "CP1252"); },
          [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "65001"); }},
+        {"code-page", [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "065001"); },
+         [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "01252"); }},
         {"code-page", [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "1260"); },
          [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "1250"); }},
         {"code-page", [](MemoryTree& tree) { SetText(tree, "CODE_PAGE", "1259"); },

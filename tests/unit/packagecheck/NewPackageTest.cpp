@@ -71,6 +71,7 @@ TEST_F(NewPackageTest, LeavesTheCodesToChance) {
     for (const std::string& code : codes) {
         // No part of it is another one again.
         EXPECT_NE(code.substr(21, 3) + code.substr(25, 4), code.substr(30, 7));
+        EXPECT_NE(code.substr(11, 3) + code.substr(16, 3), code.substr(21, 3) + code.substr(26, 3));
         std::size_t bit = 0;
         for (const char digit : code) {
             if (std::isxdigit(static_cast<unsigned char>(digit)) == 0) continue;

@@ -13,6 +13,13 @@ using packagecheck::ReadPeLibrary;
 
 namespace {
 
+std::string MessageOf(const MemoryTree& tree, std::string_view rule) {
+    for (const Finding& finding : FindingsOf(tree)) {
+        if (finding.rule->id == rule) return finding.message;
+    }
+    return "no finding";
+}
+
 TEST(WholePackageTest, FindsAHundredMistakes) {
     MemoryTree tree;
     std::string elements;
@@ -40,8 +47,12 @@ TEST(WholePackageTest, NamesThePlaceOfAByteThatIsWrong) {
     MemoryTree tree;
     tree.files[licence] = "\xEF\xBB\xBFtext";
     EXPECT_THAT(Described(FindingsOf(tree)), testing::ElementsAre("licence-code-page " + licence + ":1:1"));
+    EXPECT_EQ(MessageOf(tree, "licence-code-page"),
+              "The file begins with a byte order mark, which is shown as letters.");
     tree.files[licence] = "text\r\nte\x81xt";
     EXPECT_THAT(Described(FindingsOf(tree)), testing::ElementsAre("licence-code-page " + licence + ":2:3"));
+    EXPECT_EQ(MessageOf(tree, "licence-code-page"),
+              "The byte here is no character of the code page \"1252\".");
 }
 
 TEST(WholePackageTest, NamesThePlaceOfAByteOrderMarkThatWasConverted) {
@@ -51,13 +62,6 @@ TEST(WholePackageTest, NamesThePlaceOfAByteOrderMarkThatWasConverted) {
     EXPECT_THAT(Described(FindingsOf(tree)),
                 testing::Contains("file-start-marker " + std::string(englishPath) + ":" +
                                   std::to_string(line) + ":6"));
-}
-
-std::string MessageOf(const MemoryTree& tree, std::string_view rule) {
-    for (const Finding& finding : FindingsOf(tree)) {
-        if (finding.rule->id == rule) return finding.message;
-    }
-    return "no finding";
 }
 
 TEST(WholePackageTest, SaysWhatIsWrong) {
@@ -77,6 +81,13 @@ TEST(WholePackageTest, SaysWhichKeyTwoTextsShare) {
     tree.Replace(englishPath, "<NEXT_BUTTON>", "<NEXT_BUTTON>&amp;H");
     EXPECT_THAT(MessageOf(tree, "access-key-shared"),
                 testing::HasSubstr(" have the access key \"H\" on one page: "));
+}
+
+TEST(WholePackageTest, NamesThePlaceOfAValueInADevice) {
+    MemoryTree tree;
+    tree.AddUserElement("<DEVICE><PRINTER_NAME>a</PRINTER_NAME><DRIVER_ID>NONE</DRIVER_ID></DEVICE>");
+    EXPECT_THAT(Described(FindingsOf(tree)),
+                testing::Contains("device-driver-unknown Setup/PackageUserSettings.xml:2:50"));
 }
 
 TEST(WholePackageTest, ChecksTheValueThatCounts) {
