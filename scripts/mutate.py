@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Changes the program at random places, one change at a time, and counts how many of the changes the tests see.
 
-usage: mutate.py [--seed N] [--count N] [--suite unit|windows] [--copy NAME] [--list] [PATH]...
+usage: mutate.py [--seed N] [--count N] [--suite unit|windows] [--every-test] [--copy NAME] [--list] [PATH]...
 
 A mutant is a source with one operator, constant or condition changed. It is killed where a test fails, crashes or does not
 end; a survivor is either a gap in the tests or makes no difference. Without a path, a source or a folder, the mutants are of
@@ -10,6 +10,8 @@ all sources that the suite is for: unit for what only computes, windows for what
 --seed N     the same mutants again: the seed is printed at the end; without it another one each time
 --count N    how many mutants are tried, 50 by default; 0 for all
 --suite S    the suite whose tests are to see it: unit, as without it, or windows; with windows also the stories
+--every-test shows a mutant to each test that comes to it; without it to no more than four instances of a test with
+             parameters and to twenty seconds of stories under Wine, so that some survive whose test is there
 --copy NAME  works on the copy build/breaks/NAME; without it on one of the suite's own
 --list       prints the mutants and builds nothing
 
@@ -68,6 +70,8 @@ def report(verdicts, seed):
 
 
 def mutate(suite, options):
+    if options.every_test:
+        suite.take_every_test()
     suite.configure()
     mutants = schemata.mutants_of(chosen_sources(suite, options.paths))
     mutants = survivors.without(mutants)
@@ -92,6 +96,7 @@ def main():
     parser.add_argument('--seed', type=int, default=random.randrange(10000), metavar='N', help='which mutants')
     parser.add_argument('--count', type=int, default=50, metavar='N', help='how many mutants')
     parser.add_argument('--suite', choices=SUITES, default='unit', help='whose tests are run')
+    parser.add_argument('--every-test', action='store_true', help='however long they take')
     parser.add_argument('--copy', metavar='NAME', help='where the sources are copied to')
     parser.add_argument('--list', action='store_true', help='print the mutants')
     options = parser.parse_args()

@@ -121,6 +121,11 @@ class Suite:
     # What the parser is told beyond what the compiler is.
     parser_options = ()
 
+    def take_every_test(self):
+        """Shows a mutant to all tests that come to it, and not only to as many as the programs say."""
+        self.programs = tuple(dataclasses.replace(program, most_instances=math.inf, most_milliseconds=math.inf)
+                              for program in self.programs)
+
     @property
     def folder(self):
         return breaks.TREE / 'build' / self.preset

@@ -140,6 +140,7 @@ TEST_F(InstallDialogExTest, HandsTheFocusToWhatCanBeUsedFromTheSameTimeOn) {
     EXPECT_EQ(GetFocus(), At(IDC_ADD_PORT_KIND));
 }
 
+// The number of a control is that of no template.
 TEST_F(InstallDialogExTest, CannotBeMadeWithoutItsTemplate) {
     app.SetMainWnd(&window);
     InstallDialogEx other(context, IDC_ADD_PORT_NAME);
