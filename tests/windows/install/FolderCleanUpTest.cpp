@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <winternl.h>
 
 #include <filesystem>
 
@@ -45,6 +46,46 @@ TEST_F(FolderCleanUpTest, RemovesAFolderThatAnotherProgramLooksInto) {
     RemoveFolder(folder / L"kit");
     view.reset();
     EXPECT_FALSE(fs::exists(folder / L"kit"));
+}
+
+struct Opening {
+    bool isBelowAFolder = false;
+    ULONG options = 0;
+};
+
+std::vector<Opening> openings;
+DWORD flagsOfTheFolder = 0;
+
+NTSTATUS NTAPI NoteOpening(PHANDLE file, ACCESS_MASK access, POBJECT_ATTRIBUTES attributes,
+                           PIO_STATUS_BLOCK status, ULONG share, ULONG options) {
+    openings.push_back({.isBelowAFolder = attributes->RootDirectory != nullptr, .options = options});
+    const auto open = FindExport<decltype(&NtOpenFile)>(GetModuleHandleW(L"ntdll.dll"), "NtOpenFile");
+    return open(file, access, attributes, status, share, options);
+}
+
+HANDLE WINAPI NoteFlags(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
+                        DWORD disposition, DWORD flags, HANDLE like) {
+    if (std::wstring_view(path).ends_with(L"kit")) flagsOfTheFolder = flags;
+    const auto create = FindExport<decltype(&CreateFileW)>(GetModuleHandleW(L"kernel32.dll"), "CreateFileW");
+    return create(path, access, share, security, disposition, flags, like);
+}
+
+// Not every Windows can be brought to put a link in the way here, so what is asked of it is looked at.
+TEST_F(FolderCleanUpTest, OpensALinkAndNotWhatItLeadsTo) {
+    openings.clear();
+    flagsOfTheFolder = 0;
+    WriteBytes(folder / L"kit\\sub\\file.txt", "text");
+    {
+        const PatchedImport below("NtOpenFile", &NoteOpening);
+        const PatchedImport byPath("CreateFileW", &NoteFlags);
+        EXPECT_TRUE(RemoveFolder(folder / L"kit"));
+    }
+    EXPECT_NE(flagsOfTheFolder & FILE_FLAG_OPEN_REPARSE_POINT, 0U);
+    EXPECT_THAT(openings, testing::SizeIs(2));
+    for (const Opening& opening : openings) {
+        EXPECT_TRUE(opening.isBelowAFolder);
+        EXPECT_NE(opening.options & FILE_OPEN_REPARSE_POINT, 0U);
+    }
 }
 
 TEST_F(FolderCleanUpTest, IsDoneAtOnceWithAFolderThatIsNotThere) {
