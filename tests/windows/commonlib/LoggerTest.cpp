@@ -9,6 +9,7 @@
 #include "tests/windows/world/ChildProcess.h"
 #include "tests/windows/world/LogWorld.h"
 #include "tests/windows/world/NamedMutex.h"
+#include "tests/windows/world/OpenedPaths.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 
@@ -209,6 +210,14 @@ TEST_F(LoggerTest, WritesNothingToALinkInThePlaceOfItsFile) {
         LogBasic(L"message");
     }
     EXPECT_THAT(BasicBytes(), IsEmpty());
+}
+
+// A link that is opened by what it leads to does not look like one any more.
+TEST_F(LoggerTest, OpensALinkAndNotWhatItLeadsTo) {
+    const OpenedPaths opened;
+    LogBasic(L"message");
+    EXPECT_NE(OpenedPaths::FlagsOf(L" Install Logs") & FILE_FLAG_OPEN_REPARSE_POINT, 0U);
+    EXPECT_NE(OpenedPaths::FlagsOf(L"\\Basic.log") & FILE_FLAG_OPEN_REPARSE_POINT, 0U);
 }
 
 TEST_F(LoggerTest, LetsNobodyExchangeTheFolderWhileARecordIsWritten) {

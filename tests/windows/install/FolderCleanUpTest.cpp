@@ -7,6 +7,7 @@
 
 #include "framework/Handles.h"
 #include "tests/windows/world/LogWorld.h"
+#include "tests/windows/world/OpenedPaths.h"
 #include "tests/windows/world/PatchedImport.h"
 #include "tests/windows/world/ScratchFolder.h"
 #include "tests/wizard/FolderLink.h"
@@ -54,7 +55,6 @@ struct Opening {
 };
 
 std::vector<Opening> openings;
-DWORD flagsOfTheFolder = 0;
 
 NTSTATUS NTAPI NoteOpening(PHANDLE file, ACCESS_MASK access, POBJECT_ATTRIBUTES attributes,
                            PIO_STATUS_BLOCK status, ULONG share, ULONG options) {
@@ -63,24 +63,16 @@ NTSTATUS NTAPI NoteOpening(PHANDLE file, ACCESS_MASK access, POBJECT_ATTRIBUTES 
     return open(file, access, attributes, status, share, options);
 }
 
-HANDLE WINAPI NoteFlags(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
-                        DWORD disposition, DWORD flags, HANDLE like) {
-    if (std::wstring_view(path).ends_with(L"kit")) flagsOfTheFolder = flags;
-    const auto create = FindExport<decltype(&CreateFileW)>(GetModuleHandleW(L"kernel32.dll"), "CreateFileW");
-    return create(path, access, share, security, disposition, flags, like);
-}
-
 // Not every Windows can be brought to put a link in the way here, so what is asked of it is looked at.
 TEST_F(FolderCleanUpTest, OpensALinkAndNotWhatItLeadsTo) {
     openings.clear();
-    flagsOfTheFolder = 0;
     WriteBytes(folder / L"kit\\sub\\file.txt", "text");
     {
         const PatchedImport below("NtOpenFile", &NoteOpening);
-        const PatchedImport byPath("CreateFileW", &NoteFlags);
+        const OpenedPaths byPath;
         EXPECT_TRUE(RemoveFolder(folder / L"kit"));
+        EXPECT_NE(OpenedPaths::FlagsOf(L"kit") & FILE_FLAG_OPEN_REPARSE_POINT, 0U);
     }
-    EXPECT_NE(flagsOfTheFolder & FILE_FLAG_OPEN_REPARSE_POINT, 0U);
     EXPECT_THAT(openings, testing::SizeIs(2));
     for (const Opening& opening : openings) {
         EXPECT_TRUE(opening.isBelowAFolder);
