@@ -15,8 +15,9 @@ TEST(ShownTextTest, WritesOutWhatATerminalWouldObey) {
 TEST(ShownTextTest, HidesAllMarksOfDirectionAndNothingBesideThem) {
     for (const wchar_t mark : L"\u061C\u200E\u200F\u2028\u2029\u202A\u202E\u2066\u2069\uFEFF")
         EXPECT_TRUE(IsHidden(static_cast<std::uint32_t>(mark))) << static_cast<unsigned>(mark);
-    for (const wchar_t beside : {L'\u061B', L'\u061D', L'\u200D', L'\u2010', L'\u2027', L'\u202F', L'\u2065',
-                                 L'\u206A', L'\uFEFE', L'\uFF00'})
+    for (const std::uint32_t control : {0x1FU, 0x7FU, 0x9FU}) EXPECT_TRUE(IsHidden(control)) << control;
+    for (const wchar_t beside : {L' ', L'~', L'\u00A0', L'\u061B', L'\u061D', L'\u200D', L'\u2010', L'\u2027',
+                                 L'\u202F', L'\u2065', L'\u206A', L'\uFEFE', L'\uFF00'})
         EXPECT_FALSE(IsHidden(static_cast<std::uint32_t>(beside))) << static_cast<unsigned>(beside);
 }
 

@@ -25,6 +25,7 @@ std::optional<Bytes> BodyOf(BytesView received, bool isClosed = false) {
 TEST(HttpResponseTest, ReadsABodyOfALengthThatIsTold) {
     EXPECT_THAT(BodyOf("HTTP/1.1 200 OK\r\ncontent-length:  3 \r\n\r\nabcd"), Optional(Bytes("abc")));
     EXPECT_THAT(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: \t3\r\n\r\nabcd"), Optional(Bytes("abc")));
+    EXPECT_THAT(BodyOf("HTTP/1.1 200 OK\r\nContent-Length:3\r\n\r\nabcd"), Optional(Bytes("abc")));
     EXPECT_FALSE(BodyOf("HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nab", true));
 }
 

@@ -115,6 +115,9 @@ TEST_F(ProgramTest, ExplainsARule) {
 TEST_F(ProgramTest, TakesNoOtherFolderForAPackage) {
     EXPECT_EQ(Run({folder.Path() + "/missing"}), 2);
     EXPECT_THAT(err.str(), HasSubstr("is no folder"));
+    // A folder of another name, and a file of that one.
+    folder.Write("Other/inside.txt", "");
+    folder.Write("Setup", "");
     EXPECT_EQ(Run({folder.Path()}), 2);
     EXPECT_THAT(err.str(), HasSubstr("has no folder \"Setup\""));
 }
